@@ -1,0 +1,3 @@
+#include "plugin/TABMessageHandler.h"
+
+void TABMessageHandler(QtMsgType, const QMessageLogContext&, const QString&) {}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// Why a tab refuses to be built. Thrown by value out of widget constructors; a plain record.
+struct TabExtensionException
+{
+    QString className; ///< Class of the widget that refused.
+    QString message;   ///< Reason, for people.
+    qint32 code;       ///< What TabExtensionInterface::get() returns to the host.
+};
+
+/// The camera does not qualify for the tab. The code is always 4.
+struct TENotSupported : TabExtensionException
+{
+    TENotSupported(const QString& className, const QString& message)
+        : TabExtensionException{className, message, 4}
+    {
+    }
+};

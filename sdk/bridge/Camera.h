@@ -1,0 +1,93 @@
+#pragma once
+
+#include <ZalCPP/Feature.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ZalCPP {
+
+/// What is known of a camera before it is opened.
+struct CameraInfo
+{
+    std::string id; ///< Opens the camera; unique among the cameras found.
+    std::string vendor;
+    std::string model;
+    std::string serial;
+    std::string address;
+};
+
+/// One image. The pixels are the camera's own, in PFNC `pixelFormat`, rows without padding.
+struct Frame
+{
+    std::uint64_t id = 0;
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    std::uint32_t pixelFormat = 0;
+    std::vector<unsigned char> pixels;
+};
+
+/// Single accesses to the camera's registers since it was opened (each is one request and one
+/// answer on the wire). The connection's own heartbeat is not counted.
+struct WireCounts
+{
+    std::uint64_t reads = 0;
+    std::uint64_t writes = 0;
+};
+
+/// An open camera. All methods may be called from any thread and are bounded in time like those of
+/// Feature; destroying the camera closes it.
+class Camera
+{
+public:
+    using FrameHandler = std::function<void(const Frame&)>;
+    using LostHandler = std::function<void()>;
+
+    ~Camera();
+    Camera(const Camera&) = delete;
+    Camera& operator=(const Camera&) = delete;
+
+    const CameraInfo& Info() const;
+
+    /// The complete feature list, in the description's order. The features may outlive the camera;
+    /// they then answer with ZalErrorNotOpen.
+    FeatureList Features() const;
+
+    /// The feature of that name, or null. Costs no traffic.
+    FeaturePtr FindFeature(const std::string& name) const;
+
+    /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns.
+    ZalErrorType StartAcquisition(FrameHandler handler);
+    ZalErrorType StopAcquisition();
+    bool IsAcquiring() const;
+
+    /// Called once, on a thread of the camera's own, when the camera is lost for good. Set it right
+    /// after opening.
+    void SetLostHandler(LostHandler handler);
+    bool IsLost() const;
+
+    WireCounts Counts() const;
+
+private:
+    friend class CameraSystem;
+    class Private;
+    explicit Camera(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> d;
+};
+
+/// Finds and opens cameras (GigE Vision and USB3 Vision). Any thread.
+class CameraSystem
+{
+public:
+    /// The cameras found now; takes about as long as the network discovery does.
+    static std::vector<CameraInfo> List();
+
+    /// Opens the camera whose id, serial number or network address is `id`, or the first one found
+    /// when `id` is empty. On failure returns null and sets `error` to a sentence for the user.
+    static std::unique_ptr<Camera> Open(const std::string& id, std::string& error);
+};
+
+} // namespace ZalCPP

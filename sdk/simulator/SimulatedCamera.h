@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ZalSim {
+
+/// How to start a simulated camera.
+struct Options
+{
+    std::string model = "full";           ///< One of SimulatedCamera::Models().
+    std::string descriptionFile;          ///< Serves this GenICam file instead of the model's own.
+    std::string interface = "127.0.0.1";  ///< Address that the camera listens on.
+    std::string serial = "SIM0001";
+};
+
+/// A GigE Vision camera that exists in software only: it answers on the loopback interface with the
+/// real protocol and behaves like the device that its GenICam description promises. One per
+/// interface address at a time, because the protocol's port is fixed.
+///
+/// Lives until destroyed; its behaviour runs on threads of its own.
+class SimulatedCamera
+{
+public:
+    /// Null, and a sentence for the user in `error`, when the model is unknown, its description is
+    /// missing or the port is taken.
+    static std::unique_ptr<SimulatedCamera> Start(const Options& options, std::string& error);
+    static std::vector<std::string> Models();
+
+    ~SimulatedCamera();
+    SimulatedCamera(const SimulatedCamera&) = delete;
+    SimulatedCamera& operator=(const SimulatedCamera&) = delete;
+
+    /// Opens this camera when given to the SDK.
+    std::string CameraId() const;
+
+    /// The camera's own registers, big endian as on the wire; for tests that play the outside world.
+    std::uint32_t ReadRegister(std::uint32_t address) const;
+    void WriteRegister(std::uint32_t address, std::uint32_t value);
+
+    /// Drives an input line from outside (line index as in "Line0"); the line stops toggling by
+    /// itself from then on.
+    void SetInputLine(unsigned line, bool high);
+
+private:
+    class Private;
+    explicit SimulatedCamera(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> d;
+};
+
+} // namespace ZalSim

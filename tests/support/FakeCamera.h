@@ -1,0 +1,93 @@
+#pragma once
+
+#include "tests/support/FakeFeature.h"
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace Fake {
+
+using FakeFeaturePtr = std::shared_ptr<FakeFeature>;
+
+/// A scripted camera: a feature list whose answers, failures and notifications the test decides.
+///
+/// Every SDK call is logged as "Operation Feature" and every write as "Operation Feature=value",
+/// for example "GetFloatValue TriggerDelay" or "SetStringValue TriggerMode=On". A two-call read
+/// logs two calls. The camera must outlive the widgets under test.
+class FakeCamera
+{
+public:
+    FakeCamera();
+    ~FakeCamera();
+
+    /// A camera that the plugin accepts, with every feature that the forms name: vendor "Tarsel
+    /// Imaging GmbH", lines Line0..Line3 under LineSelector, triggers AcquisitionStart, FrameStart
+    /// and LineStart, two counters, two timers. Selectors stand before what they select.
+    static std::unique_ptr<FakeCamera> standard();
+
+    FakeFeaturePtr addInteger(const std::string& name, long long value, long long min = 0,
+                              long long max = 1000, long long increment = 1);
+    FakeFeaturePtr addFloat(const std::string& name, double value, double min = 0.0,
+                            double max = 1000000.0);
+    FakeFeaturePtr addBool(const std::string& name, bool value);
+    FakeFeaturePtr addString(const std::string& name, const std::string& value);
+    FakeFeaturePtr addEnum(const std::string& name, const std::vector<std::string>& entries,
+                           const std::string& value);
+    FakeFeaturePtr addCommand(const std::string& name);
+    FakeFeaturePtr addRaw(const std::string& name, const std::vector<unsigned char>& value);
+    FakeFeaturePtr add(const std::string& name, ZalFeatureDataType type);
+    void remove(const std::string& name);
+
+    /// Puts features under a selector: each gets a state per entry of the selector.
+    void select(const std::string& selector, const std::vector<std::string>& selected);
+
+    /// The feature of that name; null when there is none.
+    FakeFeaturePtr find(const std::string& name) const;
+    FakeFeature& operator[](const std::string& name) const; ///< Aborts when there is none.
+    ZalCPP::FeatureList features() const;
+
+    // Failures. An operation name is that of the method ("SetFloatValue").
+    /// Every call of that operation on that feature fails until cleared.
+    void failCall(const std::string& operation, const std::string& feature,
+                  ZalErrorType status = ZalErrorTransport);
+    /// The n-th call from now on (1 is the next one), whatever it is, fails.
+    void failNthCall(int n, ZalErrorType status = ZalErrorTransport);
+    /// From now on every call fails, as after the loss of the camera.
+    void failEverything(ZalErrorType status = ZalErrorNotOpen);
+    void clearFailures();
+
+    // Log.
+    std::vector<std::string> calls() const;
+    std::vector<std::string> writes() const; ///< Set... and RunCommand entries only.
+    int callCount(const std::string& operation, const std::string& feature) const;
+    void clearLog();
+
+    /// Calls the feature's observers from a thread of its own, as the SDK does, and returns when
+    /// they have been called. What they post to other threads is still on its way then.
+    void notify(const std::string& feature);
+
+private:
+    friend class FakeFeature;
+    /// Logs a call and says whether it shall fail (0: no).
+    ZalErrorType enter(const std::string& operation, const std::string& feature,
+                       const std::string& value = std::string(), bool write = false);
+
+    struct Call
+    {
+        std::string text;
+        bool write = false;
+    };
+    mutable std::mutex mutex;
+    std::vector<Call> log;
+    std::map<std::pair<std::string, std::string>, ZalErrorType> failing;
+    int failCountdown = 0;
+    ZalErrorType failCountdownStatus = 0;
+    ZalErrorType failAll = 0;
+    ZalCPP::FeatureList list;
+    std::vector<FakeFeaturePtr> fakes;
+};
+
+} // namespace Fake
