@@ -14,13 +14,13 @@ constexpr ZalErrorType ZalErrorNotFound = -3;       ///< Nothing found, e.g. an 
 constexpr ZalErrorType ZalErrorNotAvailable = -4;   ///< The feature is unavailable at the moment.
 constexpr ZalErrorType ZalErrorNotOpen = -5;        ///< The device is not open, or is lost.
 constexpr ZalErrorType ZalErrorWrongType = -6;      ///< The feature has another data type.
-constexpr ZalErrorType ZalErrorBadParameter = -7;   ///< An argument is unusable, e.g. an empty write.
-constexpr ZalErrorType ZalErrorNotReadable = -8;    ///< The feature cannot be read now.
-constexpr ZalErrorType ZalErrorNotWritable = -9;    ///< The feature cannot be written now.
-constexpr ZalErrorType ZalErrorOutOfRange = -10;    ///< The value is outside range or increment.
+constexpr ZalErrorType ZalErrorBadParameter = -7; ///< An argument is unusable, e.g. an empty write.
+constexpr ZalErrorType ZalErrorNotReadable = -8;  ///< The feature cannot be read now.
+constexpr ZalErrorType ZalErrorNotWritable = -9;  ///< The feature cannot be written now.
+constexpr ZalErrorType ZalErrorOutOfRange = -10;  ///< The value is outside range or increment.
 constexpr ZalErrorType ZalErrorBufferTooSmall = -11; ///< The buffer cannot hold the data.
-constexpr ZalErrorType ZalErrorTimeout = -12;       ///< The camera did not answer in time.
-constexpr ZalErrorType ZalErrorTransport = -13;     ///< The connection reported a failure.
+constexpr ZalErrorType ZalErrorTimeout = -12;        ///< The camera did not answer in time.
+constexpr ZalErrorType ZalErrorTransport = -13;      ///< The connection reported a failure.
 constexpr ZalErrorType ZalErrorOutOfResources = -14; ///< Memory or another resource ran out.
 
 /// Data type of a feature.
@@ -40,10 +40,11 @@ constexpr ZalFeatureDataType ZalFeatureNone = 8;
 using ZalFeatureFlagsType = std::uint32_t;
 
 constexpr ZalFeatureFlagsType ZalFeatureFlagsNone = 0x00;
-constexpr ZalFeatureFlagsType ZalFeatureFlagsRead = 0x01;        ///< Can be read in principle.
-constexpr ZalFeatureFlagsType ZalFeatureFlagsWrite = 0x02;       ///< Can be written in principle.
-constexpr ZalFeatureFlagsType ZalFeatureFlagsVolatile = 0x08;    ///< Changes without being written.
-constexpr ZalFeatureFlagsType ZalFeatureFlagsModifyWrite = 0x10; ///< A write changes other features.
+constexpr ZalFeatureFlagsType ZalFeatureFlagsRead = 0x01;     ///< Can be read in principle.
+constexpr ZalFeatureFlagsType ZalFeatureFlagsWrite = 0x02;    ///< Can be written in principle.
+constexpr ZalFeatureFlagsType ZalFeatureFlagsVolatile = 0x08; ///< Changes without being written.
+constexpr ZalFeatureFlagsType ZalFeatureFlagsModifyWrite =
+    0x10; ///< A write changes other features.
 
 /// For whom a feature is meant (GenICam visibility).
 using ZalFeatureVisibilityType = std::uint32_t;

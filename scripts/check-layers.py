@@ -1,0 +1,60 @@
+"""Checks that dependencies between the folders point one way."""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+# For each folder, the folders whose headers it may include.
+ALLOWED = {
+    "features": {"features"},
+    "widgets": {"widgets", "features"},
+    "trigger": {"trigger", "widgets", "features"},
+    "ui": {"ui", "trigger", "widgets", "features"},
+    "plugin": {"plugin", "ui", "trigger", "widgets", "features"},
+    "sdk/include": set(),
+    "sdk/bridge": {"sdk/bridge"},
+    "sdk/simulator": {"sdk/simulator"},
+    "host": {"host", "sdk/bridge", "sdk/simulator"},
+}
+# Leaves that may be included from anywhere in the plugin, and what the host shares with it.
+LEAVES = {"plugin/TabExtensionException.h", "plugin/TABMessageHandler.h"}
+EXTRA = {"host": {"plugin/TabExtensionInterface.h"}}
+PLUGIN_FOLDERS = {"features", "widgets", "trigger", "ui", "plugin"}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+def folder_of(path):
+    return next((f for f in ALLOWED if path.startswith(f + "/")), None)
+
+
+def violations(path):
+    folder = folder_of(path)
+    for style, target in INCLUDE.findall(pathlib.Path(path).read_text(encoding="utf-8")):
+        if style == "<":
+            if folder in PLUGIN_FOLDERS and re.match(r"arv|glib|gio", target):
+                yield f"{path}: includes <{target}>; the plugin knows nothing of the transport"
+            continue
+        if target.startswith("ui_"):
+            continue
+        goal = folder_of(target)
+        if goal in ALLOWED[folder] or target in EXTRA.get(folder, set()):
+            continue
+        if folder in PLUGIN_FOLDERS and target in LEAVES:
+            continue
+        if target.endswith(".moc"):
+            continue
+        yield f'{path}: includes "{target}", which {folder} must not know'
+
+
+def main():
+    listed = subprocess.run(
+        ["git", "ls-files", "--cached", "--others", "--exclude-standard", "*.h", "*.cpp"],
+        check=True, capture_output=True, text=True).stdout.split()
+    found = [v for path in listed if folder_of(path) for v in violations(path)]
+    print("\n".join(found), end="\n" if found else "")
+    return 1 if found else 0
+
+
+sys.exit(main())
