@@ -13,8 +13,8 @@ struct TabExtensionException
 /// The camera does not qualify for the tab. The code is always 4.
 struct TENotSupported : TabExtensionException
 {
-    TENotSupported(const QString& className, const QString& message)
-        : TabExtensionException{className, message, 4}
+    TENotSupported(const QString& refusingClass, const QString& reason)
+        : TabExtensionException{refusingClass, reason, 4}
     {
     }
 };

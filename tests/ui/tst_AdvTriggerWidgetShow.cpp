@@ -1,0 +1,449 @@
+// The tab shown, refreshed, recoloured and told about the camera's acquisition.
+#include "tests/ui/TabUnderTest.h"
+#include "widgets/CollapsingButton.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+
+namespace {
+
+QPalette paletteOfLightness(int lightness)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor::fromHsl(0, 0, lightness));
+    return palette;
+}
+
+void requestToolTip(QWidget* widget)
+{
+    QHelpEvent event(QEvent::ToolTip, widget->rect().center(),
+                     widget->mapToGlobal(widget->rect().center()));
+    QApplication::sendEvent(widget, &event);
+}
+
+QStringList callsOf(const Fake::FakeCamera& camera, const char* operation)
+{
+    return toList(camera.calls()).filter(QRegularExpression(QString("^%1 ").arg(operation)));
+}
+
+/// What each bound widget shows, and whether it can be used.
+QStringList stateOf(const TabOnCamera& shown)
+{
+    QStringList state;
+    for (const char* name : {"cmbTriggerSelector", "cmbTriggerMode", "cmbTriggerSource",
+                             "cmbTriggerActivation", "spbTriggerDelay", "btnTriggerSoftware"}) {
+        const QWidget* widget = shown.find(name);
+        const QVariant current = widget->property("currentText");
+        const QString text = (current.isValid() ? current : widget->property("text")).toString();
+        state << text + (widget->isEnabled() ? " true" : " false");
+    }
+    return state;
+}
+
+} // namespace
+
+class tst_AdvTriggerWidgetShow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void firstShowBinds_data();
+    void firstShowBinds();
+    void firstShowLeavesNoPresetSelected();
+    void firstShowMakesNoWrite();
+    void firstShowObservesEveryBoundFeature();
+    void hidingDetachesAndShowingAttachesAgain();
+    void laterShowsDoNotBindAgain();
+    void laterShowsKeepThePresetChoice();
+    void statusSectionFoldsItsFrame();
+    void tooltipSwitchTurnsTooltipsOnAndOff();
+    void updateInitWithoutChangesDoesNothing();
+    void updateInitRefreshesWhatChanged();
+    void firstTickAfterShowRefreshesEverything();
+    void refreshMakesNoWrite();
+    void idleTickMakesNoCall();
+    void changeOnTheCameraShowsAfterTheTick();
+    void whatFailedOnceIsShownAfterTheNextRefresh_data();
+    void whatFailedOnceIsShownAfterTheNextRefresh();
+    void customPresetSelectsTheItemOfThatName();
+    void customPresetWithoutSuchItemKeepsTheSelection();
+    void hintIsColouredForThePalette_data();
+    void hintIsColouredForThePalette();
+    void streamingIsPassedOn();
+    void streamingLocksThePresetBoxAndShowsTheHint();
+    void streamingLeavesTheOtherWidgets();
+    void nothingIsClippedAtWidth_data();
+    void nothingIsClippedAtWidth();
+
+private:
+    QStringList healthyState;
+};
+
+void tst_AdvTriggerWidgetShow::initTestCase()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    healthyState = stateOf(shown);
+    QCOMPARE(healthyState,
+             (QStringList{"FrameStart true", "Off true", "Software true", "RisingEdge true",
+                          "0.00 true", "Execute SW Trigger true"}));
+}
+
+void tst_AdvTriggerWidgetShow::firstShowBinds_data()
+{
+    QTest::addColumn<QStringList>("entries");
+    QTest::addColumn<QString>("current");
+    QTest::newRow("cmbTriggerSelector")
+        << QStringList{"AcquisitionStart", "FrameStart", "LineStart"} << "FrameStart";
+    QTest::newRow("cmbTriggerMode") << QStringList{"Off", "On"} << "On";
+    QTest::newRow("cmbTriggerActivation") << QStringList() << "FallingEdge";
+    QTest::newRow("cmbTriggerSource") << QStringList() << "Line1";
+}
+
+void tst_AdvTriggerWidgetShow::firstShowBinds()
+{
+    QFETCH(QStringList, entries);
+    QFETCH(QString, current);
+    TabOnCamera shown;
+    (*shown.camera)["TriggerMode"].state().text = "On";
+    (*shown.camera)["TriggerActivation"].state().text = "FallingEdge";
+    (*shown.camera)["TriggerSource"].state().text = "Line1";
+    shown.show();
+    const auto* box = shown.find<QComboBox>(QTest::currentDataTag());
+    QStringList shownEntries;
+    for (int i = 0; i < box->count(); ++i)
+        shownEntries << box->itemText(i);
+    if (entries.isEmpty())
+        for (const auto& entry :
+             (*shown.camera)[box->objectName().mid(3).toStdString()].state().entries)
+            entries << QString::fromStdString(entry.name);
+    QCOMPARE(shownEntries, entries);
+    QCOMPARE(box->currentText(), current);
+}
+
+void tst_AdvTriggerWidgetShow::firstShowLeavesNoPresetSelected()
+{
+    TabOnCamera shown;
+    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "Custom"});
+    QCOMPARE(presets->currentIndex(), 0);
+    shown.show();
+    QCOMPARE(presets->currentIndex(), -1);
+    QCOMPARE(presets->count(), 2);
+}
+
+void tst_AdvTriggerWidgetShow::firstShowMakesNoWrite()
+{
+    TabOnCamera shown;
+    shown.show();
+    QCOMPARE(toList(shown.camera->writes()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::firstShowObservesEveryBoundFeature()
+{
+    TabOnCamera shown;
+    shown.show();
+    for (const char* feature :
+         {"TriggerSelector", "TriggerMode", "TriggerSource", "TriggerActivation", "TriggerDelay",
+          "CounterSelector", "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
+        QVERIFY2((*shown.camera)[feature].observerCount() == 1, feature);
+    for (const char* feature : {"TriggerSoftware", "LineSelector", "LineMode", "TimerDuration"})
+        QVERIFY2((*shown.camera)[feature].observerCount() == 0, feature);
+    // Once when binding, which marks nothing as changed, and once for this show, which does.
+    QCOMPARE(shown.camera->callCount("RegisterObserver", "TriggerMode"), 2);
+    QCOMPARE(shown.tab.m_changedFeatures->count("TriggerMode"), 1);
+}
+
+void tst_AdvTriggerWidgetShow::hidingDetachesAndShowingAttachesAgain()
+{
+    TabOnCamera shown;
+    shown.show();
+    const Fake::FakeFeature& mode = (*shown.camera)["TriggerMode"];
+    shown.tab.hide();
+    QCOMPARE(mode.observerCount(), std::size_t(0));
+    QVERIFY(shown.tab.m_changedFeatures->isEmpty());
+    shown.show();
+    QCOMPARE(mode.observerCount(), std::size_t(1));
+    QVERIFY(shown.tab.m_changedFeatures->contains("TriggerMode"));
+}
+
+void tst_AdvTriggerWidgetShow::laterShowsDoNotBindAgain()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    const QStringList observed = shown.tab.m_observedFeatures;
+    shown.tab.hide();
+    shown.camera->clearLog();
+    shown.tab.show();
+    QVERIFY(callsOf(*shown.camera, "Get(?!Name)\\w+").isEmpty());
+    QCOMPARE(callsOf(*shown.camera, "RegisterObserver").count("RegisterObserver TriggerMode"), 1);
+    QCOMPARE(shown.tab.m_observedFeatures, observed);
+
+    shown.find<QComboBox>("cmbTriggerMode")->setCurrentText("On");
+    QCOMPARE(toList(shown.camera->writes()), QStringList{"SetStringValue TriggerMode=On"});
+}
+
+void tst_AdvTriggerWidgetShow::laterShowsKeepThePresetChoice()
+{
+    TabOnCamera shown;
+    shown.show();
+    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "Custom"});
+    presets->setCurrentIndex(1);
+    shown.tab.hide();
+    shown.show();
+    QCOMPARE(presets->currentIndex(), 1);
+}
+
+void tst_AdvTriggerWidgetShow::statusSectionFoldsItsFrame()
+{
+    TabOnCamera shown;
+    shown.show();
+    const QWidget* frame = shown.find("frmTriggerFeaturesStatus");
+    QCOMPARE(frame->maximumHeight(), 0);
+    shown.find<CollapsingButton>("btnTriggerFeaturesStatus")->click();
+    QTRY_VERIFY(frame->maximumHeight() >= 10);
+}
+
+void tst_AdvTriggerWidgetShow::tooltipSwitchTurnsTooltipsOnAndOff()
+{
+    TabOnCamera shown;
+    shown.show();
+    auto* mode = shown.find("cmbTriggerMode");
+    requestToolTip(mode);
+    QCOMPARE(mode->toolTip(), QString());
+
+    auto* tooltips = shown.find<QCheckBox>("chkTooltips");
+    QTest::keyClick(tooltips, Qt::Key_Space);
+    QVERIFY(tooltips->isChecked());
+    requestToolTip(mode);
+    QVERIFY(mode->toolTip().contains("TriggerMode"));
+
+    QTest::keyClick(tooltips, Qt::Key_Space);
+    auto* source = shown.find("cmbTriggerSource");
+    requestToolTip(source);
+    QCOMPARE(source->toolTip(), QString());
+}
+
+void tst_AdvTriggerWidgetShow::updateInitWithoutChangesDoesNothing()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    QSignalSpy changes(&shown.tab, SIGNAL(FeatureChanged(const QString&, const QVariant&)));
+    (*shown.camera)["TriggerMode"].state().text = "On";
+    shown.tab.updateInit();
+    QCOMPARE(toList(shown.camera->calls()), QStringList());
+    QCOMPARE(shown.find<QComboBox>("cmbTriggerMode")->currentText(), QString("Off"));
+    QCOMPARE(changes.count(), 0);
+}
+
+void tst_AdvTriggerWidgetShow::updateInitRefreshesWhatChanged()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    QSignalSpy changes(&shown.tab, SIGNAL(FeatureChanged(const QString&, const QVariant&)));
+    (*shown.camera)["TriggerMode"].state().text = "On";
+    *shown.tab.m_changedFeatures << "TriggerMode";
+    shown.tab.updateInit();
+    QCOMPARE(shown.find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes[0], QList<QVariant>({QString("TriggerMode"), QString("On")}));
+}
+
+void tst_AdvTriggerWidgetShow::firstTickAfterShowRefreshesEverything()
+{
+    TabOnCamera shown;
+    shown.show();
+    (*shown.camera)["TriggerSource"].state().text = "Line1";
+    (*shown.camera)["TriggerDelay"].state().real = 12.5;
+    shown.tab.tick();
+    QCOMPARE(shown.find<QComboBox>("cmbTriggerSource")->currentText(), QString("Line1"));
+    QCOMPARE(shown.find<QDoubleSpinBox>("spbTriggerDelay")->value(), 12.5);
+    QVERIFY(!shown.find("btnTriggerSoftware")->isEnabled());
+    QVERIFY(shown.tab.m_changedFeatures->isEmpty());
+}
+
+void tst_AdvTriggerWidgetShow::refreshMakesNoWrite()
+{
+    TabOnCamera shown;
+    shown.show();
+    (*shown.camera)["TriggerMode"].state().text = "On";
+    (*shown.camera)["TriggerDelay"].state().real = 99.0;
+    shown.tab.tick();
+    QCOMPARE(shown.find<QDoubleSpinBox>("spbTriggerDelay")->value(), 99.0);
+    QCOMPARE(toList(shown.camera->writes()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::idleTickMakesNoCall()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    shown.tab.tick();
+    QCOMPARE(toList(shown.camera->calls()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::changeOnTheCameraShowsAfterTheTick()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    (*shown.camera)["TriggerActivation"].state().text = "FallingEdge";
+    shown.camera->notify("TriggerActivation");
+    QTRY_VERIFY(shown.tab.m_changedFeatures->contains("TriggerActivation"));
+    shown.tab.tick();
+    QCOMPARE(shown.find<QComboBox>("cmbTriggerActivation")->currentText(), QString("FallingEdge"));
+    QCOMPARE(toList(shown.camera->writes()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::whatFailedOnceIsShownAfterTheNextRefresh_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("feature");
+    TabOnCamera counted;
+    counted.camera->clearLog();
+    counted.tab.show();
+    counted.tab.tick();
+    QStringList calls = toList(counted.camera->calls());
+    calls.removeDuplicates();
+    // A feature whose name cannot be read counts as missing, and that for good.
+    for (const QString& call : calls.filter(QRegularExpression("^(?!GetName )")))
+        QTest::newRow(qPrintable(call)) << call.section(' ', 0, 0) << call.section(' ', 1);
+}
+
+void tst_AdvTriggerWidgetShow::whatFailedOnceIsShownAfterTheNextRefresh()
+{
+    QFETCH(QString, operation);
+    QFETCH(QString, feature);
+    TabOnCamera shown;
+    shown.camera->failCall(operation.toStdString(), feature.toStdString());
+    shown.tab.show();
+    shown.tab.tick();
+    shown.camera->clearFailures();
+    *shown.tab.m_changedFeatures = shown.tab.m_observedFeatures;
+    shown.tab.tick();
+    QCOMPARE(stateOf(shown), healthyState);
+    QCOMPARE(toList(shown.camera->writes()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::customPresetSelectsTheItemOfThatName()
+{
+    TabOnCamera shown;
+    shown.show();
+    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "custom", "Custom"});
+    presets->setCurrentIndex(0);
+    shown.tab.SetCustomPreset();
+    QCOMPARE(presets->currentIndex(), 2);
+}
+
+void tst_AdvTriggerWidgetShow::customPresetWithoutSuchItemKeepsTheSelection()
+{
+    TabOnCamera shown;
+    shown.show();
+    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "Reset All"});
+    presets->setCurrentIndex(1);
+    shown.find<QComboBox>("cmbTriggerMode")->setCurrentText("On");
+    QCOMPARE(presets->currentIndex(), 1);
+    QCOMPARE(presets->count(), 2);
+}
+
+void tst_AdvTriggerWidgetShow::hintIsColouredForThePalette_data()
+{
+    QTest::addColumn<int>("lightness");
+    QTest::addColumn<QString>("styleSheet");
+    QTest::newRow("black") << 0 << "color: rgba(56,111,251,255);";
+    QTest::newRow("darkest of the light") << 100 << "color: rgba(50,95,201,255);";
+    QTest::newRow("lightest of the dark") << 99 << "color: rgba(56,111,251,255);";
+    QTest::newRow("white") << 255 << "color: rgba(50,95,201,255);";
+}
+
+void tst_AdvTriggerWidgetShow::hintIsColouredForThePalette()
+{
+    QFETCH(int, lightness);
+    QFETCH(QString, styleSheet);
+    TabOnCamera shown;
+    shown.show();
+    const QWidget* hint = shown.find("lbl_notAcquireHint");
+    // Through the other colour, so that the palette always changes.
+    shown.tab.setPalette(paletteOfLightness(lightness < 100 ? 255 : 0));
+    QVERIFY(hint->styleSheet() != styleSheet);
+    shown.tab.setPalette(paletteOfLightness(lightness));
+    QCOMPARE(hint->styleSheet(), styleSheet);
+}
+
+void tst_AdvTriggerWidgetShow::streamingIsPassedOn()
+{
+    TabOnCamera shown;
+    QSignalSpy streaming(&shown.tab, SIGNAL(CamStreamingOn(bool)));
+    const QWidget* presets = shown.find("cmbSelectPreset");
+    QList<bool> presetsBefore;
+    connect(&shown.tab, &AdvTriggerWidget::CamStreamingOn, this,
+            [&] { presetsBefore << presets->isEnabled(); });
+    QMetaObject::invokeMethod(&shown.tab, "camIsStreaming", Q_ARG(bool, true));
+    QMetaObject::invokeMethod(&shown.tab, "camIsStreaming", Q_ARG(bool, false));
+    QCOMPARE(streaming.count(), 2);
+    QCOMPARE(streaming[0][0].toBool(), true);
+    QCOMPARE(streaming[1][0].toBool(), false);
+    QCOMPARE(presetsBefore, (QList<bool>{true, false}));
+}
+
+void tst_AdvTriggerWidgetShow::streamingLocksThePresetBoxAndShowsTheHint()
+{
+    TabOnCamera shown;
+    shown.show();
+    const QWidget* hint = shown.find("lbl_notAcquireHint");
+    const QWidget* presets = shown.find("cmbSelectPreset");
+    shown.tab.camIsStreaming(true);
+    QVERIFY(hint->isVisible());
+    QVERIFY(!presets->isEnabled());
+    shown.tab.camIsStreaming(false);
+    QVERIFY(!hint->isVisible());
+    QVERIFY(presets->isEnabled());
+}
+
+void tst_AdvTriggerWidgetShow::streamingLeavesTheOtherWidgets()
+{
+    TabOnCamera shown;
+    shown.showAndSettle();
+    shown.tab.camIsStreaming(true);
+    QVERIFY(shown.find("cmbTriggerMode")->isEnabled());
+    QVERIFY(shown.find("btnTriggerSoftware")->isEnabled());
+    QVERIFY(shown.find("chkTooltips")->isEnabled());
+    QCOMPARE(toList(shown.camera->calls()), QStringList());
+}
+
+void tst_AdvTriggerWidgetShow::nothingIsClippedAtWidth_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::newRow("narrowest") << 350;
+    QTest::newRow("initial") << 517;
+    QTest::newRow("wide") << 900;
+}
+
+void tst_AdvTriggerWidgetShow::nothingIsClippedAtWidth()
+{
+    QFETCH(int, width);
+    TabOnCamera shown;
+    shown.tab.resize(width, 400);
+    shown.showAndSettle();
+    for (const char* name :
+         {"chkTooltips", "lblTriggerSource", "cmbTriggerSource", "lblTriggerActivation",
+          "cmbTriggerActivation", "lblTriggerSelector", "cmbTriggerSelector", "lblTriggerMode",
+          "cmbTriggerMode", "lblTriggerDelay", "spbTriggerDelay", "btnTriggerSoftware"})
+        QVERIFY2(shown.find(name)->width() >= shown.find(name)->sizeHint().width(), name);
+    const auto left = [&](const char* name) { return shown.find(name)->x(); };
+    QCOMPARE(left("cmbTriggerSource"), left("cmbTriggerSelector"));
+    QCOMPARE(left("cmbTriggerSource"), left("spbTriggerDelay"));
+    QCOMPARE(left("cmbTriggerActivation"), left("cmbTriggerMode"));
+    QCOMPARE(left("cmbTriggerActivation"), left("btnTriggerSoftware"));
+}
+
+QTEST_MAIN(tst_AdvTriggerWidgetShow)
+#include "tst_AdvTriggerWidgetShow.moc"
