@@ -1,0 +1,82 @@
+#pragma once
+
+#include "tests/support/FakeCamera.h"
+#include "trigger/AdvTriggerBase.h"
+
+#include <memory>
+
+/// The engine with an empty form that a test fills, and with its inner workings in the open.
+class TestEngine : public AdvTriggerBase
+{
+public:
+    explicit TestEngine(const Fake::FakeCamera& camera) : AdvTriggerBase(camera.features(), nullptr)
+    {
+    }
+
+    using AdvTriggerBase::ActivateTooltips;
+    using AdvTriggerBase::InitBaseWidgets;
+    using AdvTriggerBase::m_changedFeatures;
+    using AdvTriggerBase::m_exemptWidgets;
+    using AdvTriggerBase::m_featureList;
+    using AdvTriggerBase::m_knownFeatures;
+    using AdvTriggerBase::m_observedFeatures;
+    using AdvTriggerBase::m_tooltipCache;
+    using AdvTriggerBase::m_tooltipsActive;
+    using AdvTriggerBase::OnChangeCheckbox;
+    using AdvTriggerBase::OnChangeComboboxSelection;
+    using AdvTriggerBase::OnChangeDoubleSpinbox;
+    using AdvTriggerBase::OnChangeSpinbox;
+    using AdvTriggerBase::OnExecuteCommandButton;
+    using AdvTriggerBase::OnFinishLineEdit;
+    using AdvTriggerBase::SetFeatureValue;
+    using AdvTriggerBase::UpdateInitBase;
+    using AdvTriggerBase::updateTimer;
+
+    /// Adds a widget to the form; the form owns it.
+    template <class Widget> Widget& add(const QString& objectName)
+    {
+        auto* widget = new Widget(this);
+        widget->setObjectName(objectName);
+        return *widget;
+    }
+
+    /// Refreshes as after changes of these features, in this order.
+    void refresh(const QStringList& features)
+    {
+        *m_changedFeatures = features;
+        UpdateInitBase();
+        m_changedFeatures->clear();
+    }
+
+    /// Names bound by the form, without the ones that every engine watches.
+    QStringList boundFeatures() const { return m_knownFeatures.mid(seedCount); }
+
+    static constexpr int seedCount = 6;
+    int customPresets = 0; ///< How often the preset box was told to show "Custom".
+
+protected:
+    void updateInit() override
+    {
+        if (!m_changedFeatures->isEmpty())
+            UpdateInitBase();
+    }
+    void updateColoredControls() override {}
+    void SetCustomPreset() override { ++customPresets; }
+};
+
+/// A camera that the engine accepts and that has no other features.
+inline std::unique_ptr<Fake::FakeCamera> acceptedCamera()
+{
+    auto camera = std::make_unique<Fake::FakeCamera>();
+    camera->addString("DeviceVendorName", "Tarsel Imaging GmbH");
+    return camera;
+}
+
+/// What was written to the camera since the log was cleared.
+inline QStringList writesOf(const Fake::FakeCamera& camera)
+{
+    QStringList result;
+    for (const std::string& write : camera.writes())
+        result.append(QString::fromStdString(write));
+    return result;
+}

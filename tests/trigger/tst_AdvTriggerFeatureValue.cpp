@@ -1,0 +1,183 @@
+// The checked write of one feature.
+#include "tests/trigger/TestEngine.h"
+
+#include <QTest>
+
+#include <limits>
+
+class tst_AdvTriggerFeatureValue : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void takenValueReportsNothing_data();
+    void takenValueReportsNothing();
+    void untouchableFeatureIsSkipped_data();
+    void untouchableFeatureIsSkipped();
+    void refusedValueIsReported_data();
+    void refusedValueIsReported();
+    void valueAboveTheMaximumWritesTheMaximumAndReportsNothing();
+    void adjustedValueIsReportedAsItWasAsked();
+    void truncatedIntegerIsReported();
+    void numbersCompareAsVariantsDo();
+    void maximumIsTheLargestMultipleOfTheIncrement();
+    void placeholdersInTheValueAreNotFilled();
+
+private:
+    QString set(const QString& feature, const QVariant& value);
+
+    std::unique_ptr<Fake::FakeCamera> camera;
+    std::unique_ptr<TestEngine> engine;
+};
+
+void tst_AdvTriggerFeatureValue::init()
+{
+    camera = acceptedCamera();
+    camera->addInteger("Number", 5, -10, 1000);
+    camera->addFloat("Real", 5.0, -10.0, 1000.0);
+    camera->addBool("Flag", false);
+    camera->addEnum("Mode", {"Off", "On", "<max>"}, "Off");
+    camera->addString("Name", "camera");
+    camera->addCommand("Run");
+    engine = std::make_unique<TestEngine>(*camera);
+    camera->clearLog();
+}
+
+void tst_AdvTriggerFeatureValue::cleanup()
+{
+    engine.reset();
+    camera.reset();
+}
+
+QString tst_AdvTriggerFeatureValue::set(const QString& feature, const QVariant& value)
+{
+    return engine->SetFeatureValue(feature, value);
+}
+
+void tst_AdvTriggerFeatureValue::takenValueReportsNothing_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("write");
+    const auto row = [](const char* name, const char* feature, const QVariant& value,
+                        const char* write) { QTest::newRow(name) << feature << value << write; };
+    row("boolean", "Flag", true, "SetBoolValue Flag=true");
+    row("boolean false", "Flag", false, "SetBoolValue Flag=false");
+    row("boolean from text", "Flag", QString("true"), "SetBoolValue Flag=true");
+    row("boolean from false text", "Flag", QString("false"), "SetBoolValue Flag=false");
+    row("boolean from number", "Flag", 7, "SetBoolValue Flag=true");
+    row("integer", "Number", 12, "SetIntegerValue Number=12");
+    row("integer from text", "Number", QString("12"), "SetIntegerValue Number=12");
+    row("integer below", "Number", -1e9, "SetIntegerValue Number=-10");
+    row("integer maximum", "Number", QString("<max>"), "SetIntegerValue Number=1000");
+    row("integer minimum", "Number", QString("<min>"), "SetIntegerValue Number=-10");
+    row("integer from other text", "Number", QString("x"), "SetIntegerValue Number=0");
+    row("float", "Real", 0.5, "SetFloatValue Real=0.5");
+    row("float from text", "Real", QString("0.5"), "SetFloatValue Real=0.5");
+    row("float above", "Real", 1e9, "SetFloatValue Real=1000");
+    row("float maximum", "Real", QString("<max>"), "SetFloatValue Real=1000");
+    row("float minimum", "Real", QString("<min>"), "SetFloatValue Real=-10");
+    row("enumeration", "Mode", QString("On"), "SetStringValue Mode=On");
+    row("enumeration knows no maximum", "Mode", QString("<max>"), "SetStringValue Mode=<max>");
+    row("text", "Name", QString("other"), "SetStringValue Name=other");
+    row("text from number", "Name", 12, "SetStringValue Name=12");
+}
+
+void tst_AdvTriggerFeatureValue::takenValueReportsNothing()
+{
+    QFETCH(QString, feature);
+    QFETCH(QVariant, value);
+    QFETCH(QString, write);
+    QCOMPARE(set(feature, value), QString());
+    QCOMPARE(writesOf(*camera), QStringList(write));
+}
+
+void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::newRow("unknown") << "NoSuchFeature";
+    QTest::newRow("read-only number") << "Number";
+    QTest::newRow("read-only enumeration") << "Mode";
+}
+
+void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped()
+{
+    QFETCH(QString, feature);
+    if (const auto known = camera->find(feature.toStdString()))
+        known->state().writable = false;
+    QCOMPARE(set(feature, "12"), QString());
+    QCOMPARE(writesOf(*camera), QStringList());
+}
+
+void tst_AdvTriggerFeatureValue::refusedValueIsReported_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("line");
+    const auto row = [](const char* name, const char* feature, const QVariant& value,
+                        const char* line) { QTest::newRow(name) << feature << value << line; };
+    row("boolean", "Flag", true, "  Failed to set Flag = true, Current value: '0'\n");
+    row("integer", "Number", 12, "  Failed to set Number = 12, Current value: '5'\n");
+    row("float", "Real", 0.5, "  Failed to set Real = 0.5, Current value: '5'\n");
+    row("maximum", "Real", "<max>", "  Failed to set Real = <max>, Current value: '5'\n");
+    row("enumeration", "Mode", "On", "  Failed to set Mode = On, Current value: 'Off'\n");
+    row("text", "Name", "x", "  Failed to set Name = x, Current value: 'camera'\n");
+    row("command", "Run", "1", "  Failed to set Run = 1, Current value: ''\n");
+}
+
+void tst_AdvTriggerFeatureValue::refusedValueIsReported()
+{
+    QFETCH(QString, feature);
+    QFETCH(QVariant, value);
+    for (const char* operation :
+         {"SetBoolValue", "SetIntegerValue", "SetFloatValue", "SetStringValue"})
+        camera->failCall(operation, feature.toStdString());
+    QTEST(set(feature, value), "line");
+}
+
+void tst_AdvTriggerFeatureValue::valueAboveTheMaximumWritesTheMaximumAndReportsNothing()
+{
+    QCOMPARE(set("Number", 1e9), QString());
+    QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1000"));
+}
+
+void tst_AdvTriggerFeatureValue::adjustedValueIsReportedAsItWasAsked()
+{
+    camera->find("Number")->onWrite = [](Fake::FakeFeature& it) { it.state().integer = 999; };
+    // Asked for, not clamped, in the line; clamped in the comparison.
+    QCOMPARE(set("Number", "1e9"), QString("  Failed to set Number = 1e9, Current value: '999'\n"));
+}
+
+void tst_AdvTriggerFeatureValue::truncatedIntegerIsReported()
+{
+    QCOMPARE(set("Number", 7.9), QString("  Failed to set Number = 7.9, Current value: '7'\n"));
+}
+
+void tst_AdvTriggerFeatureValue::numbersCompareAsVariantsDo()
+{
+    // Equal up to the last digits, which cameras with their own number formats lose.
+    camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-14; };
+    QCOMPARE(set("Real", 0.3), QString());
+    camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-6; };
+    QVERIFY(!set("Real", 0.3).isEmpty());
+}
+
+void tst_AdvTriggerFeatureValue::maximumIsTheLargestMultipleOfTheIncrement()
+{
+    camera->find("Number")->state().maxInteger = 1023;
+    camera->find("Number")->state().minInteger = 0;
+    camera->find("Number")->state().incrementInteger = 16;
+    QCOMPARE(set("Number", "<max>"), QString());
+    QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1008"));
+}
+
+void tst_AdvTriggerFeatureValue::placeholdersInTheValueAreNotFilled()
+{
+    QCOMPARE(set("Mode", "%3%1"), QString("  Failed to set Mode = %3%1, Current value: 'Off'\n"));
+}
+
+QTEST_MAIN(tst_AdvTriggerFeatureValue)
+#include "tst_AdvTriggerFeatureValue.moc"

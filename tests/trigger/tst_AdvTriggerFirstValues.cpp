@@ -1,0 +1,200 @@
+// What bound widgets show at first; line edits have a test of their own.
+#include "tests/trigger/TestEngine.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+class tst_AdvTriggerFirstValues : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void comboBoxOffersTheAvailableEntries();
+    void doubleSpinBoxShowsRangeAndValueWithoutTheIncrement();
+    void spinBoxTruncatesToInt_data();
+    void spinBoxTruncatesToInt();
+    void spinBoxIsEnabledBeforeItsRangeIsRead();
+    void checkBoxIsCheckedUnlessZero_data();
+    void checkBoxIsCheckedUnlessZero();
+    void noButtonIsAutoDefault_data();
+    void noButtonIsAutoDefault();
+    void softwareTriggerButtonFollowsTheSource_data();
+    void softwareTriggerButtonFollowsTheSource();
+
+private:
+    std::unique_ptr<Fake::FakeCamera> camera;
+    std::unique_ptr<TestEngine> engine;
+};
+
+void tst_AdvTriggerFirstValues::init()
+{
+    camera = acceptedCamera();
+    camera->addInteger("Known", 5);
+    engine = std::make_unique<TestEngine>(*camera);
+}
+
+void tst_AdvTriggerFirstValues::cleanup()
+{
+    engine.reset();
+    camera.reset();
+}
+
+void tst_AdvTriggerFirstValues::comboBoxOffersTheAvailableEntries()
+{
+    auto mode = camera->addEnum("Mode", {"A", "B", "C"}, "C");
+    mode->state().entries[1].available = false;
+    engine = std::make_unique<TestEngine>(*camera);
+    auto& box = engine->add<QComboBox>("cmbMode");
+    box.addItem("from the form");
+    engine->InitBaseWidgets();
+    QCOMPARE(box.count(), 2);
+    QCOMPARE(box.itemText(0), QString("A"));
+    QCOMPARE(box.currentText(), QString("C"));
+    QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
+}
+
+void tst_AdvTriggerFirstValues::doubleSpinBoxShowsRangeAndValueWithoutTheIncrement()
+{
+    auto feature = camera->addFloat("Delay", 2.5, -10.0, 1001.0);
+    feature->state().incrementReal = 0.5;
+    engine = std::make_unique<TestEngine>(*camera);
+    auto& box = engine->add<QDoubleSpinBox>("spbDelay");
+    box.setSingleStep(3.0);
+    engine->InitBaseWidgets();
+    QCOMPARE(box.minimum(), -10.0);
+    QCOMPARE(box.maximum(), 1001.0);
+    QCOMPARE(box.value(), 2.5);
+    QCOMPARE(box.singleStep(), 3.0);
+}
+
+void tst_AdvTriggerFirstValues::spinBoxTruncatesToInt_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<double>("min");
+    QTest::addColumn<double>("max");
+    QTest::addColumn<int>("shown");
+    QTest::addColumn<int>("lowest");
+    QTest::addColumn<int>("highest");
+    const int intMin = std::numeric_limits<int>::min();
+    const int intMax = std::numeric_limits<int>::max();
+    QTest::newRow("fractions go") << 7.9 << -2.9 << 99.9 << 7 << -2 << 99;
+    QTest::newRow("above int") << 5e9 << 0.0 << 1e10 << intMax << 0 << intMax;
+    QTest::newRow("below int") << -5e9 << -1e10 << 0.0 << intMin << intMin << 0;
+}
+
+void tst_AdvTriggerFirstValues::spinBoxTruncatesToInt()
+{
+    QFETCH(double, value);
+    QFETCH(double, min);
+    QFETCH(double, max);
+    camera->addFloat("Number", value, min, max);
+    engine = std::make_unique<TestEngine>(*camera);
+    auto& box = engine->add<QSpinBox>("spbNumber");
+    engine->InitBaseWidgets();
+    QTEST(box.value(), "shown");
+    QTEST(box.minimum(), "lowest");
+    QTEST(box.maximum(), "highest");
+}
+
+void tst_AdvTriggerFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
+{
+    camera->addFloat("Real", 1.0);
+    engine = std::make_unique<TestEngine>(*camera);
+    engine->add<QSpinBox>("spbKnown");
+    engine->add<QDoubleSpinBox>("spbReal");
+    camera->clearLog();
+    engine->InitBaseWidgets();
+    const auto calls = camera->calls();
+    const auto position = [&](const std::string& call) {
+        return std::find(calls.begin(), calls.end(), call) - calls.begin();
+    };
+    QVERIFY(position("IsWritable Known") < position("GetIntegerRange Known"));
+    QVERIFY(position("IsWritable Real") > position("GetFloatRange Real"));
+    QVERIFY(position("IsWritable Real") < position("IsWritable Known"));
+}
+
+void tst_AdvTriggerFirstValues::checkBoxIsCheckedUnlessZero_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<bool>("checked");
+    QTest::newRow("zero") << 0.0 << false;
+    QTest::newRow("negative zero") << -0.0 << false;
+    QTest::newRow("one") << 1.0 << true;
+    QTest::newRow("fraction") << 0.25 << true;
+    QTest::newRow("negative") << -1.0 << true;
+    QTest::newRow("not a number") << std::nan("") << true;
+}
+
+void tst_AdvTriggerFirstValues::checkBoxIsCheckedUnlessZero()
+{
+    QFETCH(double, value);
+    camera->addFloat("Number", value);
+    camera->addBool("Flag", value != 0.0);
+    engine = std::make_unique<TestEngine>(*camera);
+    auto& number = engine->add<QCheckBox>("chkNumber");
+    auto& flag = engine->add<QCheckBox>("chkFlag");
+    flag.setChecked(true);
+    engine->InitBaseWidgets();
+    QTEST(number.isChecked(), "checked");
+    QTEST(flag.isChecked(), "checked");
+}
+
+void tst_AdvTriggerFirstValues::noButtonIsAutoDefault_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::newRow("available") << "btnKnown";
+    QTest::newRow("unavailable") << "btnUnknown";
+    QTest::newRow("exempt") << "btnExempt";
+    QTest::newRow("software trigger") << "btnTriggerSoftware";
+}
+
+void tst_AdvTriggerFirstValues::noButtonIsAutoDefault()
+{
+    QFETCH(QString, objectName);
+    auto& button = engine->add<QPushButton>(objectName);
+    engine->m_exemptWidgets << "btnExempt";
+    button.setAutoDefault(true);
+    engine->InitBaseWidgets();
+    QVERIFY(!button.autoDefault());
+}
+
+void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<bool>("hasCommand");
+    QTest::addColumn<bool>("writable");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("software") << "Software" << true << true << true;
+    QTest::newRow("line") << "Line0" << true << true << false;
+    QTest::newRow("other case") << "software" << true << true << false;
+    QTest::newRow("locked command") << "Software" << true << false << true;
+    QTest::newRow("no command") << "Software" << false << true << true;
+}
+
+void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource()
+{
+    QFETCH(QString, source);
+    QFETCH(bool, hasCommand);
+    QFETCH(bool, writable);
+    camera->addEnum("TriggerSource", {"Software", "Line0", "software"}, source.toStdString());
+    if (hasCommand)
+        camera->addCommand("TriggerSoftware")->state().writable = writable;
+    engine = std::make_unique<TestEngine>(*camera);
+    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
+    engine->InitBaseWidgets();
+    QTEST(button.isEnabled(), "enabled");
+}
+
+QTEST_MAIN(tst_AdvTriggerFirstValues)
+#include "tst_AdvTriggerFirstValues.moc"

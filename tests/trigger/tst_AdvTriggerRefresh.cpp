@@ -1,0 +1,315 @@
+// What a change on the camera's side makes of the form.
+#include "tests/trigger/WidgetClasses.h"
+
+#include <QSignalSpy>
+
+#include <limits>
+
+// Form classes that only derive from the ones the engine knows.
+class OwnComboBox : public QComboBox
+{
+    Q_OBJECT
+public:
+    using QComboBox::QComboBox;
+};
+class OwnSpinBox : public QSpinBox
+{
+    Q_OBJECT
+public:
+    using QSpinBox::QSpinBox;
+};
+class OwnLineEdit : public QLineEdit
+{
+    Q_OBJECT
+public:
+    using QLineEdit::QLineEdit;
+};
+
+class tst_AdvTriggerRefresh : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void selectorsAreRefreshedFirst_data();
+    void selectorsAreRefreshedFirst();
+    void widgetOfALongerNameIsNotTouched_data();
+    void widgetOfALongerNameIsNotTouched();
+    void prefixMustBeLowerCaseLetters_data();
+    void prefixMustBeLowerCaseLetters();
+    void everyWidgetOfTheNameIsRefreshed();
+    void subclassesLookAfterThemselves_data();
+    void subclassesLookAfterThemselves();
+
+    void comboBoxShowsEntriesAndValue();
+    void doubleSpinBoxShowsRangeAndValue();
+    void spinBoxShowsRangeAndValueTruncated();
+    void checkBoxShowsTheValue();
+    void lineEditShowsTheText();
+    void unreadableLineEditKeepsItsTextAndReportsNothing();
+    void writabilityEnablesAndDisables_data() { everyBindableClass(); }
+    void writabilityEnablesAndDisables();
+
+    void softwareTriggerButtonFollowsTheSource();
+    void softwareTriggerButtonIsLeftAloneWithoutSourceChange();
+    void softwareTriggerRuleWinsOverItsWritability();
+
+private:
+    QStringList reportedNames() const;
+
+    std::unique_ptr<Fake::FakeCamera> camera;
+    std::unique_ptr<TestEngine> engine;
+    std::unique_ptr<QSignalSpy> reports;
+};
+
+void tst_AdvTriggerRefresh::init()
+{
+    camera = Fake::FakeCamera::standard();
+    engine = std::make_unique<TestEngine>(*camera);
+    reports = std::make_unique<QSignalSpy>(engine.get(),
+                                           SIGNAL(FeatureChanged(const QString&, const QVariant&)));
+}
+
+void tst_AdvTriggerRefresh::cleanup()
+{
+    reports.reset();
+    engine.reset();
+    camera.reset();
+}
+
+QStringList tst_AdvTriggerRefresh::reportedNames() const
+{
+    QStringList names;
+    for (const QList<QVariant>& report : *reports)
+        names.append(report.first().toString());
+    return names;
+}
+
+void tst_AdvTriggerRefresh::selectorsAreRefreshedFirst_data()
+{
+    QTest::addColumn<QStringList>("changed");
+    QTest::addColumn<QStringList>("order");
+    QTest::newRow("selectors last")
+        << QStringList({"TriggerMode", "LineSelector", "TriggerSelector"})
+        << QStringList({"LineSelector", "TriggerSelector", "TriggerMode"});
+    QTest::newRow("both kinds keep their order")
+        << QStringList({"TriggerSource", "TimerSelector", "TriggerMode", "CounterSelector"})
+        << QStringList({"TimerSelector", "CounterSelector", "TriggerSource", "TriggerMode"});
+    QTest::newRow("anywhere in the name") << QStringList({"TriggerMode", "MySelectorMode"})
+                                          << QStringList({"MySelectorMode", "TriggerMode"});
+    QTest::newRow("other case is no selector")
+        << QStringList({"TriggerMode", "Myselector"}) << QStringList({"TriggerMode", "Myselector"});
+}
+
+void tst_AdvTriggerRefresh::selectorsAreRefreshedFirst()
+{
+    QFETCH(QStringList, changed);
+    engine->refresh(changed);
+    QTEST(reportedNames(), "order");
+}
+
+void tst_AdvTriggerRefresh::widgetOfALongerNameIsNotTouched_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::newRow("longer") << "txtTriggerModeOld";
+    QTest::newRow("part behind") << "txtTriggerMode_2";
+    QTest::newRow("longer prefix") << "textTriggerMode";
+    QTest::newRow("line feed behind") << "txtTriggerMode\n";
+    QTest::newRow("other case") << "txttriggermode";
+    QTest::newRow("cell of a line") << "cmbLine0_TriggerMode";
+}
+
+void tst_AdvTriggerRefresh::widgetOfALongerNameIsNotTouched()
+{
+    QFETCH(QString, objectName);
+    auto& edit = engine->add<QLineEdit>(objectName);
+    edit.setText("untouched");
+    engine->refresh({"TriggerMode"});
+    QCOMPARE(edit.text(), QString("untouched"));
+    QCOMPARE(reportedNames(), QStringList("TriggerMode")); // as a feature without a widget
+}
+
+void tst_AdvTriggerRefresh::prefixMustBeLowerCaseLetters_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("usual") << "txtTriggerMode"
+                           << "Off";
+    QTest::newRow("any letters") << "xyzTriggerMode"
+                                 << "Off";
+    QTest::newRow("upper case") << "TxtTriggerMode"
+                                << "untouched";
+    QTest::newRow("digit") << "tx1TriggerMode"
+                           << "untouched";
+    QTest::newRow("umlaut") << QString::fromUtf8("t\xC3\xA4tTriggerMode") << "untouched";
+}
+
+void tst_AdvTriggerRefresh::prefixMustBeLowerCaseLetters()
+{
+    QFETCH(QString, objectName);
+    auto& edit = engine->add<QLineEdit>(objectName);
+    edit.setText("untouched");
+    engine->refresh({"TriggerMode"});
+    QTEST(edit.text(), "text");
+}
+
+void tst_AdvTriggerRefresh::everyWidgetOfTheNameIsRefreshed()
+{
+    auto& box = engine->add<QComboBox>("cmbTriggerMode");
+    auto& edit = engine->add<QLineEdit>("txtTriggerMode");
+    engine->refresh({"TriggerMode"});
+    QCOMPARE(box.currentText(), QString("Off"));
+    QCOMPARE(edit.text(), QString("Off"));
+    QCOMPARE(reportedNames(), QStringList({"TriggerMode", "TriggerMode"}));
+}
+
+void tst_AdvTriggerRefresh::subclassesLookAfterThemselves_data()
+{
+    QTest::addColumn<AddWidget>("add");
+    QTest::newRow("combo box") << adder<OwnComboBox>();
+    QTest::newRow("spin box") << adder<OwnSpinBox>();
+    QTest::newRow("line edit") << adder<OwnLineEdit>();
+}
+
+void tst_AdvTriggerRefresh::subclassesLookAfterThemselves()
+{
+    QFETCH(AddWidget, add);
+    QWidget* widget = add(*engine, "xxxTriggerDelay");
+    camera->find("TriggerDelay")->state().writable = false;
+    camera->clearLog();
+    engine->refresh({"TriggerDelay"});
+    QVERIFY(widget->isEnabled());
+    QVERIFY(camera->calls().empty());
+    // It counts as a widget of the feature all the same.
+    QCOMPARE(reports->count(), 0);
+}
+
+void tst_AdvTriggerRefresh::comboBoxShowsEntriesAndValue()
+{
+    auto& box = engine->add<QComboBox>("cmbTriggerMode");
+    engine->InitBaseWidgets();
+    auto& mode = camera->find("TriggerMode")->state();
+    mode.text = "On";
+    mode.entries.push_back({"Auto", 7, true});
+    engine->refresh({"TriggerMode"});
+    QCOMPARE(box.currentText(), QString("On"));
+    QCOMPARE(box.count(), 3);
+    QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
+    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerMode", QString("On")}));
+}
+
+void tst_AdvTriggerRefresh::doubleSpinBoxShowsRangeAndValue()
+{
+    auto& box = engine->add<QDoubleSpinBox>("spbTriggerDelay");
+    engine->InitBaseWidgets();
+    auto& delay = camera->find("TriggerDelay")->state();
+    delay.minReal = 1.0;
+    delay.maxReal = 20.0;
+    delay.real = 12.3456;
+    engine->refresh({"TriggerDelay"});
+    QCOMPARE(box.minimum(), 1.0);
+    QCOMPARE(box.maximum(), 20.0);
+    QCOMPARE(box.value(), 12.35); // two decimals
+    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.3456}));
+}
+
+void tst_AdvTriggerRefresh::spinBoxShowsRangeAndValueTruncated()
+{
+    auto& box = engine->add<QSpinBox>("spbTriggerDelay");
+    engine->InitBaseWidgets();
+    auto& delay = camera->find("TriggerDelay")->state();
+    delay.minReal = 1.9;
+    delay.maxReal = 1e12;
+    delay.real = 12.9;
+    engine->refresh({"TriggerDelay"});
+    QCOMPARE(box.minimum(), 1);
+    QCOMPARE(box.maximum(), std::numeric_limits<int>::max());
+    QCOMPARE(box.value(), 12);
+    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.9}));
+}
+
+void tst_AdvTriggerRefresh::checkBoxShowsTheValue()
+{
+    auto& box = engine->add<QCheckBox>("chkLineInverter");
+    engine->InitBaseWidgets();
+    QVERIFY(!box.isChecked());
+    camera->find("LineInverter")->state().boolean = true;
+    engine->refresh({"LineInverter"});
+    QVERIFY(box.isChecked());
+    QCOMPARE(reports->takeFirst(), QList<QVariant>({"LineInverter", 1.0}));
+}
+
+void tst_AdvTriggerRefresh::lineEditShowsTheText()
+{
+    auto& edit = engine->add<QLineEdit>("txtActionGroupKey");
+    engine->InitBaseWidgets();
+    camera->find("ActionGroupKey")->state().integer = 0xabc;
+    engine->refresh({"ActionGroupKey"});
+    QCOMPARE(edit.text(), QString("0xABC"));
+    QCOMPARE(reports->takeFirst(), QList<QVariant>({"ActionGroupKey", QString("0xABC")}));
+}
+
+void tst_AdvTriggerRefresh::unreadableLineEditKeepsItsTextAndReportsNothing()
+{
+    auto& edit = engine->add<QLineEdit>("txtActionDeviceKey");
+    engine->InitBaseWidgets();
+    edit.setText("0x1");
+    engine->refresh({"ActionDeviceKey"});
+    QCOMPARE(edit.text(), QString("0x1"));
+    QVERIFY(edit.isEnabled());
+    QCOMPARE(reports->count(), 0);
+    camera->find("ActionDeviceKey")->state().writable = false;
+    engine->refresh({"ActionDeviceKey"});
+    QVERIFY(!edit.isEnabled());
+}
+
+void tst_AdvTriggerRefresh::writabilityEnablesAndDisables()
+{
+    QFETCH(AddWidget, add);
+    QWidget* widget = add(*engine, "xxxTriggerDelay");
+    engine->InitBaseWidgets();
+    camera->find("TriggerDelay")->state().writable = false;
+    engine->refresh({"TriggerDelay"});
+    QVERIFY(!widget->isEnabled());
+    camera->find("TriggerDelay")->state().writable = true;
+    engine->refresh({"TriggerDelay"});
+    QVERIFY(widget->isEnabled());
+}
+
+void tst_AdvTriggerRefresh::softwareTriggerButtonFollowsTheSource()
+{
+    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
+    engine->InitBaseWidgets();
+    QVERIFY(button.isEnabled());
+    camera->find("TriggerSource")->state().text = "Line0";
+    engine->refresh({"TriggerMode", "TriggerSource"});
+    QVERIFY(!button.isEnabled());
+    camera->find("TriggerSource")->state().text = "Software";
+    engine->refresh({"TriggerSource"});
+    QVERIFY(button.isEnabled());
+}
+
+void tst_AdvTriggerRefresh::softwareTriggerButtonIsLeftAloneWithoutSourceChange()
+{
+    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
+    engine->InitBaseWidgets();
+    camera->find("TriggerSource")->state().text = "Line0";
+    engine->refresh({"TriggerMode"});
+    QVERIFY(button.isEnabled());
+}
+
+void tst_AdvTriggerRefresh::softwareTriggerRuleWinsOverItsWritability()
+{
+    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
+    engine->InitBaseWidgets();
+    camera->find("TriggerSource")->state().text = "Line0";
+    engine->refresh({"TriggerSource", "TriggerSoftware"});
+    QVERIFY(!button.isEnabled());
+    engine->refresh({"TriggerSoftware"});
+    QVERIFY(button.isEnabled());
+}
+
+QTEST_MAIN(tst_AdvTriggerRefresh)
+#include "tst_AdvTriggerRefresh.moc"

@@ -1,0 +1,138 @@
+#pragma once
+
+#include "widgets/BaseTabPluginWidget.h"
+
+#include <QMap>
+#include <QVariant>
+
+#include <optional>
+
+class QCheckBox;
+class QDoubleSpinBox;
+class QLineEdit;
+class QSpinBox;
+
+/// The engine below the trigger tab and the advanced dialog: binds the widgets of a form to camera
+/// features by their object names, so that the forms need no code per feature.
+///
+/// The rule: an object name is a prefix of three letters followed by the exact name of a feature.
+/// The prefix says to people what the widget is; the engine goes by the widget's class alone.
+///
+///     cmbTriggerMode      a combo box with the entries of TriggerMode
+///     spbTriggerDelay     a spin box or double spin box with the value and range of TriggerDelay
+///     chkLineInverter     a check box for LineInverter
+///     txtActionDeviceKey  a line edit for ActionDeviceKey
+///     btnTriggerSoftware  a push button that runs the command TriggerSoftware
+///     lblTriggerMode      a label: counts as a widget of TriggerMode, shows nothing of it
+///
+/// The exceptions, in the order in which they apply:
+/// - The line edit inside a spin box ("qt_spinbox_lineedit") is part of the spin box.
+/// - A widget whose feature the camera lacks is disabled and left unbound, unless m_exemptWidgets
+///   holds its object name: "cmbSelectPreset" names no feature and stays as the form has it.
+/// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software".
+/// - For its tooltip, a widget named in two parts goes by the second one: "cmbLine0_LineMode" shows
+///   the tooltip of LineMode.
+///
+/// GUI thread only. A camera that adjusts or refuses a value is no error: the widget shows what the
+/// camera then has. A refresh never writes to the camera.
+class AdvTriggerBase : public BaseTabPluginWidget
+{
+    Q_OBJECT
+
+public:
+    /// Names of the presets that have a meaning of their own.
+    inline static const QString CUSTOM_PRESET = QStringLiteral("Custom");
+    inline static const QString TURN_OFF_PRESET = QStringLiteral("Turn Off All");
+    inline static const QString RESET_PRESET = QStringLiteral("Reset All");
+
+    /// Shares the feature list. Throws TENotSupported for cameras of other vendors.
+    AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    /// A refresh read a new value: a text for combo boxes and line edits, a number for the other
+    /// widgets, either for features that have no widget.
+    void FeatureChanged(const QString& featureName, const QVariant& value);
+    /// The host started or stopped the acquisition.
+    void CamStreamingOn(bool streamingIsOn);
+
+protected:
+    /// Binds the form's widgets. Call it once, after the form is complete and m_exemptWidgets is
+    /// filled.
+    void InitBaseWidgets();
+
+    /// Shows the camera's state of the features in m_changedFeatures, selectors first.
+    void UpdateInitBase();
+
+    /// Writes one feature and compares what the camera then has. Numbers are clamped to the
+    /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
+    /// nothing on success and where the camera lacks the feature or does not let it be written.
+    QString SetFeatureValue(const QString& feature, const QVariant& value);
+
+protected slots:
+    void OnChangeComboboxSelection(const QString& text);
+    void OnFinishLineEdit();
+    void OnChangeSpinbox(int value);
+    void OnChangeDoubleSpinbox(double value);
+    void OnChangeCheckbox(int state);
+    void OnExecuteCommandButton();
+    /// The user changed a setting by hand: the subclass's preset box goes to CUSTOM_PRESET.
+    virtual void SetCustomPreset() = 0;
+    /// Feature tooltips are shown from the first non-zero check state on.
+    void ActivateTooltips(int state);
+
+private:
+    void InitComboBoxes();
+    void InitLineEdits();
+    void InitDoubleSpinBoxes();
+    void InitSpinBoxes();
+    void InitCheckBoxes();
+    void InitButtons();
+    void BindComboBox(QComboBox& box, const QString& feature);
+    void BindLineEdit(QLineEdit& edit, const QString& feature);
+    void BindDoubleSpinBox(QDoubleSpinBox& box, const QString& feature);
+    void BindSpinBox(QSpinBox& box, const QString& feature);
+    void BindCheckBox(QCheckBox& box, const QString& feature);
+    bool DisableUnlessAvailable(QWidget& widget);
+    void AddKnownFeature(const QString& feature);
+    void LimitInput(QLineEdit& edit, const QString& feature);
+    void ConnectEdits(QWidget& widget, const char* signal, const char* slot);
+
+    void RefreshFeature(const QString& feature);
+    void RefreshSoftwareButton();
+    QVariant RefreshWidget(QWidget& widget, const QString& feature);
+    QVariant RefreshComboBox(QComboBox& box, const QString& feature);
+    QVariant RefreshLineEdit(QLineEdit& edit, const QString& feature);
+    QVariant ReadFeature(const QString& feature) const;
+
+    bool IsSoftwareTriggered() const;
+    bool IsTextFeature(const QString& feature) const;
+    bool IsHexFeature(const QString& feature) const;
+    static QString NumberText(double value);
+    QString ValueText(const QString& feature) const;
+    std::optional<QString> ReadableText(const QString& feature) const;
+    double ShowValue(QDoubleSpinBox& box, const QString& feature);
+    double ShowValue(QSpinBox& box, const QString& feature);
+    double ShowValue(QCheckBox& box, const QString& feature);
+
+    double WriteNumber(const QWidget& widget, double value);
+    double WithinRange(const QString& feature, const QVariant& value) const;
+
+    bool FilterWheel(QObject* watched, QEvent* event) const;
+    bool FilterToolTip(QObject* watched);
+    QString ToolTipFeature(const QString& objectName) const;
+    QString ToolTipOf(const QString& feature);
+
+protected:
+    /// Features that widgets are bound to, duplicates allowed.
+    QStringList m_knownFeatures;
+    bool m_tooltipsActive = false;
+    /// Keeps the camera's features alive as long as the engine.
+    ZalCPP::FeatureList m_featureList;
+    /// First tooltip of each feature; it is not renewed when the feature's limits change.
+    QMap<QString, QString> m_tooltipCache;
+    /// Full object names of widgets that are no features: never disabled as unavailable, and their
+    /// tooltips are their own.
+    QStringList m_exemptWidgets;
+};

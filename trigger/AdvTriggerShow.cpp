@@ -1,0 +1,127 @@
+// Values and limits of features in widgets, for the first time and after every change.
+#include "features/FeatureManager.h"
+#include "features/NumberConversions.h"
+#include "trigger/AdvTriggerBase.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QDoubleValidator>
+#include <QLineEdit>
+#include <QLocale>
+#include <QRegularExpressionValidator>
+#include <QSpinBox>
+
+namespace {
+
+/// Lets a number field be cleared: a field without acceptable text never finishes its editing.
+class DoubleValidator : public QDoubleValidator
+{
+public:
+    using QDoubleValidator::QDoubleValidator;
+
+    State validate(QString& input, int& position) const override
+    {
+        return input.isEmpty() ? Acceptable : QDoubleValidator::validate(input, position);
+    }
+};
+
+struct Range
+{
+    double min = -1.0;
+    double max = -1.0;
+};
+
+Range RangeOf(const FeatureManager& manager, const QString& feature)
+{
+    Range range;
+    double increment = -1.0;
+    manager.GetValueRangeIncrement(feature, &range.min, &range.max, &increment);
+    return range;
+}
+
+} // namespace
+
+bool AdvTriggerBase::IsTextFeature(const QString& feature) const
+{
+    const ZalFeatureDataType type = m_featureManager->GetDataType(feature);
+    return type == ZalFeatureEnum || type == ZalFeatureString;
+}
+
+bool AdvTriggerBase::IsHexFeature(const QString& feature) const
+{
+    return m_featureManager->GetRepresentation(feature) == QLatin1String("HexNumber");
+}
+
+/// All digits that tell the number from its neighbours, and no more: 4294967295, 0.1.
+QString AdvTriggerBase::NumberText(double value)
+{
+    return QStringLiteral("%1").arg(value, 0, 'g', QLocale::FloatingPointShortest);
+}
+
+QString AdvTriggerBase::ValueText(const QString& feature) const
+{
+    if (IsTextFeature(feature))
+        return m_featureManager->GetStringValue(feature);
+    const double value = m_featureManager->GetValue(feature);
+    if (!IsHexFeature(feature))
+        return NumberText(value);
+    // Negative numbers show as their 64-bit pattern.
+    return QStringLiteral("0x%1").arg(
+        QString::number(NumberConversions::toInt64(value), 16).toUpper());
+}
+
+std::optional<QString> AdvTriggerBase::ReadableText(const QString& feature) const
+{
+    if (!m_featureManager->GetIsReadable(feature))
+        return std::nullopt;
+    return ValueText(feature);
+}
+
+/// Limits what may be typed to what can be written.
+void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
+{
+    if (IsHexFeature(feature)) {
+        static const QRegularExpression hexNumber(QStringLiteral("0x([0-9a-fA-F]){1,16}"));
+        edit.setValidator(new QRegularExpressionValidator(hexNumber, &edit));
+        return;
+    }
+    constexpr int decimals = 10;
+    const Range range = RangeOf(*m_featureManager, feature);
+    auto* validator = new DoubleValidator(range.min, range.max, decimals, &edit);
+    // Typed as it is parsed: in C notation, and without group separators.
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::RejectGroupSeparator);
+    validator->setLocale(locale);
+    edit.setValidator(validator);
+}
+
+double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
+{
+    const Range range = RangeOf(*m_featureManager, feature);
+    box.setRange(range.min, range.max);
+    const double value = m_featureManager->GetValue(feature);
+    box.setValue(value);
+    return value;
+}
+
+double AdvTriggerBase::ShowValue(QSpinBox& box, const QString& feature)
+{
+    const Range range = RangeOf(*m_featureManager, feature);
+    box.setRange(NumberConversions::toInt(range.min), NumberConversions::toInt(range.max));
+    const double value = m_featureManager->GetValue(feature);
+    box.setValue(NumberConversions::toInt(value));
+    return value;
+}
+
+double AdvTriggerBase::ShowValue(QCheckBox& box, const QString& feature)
+{
+    const double value = m_featureManager->GetValue(feature);
+    box.setChecked(value != 0.0);
+    return value;
+}
+
+bool AdvTriggerBase::IsSoftwareTriggered() const
+{
+    return m_featureManager->GetStringValue(QStringLiteral("TriggerSource")) ==
+           QLatin1String("Software");
+}
