@@ -41,7 +41,8 @@ public:
     FakeFeaturePtr add(const std::string& name, ZalFeatureDataType type);
     void remove(const std::string& name);
 
-    /// Puts features under a selector: each gets a state per entry of the selector.
+    /// Puts features under a selector (enumeration or integer): each gets a state per entry of the
+    /// selector.
     void select(const std::string& selector, const std::vector<std::string>& selected);
 
     /// The feature of that name; null when there is none.
@@ -64,6 +65,9 @@ public:
     std::vector<std::string> writes() const; ///< Set... and RunCommand entries only.
     int callCount(const std::string& operation, const std::string& feature) const;
     void clearLog();
+    /// Off, calls are no longer logged: for benchmarks, where the log would cost more than the
+    /// call.
+    void setLogging(bool on);
 
     /// Calls the feature's observers from a thread of its own, as the SDK does, and returns when
     /// they have been called. What they post to other threads is still on its way then.
@@ -82,6 +86,7 @@ private:
     };
     mutable std::mutex mutex;
     std::vector<Call> log;
+    bool logging = true;
     std::map<std::pair<std::string, std::string>, ZalErrorType> failing;
     int failCountdown = 0;
     ZalErrorType failCountdownStatus = 0;

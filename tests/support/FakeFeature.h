@@ -47,6 +47,12 @@ struct State
 
 /// A camera feature that does what a test tells it to. Make it with FakeCamera's add functions and
 /// set the public fields before handing the camera to the code under test.
+///
+/// Each call checks, in this order: the camera's scripted failures, the data type, the current
+/// state's implemented flag (ZalErrorNotAvailable), then access (ZalErrorNotReadable or
+/// ZalErrorNotWritable) or the presence of range and increment (ZalErrorNotAvailable). A number
+/// outside range or increment is refused with ZalErrorOutOfRange, an unknown or unavailable entry
+/// with ZalErrorBadParameter. A refused write changes nothing.
 class FakeFeature : public ZalCPP::Feature, public std::enable_shared_from_this<FakeFeature>
 {
 public:
@@ -64,12 +70,14 @@ public:
     ZalFeatureFlagsType flags = ZalFeatureFlagsRead | ZalFeatureFlagsWrite;
     ZalFeatureVisibilityType visibility = ZalFeatureVisibilityBeginner;
     std::vector<long long> validValues;
+    bool commandDone = true; ///< What IsCommandDone answers.
 
     /// The selector that governs this feature, or null. Set with FakeCamera::select.
     FakeFeature* selector = nullptr;
     std::vector<std::shared_ptr<FakeFeature>> selectedFeatures;
 
-    /// Called after each successful write, with the camera unlocked: adjust values, or change others.
+    /// Called after each successful write, with the camera unlocked: adjust values, or change
+    /// others.
     std::function<void(FakeFeature&)> onWrite;
     /// Called when a command runs.
     std::function<void()> onRun;
@@ -129,6 +137,19 @@ public:
     UnregisterObserver(const std::shared_ptr<ZalCPP::IFeatureObserver>& observer) override;
 
 private:
+    ZalErrorType checkRead(const char* operation, ZalFeatureDataType wanted) const;
+    ZalErrorType checkRange(const char* operation, ZalFeatureDataType wanted) const;
+    ZalErrorType checkEnum(const char* operation) const;
+    /// Logs the write and says whether the feature takes a value of that type now.
+    ZalErrorType checkWrite(const char* operation, const std::string& value,
+                            ZalFeatureDataType wanted);
+    ZalErrorType giveFact(const char* operation, const std::string& fact, char* buffer,
+                          std::uint32_t& count) const;
+    ZalErrorType acceptEntry(const std::string& entryName);
+    /// Calls onWrite, as the last step of each successful write.
+    ZalErrorType written();
+    std::string selectedEntry() const;
+
     FakeCamera& camera;
     State base;
     std::map<std::string, State> perEntry;

@@ -1,0 +1,431 @@
+#include "tests/support/FakeCamera.h"
+
+#include <QtTest>
+
+#include <limits>
+#include <thread>
+
+using Fake::FakeCamera;
+using Fake::FakeFeature;
+
+namespace {
+
+class RecordingObserver : public ZalCPP::IFeatureObserver
+{
+public:
+    void FeatureChanged(const std::shared_ptr<ZalCPP::Feature>& feature) override
+    {
+        changed.push_back(feature.get());
+        thread = std::this_thread::get_id();
+        if (onChange)
+            onChange();
+    }
+    std::vector<const ZalCPP::Feature*> changed; // not shared: the feature shares the observer
+    std::thread::id thread;
+    std::function<void()> onChange;
+};
+
+std::string textOf(const FakeFeature& feature)
+{
+    char buffer[64] = {};
+    std::uint32_t count = sizeof buffer;
+    return feature.GetStringValue(buffer, count) == ZalErrorSuccess ? buffer : "unreadable";
+}
+
+QStringList toList(const std::vector<std::string>& texts)
+{
+    QStringList list;
+    for (const std::string& text : texts)
+        list.append(QString::fromStdString(text));
+    return list;
+}
+
+} // namespace
+
+class tst_FakeCamera : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void standardCameraHasEveryFeatureOfTheForms_data();
+    void standardCameraHasEveryFeatureOfTheForms();
+    void standardSelectorsStandBeforeWhatTheySelect();
+    void standardLineModesDifferByLine();
+    void textsAreReadWithTheTwoCallPattern();
+    void bufferThatIsTooSmallIsRefused();
+    void readsOfAnotherTypeAreRefused();
+    void writesAreCheckedAndLeaveTheStateAloneWhenRefused_data();
+    void writesAreCheckedAndLeaveTheStateAloneWhenRefused();
+    void acceptedWritesChangeTheState();
+    void eachSelectorEntryHasItsOwnState();
+    void integerSelectorSelectsByIndex();
+    void featureMissingForTheSelectedEntryFailsItsNameRead();
+    void removedFeatureLeavesNoTrace();
+    void failCallHitsOneOperationOnly();
+    void failNthCallHitsExactlyOneCall();
+    void failEverythingLastsUntilCleared();
+    void logHoldsCallsAndWritesInOrder();
+    void writeHookMayChangeOtherFeatures();
+    void commandsRunTheirHook();
+    void notifyCallsObserversOnAThreadOfItsOwn();
+    void secondRegistrationSucceedsWithoutASecondEntry();
+    void observerMayUnregisterFromWithinItsCallback();
+};
+
+void tst_FakeCamera::standardCameraHasEveryFeatureOfTheForms_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<unsigned>("type");
+    QTest::newRow("integer") << QString("AcquisitionFrameCount ActionSelector ActionDeviceKey "
+                                        "ActionGroupKey ActionGroupMask ActionQueueSize PtpClockID "
+                                        "PtpParentClockID PtpGrandmasterClockID "
+                                        "PtpOffsetFromMaster TimestampLatchValue CounterDuration "
+                                        "CounterValue CounterValueAtReset")
+                                    .split(' ')
+                             << ZalFeatureInteger;
+    QTest::newRow("float")
+        << QString("TriggerDelay LineDebounceDuration TimerDuration TimerDelay").split(' ')
+        << ZalFeatureFloat;
+    QTest::newRow("enumeration")
+        << QString("TriggerSelector TriggerMode TriggerSource TriggerActivation LineSelector "
+                   "LineMode LineSource LineDebounceMode AcquisitionMode ExposureMode "
+                   "PtpOperationMode PtpStatus PtpServoStatus PtpClockAccuracy "
+                   "SoftwareSignalSelector CounterSelector CounterEventSource "
+                   "CounterEventActivation CounterTriggerSource CounterTriggerActivation "
+                   "CounterResetSource CounterResetActivation CounterStatus TimerSelector "
+                   "TimerTriggerSource TimerTriggerActivation TimerStatus")
+               .split(' ')
+        << ZalFeatureEnum;
+    QTest::newRow("boolean") << QString("LineInverter LineStatus PtpEnable").split(' ')
+                             << ZalFeatureBool;
+    QTest::newRow("string")
+        << QString("DeviceVendorName DeviceModelName DeviceSerialNumber DeviceFamilyName")
+               .split(' ')
+        << ZalFeatureString;
+    QTest::newRow("command") << QString("TriggerSoftware PtpDataSetLatch TimestampLatch "
+                                        "SoftwareSignalPulse CounterReset TimerReset")
+                                    .split(' ')
+                             << ZalFeatureCommand;
+}
+
+void tst_FakeCamera::standardCameraHasEveryFeatureOfTheForms()
+{
+    QFETCH(QStringList, names);
+    QFETCH(unsigned, type);
+    const auto camera = FakeCamera::standard();
+    for (const QString& name : names) {
+        const auto feature = camera->find(name.toStdString());
+        QVERIFY2(feature != nullptr, qPrintable(name));
+        QVERIFY2(feature->type == type, qPrintable(name));
+    }
+}
+
+void tst_FakeCamera::standardSelectorsStandBeforeWhatTheySelect()
+{
+    const auto camera = FakeCamera::standard();
+    std::vector<const ZalCPP::Feature*> seen;
+    int selected = 0;
+    for (const auto& handle : *camera->features()) {
+        const auto* feature = dynamic_cast<const FakeFeature*>(handle.get());
+        if (feature->selector != nullptr) {
+            ++selected;
+            QVERIFY2(std::find(seen.begin(), seen.end(), feature->selector) != seen.end(),
+                     feature->name.c_str());
+        }
+        seen.push_back(feature);
+    }
+    QCOMPARE(selected, 31);
+}
+
+void tst_FakeCamera::standardLineModesDifferByLine()
+{
+    const auto camera = FakeCamera::standard();
+    QCOMPARE((*camera)["LineSelector"].SetStringValue("Line0"), ZalErrorSuccess);
+    QCOMPARE(textOf((*camera)["LineMode"]), std::string("Input"));
+    QCOMPARE((*camera)["LineSelector"].SetStringValue("Line3"), ZalErrorSuccess);
+    QCOMPARE(textOf((*camera)["LineMode"]), std::string("Output"));
+}
+
+void tst_FakeCamera::textsAreReadWithTheTwoCallPattern()
+{
+    FakeCamera camera;
+    const auto feature = camera.addString("Name", "abc");
+    std::uint32_t count = 99;
+    QCOMPARE(feature->GetStringValue(nullptr, count), ZalErrorSuccess);
+    QCOMPARE(count, 4U);
+    char buffer[8] = "xxxxxxx";
+    count = sizeof buffer;
+    QCOMPARE(feature->GetStringValue(buffer, count), ZalErrorSuccess);
+    QCOMPARE(count, 4U);
+    QCOMPARE(QByteArray(buffer), QByteArray("abc"));
+}
+
+void tst_FakeCamera::bufferThatIsTooSmallIsRefused()
+{
+    FakeCamera camera;
+    const auto feature = camera.addString("Name", "abc");
+    char buffer[3] = "xy";
+    std::uint32_t count = sizeof buffer;
+    QCOMPARE(feature->GetStringValue(buffer, count), ZalErrorBufferTooSmall);
+    QCOMPARE(QByteArray(buffer), QByteArray("xy"));
+}
+
+void tst_FakeCamera::readsOfAnotherTypeAreRefused()
+{
+    FakeCamera camera;
+    const auto feature = camera.addFloat("Delay", 2.5);
+    long long integer = 7;
+    bool flag = true;
+    std::uint32_t count = 0;
+    QCOMPARE(feature->GetIntegerValue(integer), ZalErrorWrongType);
+    QCOMPARE(feature->GetBoolValue(flag), ZalErrorWrongType);
+    QCOMPARE(feature->GetStringValue(nullptr, count), ZalErrorWrongType);
+    QCOMPARE(feature->GetIntegerIncrement(integer), ZalErrorWrongType);
+    QCOMPARE(feature->GetEnumNames(nullptr, count), ZalErrorWrongType);
+    QCOMPARE(feature->RunCommand(), ZalErrorWrongType);
+    QCOMPARE(integer, 7LL);
+}
+
+void tst_FakeCamera::writesAreCheckedAndLeaveTheStateAloneWhenRefused_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("status");
+    QTest::newRow("integer below") << "Count" << 9.0 << "" << ZalErrorOutOfRange;
+    QTest::newRow("integer above") << "Count" << 111.0 << "" << ZalErrorOutOfRange;
+    QTest::newRow("integer between steps") << "Count" << 21.0 << "" << ZalErrorOutOfRange;
+    QTest::newRow("float above") << "Delay" << 10.5 << "" << ZalErrorOutOfRange;
+    QTest::newRow("float between steps") << "Delay" << 0.3 << "" << ZalErrorOutOfRange;
+    QTest::newRow("float not a number")
+        << "Delay" << std::numeric_limits<double>::quiet_NaN() << "" << ZalErrorOutOfRange;
+    QTest::newRow("unknown entry") << "Mode" << 0.0 << "Maybe" << ZalErrorBadParameter;
+    QTest::newRow("unavailable entry") << "Mode" << 0.0 << "On" << ZalErrorBadParameter;
+    QTest::newRow("read-only") << "Fixed" << 5.0 << "" << ZalErrorNotWritable;
+    QTest::newRow("other type") << "Mode" << 1.0 << "" << ZalErrorWrongType;
+}
+
+void tst_FakeCamera::writesAreCheckedAndLeaveTheStateAloneWhenRefused()
+{
+    QFETCH(QString, feature);
+    QFETCH(double, number);
+    QFETCH(QString, text);
+    QFETCH(int, status);
+    FakeCamera camera;
+    camera.addInteger("Count", 10, 10, 110, 4);
+    camera.addFloat("Delay", 1.0, 0.0, 10.0)->state().incrementReal = 0.25;
+    camera.addEnum("Mode", {"Off", "On"}, "Off")->state().entries[1].available = false;
+    camera.addInteger("Fixed", 3)->state().writable = false;
+    FakeFeature& target = camera[feature.toStdString()];
+    bool hookRan = false;
+    target.onWrite = [&](FakeFeature&) { hookRan = true; };
+
+    const ZalErrorType actual = !text.isEmpty() ? target.SetStringValue(text.toUtf8().constData())
+                                : target.type == ZalFeatureFloat
+                                    ? target.SetFloatValue(number)
+                                    : target.SetIntegerValue(static_cast<long long>(number));
+
+    QCOMPARE(actual, status);
+    QVERIFY(!hookRan);
+    QCOMPARE(camera["Count"].state().integer, 10LL);
+    QCOMPARE(camera["Delay"].state().real, 1.0);
+    QCOMPARE(camera["Mode"].state().text, std::string("Off"));
+    QCOMPARE(camera["Fixed"].state().integer, 3LL);
+}
+
+void tst_FakeCamera::acceptedWritesChangeTheState()
+{
+    FakeCamera camera;
+    const unsigned char bytes[] = {1, 255};
+    QCOMPARE(camera.addInteger("Count", 10, 10, 110, 4)->SetIntegerValue(22), ZalErrorSuccess);
+    QCOMPARE(camera.addFloat("Delay", 1.0)->SetFloatValue(2.5), ZalErrorSuccess);
+    QCOMPARE(camera.addBool("Flag", false)->SetBoolValue(true), ZalErrorSuccess);
+    QCOMPARE(camera.addEnum("Mode", {"Off", "On"}, "Off")->SetStringValue("On"), ZalErrorSuccess);
+    QCOMPARE(camera.addRaw("Data", {})->SetRawValue(bytes, 2), ZalErrorSuccess);
+    QCOMPARE(camera["Count"].state().integer, 22LL);
+    QCOMPARE(camera["Delay"].state().real, 2.5);
+    QCOMPARE(camera["Flag"].state().boolean, true);
+    QCOMPARE(camera["Mode"].state().text, std::string("On"));
+    QCOMPARE(camera["Data"].state().raw, (std::vector<unsigned char>{1, 255}));
+    QCOMPARE(
+        toList(camera.writes()),
+        (QStringList{"SetIntegerValue Count=22", "SetFloatValue Delay=2.5",
+                     "SetBoolValue Flag=true", "SetStringValue Mode=On", "SetRawValue Data=01ff"}));
+}
+
+void tst_FakeCamera::eachSelectorEntryHasItsOwnState()
+{
+    FakeCamera camera;
+    camera.addEnum("Selector", {"A", "B"}, "A");
+    camera.addFloat("Value", 1.0);
+    camera.select("Selector", {"Value"});
+    QCOMPARE(camera["Value"].SetFloatValue(5.0), ZalErrorSuccess);
+    QCOMPARE(camera["Selector"].SetStringValue("B"), ZalErrorSuccess);
+    QCOMPARE(camera["Value"].state().real, 1.0);
+    QCOMPARE(camera["Value"].stateFor("A").real, 5.0);
+    std::uint32_t count = 0;
+    QCOMPARE(camera["Selector"].GetSelectedFeatures(nullptr, count), ZalErrorSuccess);
+    QCOMPARE(count, 1U);
+}
+
+void tst_FakeCamera::integerSelectorSelectsByIndex()
+{
+    FakeCamera camera;
+    camera.addInteger("Selector", 0, 0, 1);
+    camera.addInteger("Key", 1);
+    camera.select("Selector", {"Key"});
+    camera["Key"].stateFor("1").integer = 9;
+    QCOMPARE(camera["Key"].state().integer, 1LL);
+    QCOMPARE(camera["Selector"].SetIntegerValue(1), ZalErrorSuccess);
+    QCOMPARE(camera["Key"].state().integer, 9LL);
+}
+
+void tst_FakeCamera::featureMissingForTheSelectedEntryFailsItsNameRead()
+{
+    const auto camera = FakeCamera::standard();
+    FakeFeature& source = (*camera)["LineSource"];
+    source.stateFor("Line1").implemented = false;
+    std::uint32_t count = 0;
+    QCOMPARE(source.GetName(nullptr, count), ZalErrorSuccess);
+    QCOMPARE((*camera)["LineSelector"].SetStringValue("Line1"), ZalErrorSuccess);
+    QCOMPARE(source.GetName(nullptr, count), ZalErrorNotAvailable);
+    bool readable = true;
+    QCOMPARE(source.IsReadable(readable), ZalErrorSuccess);
+    QVERIFY(!readable);
+}
+
+void tst_FakeCamera::removedFeatureLeavesNoTrace()
+{
+    const auto camera = FakeCamera::standard();
+    const auto before = camera->features()->size();
+    camera->remove("TriggerSelector");
+    camera->remove("NoSuchFeature");
+    QVERIFY(!camera->find("TriggerSelector"));
+    QCOMPARE(camera->features()->size(), before - 1);
+    QVERIFY((*camera)["TriggerMode"].selector == nullptr);
+    camera->remove("LineMode");
+    QCOMPARE((*camera)["LineSelector"].selectedFeatures.size(), std::size_t(5));
+}
+
+void tst_FakeCamera::failCallHitsOneOperationOnly()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    camera.failCall("GetIntegerValue", "Count", ZalErrorTimeout);
+    long long value = 0;
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorTimeout);
+    QCOMPARE(feature->GetIntegerIncrement(value), ZalErrorSuccess);
+    camera.clearFailures();
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+}
+
+void tst_FakeCamera::failNthCallHitsExactlyOneCall()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    camera.failNthCall(2);
+    long long value = 0;
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorTransport);
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+}
+
+void tst_FakeCamera::failEverythingLastsUntilCleared()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    camera.failEverything();
+    long long value = 0;
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorNotOpen);
+    QCOMPARE(feature->SetIntegerValue(4), ZalErrorNotOpen);
+    camera.clearFailures();
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+    QCOMPARE(value, 3LL);
+}
+
+void tst_FakeCamera::logHoldsCallsAndWritesInOrder()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    const auto command = camera.addCommand("Go");
+    long long value = 0;
+    feature->GetIntegerValue(value);
+    feature->SetIntegerValue(4);
+    command->RunCommand();
+    QCOMPARE(toList(camera.calls()),
+             (QStringList{"GetIntegerValue Count", "SetIntegerValue Count=4", "RunCommand Go"}));
+    QCOMPARE(toList(camera.writes()), (QStringList{"SetIntegerValue Count=4", "RunCommand Go"}));
+    QCOMPARE(camera.callCount("SetIntegerValue", "Count"), 1);
+    QCOMPARE(camera.callCount("SetIntegerValue", "Cou"), 0);
+    camera.clearLog();
+    QVERIFY(camera.calls().empty());
+}
+
+void tst_FakeCamera::writeHookMayChangeOtherFeatures()
+{
+    FakeCamera camera;
+    const auto mode = camera.addEnum("Mode", {"Off", "On"}, "Off");
+    const auto delay = camera.addFloat("Delay", 0.0);
+    mode->onWrite = [&](FakeFeature& written) {
+        delay->state().writable = written.state().text == "On";
+        QCOMPARE(camera.writes().size(), std::size_t(1));
+    };
+    delay->state().writable = false;
+    QCOMPARE(mode->SetStringValue("On"), ZalErrorSuccess);
+    QVERIFY(delay->state().writable);
+}
+
+void tst_FakeCamera::commandsRunTheirHook()
+{
+    FakeCamera camera;
+    const auto command = camera.addCommand("Go");
+    int runs = 0;
+    command->onRun = [&] { ++runs; };
+    QCOMPARE(command->RunCommand(), ZalErrorSuccess);
+    command->state().writable = false;
+    QCOMPARE(command->RunCommand(), ZalErrorNotWritable);
+    QCOMPARE(runs, 1);
+}
+
+void tst_FakeCamera::notifyCallsObserversOnAThreadOfItsOwn()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    const auto observer = std::make_shared<RecordingObserver>();
+    QCOMPARE(feature->RegisterObserver(observer), ZalErrorSuccess);
+    camera.notify("Count");
+    QCOMPARE(observer->changed.size(), std::size_t(1));
+    QVERIFY(observer->changed.front() == feature.get());
+    QVERIFY(observer->thread != std::this_thread::get_id());
+}
+
+void tst_FakeCamera::secondRegistrationSucceedsWithoutASecondEntry()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    const auto observer = std::make_shared<RecordingObserver>();
+    QCOMPARE(feature->RegisterObserver(observer), ZalErrorSuccess);
+    QCOMPARE(feature->RegisterObserver(observer), ZalErrorSuccess);
+    QCOMPARE(feature->observerCount(), std::size_t(1));
+    QCOMPARE(feature->UnregisterObserver(observer), ZalErrorSuccess);
+    QCOMPARE(feature->UnregisterObserver(observer), ZalErrorNotFound);
+    QCOMPARE(feature->RegisterObserver(nullptr), ZalErrorBadParameter);
+    QCOMPARE(feature->observerCount(), std::size_t(0));
+}
+
+void tst_FakeCamera::observerMayUnregisterFromWithinItsCallback()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    const auto observer = std::make_shared<RecordingObserver>();
+    observer->onChange = [&] { feature->UnregisterObserver(observer); };
+    feature->RegisterObserver(observer);
+    camera.notify("Count");
+    camera.notify("Count");
+    QCOMPARE(observer->changed.size(), std::size_t(1));
+    observer->onChange = nullptr;
+}
+
+QTEST_APPLESS_MAIN(tst_FakeCamera)
+
+#include "tst_FakeCamera.moc"
