@@ -1,0 +1,272 @@
+// What FeatureManager says about the presence, access and entries of features.
+#include "features/FeatureManager.h"
+#include "tests/features/FeatureTestSupport.h"
+
+#include <QtTest>
+
+using Fake::FakeCamera;
+using FeatureTest::toList;
+
+class tst_FeatureManagerQueries : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void oneWrapperOperationsReadTheWrapper();
+    void oneWrapperOperationsAreNeutralOnFailure();
+    void stringValueOfANullWrapperIsEmpty();
+    void typedReadsGiveMinusOneOrFalseOnFailure();
+    void enumEntriesDoNotAskForAvailability();
+    void availabilityIsPresenceWhateverTheAccess();
+    void writabilityFollowsTheCamera();
+    void bothWritabilityFamiliesAgreeOnEveryFeature();
+    void writabilityIsFalseWhenItCannotBeRead();
+    void writabilityUsesTheAlternatives_data();
+    void writabilityUsesTheAlternatives();
+    void readabilityFollowsTheCamera();
+    void entryAvailabilityFollowsTheCamera_data();
+    void entryAvailabilityFollowsTheCamera();
+    void availableEntriesAreThoseThatCanBeChosen();
+    void availableEntriesUseTheAlternative();
+    void availableEntriesOfANonEnumerationAreNone();
+    void availableEntriesLeaveOutWhatCannotBeAsked();
+    void queriesWriteNothing();
+
+private:
+    ZalFeatureWrapperPtr find(const char* name) const
+    {
+        return manager->GetFeatureByName(std::string(name));
+    }
+    std::unique_ptr<FakeCamera> camera;
+    std::unique_ptr<FeatureManager> manager;
+};
+
+void tst_FeatureManagerQueries::init()
+{
+    camera = FeatureTest::mixedCamera();
+    manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*camera));
+}
+
+void tst_FeatureManagerQueries::oneWrapperOperationsReadTheWrapper()
+{
+    QCOMPARE(FeatureManager::GetDataType(find("Delay")), ZalFeatureFloat);
+    QCOMPARE(FeatureManager::GetIsWritable(find("Delay")), true);
+    QCOMPARE(FeatureManager::GetIsReadable(find("Delay")), true);
+    QCOMPARE(FeatureManager::GetStringValue(find("Family")), QString("Two words"));
+    QCOMPARE(FeatureManager::GetStringValue(find("Mode")), QString("On"));
+    QCOMPARE(FeatureManager::GetIsValueAvailable(find("Mode"), "Off"), true);
+    QCOMPARE(FeatureManager::GetIsValueAvailable(find("Mode"), "Auto"), false);
+    QCOMPARE(FeatureManager::GetEnumEntries(find("Mode")), (QStringList{"Off", "On", "Auto"}));
+    double real = 0.0;
+    long long integer = 0;
+    bool flag = false;
+    FeatureManager::GetValue<double>(find("Delay"), &real);
+    FeatureManager::GetValue<long long>(find("Count"), &integer);
+    FeatureManager::GetValue<bool>(find("Flag"), &flag);
+    QCOMPARE(real, 2.5);
+    QCOMPARE(integer, 42LL);
+    QCOMPARE(flag, true);
+}
+
+void tst_FeatureManagerQueries::oneWrapperOperationsAreNeutralOnFailure()
+{
+    const ZalFeatureWrapperPtr mode = find("Mode");
+    camera->failEverything();
+    QCOMPARE(FeatureManager::GetDataType(mode), ZalFeatureUnknown);
+    QCOMPARE(FeatureManager::GetIsWritable(mode), false);
+    QCOMPARE(FeatureManager::GetIsReadable(mode), false);
+    QCOMPARE(FeatureManager::GetStringValue(mode), QString());
+    QCOMPARE(FeatureManager::GetIsValueAvailable(mode, "Off"), false);
+    QCOMPARE(FeatureManager::GetEnumEntries(mode), QStringList());
+}
+
+void tst_FeatureManagerQueries::stringValueOfANullWrapperIsEmpty()
+{
+    QCOMPARE(FeatureManager::GetStringValue(ZalFeatureWrapperPtr()), QString());
+}
+
+void tst_FeatureManagerQueries::typedReadsGiveMinusOneOrFalseOnFailure()
+{
+    const ZalFeatureWrapperPtr mode = find("Mode");
+    double real = 7.0;
+    long long integer = 7;
+    bool flag = true;
+    FeatureManager::GetValue<double>(mode, &real);
+    FeatureManager::GetValue<long long>(mode, &integer);
+    FeatureManager::GetValue<bool>(mode, &flag);
+    QCOMPARE(real, -1.0);
+    QCOMPARE(integer, -1LL);
+    QCOMPARE(flag, false);
+}
+
+void tst_FeatureManagerQueries::enumEntriesDoNotAskForAvailability()
+{
+    const ZalFeatureWrapperPtr mode = find("Mode");
+    camera->clearLog();
+    FeatureManager::GetEnumEntries(mode);
+    QCOMPARE(toList(camera->calls()), (QStringList{"GetEnumNames Mode", "GetEnumNames Mode"}));
+}
+
+void tst_FeatureManagerQueries::availabilityIsPresenceWhateverTheAccess()
+{
+    (*camera)["Count"].state().readable = false;
+    (*camera)["Count"].state().writable = false;
+    QVERIFY(manager->GetIsFeatureAvailable("Count"));
+    QVERIFY(manager->GetIsFeatureAvailable("Gone", "Count"));
+    QVERIFY(manager->GetIsFeatureAvailable("Gone", "Too", "Count"));
+    QVERIFY(!manager->GetIsFeatureAvailable("Gone"));
+    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "Too"));
+    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "Too", "Also"));
+    // A second alternative without a first one is never tried.
+    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "", "Count"));
+}
+
+void tst_FeatureManagerQueries::writabilityFollowsTheCamera()
+{
+    QVERIFY(manager->GetIsWritable("Count") && manager->GetIsFeatureWritable("Count"));
+    (*camera)["Count"].state().writable = false;
+    QVERIFY(!manager->GetIsWritable("Count") && !manager->GetIsFeatureWritable("Count"));
+    QVERIFY(!manager->GetIsWritable("Gone") && !manager->GetIsFeatureWritable("Gone"));
+}
+
+void tst_FeatureManagerQueries::bothWritabilityFamiliesAgreeOnEveryFeature()
+{
+    const auto standard = FakeCamera::standard();
+    const FeatureManager all(FeatureTest::wrap(*standard));
+    int writable = 0;
+    const QStringList names = all.GetFeaturesList();
+    for (const QString& name : names) {
+        QVERIFY2(all.GetIsWritable(name) == all.GetIsFeatureWritable(name), qPrintable(name));
+        writable += all.GetIsWritable(name) ? 1 : 0;
+    }
+    QVERIFY(writable > 0 && writable < names.size());
+}
+
+void tst_FeatureManagerQueries::writabilityIsFalseWhenItCannotBeRead()
+{
+    camera->failCall("IsWritable", "Count");
+    QVERIFY(!manager->GetIsWritable("Count"));
+    QVERIFY(!manager->GetIsWritable("Gone", "Too", "Count"));
+    QVERIFY(!manager->GetIsFeatureWritable("Count"));
+}
+
+void tst_FeatureManagerQueries::writabilityUsesTheAlternatives_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("altName");
+    QTest::addColumn<QString>("altName2");
+    QTest::addColumn<bool>("two");
+    QTest::addColumn<bool>("three");
+    QTest::newRow("first") << "Count"
+                           << "Gone"
+                           << "Gone" << true << true;
+    QTest::newRow("second") << "Gone"
+                            << "Count"
+                            << "Gone" << true << true;
+    QTest::newRow("third") << "Gone"
+                           << "Too"
+                           << "Count" << false << true;
+    QTest::newRow("third without second") << "Gone"
+                                          << ""
+                                          << "Count" << false << false;
+    QTest::newRow("read-only first hides the second") << "Fixed"
+                                                      << "Count"
+                                                      << "" << false << false;
+}
+
+void tst_FeatureManagerQueries::writabilityUsesTheAlternatives()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, altName);
+    QFETCH(QString, altName2);
+    QFETCH(bool, two);
+    QFETCH(bool, three);
+    camera->addInteger("Fixed", 1)->state().writable = false;
+    const FeatureManager all(FeatureTest::wrap(*camera));
+    QCOMPARE(all.GetIsWritable(name, altName), two);
+    QCOMPARE(all.GetIsFeatureWritable(name, altName), two);
+    QCOMPARE(all.GetIsWritable(name, altName, altName2), three);
+    QCOMPARE(all.GetIsFeatureWritable(name, altName, altName2), three);
+}
+
+void tst_FeatureManagerQueries::readabilityFollowsTheCamera()
+{
+    QVERIFY(manager->GetIsReadable("Count"));
+    QVERIFY(!manager->GetIsReadable("Gone"));
+    (*camera)["Count"].state().readable = false;
+    QVERIFY(!manager->GetIsReadable("Count"));
+    (*camera)["Count"].state().readable = true;
+    camera->failCall("IsReadable", "Count");
+    QVERIFY(!manager->GetIsReadable("Count"));
+}
+
+void tst_FeatureManagerQueries::entryAvailabilityFollowsTheCamera_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<bool>("available");
+    QTest::newRow("available") << "Mode"
+                               << "Off" << true;
+    QTest::newRow("not available") << "Mode"
+                                   << "Auto" << false;
+    QTest::newRow("no such entry") << "Mode"
+                                   << "off" << false;
+    QTest::newRow("empty entry") << "Mode"
+                                 << "" << false;
+    QTest::newRow("no enumeration") << "Count"
+                                    << "Off" << false;
+    QTest::newRow("no such feature") << "Gone"
+                                     << "Off" << false;
+}
+
+void tst_FeatureManagerQueries::entryAvailabilityFollowsTheCamera()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, entry);
+    QFETCH(bool, available);
+    QCOMPARE(manager->GetIsFeatureValueAvailable(name, entry), available);
+}
+
+void tst_FeatureManagerQueries::availableEntriesAreThoseThatCanBeChosen()
+{
+    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), (QStringList{"Off", "On"}));
+    (*camera)["Mode"].state().entries[0].available = false;
+    (*camera)["Mode"].state().entries[2].available = true;
+    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), (QStringList{"On", "Auto"}));
+}
+
+void tst_FeatureManagerQueries::availableEntriesUseTheAlternative()
+{
+    QCOMPARE(manager->GetAvailableEnumEntries("Gone", "Mode"), (QStringList{"Off", "On"}));
+    QCOMPARE(manager->GetAvailableEnumEntries("Gone", "Too"), QStringList());
+    QCOMPARE(manager->GetAvailableEnumEntries("Gone"), QStringList());
+    QCOMPARE(manager->GetAvailableEnumEntries("Gone", ""), QStringList());
+}
+
+void tst_FeatureManagerQueries::availableEntriesOfANonEnumerationAreNone()
+{
+    QCOMPARE(manager->GetAvailableEnumEntries("Count"), QStringList());
+    QCOMPARE(manager->GetAvailableEnumEntries("Family"), QStringList());
+}
+
+void tst_FeatureManagerQueries::availableEntriesLeaveOutWhatCannotBeAsked()
+{
+    camera->failCall("IsValueAvailable", "Mode");
+    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), QStringList());
+}
+
+void tst_FeatureManagerQueries::queriesWriteNothing()
+{
+    manager->GetAvailableEnumEntries("Mode");
+    manager->GetIsFeatureWritable("Mode");
+    manager->GetIsReadable("Mode");
+    manager->GetSelectedFeatures("Mode");
+    QVERIFY(!camera->calls().empty());
+    QVERIFY(camera->writes().empty());
+}
+
+QTEST_APPLESS_MAIN(tst_FeatureManagerQueries)
+
+#include "tst_FeatureManagerQueries.moc"

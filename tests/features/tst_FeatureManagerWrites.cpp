@@ -1,0 +1,480 @@
+// FeatureManager: writing values and running commands.
+#include "features/FeatureManager.h"
+#include "tests/features/FeatureTestSupport.h"
+#include "tests/support/LogCapture.h"
+
+#include <QtTest>
+
+#include <climits>
+#include <limits>
+
+using Fake::FakeCamera;
+using Fake::FakeFeature;
+using FeatureTest::callsAfterLookup;
+using FeatureTest::toList;
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+const double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+QByteArray exact(double value)
+{
+    return QByteArray::number(value, 'g', 17);
+}
+
+/// A one-feature camera and a manager over it.
+struct World
+{
+    explicit World(std::function<void(FakeCamera&)> populate)
+    {
+        populate(camera);
+        manager = std::make_unique<FeatureManager>(FeatureTest::wrap(camera));
+    }
+    QStringList writes() const { return toList(camera.writes()); }
+    FakeFeature& operator[](const char* name) const { return camera[name]; }
+
+    FakeCamera camera;
+    std::unique_ptr<FeatureManager> manager;
+};
+
+} // namespace
+
+class tst_FeatureManagerWrites : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void integerIsTruncatedSteppedAndClamped_data();
+    void integerIsTruncatedSteppedAndClamped();
+    void integerWithAnUnreadableRangeIsClampedToMinusOne_data();
+    void integerWithAnUnreadableRangeIsClampedToMinusOne();
+    void integerRefusalIsLoggedAndNotTriedAgain();
+    void integerThatCannotBeReadBackIsMinusOne();
+    void integerWriteAsksTheCameraInOrder();
+    void floatIsClampedToItsRange_data();
+    void floatIsClampedToItsRange();
+    void floatWithAnUnreadableRangeIsClampedToMinusOne();
+    void floatRefusalIsTriedAgainWithTheCamerasValueInSteps();
+    void floatRefusalWithoutAnIncrementIsTriedAgainUnchanged();
+    void floatSecondRefusalIsLoggedWithItsOwnCode();
+    void floatNegativeValueInStepsWrapsAround();
+    void floatThatCannotBeReadBackIsMinusOne();
+    void floatWriteAsksTheCameraInOrder();
+    void booleanIsTrueAboveZero_data();
+    void booleanIsTrueAboveZero();
+    void booleanRefusalIsLogged();
+    void booleanThatCannotBeReadBackIsFalse();
+    void readOnlyFeatureIsLeftAloneInSilence_data();
+    void readOnlyFeatureIsLeftAloneInSilence();
+    void otherTypesAndMissingFeaturesReturnTheValue_data();
+    void otherTypesAndMissingFeaturesReturnTheValue();
+    void numberIsWrittenToTheAlternativeAndReadBackFromIt();
+    void logNamesTheFirstNameEvenWhenAnAlternativeWasWritten();
+    void ownNameIsReadBeforeTheWrite();
+    void textIsWrittenAndReadBack();
+    void textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty();
+    void textReadBackComesFromTheFirstNameAlone();
+    void refusedTextIsNeitherReportedNorLogged();
+    void writableEnumValueIsEmptyWhileReadOnly();
+    void commandRunsOnceAndIsNotWaitedFor();
+    void commandThatCannotRunIsFalse();
+};
+
+void tst_FeatureManagerWrites::integerIsTruncatedSteppedAndClamped_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<qlonglong>("min");
+    QTest::addColumn<qlonglong>("max");
+    QTest::addColumn<qlonglong>("step");
+    QTest::addColumn<qlonglong>("written");
+    const auto row = [](const char* name, double value, qlonglong min, qlonglong max,
+                        qlonglong step, qlonglong written) {
+        QTest::newRow(name) << value << min << max << step << written;
+    };
+    row("7.9 in steps of 1", 7.9, 0, 100, 1, 7);
+    row("7.9 in steps of 4", 7.9, 0, 100, 4, 4);
+    row("-3 below 0", -3.0, 0, 100, 1, 0);
+    row("above", 500.0, 0, 100, 1, 100);
+    row("maximum comes down to a multiple", 5000.0, 0, 1023, 16, 1008);
+    row("negative goes toward zero", -7.9, -100, 100, 4, -4);
+    row("negative fraction", -0.9, -100, 100, 1, 0);
+    row("multiple below the minimum becomes the minimum", 3.0, 2, 102, 4, 2);
+    row("minimum above the maximum in steps", 3.0, 5, 7, 10, 5);
+    row("no step for zero", 7.9, 0, 100, 0, 7);
+    row("no step for negative", 7.9, 0, 100, -4, 7);
+    row("not a number is zero", notANumber, -5, 100, 1, 0);
+    row("infinity", infinity, 0, 100, 1, 100);
+    row("minus infinity", -infinity, -100, 100, 1, -100);
+    row("1e300 in 64 bits", 1e300, LLONG_MIN, LLONG_MAX, 1, LLONG_MAX);
+    row("32 bits unsigned", 4294967295.0, 0, 4294967295LL, 1, 4294967295LL);
+}
+
+void tst_FeatureManagerWrites::integerIsTruncatedSteppedAndClamped()
+{
+    QFETCH(double, value);
+    QFETCH(qlonglong, min);
+    QFETCH(qlonglong, max);
+    QFETCH(qlonglong, step);
+    QFETCH(qlonglong, written);
+    World world([&](FakeCamera& camera) { camera.addInteger("Count", min, min, max, step); });
+    const double result = world.manager->SetValue("Count", value);
+    QCOMPARE(world.writes(), QStringList{QString("SetIntegerValue Count=%1").arg(written)});
+    QCOMPARE(exact(result), exact(static_cast<double>(written)));
+}
+
+void tst_FeatureManagerWrites::integerWithAnUnreadableRangeIsClampedToMinusOne_data()
+{
+    QTest::addColumn<qlonglong>("step");
+    QTest::addColumn<double>("written");
+    QTest::newRow("step 1") << 1LL << -1.0;
+    QTest::newRow("step 4 moves the limit to zero") << 4LL << 0.0;
+    QTest::newRow("no step") << 0LL << -1.0;
+}
+
+void tst_FeatureManagerWrites::integerWithAnUnreadableRangeIsClampedToMinusOne()
+{
+    QFETCH(qlonglong, step);
+    QFETCH(double, written);
+    World world([&](FakeCamera& camera) {
+        camera.addInteger("Count", 8, -100, 100, step)->state().hasRange = false;
+    });
+    QCOMPARE(exact(world.manager->SetValue("Count", 50.0)), exact(written));
+    QCOMPARE(world.writes(), QStringList{QString("SetIntegerValue Count=%1").arg(written)});
+}
+
+void tst_FeatureManagerWrites::integerRefusalIsLoggedAndNotTriedAgain()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    world.camera.failCall("SetIntegerValue", "Count", ZalErrorTimeout);
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Count", 50.0), 8.0);
+    QCOMPARE(world.writes(), QStringList{"SetIntegerValue Count=50"});
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Int:  "
+                                      "\"Count\"  :  -12"});
+}
+
+void tst_FeatureManagerWrites::integerThatCannotBeReadBackIsMinusOne()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    world["Count"].state().readable = false;
+    QCOMPARE(world.manager->SetValue("Count", 50.0), -1.0);
+    QCOMPARE(world["Count"].state().integer, 50LL);
+}
+
+void tst_FeatureManagerWrites::integerWriteAsksTheCameraInOrder()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    world.manager->SetValue("Count", 50.0);
+    QCOMPARE(
+        callsAfterLookup(world.camera),
+        (QStringList{"GetDataType Count", "GetIntegerRange Count", "GetIntegerIncrement Count",
+                     "IsWritable Count", "SetIntegerValue Count=50", "GetIntegerValue Count"}));
+}
+
+void tst_FeatureManagerWrites::floatIsClampedToItsRange_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<double>("written");
+    QTest::newRow("inside") << 2.25 << 2.25;
+    QTest::newRow("150 above 100") << 150.0 << 100.0;
+    QTest::newRow("below") << -3.0 << 0.0;
+    QTest::newRow("infinity") << infinity << 100.0;
+    QTest::newRow("minus infinity") << -infinity << 0.0;
+    QTest::newRow("at the limit") << 100.0 << 100.0;
+}
+
+void tst_FeatureManagerWrites::floatIsClampedToItsRange()
+{
+    QFETCH(double, value);
+    QFETCH(double, written);
+    World world([](FakeCamera& camera) { camera.addFloat("Delay", 1.0, 0.0, 100.0); });
+    QCOMPARE(exact(world.manager->SetValue("Delay", value)), exact(written));
+    QCOMPARE(world.writes(), QStringList{QString("SetFloatValue Delay=%1").arg(written)});
+}
+
+void tst_FeatureManagerWrites::floatWithAnUnreadableRangeIsClampedToMinusOne()
+{
+    World world([](FakeCamera& camera) {
+        camera.addFloat("Delay", 1.0, -10.0, 100.0)->state().hasRange = false;
+    });
+    QCOMPARE(world.manager->SetValue("Delay", 50.0), -1.0);
+    QCOMPARE(world.manager->SetValue("Delay", -5.0), -1.0);
+    QCOMPARE(world.writes(), (QStringList{"SetFloatValue Delay=-1", "SetFloatValue Delay=-1"}));
+}
+
+void tst_FeatureManagerWrites::floatRefusalIsTriedAgainWithTheCamerasValueInSteps()
+{
+    World world([](FakeCamera& camera) {
+        camera.addFloat("Delay", 2.3, 0.0, 100.0)->state().incrementReal = 0.5;
+    });
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Delay", 7.2), 2.0);
+    QCOMPARE(world.writes(), (QStringList{"SetFloatValue Delay=7.2", "SetFloatValue Delay=2"}));
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_FeatureManagerWrites::floatRefusalWithoutAnIncrementIsTriedAgainUnchanged()
+{
+    World world([](FakeCamera& camera) { camera.addFloat("Delay", 2.3, 0.0, 100.0); });
+    world.camera.failCall("SetFloatValue", "Delay");
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Delay", 150.0), 2.3);
+    QCOMPARE(world.writes(), (QStringList{"SetFloatValue Delay=100", "SetFloatValue Delay=100"}));
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Double:  "
+                                      "\"Delay\"  :  -13"});
+}
+
+void tst_FeatureManagerWrites::floatSecondRefusalIsLoggedWithItsOwnCode()
+{
+    // First refused as out of range, then because the camera is gone.
+    World world([](FakeCamera& camera) {
+        camera.addFloat("Delay", 2.3, 0.0, 100.0)->state().incrementReal = 0.5;
+    });
+    // Lookup 2, own name 2, type, range, access, first write, read-back, increment, second write.
+    constexpr int secondWrite = 11;
+    world.camera.failNthCall(secondWrite, ZalErrorNotOpen);
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Delay", 7.2), 2.3);
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Double:  "
+                                      "\"Delay\"  :  -5"});
+}
+
+void tst_FeatureManagerWrites::floatNegativeValueInStepsWrapsAround()
+{
+    World world([](FakeCamera& camera) {
+        camera.addFloat("Delay", -2.0, -10.0, 100.0)->state().incrementReal = 0.5;
+    });
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Delay", 7.2), -2.0);
+    QCOMPARE(world.writes(),
+             (QStringList{"SetFloatValue Delay=7.2", "SetFloatValue Delay=9.22337203685478e+18"}));
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Double:  "
+                                      "\"Delay\"  :  -10"});
+}
+
+void tst_FeatureManagerWrites::floatThatCannotBeReadBackIsMinusOne()
+{
+    World world([](FakeCamera& camera) { camera.addFloat("Delay", 2.0); });
+    world["Delay"].state().readable = false;
+    QCOMPARE(world.manager->SetValue("Delay", 50.0), -1.0);
+    QCOMPARE(world["Delay"].state().real, 50.0);
+}
+
+void tst_FeatureManagerWrites::floatWriteAsksTheCameraInOrder()
+{
+    World world([](FakeCamera& camera) {
+        camera.addFloat("Delay", 2.3, 0.0, 100.0)->state().incrementReal = 0.5;
+    });
+    world.manager->SetValue("Delay", 5.0);
+    QCOMPARE(callsAfterLookup(world.camera),
+             (QStringList{"GetDataType Delay", "GetFloatRange Delay", "IsWritable Delay",
+                          "SetFloatValue Delay=5", "GetFloatValue Delay", "GetFloatValue Delay"}));
+    world.camera.clearLog();
+    world.manager->SetValue("Delay", 7.2);
+    QCOMPARE(
+        callsAfterLookup(world.camera),
+        (QStringList{"GetDataType Delay", "GetFloatRange Delay", "IsWritable Delay",
+                     "SetFloatValue Delay=7.2", "GetFloatValue Delay", "GetFloatIncrement Delay",
+                     "SetFloatValue Delay=5", "GetFloatValue Delay"}));
+}
+
+void tst_FeatureManagerWrites::booleanIsTrueAboveZero_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("0.5") << 0.5 << "true";
+    QTest::newRow("one") << 1.0 << "true";
+    QTest::newRow("infinity") << infinity << "true";
+    QTest::newRow("zero") << 0.0 << "false";
+    QTest::newRow("negative zero") << -0.0 << "false";
+    QTest::newRow("negative") << -1.0 << "false";
+    QTest::newRow("not a number") << notANumber << "false";
+}
+
+void tst_FeatureManagerWrites::booleanIsTrueAboveZero()
+{
+    QFETCH(double, value);
+    QFETCH(QString, written);
+    World world([&](FakeCamera& camera) { camera.addBool("Flag", written == "false"); });
+    QCOMPARE(exact(world.manager->SetValue("Flag", value)), exact(written == "true" ? 1.0 : 0.0));
+    QCOMPARE(world.writes(), QStringList{"SetBoolValue Flag=" + written});
+    QCOMPARE(callsAfterLookup(world.camera),
+             (QStringList{"GetDataType Flag", "IsWritable Flag", "SetBoolValue Flag=" + written,
+                          "GetBoolValue Flag"}));
+}
+
+void tst_FeatureManagerWrites::booleanRefusalIsLogged()
+{
+    World world([](FakeCamera& camera) { camera.addBool("Flag", true); });
+    world.camera.failCall("SetBoolValue", "Flag", -4711);
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Flag", 0.0), 1.0);
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Bool:  "
+                                      "\"Flag\"  :  -4711"});
+}
+
+void tst_FeatureManagerWrites::booleanThatCannotBeReadBackIsFalse()
+{
+    World world([](FakeCamera& camera) { camera.addBool("Flag", false); });
+    world["Flag"].state().readable = false;
+    QCOMPARE(exact(world.manager->SetValue("Flag", 1.0)), exact(0.0));
+    QVERIFY(world["Flag"].state().boolean);
+}
+
+void tst_FeatureManagerWrites::readOnlyFeatureIsLeftAloneInSilence_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("current");
+    QTest::newRow("integer") << "Count" << 8.0;
+    QTest::newRow("float") << "Delay" << 2.5;
+    QTest::newRow("boolean") << "Flag" << 1.0;
+}
+
+void tst_FeatureManagerWrites::readOnlyFeatureIsLeftAloneInSilence()
+{
+    QFETCH(QString, name);
+    QFETCH(double, current);
+    World world([](FakeCamera& camera) {
+        camera.addInteger("Count", 8)->state().writable = false;
+        camera.addFloat("Delay", 2.5)->state().writable = false;
+        camera.addBool("Flag", true)->state().writable = false;
+    });
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue(name, 0.0), current);
+    QCOMPARE(world.writes(), QStringList());
+    world.camera.failCall("IsWritable", name.toStdString());
+    QCOMPARE(world.manager->SetValue(name, 0.0), current);
+    QCOMPARE(world.writes(), QStringList());
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_FeatureManagerWrites::otherTypesAndMissingFeaturesReturnTheValue_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"Mode", "Family", "Go", "Data", "Gone"})
+        QTest::newRow(name) << name;
+}
+
+void tst_FeatureManagerWrites::otherTypesAndMissingFeaturesReturnTheValue()
+{
+    QFETCH(QString, name);
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    const LogCapture log;
+    QCOMPARE(manager.SetValue(name, 47.11), 47.11);
+    QCOMPARE(manager.SetValue(name, "Gone", "", -3.0), -3.0);
+    QVERIFY(camera->writes().empty());
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_FeatureManagerWrites::numberIsWrittenToTheAlternativeAndReadBackFromIt()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    QCOMPARE(world.manager->SetValue("Gone", "Count", 9.0), 9.0);
+    QCOMPARE(world.manager->SetValue("Gone", "Too", "Count", 10.0), 10.0);
+    QCOMPARE(world.manager->SetValue("Gone", "", "Count", 11.0), 11.0);
+    QCOMPARE(world.writes(), (QStringList{"SetIntegerValue Count=9", "SetIntegerValue Count=10"}));
+}
+
+void tst_FeatureManagerWrites::logNamesTheFirstNameEvenWhenAnAlternativeWasWritten()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    world.camera.failCall("SetIntegerValue", "Count");
+    const LogCapture log;
+    world.manager->SetValue("Gone", "Count", 9.0);
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Int:  "
+                                      "\"Gone\"  :  -13"});
+}
+
+void tst_FeatureManagerWrites::ownNameIsReadBeforeTheWrite()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
+    world.manager->SetValue("Count", 9.0);
+    const QStringList calls = toList(world.camera.calls());
+    QCOMPARE(calls.count("GetName Count"), 4); // two calls for the lookup, two for the name
+    QCOMPARE(calls.indexOf("GetDataType Count"), 4);
+}
+
+void tst_FeatureManagerWrites::textIsWrittenAndReadBack()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    const QString family = QStringLiteral(u"M\u00FCller");
+    QCOMPARE(manager.SetValue("Mode", QString("Off")), QString("Off"));
+    QCOMPARE(manager.SetValue("Family", family), family);
+    QCOMPARE((*camera)["Family"].state().text, std::string("M\xC3\xBCller"));
+    QCOMPARE(manager.SetValue("Family", QString()), QString());
+    QCOMPARE((*camera)["Family"].state().text, std::string());
+}
+
+void tst_FeatureManagerWrites::textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QCOMPARE(manager.SetValue("Gone", "Mode", QString("Off")), QString());
+    QCOMPARE((*camera)["Mode"].state().text, std::string("Off"));
+    QCOMPARE(manager.SetValue("Gone", "Too", "Mode", QString("On")), QString());
+    QCOMPARE((*camera)["Mode"].state().text, std::string("On"));
+    QCOMPARE(manager.SetValue("Gone", "Too", "Also", QString("Off")), QString());
+    QCOMPARE(camera->writes().size(), std::size_t(2));
+}
+
+void tst_FeatureManagerWrites::textReadBackComesFromTheFirstNameAlone()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    camera->failCall("GetStringValue", "Family");
+    QCOMPARE(manager.SetValue("Family", "Mode", QString("One")), QString());
+    QCOMPARE(FeatureTest::toList(camera->writes()), QStringList{"SetStringValue Family=One"});
+}
+
+void tst_FeatureManagerWrites::refusedTextIsNeitherReportedNorLogged()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    const LogCapture log;
+    QCOMPARE(manager.SetValue("Mode", QString("Sometimes")), QString("On"));
+    (*camera)["Mode"].state().writable = false;
+    QCOMPARE(manager.SetValue("Mode", QString("Off")), QString("On"));
+    QCOMPARE(toList(camera->writes()),
+             (QStringList{"SetStringValue Mode=Sometimes", "SetStringValue Mode=Off"}));
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_FeatureManagerWrites::writableEnumValueIsEmptyWhileReadOnly()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QCOMPARE(manager.GetWritableEnumValue("Mode"), QString("On"));
+    QCOMPARE(manager.GetWritableEnumValue("Count"), QString());
+    QCOMPARE(manager.GetWritableEnumValue("Gone"), QString());
+    (*camera)["Mode"].state().writable = false;
+    QCOMPARE(manager.GetWritableEnumValue("Mode"), QString());
+}
+
+void tst_FeatureManagerWrites::commandRunsOnceAndIsNotWaitedFor()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    (*camera)["Go"].commandDone = false;
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QVERIFY(manager.RunCommand("Go"));
+    QCOMPARE(callsAfterLookup(*camera), QStringList{"RunCommand Go"});
+}
+
+void tst_FeatureManagerWrites::commandThatCannotRunIsFalse()
+{
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QVERIFY(!manager.RunCommand("Gone"));
+    QVERIFY(!manager.RunCommand("Count"));
+    (*camera)["Go"].state().writable = false;
+    QVERIFY(!manager.RunCommand("Go"));
+    (*camera)["Go"].state().writable = true;
+    camera->failCall("RunCommand", "Go");
+    QVERIFY(!manager.RunCommand("Go"));
+}
+
+QTEST_APPLESS_MAIN(tst_FeatureManagerWrites)
+
+#include "tst_FeatureManagerWrites.moc"
