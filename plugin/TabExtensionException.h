@@ -5,6 +5,11 @@
 /// Why a tab refuses to be built. Thrown by value out of widget constructors; a plain record.
 struct TabExtensionException
 {
+    TabExtensionException(const QString& refusingClass, const QString& reason, qint32 status)
+        : className(refusingClass), message(reason), code(status)
+    {
+    }
+
     QString className; ///< Class of the widget that refused.
     QString message;   ///< Reason, for people.
     qint32 code;       ///< What TabExtensionInterface::get() returns to the host.
@@ -14,7 +19,7 @@ struct TabExtensionException
 struct TENotSupported : TabExtensionException
 {
     TENotSupported(const QString& refusingClass, const QString& reason)
-        : TabExtensionException{refusingClass, reason, 4}
+        : TabExtensionException(refusingClass, reason, 4)
     {
     }
 };

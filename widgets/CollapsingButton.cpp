@@ -1,0 +1,96 @@
+#include "widgets/CollapsingButton.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPropertyAnimation>
+
+namespace {
+
+constexpr int AnimationMs = 300;
+constexpr int SpareHeight = 10;
+constexpr QSize ArrowSize(8, 8);
+
+} // namespace
+
+CollapsingButton::CollapsingButton(QWidget* parent) : QToolButton(parent)
+{
+    setCheckable(true);
+    setStyleSheet(QStringLiteral("background:none"));
+    setIconSize(ArrowSize);
+    setFont(QApplication::font());
+    connect(this, &QToolButton::toggled, this, [this](bool checked) { onToggled(checked); });
+    connect(&m_animation, &QAbstractAnimation::finished, this, [this] { hideIfFolded(); });
+}
+
+void CollapsingButton::setText(const QString& text)
+{
+    QToolButton::setText(QLatin1Char(' ') + text);
+}
+
+void CollapsingButton::setContent(QWidget* content)
+{
+    m_content = content;
+
+    auto* height = new QPropertyAnimation(content, "maximumHeight");
+    height->setStartValue(0);
+    height->setEasingCurve(QEasingCurve::InOutQuad);
+    height->setDuration(AnimationMs);
+    height->setEndValue(content->height() + SpareHeight);
+    m_animation.addAnimation(height);
+
+    setArrowType(isChecked() ? Qt::DownArrow : Qt::RightArrow);
+    if (!isChecked()) {
+        content->setMaximumHeight(0);
+        hideIfFolded();
+    }
+}
+
+void CollapsingButton::showContent()
+{
+    if (m_content)
+        m_content->show();
+    m_animation.setDirection(QAbstractAnimation::Forward);
+    m_animation.start(QAbstractAnimation::KeepWhenStopped);
+}
+
+void CollapsingButton::hideContent()
+{
+    if (m_content) {
+        auto* height = static_cast<QPropertyAnimation*>(m_animation.animationAt(0));
+        if (height->endValue().toInt() <= m_content->height() - 1)
+            height->setEndValue(m_content->height());
+    }
+    m_animation.setDirection(QAbstractAnimation::Backward);
+    m_animation.start(QAbstractAnimation::KeepWhenStopped);
+}
+
+void CollapsingButton::collapse(bool c)
+{
+    if (c == isChecked())
+        toggle();
+}
+
+void CollapsingButton::keyPressEvent(QKeyEvent* event)
+{
+    // A tool button answers only to the space bar by itself.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QToolButton::keyPressEvent(event);
+}
+
+void CollapsingButton::onToggled(bool checked)
+{
+    setArrowType(checked ? Qt::DownArrow : Qt::RightArrow);
+    if (checked && m_content)
+        showContent();
+    else
+        hideContent();
+}
+
+// Without height the content could still be reached with the Tab key.
+void CollapsingButton::hideIfFolded()
+{
+    if (m_content && m_content->maximumHeight() == 0)
+        m_content->hide();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QParallelAnimationGroup>
+#include <QToolButton>
+
+/// Header of a folding section: checked, its content is unfolded; unchecked, it is folded away.
+/// Both happen as an animation of the content's maximum height. Folded content is hidden, so that
+/// the keyboard does not reach it. GUI thread only.
+class CollapsingButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    explicit CollapsingButton(QWidget* parent = nullptr);
+
+    /// Shows the text with a blank before it, off the arrow.
+    void setText(const QString& text);
+
+    /// Sets the widget to fold, which the button does not own and which must outlive it or be
+    /// destroyed together with it. An unchecked button folds it at once. Call it once.
+    void setContent(QWidget* content);
+
+    /// Unfolds the content, animated.
+    void showContent();
+
+    /// Folds the content, animated. Content that has grown unfolds to its new height from then on.
+    void hideContent();
+
+    /// Checks (false) or unchecks (true) the button if it is not so already.
+    void collapse(bool c);
+
+protected:
+    /// Return and Enter toggle the button, as the space bar does.
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void onToggled(bool checked);
+    void hideIfFolded();
+
+    QWidget* m_content = nullptr;
+    QParallelAnimationGroup m_animation;
+};
