@@ -1,0 +1,130 @@
+#include "host/TabExtensions.h"
+
+#include "plugin/TabExtensionInterface.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QMap>
+#include <QPluginLoader>
+#include <QRegularExpression>
+#include <QVariant>
+
+#include <exception>
+
+namespace {
+
+constexpr char METADATA_NAME[] = "TabExtensionInterface";
+constexpr int CAMERA_NOT_SUPPORTED = 4;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("TabExtensions", text);
+}
+
+/// Turns one library into a tab, or into the sentence that says why not.
+class Loading
+{
+public:
+    explicit Loading(const QString& file) : loader(file)
+    {
+        static const QRegularExpression prefix(QStringLiteral("^(lib)?(tabextension(?=.))?"));
+        result.name = QFileInfo(file).completeBaseName().remove(prefix);
+    }
+
+    TabExtension run(const ZalCPP::FeatureList& features)
+    {
+        if (TabExtensionInterface* extension = load())
+            ask(*extension, features);
+        return std::move(result);
+    }
+
+private:
+    /// The library's tab extension; null after setting the sentence.
+    TabExtensionInterface* load()
+    {
+        const QJsonObject metaData = loader.metaData();
+        const QString interface = metaData.value(QStringLiteral("IID")).toString();
+        if (metaData.isEmpty()) {
+            fail(translated("\"%1\" is not a plugin. %2"), loader.errorString());
+        } else if (interface != QLatin1String(METADATA_NAME)) {
+            fail(translated("\"%1\" is a plugin of another kind (%2)."), interface);
+        } else if (!loader.load()) {
+            fail(translated("The tab extension \"%1\" could not be loaded. %2"),
+                 loader.errorString());
+        } else if (auto* extension = qobject_cast<TabExtensionInterface*>(loader.instance())) {
+            return extension;
+        } else {
+            fail(translated("The tab extension \"%1\" was made for another version of the viewer "
+                            "(it lacks %2)."),
+                 QString::fromLatin1(qobject_interface_iid<TabExtensionInterface*>()));
+        }
+        return nullptr;
+    }
+
+    void ask(TabExtensionInterface& extension, const ZalCPP::FeatureList& features)
+    {
+        // The extension connects itself to the container's parent during the call. A page inside a
+        // tab widget would have another parent by then.
+        auto page = std::make_unique<TabPage>();
+        QMap<QString, QVariant> options{
+            {QStringLiteral("connectWidgetToSignal"), TabPage::acquisitionSignal()}};
+        try {
+            const int status = extension.get(features, page->container(), &options);
+            if (status == 0)
+                accept(std::move(page));
+            else
+                refuse(status);
+        } catch (const std::exception& error) {
+            fail(translated("The tab extension \"%1\" failed. %2"), error.what());
+        } catch (...) {
+            fail(translated("The tab extension \"%1\" failed. %2"),
+                 translated("It gave no reason."));
+        }
+    }
+
+    void accept(std::unique_ptr<TabPage> page)
+    {
+        result.outcome = TabExtension::Outcome::Shown;
+        result.title = page->container().accessibleName();
+        if (result.title.isEmpty())
+            result.title = result.name;
+        result.page = std::move(page);
+    }
+
+    void refuse(int status)
+    {
+        result.outcome = TabExtension::Outcome::Refused;
+        if (status == CAMERA_NOT_SUPPORTED)
+            result.sentence = translated("The tab extension \"%1\" does not support this camera.")
+                                  .arg(result.name);
+        else
+            result.sentence = translated("The tab extension \"%1\" built no tab (code %2).")
+                                  .arg(result.name)
+                                  .arg(status);
+    }
+
+    void fail(const QString& sentence, const QString& reason)
+    {
+        result.outcome = TabExtension::Outcome::Broken;
+        result.sentence = sentence.arg(result.name, reason);
+    }
+
+    QPluginLoader loader;
+    TabExtension result;
+};
+
+} // namespace
+
+std::vector<TabExtension> loadTabExtensions(const QString& folder,
+                                            const ZalCPP::FeatureList& features)
+{
+    std::vector<TabExtension> extensions;
+    const QDir directory(folder);
+    const QStringList files =
+        directory.entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
+    for (const QString& file : files)
+        extensions.push_back(Loading(directory.filePath(file)).run(features));
+    return extensions;
+}

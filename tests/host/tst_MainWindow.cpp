@@ -1,0 +1,288 @@
+#include "host/Appearance.h"
+#include "host/CameraSession.h"
+#include "host/ImageView.h"
+#include "host/MainWindow.h"
+#include "tests/host/FakeDevice.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+class tst_MainWindow : public QObject
+{
+    Q_OBJECT
+
+    std::shared_ptr<FakeCameraState> camera;
+    std::unique_ptr<CameraSession> session;
+    std::unique_ptr<MainWindow> window;
+
+    QAction& acquire() { return *window->findChild<QAction*>("actionAcquire"); }
+    QLabel& label(const char* name) { return *window->findChild<QLabel*>(name); }
+    ImageView& imageView() { return *window->findChild<ImageView*>("imageView"); }
+    QStringList heardByTheTab()
+    {
+        return window->findChild<QWidget*>("goodTab")->property("heard").toStringList();
+    }
+
+    void clickAcquire()
+    {
+        QWidget* button = window->findChild<QToolBar*>("toolBar")->widgetForAction(&acquire());
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+
+    void addExtension(const QString& name)
+    {
+        const QString folder = EXTENSIONS_DIR "/" + name;
+        window->addExtensions(loadTabExtensions(folder, session->features()));
+    }
+
+private slots:
+    void init()
+    {
+        camera = std::make_shared<FakeCameraState>();
+        session = std::make_unique<CameraSession>(std::make_unique<FakeDevice>(camera));
+        window = std::make_unique<MainWindow>(*session);
+        window->resize(1024, 768);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    void cleanup()
+    {
+        window.reset();
+        session.reset();
+    }
+
+    void beginsStopped()
+    {
+        QCOMPARE(window->windowTitle(), QString("Tarsel Imaging Fake (F001) - ZalViewer"));
+        QCOMPARE(label("cameraName").text(), QString("Tarsel Imaging Fake (F001)"));
+        QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
+        QCOMPARE(label("frameCounter").text(), QString("Frames: 0"));
+        QCOMPARE(imageView().text(), QString("No image yet. Start the acquisition to see one."));
+        QCOMPARE(acquire().text(), QString("Start"));
+        QVERIFY(!acquire().isChecked());
+        QVERIFY(label("notice").isHidden());
+    }
+
+    void clicksStartAndStopTheAcquisition()
+    {
+        clickAcquire();
+        QVERIFY(session->isAcquiring());
+        QVERIFY(acquire().isChecked());
+        QCOMPARE(acquire().text(), QString("Stop"));
+        QCOMPARE(label("acquisitionState").text(), QString("Acquiring"));
+        clickAcquire();
+        QVERIFY(!session->isAcquiring());
+        QVERIFY(!acquire().isChecked());
+        QCOMPARE(acquire().text(), QString("Start"));
+        QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
+        QCOMPARE(camera->calls, QStringList({"start", "stop"}));
+    }
+
+    void shortcutStartsTheAcquisition()
+    {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QTest::keyClick(window.get(), Qt::Key_F5);
+        QVERIFY(session->isAcquiring());
+    }
+
+    void acquisitionStartedElsewhereShowsInTheButton()
+    {
+        session->setAcquiring(true);
+        QVERIFY(acquire().isChecked());
+        QCOMPARE(camera->calls, QStringList{"start"});
+    }
+
+    void framesAreShownAndCounted()
+    {
+        clickAcquire();
+        camera->sendFrame(90);
+        QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
+        QCOMPARE(imageView().image().size(), QSize(4, 2));
+        QCOMPARE(qGray(imageView().image().pixel(0, 0)), 90);
+        camera->sendFrame(91);
+        QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 2"));
+        QCOMPARE(qGray(imageView().image().pixel(0, 0)), 91);
+    }
+
+    void stoppingKeepsImageAndCountAndStartingCountsAnew()
+    {
+        clickAcquire();
+        camera->sendFrame(90);
+        QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
+        clickAcquire();
+        QCOMPARE(label("frameCounter").text(), QString("Frames: 1"));
+        QVERIFY(!imageView().image().isNull());
+        clickAcquire();
+        QCOMPARE(label("frameCounter").text(), QString("Frames: 0"));
+    }
+
+    void frameThatCannotBeShownIsCountedAndExplained()
+    {
+        clickAcquire();
+        camera->sendFrames({{1, 4, 2, 0x02100032, std::vector<unsigned char>(16)}});
+        QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
+        QCOMPARE(imageView().text(),
+                 QString("Images in the pixel format 0x02100032 cannot be shown."));
+        camera->sendFrame(90);
+        QTRY_VERIFY(imageView().text().isEmpty());
+    }
+
+    void tabHearsWhenTheAcquisitionStartsAndStops()
+    {
+        addExtension("GoodTab");
+        auto* tabs = window->findChild<QTabWidget*>("tabWidget");
+        QVERIFY(tabs->isVisible());
+        QCOMPARE(tabs->tabText(0), QString("Good Tab"));
+        QVERIFY(heardByTheTab().isEmpty());
+        clickAcquire();
+        QCOMPARE(heardByTheTab(), QStringList{"on"});
+        clickAcquire();
+        QCOMPARE(heardByTheTab(), QStringList({"on", "off"}));
+    }
+
+    void refusedCameraIsExplainedAndStillShown()
+    {
+        addExtension("RefusingTab");
+        QVERIFY(window->findChild<QTabWidget*>("tabWidget")->isHidden());
+        QVERIFY(label("extensionNotice").isVisible());
+        QCOMPARE(label("extensionNotice").text(),
+                 QString("The tab extension \"RefusingTab\" does not support this camera."));
+        clickAcquire();
+        camera->sendFrame(1);
+        QTRY_VERIFY(!imageView().image().isNull());
+    }
+
+    void failedStartIsExplainedAndTheButtonStaysUp()
+    {
+        camera->startStatus = ZalErrorNotWritable;
+        clickAcquire();
+        QVERIFY(!acquire().isChecked());
+        QCOMPARE(acquire().text(), QString("Start"));
+        QVERIFY(label("notice").isVisible());
+        QCOMPARE(label("notice").text(), QString("The acquisition could not be started. "
+                                                 "The feature cannot be written at the moment."));
+        camera->startStatus = ZalErrorSuccess;
+        clickAcquire();
+        QVERIFY(label("notice").isHidden());
+    }
+
+    void failedStopIsExplained()
+    {
+        camera->stopStatus = ZalErrorTimeout;
+        clickAcquire();
+        clickAcquire();
+        QVERIFY(!acquire().isChecked());
+        QVERIFY(label("notice").isVisible());
+        QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
+    }
+
+    void lostCameraIsExplainedAndTheTabHearsThatItStopped()
+    {
+        addExtension("GoodTab");
+        clickAcquire();
+        camera->lose();
+        QTRY_VERIFY(label("notice").isVisible());
+        QCOMPARE(label("notice").text(),
+                 QString("The connection to the camera Tarsel Imaging Fake (F001) is lost. Close "
+                         "the viewer and open it again when the camera is back."));
+        QCOMPARE(label("acquisitionState").text(), QString("Camera lost"));
+        QVERIFY(!acquire().isEnabled());
+        QVERIFY(!acquire().isChecked());
+        QCOMPARE(heardByTheTab(), QStringList({"on", "off"}));
+    }
+
+    void windowOfALostCameraCloses()
+    {
+        addExtension("GoodTab");
+        clickAcquire();
+        camera->lose();
+        QTRY_VERIFY(session->isLost());
+        QVERIFY(window->close());
+        QCOMPARE(camera->calls, QStringList{"start"});
+    }
+
+    void closingStopsTheAcquisition()
+    {
+        addExtension("GoodTab");
+        clickAcquire();
+        QVERIFY(window->close());
+        QCOMPARE(camera->calls, QStringList({"start", "stop"}));
+        QCOMPARE(heardByTheTab(), QStringList({"on", "off"}));
+    }
+
+    void shortcutClosesTheWindow()
+    {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
+        QVERIFY(!window->isVisible());
+    }
+
+    void tabsGoBeforeTheCameraDoes()
+    {
+        addExtension("GoodTab");
+        const QPointer<QWidget> tab = window->findChild<QWidget*>("goodTab");
+        window.reset();
+        QVERIFY(!tab);
+        QVERIFY(!camera->calls.contains("close"));
+        session.reset();
+        QVERIFY(camera->calls.contains("close"));
+    }
+
+    void tabsHaveRoomInAWindowOfAnySize_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("leastTabWidth");
+        QTest::newRow("smallest") << QSize(640, 480) << 350;
+        QTest::newRow("1024x768") << QSize(1024, 768) << 517;
+        QTest::newRow("1920x1080") << QSize(1920, 1080) << 517;
+    }
+    void tabsHaveRoomInAWindowOfAnySize()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, leastTabWidth);
+        addExtension("NamelessTab");
+        window->resize(size);
+        auto* tabs = window->findChild<QTabWidget*>("tabWidget");
+        QTRY_VERIFY(tabs->currentWidget()->width() >= leastTabWidth);
+        QCOMPARE(window->size(), size);
+        QVERIFY(imageView().width() >= imageView().minimumWidth());
+    }
+
+    void tabsGrowWithTheFont()
+    {
+        addExtension("NamelessTab");
+        auto* area = window->findChild<QWidget*>("extensionArea");
+        QFont font = area->font();
+        font.setPixelSize(8);
+        area->setFont(font);
+        QCOMPARE(area->sizeHint().width(), 540);
+        font.setPixelSize(40);
+        area->setFont(font);
+        QVERIFY(area->sizeHint().width() > 1000);
+    }
+
+    void paletteIsLightOrDark()
+    {
+        const QPalette desktop = QApplication::palette();
+        applyPalette("");
+        QCOMPARE(QApplication::palette(), desktop);
+        applyPalette("dark");
+        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() <= 99);
+        QVERIFY(QApplication::palette().color(QPalette::Text).lightness() > 200);
+        applyPalette("light");
+        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 200);
+        QVERIFY(QApplication::palette().color(QPalette::Text).lightness() < 60);
+    }
+};
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_MainWindow.moc"

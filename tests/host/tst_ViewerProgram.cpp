@@ -1,0 +1,240 @@
+#include "host/ExitCode.h"
+#include "sdk/simulator/SimulatedCamera.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Outcome
+{
+    int exitCode = -1;
+    bool crashed = true;
+    QString output;
+    QString complaint;
+};
+
+Outcome run(const QStringList& arguments, const QProcessEnvironment& environment,
+            const QString& folder)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(VIEWER, arguments);
+    Outcome outcome;
+    outcome.crashed =
+        !process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit;
+    outcome.exitCode = process.exitCode();
+    outcome.output = QString::fromLocal8Bit(process.readAllStandardOutput());
+    outcome.complaint = QString::fromLocal8Bit(process.readAllStandardError());
+    return outcome;
+}
+
+/// Without what Qt itself has to say, which is not the viewer's.
+QProcessEnvironment quietEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_LOGGING_RULES", "*=false");
+    return environment;
+}
+
+QProcessEnvironment environmentWithoutDisplay()
+{
+    QProcessEnvironment environment = quietEnvironment();
+    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(variable);
+    return environment;
+}
+
+QString extensionFolder(const QString& name)
+{
+    return QString(EXTENSIONS_DIR "/") + name;
+}
+
+} // namespace
+
+/// The built program, from its command line to its exit code.
+class tst_ViewerProgram : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir folder;
+
+    Outcome runViewer(const QStringList& arguments)
+    {
+        return run(arguments, quietEnvironment(), folder.path());
+    }
+
+    Outcome shoot(const QStringList& arguments)
+    {
+        return runViewer(QStringList{"--screenshot", "shot.png", "--delay", "0", "--plugins",
+                                     extensionFolder("GoodTab"), "--size", "800x600"} +
+                         arguments);
+    }
+
+private slots:
+    void init() { QFile::remove(folder.filePath("shot.png")); }
+
+    void informationIsPrintedAndNothingOpened_data()
+    {
+        QTest::addColumn<QString>("argument");
+        QTest::addColumn<QString>("output");
+        QTest::newRow("help") << "--help"
+                              << "Exit codes:";
+        QTest::newRow("version") << "--version"
+                                 << "ZalViewer 0.";
+    }
+    void informationIsPrintedAndNothingOpened()
+    {
+        QFETCH(QString, argument);
+        QFETCH(QString, output);
+        const Outcome outcome = run({argument}, environmentWithoutDisplay(), folder.path());
+        QVERIFY(!outcome.crashed);
+        QCOMPARE(outcome.exitCode, int(ExitSuccess));
+        QVERIFY2(outcome.output.contains(output), qPrintable(outcome.output));
+        QCOMPARE(outcome.complaint, QString());
+    }
+
+    void faultEndsWithItsOwnCodeAndASentence_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("sentence");
+        QTest::newRow("unknown option") << QStringList{"--frobnicate"} << int(ExitBadArguments)
+                                        << "Unknown option 'frobnicate'.";
+        QTest::newRow("bad size") << QStringList{"--size", "1"} << int(ExitBadArguments)
+                                  << "--size takes a size";
+        QTest::newRow("unknown model") << QStringList{"--simulate", "best"} << int(ExitBadArguments)
+                                       << "There is no simulated model \"best\".";
+        QTest::newRow("no such camera")
+            << QStringList{"--camera", "no-such-camera"} << int(ExitNoCamera) << "no-such-camera";
+        QTest::newRow("no camera at all")
+            << QStringList{"--camera", "first"} << int(ExitNoCamera) << "amera";
+        QTest::newRow("no camera to list")
+            << QStringList{"--list"} << int(ExitNoCamera) << "No camera was found.";
+    }
+    void faultEndsWithItsOwnCodeAndASentence()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, sentence);
+        const Outcome outcome = runViewer(arguments);
+        QVERIFY(!outcome.crashed);
+        QTEST(outcome.exitCode, "exitCode");
+        QVERIFY2(outcome.complaint.startsWith("ZalViewer: "), qPrintable(outcome.complaint));
+        QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
+        QVERIFY2(outcome.complaint.endsWith(".\n"), qPrintable(outcome.complaint));
+        QCOMPARE(outcome.output, QString());
+    }
+
+    void windowWithoutADisplayIsRefused()
+    {
+        const Outcome outcome = run({}, environmentWithoutDisplay(), folder.path());
+        QVERIFY(!outcome.crashed);
+        QCOMPARE(outcome.exitCode, int(ExitNoDisplay));
+        QVERIFY2(outcome.complaint.startsWith("ZalViewer: There is no display"),
+                 qPrintable(outcome.complaint));
+    }
+
+    void screenshotShowsTheLiveImageOfTheSimulatedCamera()
+    {
+        const Outcome outcome = shoot({});
+        QVERIFY(!outcome.crashed);
+        QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
+        QCOMPARE(outcome.complaint, QString());
+        const QImage image(folder.filePath("shot.png"), "PNG");
+        QCOMPARE(image.size(), QSize(800, 600));
+    }
+
+    void screenshotNeedsNoDisplay()
+    {
+        const QString file = folder.filePath("shot.png");
+        const Outcome outcome = run({"--screenshot", file, "--delay", "0", "--size", "640x480",
+                                     "--plugins", extensionFolder("GoodTab")},
+                                    environmentWithoutDisplay(), folder.path());
+        QVERIFY(!outcome.crashed);
+        QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
+        QCOMPARE(QImage(file).size(), QSize(640, 480));
+    }
+
+    void paletteShowsInTheScreenshot_data()
+    {
+        QTest::addColumn<QString>("palette");
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << "light" << false;
+        QTest::newRow("dark") << "dark" << true;
+    }
+    void paletteShowsInTheScreenshot()
+    {
+        QFETCH(QString, palette);
+        const Outcome outcome = shoot({"--palette", palette, "--acquire", "off"});
+        QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
+        const QImage image(folder.filePath("shot.png"));
+        QTEST(image.pixelColor(image.width() - 4, image.height() - 4).lightness() < 100, "dark");
+    }
+
+    void unwritableScreenshotHasItsOwnCode()
+    {
+        const Outcome outcome = runViewer({"--screenshot", "/nowhere/shot.png", "--delay", "0",
+                                           "--plugins", extensionFolder("GoodTab")});
+        QVERIFY(!outcome.crashed);
+        QCOMPARE(outcome.exitCode, int(ExitScreenshotFailed));
+        QVERIFY2(outcome.complaint.contains("could not be written to \"/nowhere/shot.png\"."),
+                 qPrintable(outcome.complaint));
+    }
+
+    void extensionsFateShowsInTheExitCode_data()
+    {
+        QTest::addColumn<QString>("extension");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("sentence");
+        QTest::newRow("refuses the camera")
+            << "RefusingTab" << int(ExitSuccess)
+            << "The tab extension \"RefusingTab\" does not support this camera.";
+        QTest::newRow("no plugin")
+            << "PlainLibrary" << int(ExitBrokenExtension) << "\"PlainLibrary\" is not a plugin.";
+        QTest::newRow("wrong interface")
+            << "OldTab" << int(ExitBrokenExtension) << "was made for another version of the viewer";
+        QTest::newRow("throws") << "ThrowingTab" << int(ExitBrokenExtension)
+                                << "The tab fell over.";
+    }
+    void extensionsFateShowsInTheExitCode()
+    {
+        QFETCH(QString, extension);
+        QFETCH(QString, sentence);
+        const Outcome outcome = shoot({"--plugins", extensionFolder(extension)});
+        QVERIFY(!outcome.crashed);
+        QTEST(outcome.exitCode, "exitCode");
+        QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
+        QVERIFY(QFile::exists(folder.filePath("shot.png")));
+    }
+
+    void listShowsTheCamerasOfTheNetwork()
+    {
+        ZalSim::Options options;
+        options.serial = "SIM0042";
+        std::string error;
+        const auto simulator = ZalSim::SimulatedCamera::Start(options, error);
+        QVERIFY2(simulator, error.c_str());
+        const Outcome outcome = runViewer({"--list"});
+        QVERIFY(!outcome.crashed);
+        QCOMPARE(outcome.exitCode, int(ExitSuccess));
+        QVERIFY2(outcome.output.contains("SIM0042"), qPrintable(outcome.output));
+        QVERIFY2(outcome.output.contains("127.0.0.1"), qPrintable(outcome.output));
+    }
+
+    void takenPortIsASentence()
+    {
+        std::string error;
+        const auto simulator = ZalSim::SimulatedCamera::Start({}, error);
+        QVERIFY2(simulator, error.c_str());
+        const Outcome outcome = shoot({});
+        QVERIFY(!outcome.crashed);
+        QCOMPARE(outcome.exitCode, int(ExitNoCamera));
+        QVERIFY2(outcome.complaint.endsWith(".\n"), qPrintable(outcome.complaint));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ViewerProgram)
+#include "tst_ViewerProgram.moc"
