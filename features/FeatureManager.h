@@ -23,8 +23,9 @@
 /// To reach one instance of a selected feature, write its selector first. The manager never does.
 ///
 /// Numbers cross this interface as double: integers converted, booleans as 0.0 and 1.0, and -1.0
-/// for a value that is missing or cannot be read. Nothing is cached: each call walks the list and
-/// asks the camera. Nothing throws; failures give neutral results (null, false, -1.0, empty).
+/// for a value that is missing or cannot be read (0.0 for an unreadable boolean). Nothing is
+/// cached: each call walks the list and asks the camera. Nothing throws; failures give neutral
+/// results (null, false, -1.0, empty).
 ///
 /// Every public operation on names is virtual, in an order that is part of the interface; a shorter
 /// form calls a longer one through the virtual table. GUI thread only.
@@ -72,8 +73,9 @@ public:
 
     /// Value and limits of an integer or float feature. `max` is reduced to a multiple of the
     /// increment, counted from zero; a negative `max` then wraps around to a very large number.
-    /// `inc` is 1.0 (integer) or 0.01 (float) where the camera has no increment. Any other feature
-    /// gives -1.0 all over and is not writable. A missing feature leaves the outputs untouched.
+    /// `inc` is 1.0 (integer) or 0.01 (float) where the camera has no increment. Unreadable limits
+    /// count as -1. Any other feature gives -1.0 all over and is not writable. A missing feature
+    /// leaves the outputs untouched.
     virtual double GetValueIsWritableRangeIncrement(const QString& name, const QString& altName,
                                                     const QString& altName2, bool* writable,
                                                     double* min, double* max, double* inc) const;
@@ -119,9 +121,10 @@ public:
     virtual bool GetIsFloatFeature(const QString& name, const QString& altName) const;
     virtual bool GetIsFloatFeature(const QString& name) const;
 
-    /// Writes a number, fitted into range and increment, and returns what the camera holds then. A
-    /// read-only feature is left alone; a missing or non-numeric one returns `value`. Refused
-    /// writes are logged.
+    /// Writes a number, fitted into the range (-1 to -1 when unreadable), an integer also to the
+    /// increment, and returns what the camera holds then. A refused float is tried once more, with
+    /// the camera's own value in whole increments; a last refusal is logged. A read-only feature
+    /// is left alone; a missing or non-numeric one returns `value`.
     virtual double SetValue(const QString& name, const QString& altName, const QString& altName2,
                             double value) const;
     virtual double SetValue(const QString& name, const QString& altName, double value) const;

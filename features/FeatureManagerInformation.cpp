@@ -154,6 +154,7 @@ QString FeatureManager::GetInformation(const QString& name) const
         return QString();
     }
     const QString description = descriptionPart(wrapper);
+    // Two steps on purpose: a place marker in the camera's text takes part in the second one.
     return QStringLiteral("<b>Feature Description:</b> %1<br/>%2")
         .arg(description)
         .arg(informationPart(wrapper));

@@ -177,7 +177,7 @@ QStringList FeatureManager::GetSelectedFeatures(const QString& name) const
     QStringList names;
     for (const ZalCPP::FeaturePtr& feature : selected) {
         std::string selectedName;
-        if (ZalFeatureWrapper(feature).GetName(selectedName) == ZalErrorSuccess)
+        if (feature && ZalFeatureWrapper(feature).GetName(selectedName) == ZalErrorSuccess)
             names.append(QString::fromStdString(selectedName));
     }
     return names;

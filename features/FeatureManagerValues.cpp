@@ -5,8 +5,6 @@
 
 #include <QDebug>
 
-#include <algorithm>
-
 namespace {
 
 template <typename T> struct Range

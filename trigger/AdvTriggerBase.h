@@ -79,7 +79,7 @@ protected slots:
     void OnExecuteCommandButton();
     /// The user changed a setting by hand: the subclass's preset box goes to CUSTOM_PRESET.
     virtual void SetCustomPreset() = 0;
-    /// Feature tooltips are shown from the first non-zero check state on.
+    /// Feature tooltips are shown while the check state is not zero; at first they are not.
     void ActivateTooltips(int state);
 
 private:

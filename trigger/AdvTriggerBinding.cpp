@@ -107,6 +107,7 @@ void AdvTriggerBase::BindSpinBox(QSpinBox& box, const QString& feature)
     box.setFocusPolicy(Qt::StrongFocus);
     box.installEventFilter(this);
     AddKnownFeature(feature);
+    // Asked first, unlike above: the sequence of camera calls is a defined one.
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ShowValue(box, feature);
     ConnectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
@@ -140,6 +141,7 @@ void AdvTriggerBase::InitButtons()
         }
         // Return in a field of a dialog finishes that field; it must not press a button as well.
         button->setAutoDefault(false);
+        // By the source alone, whether or not the camera has the command or lets it run now.
         if (feature == QLatin1String("TriggerSoftware"))
             button->setEnabled(IsSoftwareTriggered());
     }

@@ -31,6 +31,7 @@ struct Range
     double max = -1.0;
 };
 
+/// Without the increment: the steps of a spin box stay the form's.
 Range RangeOf(const FeatureManager& manager, const QString& feature)
 {
     Range range;

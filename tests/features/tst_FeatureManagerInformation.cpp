@@ -1,4 +1,4 @@
-// FeatureManager: what a feature is called and how it is described.
+// FeatureManager: the description of a feature for its tool tip.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
@@ -42,6 +42,8 @@ private slots:
     void missingDescriptionIsNotAvailable();
     void eachSentenceOfTheDescriptionEndsALine_data();
     void eachSentenceOfTheDescriptionEndsALine();
+    void placeMarkersInTheDescriptionAreReplacedByTheRest_data();
+    void placeMarkersInTheDescriptionAreReplacedByTheRest();
     void visibilityIsNamed_data();
     void visibilityIsNamed();
     void visibilityThatCannotBeReadIsUnknown();
@@ -62,16 +64,6 @@ private slots:
     void textsAreDecodedFromUtf8();
     void informationOfAnUnknownNameIsEmptyAndLogged();
     void nothingElseIsLogged();
-    void representationPassesThrough();
-    void representationOfAnUnknownNameIsEmptyAndLogged();
-    void representationThatCannotBeReadIsEmptyAndLogged();
-    void dataTypeByName_data();
-    void dataTypeByName();
-    void dataTypeOfAnUnknownNameIsUnknownAndLogged();
-    void categoryPassesThrough();
-    void categoryOfAnUnknownNameIsEmptyWithoutLogging();
-    void displayNameUsesTheAlternatives();
-    void unreadableDisplayNameIsEmptyWithoutFallback();
 };
 
 void tst_FeatureManagerInformation::informationOfAnIntegerIsComplete()
@@ -148,6 +140,33 @@ void tst_FeatureManagerInformation::eachSentenceOfTheDescriptionEndsALine()
     const QString text = informationOf(camera, "Go");
     QCOMPARE(text.left(text.indexOf("<b>Feature Name:</b>")),
              "<b>Feature Description:</b> " + shown);
+}
+
+void tst_FeatureManagerInformation::placeMarkersInTheDescriptionAreReplacedByTheRest_data()
+{
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QString>("shown");
+    // # stands for the information: it goes where the lowest place marker is left over.
+    QTest::newRow("none") << "100 %"
+                          << "<br/>100 %<br/>#";
+    QTest::newRow("%1") << "Duty %1 s"
+                        << "<br/>Duty # s<br/>%2";
+    QTest::newRow("%2") << "Duty %2 s"
+                        << "<br/>Duty # s<br/>#";
+    QTest::newRow("%3") << "Duty %3 s"
+                        << "<br/>Duty %3 s<br/>#";
+}
+
+void tst_FeatureManagerInformation::placeMarkersInTheDescriptionAreReplacedByTheRest()
+{
+    QFETCH(QString, description);
+    QFETCH(QString, shown);
+    FakeCamera camera;
+    camera.addCommand("Go")->description = description.toStdString();
+    const QString information("<b>Feature Name:</b> Go<br/><b>Visibility:</b> BEGINNER<br/>"
+                              "<b>Type:</b> Command<br/><b>Category:</b> <br/>");
+    QCOMPARE(informationOf(camera, "Go"),
+             "<b>Feature Description:</b> " + shown.replace("#", information));
 }
 
 void tst_FeatureManagerInformation::visibilityIsNamed_data()
@@ -376,121 +395,13 @@ void tst_FeatureManagerInformation::nothingElseIsLogged()
     const FeatureManager manager(FeatureTest::wrap(*camera));
     const LogCapture log;
     for (const char* operation : {"GetDescription", "GetVisibility", "GetDataType", "GetCategory",
-                                  "GetDisplayName", "GetFlags"})
+                                  "GetFlags", "GetIntegerRange", "GetIntegerIncrement"}) {
+        camera->clearFailures();
         camera->failCall(operation, "Count");
-    manager.GetInformation("Count");
-    manager.GetDataType("Count");
-    manager.GetCategory("Count");
-    manager.GetDisplayName(QString("Count"));
-    manager.GetDisplayName("Gone", "Too", "Also");
+        manager.GetInformation("Count");
+        QVERIFY2(camera->callCount(operation, "Count") > 0, operation);
+    }
     QCOMPARE(log.lines(), QStringList());
-}
-
-void tst_FeatureManagerInformation::representationPassesThrough()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QCOMPARE(manager.GetRepresentation("Count"), QString("HexNumber"));
-    QCOMPARE(manager.GetRepresentation("Delay"), QString());
-}
-
-void tst_FeatureManagerInformation::representationOfAnUnknownNameIsEmptyAndLogged()
-{
-    const FakeCamera camera;
-    const FeatureManager manager(FeatureTest::wrap(camera));
-    const LogCapture log;
-    QCOMPARE(manager.GetRepresentation("Gone"), QString());
-    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::GetRepresentation() - "
-                                      "cannot get ZalFeatureWrapperPtr for  \"Gone\""});
-}
-
-void tst_FeatureManagerInformation::representationThatCannotBeReadIsEmptyAndLogged()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    camera->failCall("GetRepresentation", "Count");
-    const LogCapture log;
-    QCOMPARE(manager.GetRepresentation("Count"), QString());
-    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::GetRepresentation() "
-                                      "cannot get representaion for  \"Count\""});
-}
-
-void tst_FeatureManagerInformation::dataTypeByName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<unsigned>("type");
-    QTest::newRow("integer") << "Count" << 1U;
-    QTest::newRow("float") << "Delay" << 2U;
-    QTest::newRow("enumeration") << "Mode" << 3U;
-    QTest::newRow("string") << "Family" << 4U;
-    QTest::newRow("boolean") << "Flag" << 5U;
-    QTest::newRow("command") << "Go" << 6U;
-    QTest::newRow("raw") << "Data" << 7U;
-}
-
-void tst_FeatureManagerInformation::dataTypeByName()
-{
-    QFETCH(QString, name);
-    QFETCH(unsigned, type);
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QCOMPARE(manager.GetDataType(name), type);
-    camera->failCall("GetDataType", name.toStdString());
-    QCOMPARE(manager.GetDataType(name), 0U);
-}
-
-void tst_FeatureManagerInformation::dataTypeOfAnUnknownNameIsUnknownAndLogged()
-{
-    const FakeCamera camera;
-    const FeatureManager manager(FeatureTest::wrap(camera));
-    const LogCapture log;
-    QCOMPARE(manager.GetDataType(QString("Gone")), 0U);
-    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::GetDataType() - "
-                                      "cannot get ZalFeatureWrapperPtr for  \"Gone\""});
-}
-
-void tst_FeatureManagerInformation::categoryPassesThrough()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    (*camera)["Delay"].category = "Ger\xC3\xA4t";
-    QCOMPARE(manager.GetCategory("Count"), QString("Root/Counters"));
-    QCOMPARE(manager.GetCategory("Delay"), QStringLiteral(u"Ger\u00E4t"));
-    camera->failCall("GetCategory", "Count");
-    QCOMPARE(manager.GetCategory("Count"), QString());
-}
-
-void tst_FeatureManagerInformation::categoryOfAnUnknownNameIsEmptyWithoutLogging()
-{
-    const FakeCamera camera;
-    const FeatureManager manager(FeatureTest::wrap(camera));
-    const LogCapture log;
-    QCOMPARE(manager.GetCategory("Gone"), QString());
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void tst_FeatureManagerInformation::displayNameUsesTheAlternatives()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    const QString expected("The count");
-    QCOMPARE(manager.GetDisplayName(QString("Count")), expected);
-    QCOMPARE(manager.GetDisplayName("Gone", "Count"), expected);
-    QCOMPARE(manager.GetDisplayName("Gone", "Too", "Count"), expected);
-    QCOMPARE(manager.GetDisplayName("Count", "Delay", "Mode"), expected);
-    QCOMPARE(manager.GetDisplayName("Gone", "", "Count"), QString());
-    QCOMPARE(manager.GetDisplayName("Gone", "Too"), QString());
-    QCOMPARE(manager.GetDisplayName(QString("Gone")), QString());
-}
-
-void tst_FeatureManagerInformation::unreadableDisplayNameIsEmptyWithoutFallback()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    camera->failCall("GetDisplayName", "Count");
-    QCOMPARE(manager.GetDisplayName(QString("Count")), QString());
-    QCOMPARE(manager.GetDisplayName("Count", "Delay"), QString());
-    QCOMPARE(manager.GetDisplayName("Count", "Delay", "Mode"), QString());
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerInformation)

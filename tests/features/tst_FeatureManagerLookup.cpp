@@ -50,7 +50,7 @@ class tst_FeatureManagerLookup : public QObject
     Q_OBJECT
 
 private slots:
-    void sharesTheListWithoutCopyingIt();
+    void sharesTheListWithoutCopyingItAndReleasesIt();
     void findsTheFeatureByItsExactName_data();
     void findsTheFeatureByItsExactName();
     void emptyNameMatchesAFeatureWhoseNameIsEmpty();
@@ -70,24 +70,29 @@ private slots:
     void featureNameOfAListIsTheFirstThatExists_data();
     void featureNameOfAListIsTheFirstThatExists();
     void featureNameOfAListStopsAtTheFirstFound();
+    void nameThatFailsAfterTheLookupIsEmpty();
     void unreadableDisplayNameOfAListIsEmpty();
     void selectedFeaturesAreNamedInOrder();
+    void namesOfSelectedFeaturesAreDecodedFromUtf8();
     void selectedFeaturesOfAMissingOrFailingSelectorAreNone();
     void selectedFeatureWithoutAReadableNameIsSkipped();
+    void selectedHandleWithoutAFeatureIsSkipped();
 };
 
-void tst_FeatureManagerLookup::sharesTheListWithoutCopyingIt()
+void tst_FeatureManagerLookup::sharesTheListWithoutCopyingItAndReleasesIt()
 {
     FakeCamera camera;
     camera.addInteger("A", 1);
-    const WrapperList wrappers = wrap(camera);
+    WrapperList wrappers = wrap(camera);
     auto manager = std::make_unique<FeatureManager>(wrappers);
     const auto added = std::make_shared<ZalFeatureWrapper>(camera.addInteger("B", 2));
     wrappers->append(added);
     QVERIFY(manager->GetFeatureByName(std::string("B")) == added);
     const QWeakPointer<QVector<ZalFeatureWrapperPtr>> watched = wrappers;
-    manager.reset();
+    wrappers.reset();
     QVERIFY(!watched.isNull());
+    manager.reset();
+    QVERIFY(watched.isNull());
 }
 
 void tst_FeatureManagerLookup::findsTheFeatureByItsExactName_data()
@@ -349,6 +354,17 @@ void tst_FeatureManagerLookup::featureNameOfAListStopsAtTheFirstFound()
     QCOMPARE(nameQuestions(camera), 3); // X, A and the found feature's own name
 }
 
+void tst_FeatureManagerLookup::nameThatFailsAfterTheLookupIsEmpty()
+{
+    FakeCamera camera;
+    camera.addInteger("A", 1);
+    camera.addInteger("B", 1);
+    const FeatureManager manager(wrap(camera));
+    camera.failNthCall(4); // two calls find A, the next two read its name
+    QCOMPARE(manager.GetFeatureName(QStringList{"A", "B"}), QString());
+    QCOMPARE(nameQuestions(camera), 2);
+}
+
 void tst_FeatureManagerLookup::unreadableDisplayNameOfAListIsEmpty()
 {
     FakeCamera camera;
@@ -371,6 +387,16 @@ void tst_FeatureManagerLookup::selectedFeaturesAreNamedInOrder()
     QVERIFY(camera->writes().empty());
 }
 
+void tst_FeatureManagerLookup::namesOfSelectedFeaturesAreDecodedFromUtf8()
+{
+    FakeCamera camera;
+    camera.addEnum("Mode", {"On"}, "On");
+    camera.addInteger("\xC3\x84", 1);
+    camera.select("Mode", {"\xC3\x84"});
+    const FeatureManager manager(wrap(camera));
+    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{QStringLiteral(u"\u00C4")});
+}
+
 void tst_FeatureManagerLookup::selectedFeaturesOfAMissingOrFailingSelectorAreNone()
 {
     const auto camera = FakeCamera::standard();
@@ -389,6 +415,15 @@ void tst_FeatureManagerLookup::selectedFeatureWithoutAReadableNameIsSkipped()
     QCOMPARE(manager.GetSelectedFeatures("SoftwareSignalSelector"), QStringList());
     QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"),
              (QStringList{"TriggerMode", "TriggerActivation", "TriggerDelay", "TriggerSoftware"}));
+}
+
+void tst_FeatureManagerLookup::selectedHandleWithoutAFeatureIsSkipped()
+{
+    FakeCamera camera;
+    const auto mode = camera.addEnum("Mode", {"On"}, "On");
+    mode->selectedFeatures = {nullptr, camera.addInteger("B", 1)};
+    const FeatureManager manager(wrap(camera));
+    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{"B"});
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerLookup)

@@ -1,6 +1,7 @@
 // What FeatureManager says about the presence, access and entries of features.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
+#include "tests/support/LogCapture.h"
 
 #include <QtTest>
 
@@ -32,7 +33,9 @@ private slots:
     void availableEntriesUseTheAlternative();
     void availableEntriesOfANonEnumerationAreNone();
     void availableEntriesLeaveOutWhatCannotBeAsked();
+    void entryNamesAreUtf8();
     void queriesWriteNothing();
+    void failuresAreNotLogged();
 
 private:
     ZalFeatureWrapperPtr find(const char* name) const
@@ -257,6 +260,16 @@ void tst_FeatureManagerQueries::availableEntriesLeaveOutWhatCannotBeAsked()
     QCOMPARE(manager->GetAvailableEnumEntries("Mode"), QStringList());
 }
 
+void tst_FeatureManagerQueries::entryNamesAreUtf8()
+{
+    const QString entry = QStringLiteral(u"\u00C4");
+    (*camera)["Mode"].state().entries = {{"\xC3\x84", 0, true}};
+    QCOMPARE(FeatureManager::GetEnumEntries(find("Mode")), QStringList{entry});
+    QVERIFY(FeatureManager::GetIsValueAvailable(find("Mode"), entry));
+    QVERIFY(manager->GetIsFeatureValueAvailable("Mode", entry));
+    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), QStringList{entry});
+}
+
 void tst_FeatureManagerQueries::queriesWriteNothing()
 {
     manager->GetAvailableEnumEntries("Mode");
@@ -265,6 +278,25 @@ void tst_FeatureManagerQueries::queriesWriteNothing()
     manager->GetSelectedFeatures("Mode");
     QVERIFY(!camera->calls().empty());
     QVERIFY(camera->writes().empty());
+}
+
+void tst_FeatureManagerQueries::failuresAreNotLogged()
+{
+    for (const char* operation :
+         {"IsWritable", "IsReadable", "GetEnumNames", "IsValueAvailable", "GetSelectedFeatures"})
+        camera->failCall(operation, "Mode");
+    const LogCapture log;
+    for (const char* name : {"Mode", "Gone"}) {
+        manager->GetIsFeatureAvailable(name);
+        manager->GetIsWritable(name);
+        manager->GetIsFeatureWritable(name);
+        manager->GetIsReadable(name);
+        manager->GetIsFeatureValueAvailable(name, "On");
+        manager->GetAvailableEnumEntries(name);
+        manager->GetSelectedFeatures(name);
+        manager->GetFeatureName(QStringList{name});
+    }
+    QCOMPARE(log.lines(), QStringList());
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerQueries)

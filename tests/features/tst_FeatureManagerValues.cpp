@@ -1,11 +1,11 @@
 // FeatureManager: reading values and limits.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
+#include "tests/support/LogCapture.h"
 
 #include <QtTest>
 
 #include <climits>
-#include <limits>
 
 using Fake::FakeCamera;
 using FeatureTest::callsAfterLookup;
@@ -75,6 +75,7 @@ private slots:
     void rangeIsReadWithItsIncrementThoughItIsNotReported();
     void otherTypesAreNotAskedForLimits();
     void readsWriteNothing();
+    void missingFeaturesAndFailedReadsAreNotLogged();
 
 private:
     std::unique_ptr<FakeCamera> camera;
@@ -376,6 +377,26 @@ void tst_FeatureManagerValues::readsWriteNothing()
     }
     QVERIFY(!camera->calls().empty());
     QVERIFY(camera->writes().empty());
+}
+
+void tst_FeatureManagerValues::missingFeaturesAndFailedReadsAreNotLogged()
+{
+    bool writable = false;
+    double min = 0.0;
+    double max = 0.0;
+    double inc = 0.0;
+    const LogCapture log;
+    for (const char* name : {"Gone", "WriteOnly", "NoStep", "NoRangeStep1", "FloatNoRange"}) {
+        manager->GetValue(name);
+        manager->GetStringValue(name);
+        manager->GetIncrement(name);
+        manager->GetIsFloatFeature(name);
+        manager->GetWritableEnumValue(name);
+        manager->GetValueRange(name, &min, &max);
+        manager->GetValueRangeIncrement(name, &min, &max, &inc);
+        manager->GetValueIsWritableRangeIncrement(name, &writable, &min, &max, &inc);
+    }
+    QCOMPARE(log.lines(), QStringList());
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerValues)

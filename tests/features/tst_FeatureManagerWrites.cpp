@@ -1,4 +1,4 @@
-// FeatureManager: writing values and running commands.
+// FeatureManager: writing numbers.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
@@ -49,6 +49,7 @@ private slots:
     void integerIsTruncatedSteppedAndClamped();
     void integerWithAnUnreadableRangeIsClampedToMinusOne_data();
     void integerWithAnUnreadableRangeIsClampedToMinusOne();
+    void integerWithAnUnreadableIncrementIsNotStepped();
     void integerRefusalIsLoggedAndNotTriedAgain();
     void integerThatCannotBeReadBackIsMinusOne();
     void integerWriteAsksTheCameraInOrder();
@@ -56,6 +57,7 @@ private slots:
     void floatIsClampedToItsRange();
     void floatWithAnUnreadableRangeIsClampedToMinusOne();
     void floatRefusalIsTriedAgainWithTheCamerasValueInSteps();
+    void floatRefusalWithoutAnIncrementIsTriedAgainUnchanged_data();
     void floatRefusalWithoutAnIncrementIsTriedAgainUnchanged();
     void floatSecondRefusalIsLoggedWithItsOwnCode();
     void floatNegativeValueInStepsWrapsAround();
@@ -70,15 +72,9 @@ private slots:
     void otherTypesAndMissingFeaturesReturnTheValue_data();
     void otherTypesAndMissingFeaturesReturnTheValue();
     void numberIsWrittenToTheAlternativeAndReadBackFromIt();
+    void logNamesTheFirstNameEvenWhenAnAlternativeWasWritten_data();
     void logNamesTheFirstNameEvenWhenAnAlternativeWasWritten();
     void ownNameIsReadBeforeTheWrite();
-    void textIsWrittenAndReadBack();
-    void textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty();
-    void textReadBackComesFromTheFirstNameAlone();
-    void refusedTextIsNeitherReportedNorLogged();
-    void writableEnumValueIsEmptyWhileReadOnly();
-    void commandRunsOnceAndIsNotWaitedFor();
-    void commandThatCannotRunIsFalse();
 };
 
 void tst_FeatureManagerWrites::integerIsTruncatedSteppedAndClamped_data()
@@ -141,6 +137,16 @@ void tst_FeatureManagerWrites::integerWithAnUnreadableRangeIsClampedToMinusOne()
     });
     QCOMPARE(exact(world.manager->SetValue("Count", 50.0)), exact(written));
     QCOMPARE(world.writes(), QStringList{QString("SetIntegerValue Count=%1").arg(written)});
+}
+
+void tst_FeatureManagerWrites::integerWithAnUnreadableIncrementIsNotStepped()
+{
+    World world([](FakeCamera& camera) { camera.addInteger("Count", 8, 0, 1023, 16); });
+    world.camera.failCall("GetIntegerIncrement", "Count");
+    world.manager->SetValue("Count", 37.0);
+    world.manager->SetValue("Count", 5000.0);
+    QCOMPARE(world.writes(),
+             (QStringList{"SetIntegerValue Count=37", "SetIntegerValue Count=1023"}));
 }
 
 void tst_FeatureManagerWrites::integerRefusalIsLoggedAndNotTriedAgain()
@@ -214,9 +220,22 @@ void tst_FeatureManagerWrites::floatRefusalIsTriedAgainWithTheCamerasValueInStep
     QCOMPARE(log.lines(), QStringList());
 }
 
+void tst_FeatureManagerWrites::floatRefusalWithoutAnIncrementIsTriedAgainUnchanged_data()
+{
+    QTest::addColumn<bool>("has");
+    QTest::addColumn<double>("increment");
+    QTest::newRow("none") << false << 0.0;
+    QTest::newRow("zero") << true << 0.0;
+    QTest::newRow("negative") << true << -0.5;
+}
+
 void tst_FeatureManagerWrites::floatRefusalWithoutAnIncrementIsTriedAgainUnchanged()
 {
+    QFETCH(bool, has);
+    QFETCH(double, increment);
     World world([](FakeCamera& camera) { camera.addFloat("Delay", 2.3, 0.0, 100.0); });
+    if (has)
+        world["Delay"].state().incrementReal = increment;
     world.camera.failCall("SetFloatValue", "Delay");
     const LogCapture log;
     QCOMPARE(world.manager->SetValue("Delay", 150.0), 2.3);
@@ -377,14 +396,34 @@ void tst_FeatureManagerWrites::numberIsWrittenToTheAlternativeAndReadBackFromIt(
     QCOMPARE(world.writes(), (QStringList{"SetIntegerValue Count=9", "SetIntegerValue Count=10"}));
 }
 
+void tst_FeatureManagerWrites::logNamesTheFirstNameEvenWhenAnAlternativeWasWritten_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("tag");
+    QTest::newRow("integer") << "Count"
+                             << "SetIntegerValue"
+                             << "Int";
+    QTest::newRow("float") << "Delay"
+                           << "SetFloatValue"
+                           << "Double";
+    QTest::newRow("boolean") << "Flag"
+                             << "SetBoolValue"
+                             << "Bool";
+}
+
 void tst_FeatureManagerWrites::logNamesTheFirstNameEvenWhenAnAlternativeWasWritten()
 {
-    World world([](FakeCamera& camera) { camera.addInteger("Count", 8); });
-    world.camera.failCall("SetIntegerValue", "Count");
+    QFETCH(QString, name);
+    QFETCH(QString, operation);
+    QFETCH(QString, tag);
+    const auto camera = FeatureTest::mixedCamera();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    camera->failCall(operation.toStdString(), name.toStdString());
     const LogCapture log;
-    world.manager->SetValue("Gone", "Count", 9.0);
-    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Int:  "
-                                      "\"Gone\"  :  -13"});
+    manager.SetValue("Gone", name, 9.0);
+    const QString line("default/debug Error: FeatureManager::SetValue:%1:  \"Gone\"  :  -13");
+    QCOMPARE(log.lines(), QStringList{line.arg(tag)});
 }
 
 void tst_FeatureManagerWrites::ownNameIsReadBeforeTheWrite()
@@ -394,85 +433,6 @@ void tst_FeatureManagerWrites::ownNameIsReadBeforeTheWrite()
     const QStringList calls = toList(world.camera.calls());
     QCOMPARE(calls.count("GetName Count"), 4); // two calls for the lookup, two for the name
     QCOMPARE(calls.indexOf("GetDataType Count"), 4);
-}
-
-void tst_FeatureManagerWrites::textIsWrittenAndReadBack()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    const QString family = QStringLiteral(u"M\u00FCller");
-    QCOMPARE(manager.SetValue("Mode", QString("Off")), QString("Off"));
-    QCOMPARE(manager.SetValue("Family", family), family);
-    QCOMPARE((*camera)["Family"].state().text, std::string("M\xC3\xBCller"));
-    QCOMPARE(manager.SetValue("Family", QString()), QString());
-    QCOMPARE((*camera)["Family"].state().text, std::string());
-}
-
-void tst_FeatureManagerWrites::textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QCOMPARE(manager.SetValue("Gone", "Mode", QString("Off")), QString());
-    QCOMPARE((*camera)["Mode"].state().text, std::string("Off"));
-    QCOMPARE(manager.SetValue("Gone", "Too", "Mode", QString("On")), QString());
-    QCOMPARE((*camera)["Mode"].state().text, std::string("On"));
-    QCOMPARE(manager.SetValue("Gone", "Too", "Also", QString("Off")), QString());
-    QCOMPARE(camera->writes().size(), std::size_t(2));
-}
-
-void tst_FeatureManagerWrites::textReadBackComesFromTheFirstNameAlone()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    camera->failCall("GetStringValue", "Family");
-    QCOMPARE(manager.SetValue("Family", "Mode", QString("One")), QString());
-    QCOMPARE(FeatureTest::toList(camera->writes()), QStringList{"SetStringValue Family=One"});
-}
-
-void tst_FeatureManagerWrites::refusedTextIsNeitherReportedNorLogged()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    const LogCapture log;
-    QCOMPARE(manager.SetValue("Mode", QString("Sometimes")), QString("On"));
-    (*camera)["Mode"].state().writable = false;
-    QCOMPARE(manager.SetValue("Mode", QString("Off")), QString("On"));
-    QCOMPARE(toList(camera->writes()),
-             (QStringList{"SetStringValue Mode=Sometimes", "SetStringValue Mode=Off"}));
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void tst_FeatureManagerWrites::writableEnumValueIsEmptyWhileReadOnly()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QCOMPARE(manager.GetWritableEnumValue("Mode"), QString("On"));
-    QCOMPARE(manager.GetWritableEnumValue("Count"), QString());
-    QCOMPARE(manager.GetWritableEnumValue("Gone"), QString());
-    (*camera)["Mode"].state().writable = false;
-    QCOMPARE(manager.GetWritableEnumValue("Mode"), QString());
-}
-
-void tst_FeatureManagerWrites::commandRunsOnceAndIsNotWaitedFor()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    (*camera)["Go"].commandDone = false;
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QVERIFY(manager.RunCommand("Go"));
-    QCOMPARE(callsAfterLookup(*camera), QStringList{"RunCommand Go"});
-}
-
-void tst_FeatureManagerWrites::commandThatCannotRunIsFalse()
-{
-    const auto camera = FeatureTest::mixedCamera();
-    const FeatureManager manager(FeatureTest::wrap(*camera));
-    QVERIFY(!manager.RunCommand("Gone"));
-    QVERIFY(!manager.RunCommand("Count"));
-    (*camera)["Go"].state().writable = false;
-    QVERIFY(!manager.RunCommand("Go"));
-    (*camera)["Go"].state().writable = true;
-    camera->failCall("RunCommand", "Go");
-    QVERIFY(!manager.RunCommand("Go"));
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerWrites)

@@ -1,5 +1,6 @@
 #include "features/PluginFeatureObserver.h"
 #include "tests/support/FakeCamera.h"
+#include "tests/support/VirtualSlot.h"
 
 #include <QMetaMethod>
 #include <QSignalSpy>
@@ -40,6 +41,7 @@ class tst_PluginFeatureObserver : public QObject
 
 private slots:
     void isAParentlessQObjectFirstAndAnObserverSecond();
+    void notificationStandsFirstInTheObserverInterface();
     void hasOneSignalAndNoSlots();
     void noFeatureIsPassedOverInSilence();
     void valueTextFollowsTheDataType_data();
@@ -71,6 +73,12 @@ void tst_PluginFeatureObserver::isAParentlessQObjectFirstAndAnObserverSecond()
     QVERIFY(static_cast<const void*>(static_cast<ZalCPP::IFeatureObserver*>(&observer)) ==
             static_cast<const char*>(whole) + sizeof(QObject));
     QCOMPARE(sizeof(PluginFeatureObserver), sizeof(QObject) + sizeof(void*));
+}
+
+void tst_PluginFeatureObserver::notificationStandsFirstInTheObserverInterface()
+{
+    QCOMPARE(virtualSlot(&ZalCPP::IFeatureObserver::FeatureChanged), std::size_t(0));
+    QVERIFY(std::has_virtual_destructor_v<ZalCPP::IFeatureObserver>);
 }
 
 void tst_PluginFeatureObserver::hasOneSignalAndNoSlots()

@@ -72,6 +72,7 @@ private slots:
     void readsListsAndTextsWithTwoCallsAndPassesBothStatusesOn();
     void bufferThatCannotBeAllocatedIsOutOfResources_data();
     void bufferThatCannotBeAllocatedIsOutOfResources();
+    void entryNamesThatCannotBeCopiedAreOutOfResources();
 
 private:
     std::unique_ptr<FakeCamera> camera;
@@ -227,6 +228,18 @@ void tst_ZalFeatureWrapperCalls::bufferThatCannotBeAllocatedIsOutOfResources()
     ZalFeatureWrapper wrapper(std::make_shared<BoundlessFeature>(*camera, "Any", ZalFeatureRaw));
     const AllocationLimit limit(1U << 20U);
     QCOMPARE(operation(wrapper), -14);
+}
+
+void tst_ZalFeatureWrapperCalls::entryNamesThatCannotBeCopiedAreOutOfResources()
+{
+    (*camera)["Mode"].state().entries = {{std::string(1U << 20U, 'x'), 0, true}};
+    ZalFeatureWrapper wrapper(camera->find("Mode"));
+    std::vector<std::string> names{"before"};
+    {
+        const AllocationLimit limit(1U << 19U);
+        QCOMPARE(wrapper.GetValues(names), -14);
+    }
+    QCOMPARE(toList(names), QStringList{"before"});
 }
 
 QTEST_APPLESS_MAIN(tst_ZalFeatureWrapperCalls)

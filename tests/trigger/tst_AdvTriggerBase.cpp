@@ -5,7 +5,6 @@
 #include <QDoubleSpinBox>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMetaMethod>
 #include <QPushButton>
 #include <QTest>

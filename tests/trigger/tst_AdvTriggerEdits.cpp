@@ -1,5 +1,5 @@
 // From a user's edit to the camera, and the camera's answer back into the widget.
-#include "tests/trigger/LogCapture.h"
+#include "tests/support/LogCapture.h"
 #include "tests/trigger/TestEngine.h"
 
 #include <QCheckBox>
@@ -76,6 +76,7 @@ private:
         return widget;
     }
     static void enter(QLineEdit& edit, const QString& text);
+    static QStringList warnings(const LogCapture& log);
 
     std::unique_ptr<Fake::FakeCamera> camera;
     std::unique_ptr<TestEngine> engine;
@@ -104,6 +105,11 @@ void tst_AdvTriggerEdits::enter(QLineEdit& edit, const QString& text)
     QTest::keyClick(&edit, Qt::Key_Delete);
     QTest::keyClicks(&edit, text);
     QTest::keyClick(&edit, Qt::Key_Return);
+}
+
+QStringList tst_AdvTriggerEdits::warnings(const LogCapture& log)
+{
+    return log.lines().filter("/warning ");
 }
 
 void tst_AdvTriggerEdits::comboBoxWritesItsText()
@@ -262,7 +268,7 @@ void tst_AdvTriggerEdits::refusedWriteIsNoError()
     const LogCapture log;
     box.setValue(9);
     QCOMPARE(box.value(), 5);
-    QCOMPARE(log.warnings(), QStringList());
+    QCOMPARE(warnings(log), QStringList());
 }
 
 void tst_AdvTriggerEdits::answerCausesNoSecondChange()
@@ -358,7 +364,7 @@ void tst_AdvTriggerEdits::commandRuns()
     const LogCapture log;
     button.click();
     QCOMPARE(writesOf(*camera), QStringList("RunCommand Run"));
-    QCOMPARE(log.warnings(), QStringList());
+    QCOMPARE(warnings(log), QStringList());
 }
 
 void tst_AdvTriggerEdits::commandRunsForAnySender()
@@ -375,7 +381,7 @@ void tst_AdvTriggerEdits::failedCommandIsLogged()
     camera->failCall("RunCommand", "Run");
     const LogCapture log;
     button.click();
-    QCOMPARE(log.warnings(), QStringList("Error executing command 'Run'"));
+    QCOMPARE(warnings(log), QStringList("default/warning Error executing command 'Run'"));
 }
 
 void tst_AdvTriggerEdits::senderOfTheWrongClassIsLogged_data()
@@ -403,7 +409,7 @@ void tst_AdvTriggerEdits::senderOfTheWrongClassIsLogged()
     emit sender.finished();
     emit sender.number(2);
     emit sender.real(2.0);
-    QCOMPARE(log.warnings(), QStringList("Error accessing widget 'xyzNumber'"));
+    QCOMPARE(warnings(log), QStringList("default/warning Error accessing widget 'xyzNumber'"));
     QVERIFY(camera->calls().empty());
 }
 
@@ -418,7 +424,7 @@ void tst_AdvTriggerEdits::withoutSenderNothingHappens()
     engine->OnChangeCheckbox(2);
     engine->OnExecuteCommandButton();
     QVERIFY(camera->calls().empty());
-    QCOMPARE(log.warnings(), QStringList());
+    QCOMPARE(warnings(log), QStringList());
 }
 
 QTEST_MAIN(tst_AdvTriggerEdits)

@@ -3,8 +3,6 @@
 
 #include <QTest>
 
-#include <limits>
-
 class tst_AdvTriggerFeatureValue : public QObject
 {
     Q_OBJECT

@@ -238,6 +238,8 @@ void tst_AdvTriggerRefresh::checkBoxShowsTheValue()
     camera->find("LineInverter")->state().boolean = true;
     engine->refresh({"LineInverter"});
     QVERIFY(box.isChecked());
+    // As a number: a boolean would compare equal.
+    QCOMPARE(reports->first().last().type(), QVariant::Double);
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"LineInverter", 1.0}));
 }
 

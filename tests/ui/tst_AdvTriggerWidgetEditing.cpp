@@ -4,8 +4,6 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 class tst_AdvTriggerWidgetEditing : public QObject
 {

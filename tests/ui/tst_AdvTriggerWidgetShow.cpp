@@ -6,10 +6,8 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHelpEvent>
-#include <QLabel>
-#include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
-#include <QStandardItemModel>
 
 namespace {
 
@@ -78,6 +76,7 @@ private slots:
     void hintIsColouredForThePalette();
     void streamingIsPassedOn();
     void streamingLocksThePresetBoxAndShowsTheHint();
+    void streamingBeforeTheFirstShowOutlastsTheBinding();
     void streamingLeavesTheOtherWidgets();
     void nothingIsClippedAtWidth_data();
     void nothingIsClippedAtWidth();
@@ -406,6 +405,15 @@ void tst_AdvTriggerWidgetShow::streamingLocksThePresetBoxAndShowsTheHint()
     shown.tab.camIsStreaming(false);
     QVERIFY(!hint->isVisible());
     QVERIFY(presets->isEnabled());
+}
+
+void tst_AdvTriggerWidgetShow::streamingBeforeTheFirstShowOutlastsTheBinding()
+{
+    TabOnCamera shown;
+    shown.tab.camIsStreaming(true);
+    shown.showAndSettle();
+    QVERIFY(shown.find("lbl_notAcquireHint")->isVisible());
+    QVERIFY(!shown.find("cmbSelectPreset")->isEnabled());
 }
 
 void tst_AdvTriggerWidgetShow::streamingLeavesTheOtherWidgets()

@@ -2,8 +2,6 @@
 // nothing, a label without its widget, a widget that the Tab key leaves out.
 #include "tests/ui/TabUnderTest.h"
 
-#include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
