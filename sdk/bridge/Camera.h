@@ -39,7 +39,7 @@ struct WireCounts
 };
 
 /// An open camera. All methods may be called from any thread and are bounded in time like those of
-/// Feature; destroying the camera closes it.
+/// Feature. Destroying the camera closes it, and does not wait for one that no longer answers.
 class Camera
 {
 public:
@@ -59,8 +59,11 @@ public:
     /// The feature of that name, or null. Costs no traffic.
     FeaturePtr FindFeature(const std::string& name) const;
 
-    /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns.
+    /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns; it
+    /// must not stop or destroy the camera. Incomplete frames are left out. Meanwhile the camera's
+    /// TLParamsLocked is set, where it has one. Fails with ZalErrorNotAvailable while acquiring.
     ZalErrorType StartAcquisition(FrameHandler handler);
+    /// After this no frame arrives, whatever the status. Stopping twice succeeds.
     ZalErrorType StopAcquisition();
     bool IsAcquiring() const;
 

@@ -10,9 +10,9 @@ namespace ZalSim {
 /// How to start a simulated camera.
 struct Options
 {
-    std::string model = "full";           ///< One of SimulatedCamera::Models().
-    std::string descriptionFile;          ///< Serves this GenICam file instead of the model's own.
-    std::string interface = "127.0.0.1";  ///< Address that the camera listens on.
+    std::string model = "full";          ///< One of SimulatedCamera::Models().
+    std::string descriptionFile;         ///< Serves this GenICam file instead of the model's own.
+    std::string interface = "127.0.0.1"; ///< Address that the camera listens on.
     std::string serial = "SIM0001";
 };
 
@@ -36,13 +36,18 @@ public:
     /// Opens this camera when given to the SDK.
     std::string CameraId() const;
 
-    /// The camera's own registers, big endian as on the wire; for tests that play the outside world.
+    /// The camera's own registers, big endian as on the wire; for tests that play the outside
+    /// world.
     std::uint32_t ReadRegister(std::uint32_t address) const;
     void WriteRegister(std::uint32_t address, std::uint32_t value);
 
     /// Drives an input line from outside (line index as in "Line0"); the line stops toggling by
-    /// itself from then on.
+    /// itself from then on. Returns after the camera has seen the level.
     void SetInputLine(unsigned line, bool high);
+
+    /// Sends the camera an action command, as a host on the network would. Returns after the camera
+    /// has seen it.
+    void SendAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
 
 private:
     class Private;

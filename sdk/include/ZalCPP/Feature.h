@@ -88,6 +88,8 @@ public:
     /// Shares ownership of the observer until it is unregistered. Registering it a second time
     /// succeeds and changes nothing.
     virtual ZalErrorType RegisterObserver(const std::shared_ptr<IFeatureObserver>& observer) = 0;
+    /// Lets go of the observer in any case. A call of it that has begun on the notification thread
+    /// may still be running afterwards; no further one begins.
     virtual ZalErrorType UnregisterObserver(const std::shared_ptr<IFeatureObserver>& observer) = 0;
 };
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "sdk/bridge/Camera.h"
+#include "sdk/bridge/CameraCore.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace ZalCPP {
+
+/// Starts and stops the stream of images of one camera. Any thread but that of the frame handler.
+class Acquisition
+{
+public:
+    explicit Acquisition(std::shared_ptr<CameraCore> camera);
+    ~Acquisition();
+    Acquisition(const Acquisition&) = delete;
+    Acquisition& operator=(const Acquisition&) = delete;
+
+    ZalErrorType start(Camera::FrameHandler handler);
+    ZalErrorType stop();
+    bool isRunning() const { return running; }
+
+private:
+    using StreamPtr = std::shared_ptr<ArvStream>;
+
+    ZalErrorType startCamera();
+    void endGrabbing();
+    void cleanUp(bool stopCameraFirst);
+
+    const std::shared_ptr<CameraCore> core;
+    std::mutex mutex; ///< Starting and stopping exclude each other.
+    std::atomic<bool> running{false};
+    StreamPtr stream;
+    std::thread grabber;
+};
+
+} // namespace ZalCPP

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "sdk/bridge/CameraCore.h"
+
+#include <ZalCPP/Feature.h>
+
+namespace ZalCPP {
+
+/// A handle to one feature of an open camera. Static facts are answered from the description that
+/// was read when the camera was opened; everything else is asked on the camera's worker thread.
+class AravisFeature : public Feature
+{
+public:
+    AravisFeature(std::shared_ptr<CameraCore> camera, std::size_t featurePosition);
+
+    ZalErrorType GetName(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetDisplayName(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetCategory(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetUnit(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetRepresentation(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetToolTip(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetDescription(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetDataType(ZalFeatureDataType& type) const override;
+    ZalErrorType GetFlags(ZalFeatureFlagsType& flags) const override;
+    ZalErrorType GetVisibility(ZalFeatureVisibilityType& visibility) const override;
+    ZalErrorType GetSelectedFeatures(FeaturePtr* buffer, std::uint32_t& count) const override;
+
+    ZalErrorType IsReadable(bool& readable) const override;
+    ZalErrorType IsWritable(bool& writable) const override;
+
+    ZalErrorType GetIntegerValue(long long& value) const override;
+    ZalErrorType GetFloatValue(double& value) const override;
+    ZalErrorType GetBoolValue(bool& value) const override;
+    ZalErrorType GetStringValue(char* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetRawValue(unsigned char* buffer, std::uint32_t& count) const override;
+
+    ZalErrorType SetIntegerValue(long long value) override;
+    ZalErrorType SetFloatValue(double value) override;
+    ZalErrorType SetBoolValue(bool value) override;
+    ZalErrorType SetStringValue(const char* value) override;
+    ZalErrorType SetRawValue(const unsigned char* data, std::uint32_t count) override;
+
+    ZalErrorType GetIntegerRange(long long& min, long long& max) const override;
+    ZalErrorType GetFloatRange(double& min, double& max) const override;
+    ZalErrorType HasIncrement(bool& hasIncrement) const override;
+    ZalErrorType GetIntegerIncrement(long long& increment) const override;
+    ZalErrorType GetFloatIncrement(double& increment) const override;
+    ZalErrorType GetValidValueSet(long long* buffer, std::uint32_t& count) const override;
+
+    ZalErrorType GetEnumValues(long long* buffer, std::uint32_t& count) const override;
+    ZalErrorType GetEnumNames(const char** buffer, std::uint32_t& count) const override;
+    ZalErrorType GetEntry(EnumEntry& entry, const char* name) const override;
+    ZalErrorType GetEntries(EnumEntry* buffer, std::uint32_t& count) const override;
+    ZalErrorType IsValueAvailable(const char* name, bool& available) const override;
+    ZalErrorType IsValueAvailable(long long value, bool& available) const override;
+
+    ZalErrorType RunCommand() override;
+    ZalErrorType IsCommandDone(bool& done) const override;
+
+    ZalErrorType RegisterObserver(const std::shared_ptr<IFeatureObserver>& observer) override;
+    ZalErrorType UnregisterObserver(const std::shared_ptr<IFeatureObserver>& observer) override;
+
+private:
+    const FeatureDescription& facts() const { return core->facts(position); }
+    bool is(ZalFeatureDataType type) const { return facts().type == type; }
+    bool isText() const { return is(ZalFeatureString) || is(ZalFeatureEnum); }
+    template <typename Condition>
+    ZalErrorType entryAvailable(Condition condition, bool& available) const;
+
+    const std::shared_ptr<CameraCore> core;
+    const std::size_t position;
+};
+
+} // namespace ZalCPP

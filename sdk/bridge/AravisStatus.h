@@ -1,0 +1,34 @@
+#pragma once
+
+#include <ZalCPP/ZalTypes.h>
+
+#include <glib.h>
+
+#include <string>
+
+namespace ZalCPP {
+
+/// The SDK's status for an Aravis error; success for null.
+ZalErrorType statusOf(const GError* error);
+
+/// Receives the error of one Aravis call: pass out() to the call, then ask.
+class AravisError
+{
+public:
+    AravisError() = default;
+    ~AravisError() { g_clear_error(&error); }
+    AravisError(const AravisError&) = delete;
+    AravisError& operator=(const AravisError&) = delete;
+
+    GError** out() { return &error; }
+    ZalErrorType status() const { return statusOf(error); }
+    std::string message() const { return error ? error->message : std::string(); }
+    /// True when the description does not define what was asked for; Aravis then answers with the
+    /// default that GenICam gives.
+    bool isUndefinedProperty() const;
+
+private:
+    GError* error = nullptr;
+};
+
+} // namespace ZalCPP

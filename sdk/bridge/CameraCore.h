@@ -1,0 +1,106 @@
+#pragma once
+
+#include "sdk/bridge/CameraWorker.h"
+#include "sdk/bridge/ChangeNotifier.h"
+#include "sdk/bridge/FeatureDescription.h"
+#include "sdk/bridge/WireCounter.h"
+
+#include <ZalCPP/Feature.h>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace ZalCPP {
+
+/// What a camera and its features share. Features keep it alive, so that their static facts can be
+/// asked after the camera is gone; the device itself is released by close().
+class CameraCore : public std::enable_shared_from_this<CameraCore>
+{
+public:
+    /// Nobody else may keep `device`: the last reference is released on the worker thread.
+    static std::shared_ptr<CameraCore> open(std::shared_ptr<ArvDevice> device,
+                                            CameraDescription description);
+    ~CameraCore();
+    CameraCore(const CameraCore&) = delete;
+    CameraCore& operator=(const CameraCore&) = delete;
+
+    /// Releases the device, or leaves that to the worker's remains when the camera does not answer.
+    void close();
+
+    FeaturePtr feature(std::size_t position);
+    const FeatureDescription& facts(std::size_t position) const;
+    const std::shared_ptr<const CameraDescription>& description() const { return camera; }
+
+    /// False once the camera is lost or closed.
+    bool isOpen() const { return cameraWorker->isOpen(); }
+    CameraWorker& worker() { return *cameraWorker; }
+    ChangeNotifier& notifier() { return *changeNotifier; }
+    const WireCounter& counter() const { return *wireCounter; }
+    /// For use on the worker thread.
+    ArvDevice* device() const { return rawDevice; }
+
+    /// Runs `query(facts, answer)` on the worker thread; `answer` is set on success only.
+    template <typename Answer, typename Query>
+    ZalErrorType ask(std::size_t position, Answer& answer, Query query)
+    {
+        const auto result = std::make_shared<Answer>();
+        const ZalErrorType status = cameraWorker->call([camera = camera, position, query, result] {
+            return query(camera->features[position], *result);
+        });
+        if (status == ZalErrorSuccess)
+            answer = std::move(*result);
+        return status;
+    }
+
+    /// Runs `write(facts)` on the worker thread and lets the notifier know, even when the caller
+    /// has given up waiting by then.
+    template <typename Write> ZalErrorType change(std::size_t position, Write write)
+    {
+        return cameraWorker->call([camera = camera, notifier = changeNotifier, position, write] {
+            const FeatureDescription& feature = camera->features[position];
+            const ZalErrorType status = write(feature);
+            if (mayHaveWritten(status))
+                notifier->written(feature);
+            return status;
+        });
+    }
+
+    /// As change(), for an operation on the camera as a whole that may change any feature.
+    template <typename Write> ZalErrorType changeAll(Write write)
+    {
+        return cameraWorker->call(changingAll(write));
+    }
+    /// As changeAll(), but in its turn and without waiting.
+    template <typename Write> void postChangeAll(Write write)
+    {
+        cameraWorker->post(changingAll(write));
+    }
+
+private:
+    CameraCore() = default;
+
+    template <typename Write> CameraWorker::Work changingAll(Write write)
+    {
+        return [camera = camera, notifier = changeNotifier, write] {
+            const ZalErrorType status = write(*camera);
+            notifier->writtenAll();
+            return status;
+        };
+    }
+
+    static bool mayHaveWritten(ZalErrorType status);
+    void connectLossSignal();
+
+    std::shared_ptr<const CameraDescription> camera;
+    std::shared_ptr<WireCounter> wireCounter;
+    std::shared_ptr<ChangeNotifier> changeNotifier;
+    std::shared_ptr<CameraWorker> cameraWorker;
+    std::shared_ptr<ArvDevice> ownedDevice;
+    ArvDevice* rawDevice = nullptr;
+
+    std::mutex mutex;
+    std::vector<std::weak_ptr<Feature>> handles; ///< In step with the description's features.
+};
+
+} // namespace ZalCPP

@@ -1,0 +1,245 @@
+#include "sdk/bridge/CameraWorker.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+namespace ZalCPP {
+namespace {
+
+// How long a caller waits. A user interface thread may be among the callers.
+constexpr std::chrono::milliseconds CallTimeout{500};
+// Closing may follow a stopped acquisition, so that it gets less of the same patience.
+constexpr std::chrono::milliseconds CloseTimeout{400};
+
+enum class Health
+{
+    Good,
+    Overdue,
+    Lost,
+    Closed
+};
+
+struct Task
+{
+    CameraWorker::Work work;
+    bool posted = false;
+    bool done = false;
+    ZalErrorType result = ZalErrorUnknown;
+};
+
+using TaskPtr = std::shared_ptr<Task>;
+
+TaskPtr makeTask(CameraWorker::Work work, bool posted = false)
+{
+    auto task = std::make_shared<Task>();
+    task->work = std::move(work);
+    task->posted = posted;
+    return task;
+}
+
+ZalErrorType refusal(Health health)
+{
+    return health == Health::Overdue ? ZalErrorTimeout : ZalErrorNotOpen;
+}
+
+} // namespace
+
+/// What the thread and the callers share. The thread owns a part of it, so that it can outlive the
+/// worker object.
+struct CameraWorker::State
+{
+    explicit State(Hooks workerHooks) : hooks(std::move(workerHooks)) {}
+
+    const Hooks hooks;
+    mutable std::mutex mutex;
+    std::condition_variable wake;    ///< For the thread: there is work.
+    std::condition_variable changed; ///< For the callers: a task is done, or the health changed.
+    std::deque<TaskPtr> queue;
+    Health health = Health::Good;
+    bool finished = false;
+
+    void run();
+    TaskPtr next();
+    void finish(const TaskPtr& task, ZalErrorType result);
+    void settle(ZalErrorType result);
+    void recover();
+    bool has(Health wanted) const;
+    bool worsen(Health newHealth);
+    bool worsenLocked(Health newHealth);
+    void refuseQueuedCalls();
+};
+
+void CameraWorker::State::run()
+{
+    while (const TaskPtr task = next()) {
+        const ZalErrorType result = task->work();
+        finish(task, result);
+        settle(result);
+    }
+    const std::lock_guard<std::mutex> lock(mutex);
+    finished = true;
+    changed.notify_all();
+}
+
+TaskPtr CameraWorker::State::next()
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const auto due = [this] { return health == Health::Overdue || health == Health::Closed; };
+    wake.wait(lock, [&] { return !queue.empty() || due(); });
+    if (!queue.empty()) {
+        TaskPtr task = queue.front();
+        queue.pop_front();
+        return task;
+    }
+    // A call may become overdue before this thread got to run it. Nothing is outstanding then, so
+    // that the camera has to be asked whether the breaker may close.
+    return health == Health::Overdue ? makeTask(hooks.probe) : nullptr;
+}
+
+void CameraWorker::State::finish(const TaskPtr& task, ZalErrorType result)
+{
+    // What the work owns is released here, on the thread that used it.
+    task->work = nullptr;
+    const std::lock_guard<std::mutex> lock(mutex);
+    task->result = result;
+    task->done = true;
+    changed.notify_all();
+}
+
+// After each operation: does the camera still answer?
+void CameraWorker::State::settle(ZalErrorType result)
+{
+    if (result == ZalErrorTimeout) {
+        worsen(Health::Overdue);
+        result = has(Health::Overdue) && hooks.probe() == ZalErrorSuccess ? ZalErrorSuccess
+                                                                          : ZalErrorNotOpen;
+    }
+    if (result != ZalErrorNotOpen)
+        recover();
+    else if (worsen(Health::Lost))
+        hooks.lost();
+}
+
+void CameraWorker::State::recover()
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (health != Health::Overdue)
+            return;
+        health = Health::Good;
+    }
+    hooks.recovered();
+}
+
+bool CameraWorker::State::has(Health wanted) const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return health == wanted;
+}
+
+// True when the health was better before.
+bool CameraWorker::State::worsen(Health newHealth)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return worsenLocked(newHealth);
+}
+
+bool CameraWorker::State::worsenLocked(Health newHealth)
+{
+    if (newHealth <= health)
+        return false;
+    health = newHealth;
+    refuseQueuedCalls();
+    wake.notify_all();
+    changed.notify_all();
+    return true;
+}
+
+// Nobody waits for these any more: they must not reach the camera later.
+void CameraWorker::State::refuseQueuedCalls()
+{
+    std::deque<TaskPtr> kept;
+    for (const TaskPtr& task : queue) {
+        if (task->posted)
+            kept.push_back(task);
+        task->result = refusal(health);
+        task->done = !task->posted;
+    }
+    queue = std::move(kept);
+}
+
+CameraWorker::CameraWorker(Hooks hooks)
+    : state(std::make_shared<State>(std::move(hooks))), thread([shared = state] { shared->run(); })
+{
+}
+
+CameraWorker::~CameraWorker()
+{
+    close([] { return ZalErrorSuccess; });
+}
+
+ZalErrorType CameraWorker::call(Work work)
+{
+    const TaskPtr task = makeTask(std::move(work));
+    std::unique_lock<std::mutex> lock(state->mutex);
+    if (state->health != Health::Good)
+        return refusal(state->health);
+    state->queue.push_back(task);
+    state->wake.notify_all();
+    const auto ended = [&] { return task->done || state->health != Health::Good; };
+    if (!state->changed.wait_for(lock, CallTimeout, ended))
+        state->worsenLocked(Health::Overdue);
+    return task->done ? task->result : refusal(state->health);
+}
+
+void CameraWorker::post(Work work)
+{
+    const TaskPtr task = makeTask(std::move(work), true);
+    const std::lock_guard<std::mutex> lock(state->mutex);
+    state->queue.push_back(task);
+    state->wake.notify_all();
+}
+
+void CameraWorker::declareLost()
+{
+    if (state->worsen(Health::Lost))
+        state->hooks.lost();
+}
+
+void CameraWorker::close(Work last)
+{
+    if (!thread.joinable())
+        return;
+    // Somebody waited for a camera that does not answer already: once per stall is enough.
+    const auto patience = state->has(Health::Overdue) ? CloseTimeout.zero() : CloseTimeout;
+    post(std::move(last));
+    state->worsen(Health::Closed);
+    std::unique_lock<std::mutex> lock(state->mutex);
+    const bool finished =
+        state->changed.wait_for(lock, patience, [this] { return state->finished; });
+    lock.unlock();
+    if (finished)
+        thread.join();
+    else
+        thread.detach();
+}
+
+bool CameraWorker::isHealthy() const
+{
+    return state->has(Health::Good);
+}
+
+bool CameraWorker::isOpen() const
+{
+    return state->has(Health::Good) || state->has(Health::Overdue);
+}
+
+bool CameraWorker::isLost() const
+{
+    return state->has(Health::Lost);
+}
+
+} // namespace ZalCPP

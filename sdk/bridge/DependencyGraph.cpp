@@ -1,0 +1,107 @@
+#include "sdk/bridge/DependencyGraph.h"
+
+#include <algorithm>
+
+namespace ZalCPP {
+namespace {
+
+bool isOneOf(ArvGcPropertyNodeType type, std::initializer_list<ArvGcPropertyNodeType> types)
+{
+    return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+// The chain of nodes that a written value passes through.
+void collectWritten(ArvGcNode* node, std::unordered_set<ArvGcNode*>& written)
+{
+    if (!written.insert(node).second)
+        return;
+    const auto targets =
+        linkedNodes(ARV_DOM_NODE(node),
+                    {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE, ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
+                     ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
+    for (ArvGcNode* target : targets)
+        collectWritten(target, written);
+}
+
+} // namespace
+
+std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
+                                    std::initializer_list<ArvGcPropertyNodeType> types)
+{
+    std::vector<ArvGcNode*> nodes;
+    forEachChild(node, [&](ArvDomNode* child) {
+        if (!ARV_IS_GC_PROPERTY_NODE(child))
+            return;
+        auto* property = ARV_GC_PROPERTY_NODE(child);
+        if (!isOneOf(arv_gc_property_node_get_node_type(property), types))
+            return;
+        if (auto* linked = arv_gc_property_node_get_linked_node(property))
+            nodes.push_back(linked);
+    });
+    return nodes;
+}
+
+DependencyGraph::DependencyGraph(ArvGc* genicam)
+{
+    auto* root = arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam));
+    forEachChild(ARV_DOM_NODE(root), [this](ArvDomNode* node) { addNode(node, nullptr); });
+}
+
+// Groups only hold nodes together. What an entry depends on counts for its enumeration, and what a
+// structure register depends on for each of its entries.
+void DependencyGraph::addNode(ArvDomNode* node, ArvGcNode* owner)
+{
+    if (!ARV_IS_GC_NODE(node) || ARV_IS_GC_PROPERTY_NODE(node) || ARV_IS_GC_CATEGORY(node))
+        return;
+    auto* self = ARV_GC_NODE(node);
+    if (ARV_IS_GC_ENUM_ENTRY(node)) {
+        addProperties(node, owner);
+        return;
+    }
+    if (ARV_IS_GC_STRUCT_ENTRY_NODE(node) && owner)
+        dependents[owner].push_back(self);
+    addProperties(node, self);
+    forEachChild(node, [&](ArvDomNode* child) { addNode(child, self); });
+}
+
+void DependencyGraph::addProperties(ArvDomNode* node, ArvGcNode* owner)
+{
+    forEachChild(node, [&](ArvDomNode* child) {
+        if (ARV_IS_GC_PROPERTY_NODE(child))
+            addReference(ARV_GC_PROPERTY_NODE(child), owner);
+    });
+}
+
+void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcNode* owner)
+{
+    const auto type = arv_gc_property_node_get_node_type(property);
+    if (isOneOf(type, {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE, ARV_GC_PROPERTY_NODE_TYPE_P_PORT}))
+        return;
+    ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
+    if (!linked)
+        return;
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_P_SELECTED)
+        dependents[owner].push_back(linked);
+    else
+        dependents[linked].push_back(owner);
+}
+
+std::unordered_set<ArvGcNode*> DependencyGraph::affectedBy(ArvGcNode* node) const
+{
+    std::unordered_set<ArvGcNode*> affected;
+    collectWritten(node, affected);
+    std::vector<ArvGcNode*> pending(affected.begin(), affected.end());
+    while (!pending.empty()) {
+        const auto found = dependents.find(pending.back());
+        pending.pop_back();
+        if (found == dependents.end())
+            continue;
+        for (ArvGcNode* dependent : found->second) {
+            if (affected.insert(dependent).second)
+                pending.push_back(dependent);
+        }
+    }
+    return affected;
+}
+
+} // namespace ZalCPP

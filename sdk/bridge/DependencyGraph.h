@@ -1,0 +1,45 @@
+#pragma once
+
+#include <arv.h>
+
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace ZalCPP {
+
+/// Which nodes of a GenICam description change when another one is written.
+///
+/// A node depends on every node that it names in a p-property: its value, address, index, limits,
+/// formula variables, lock, availability and invalidators. A selected feature depends on its
+/// selector.
+class DependencyGraph
+{
+public:
+    explicit DependencyGraph(ArvGc* genicam);
+
+    /// All nodes that may change when `node` is written, `node` and the registers that it writes
+    /// through included.
+    std::unordered_set<ArvGcNode*> affectedBy(ArvGcNode* node) const;
+
+private:
+    void addNode(ArvDomNode* node, ArvGcNode* owner);
+    void addProperties(ArvDomNode* node, ArvGcNode* owner);
+    void addReference(ArvGcPropertyNode* property, ArvGcNode* owner);
+
+    std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> dependents;
+};
+
+/// The nodes that `node` names in properties of these types, in the description's order.
+std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
+                                    std::initializer_list<ArvGcPropertyNodeType> types);
+
+/// Calls `visit` for each child of a description node, in the description's order.
+template <typename Visitor> void forEachChild(ArvDomNode* node, Visitor visit)
+{
+    for (auto* child = arv_dom_node_get_first_child(node); child;
+         child = arv_dom_node_get_next_sibling(child))
+        visit(child);
+}
+
+} // namespace ZalCPP

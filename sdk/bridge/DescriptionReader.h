@@ -1,0 +1,12 @@
+#pragma once
+
+#include "sdk/bridge/FeatureDescription.h"
+
+namespace ZalCPP {
+
+/// Reads the static facts of all implemented features reachable from Root, categories left out.
+/// Which features are implemented may depend on registers, so that this can cause traffic: call it
+/// when the camera is opened, before its worker starts.
+CameraDescription readDescription(ArvGc* genicam);
+
+} // namespace ZalCPP

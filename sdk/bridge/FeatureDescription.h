@@ -1,0 +1,57 @@
+#pragma once
+
+#include <ZalCPP/EnumEntry.h>
+#include <ZalCPP/ZalTypes.h>
+
+#include <arv.h>
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace ZalCPP {
+
+/// What never changes about one feature while its camera is open. The node pointers belong to the
+/// device: use them on the camera's worker thread only.
+struct FeatureDescription
+{
+    std::string name;
+    std::string displayName;
+    std::string category; ///< Path of categories below Root, separated by '/'.
+    std::string unit;
+    std::string representation;
+    std::string toolTip;
+    std::string description;
+    ZalFeatureDataType type = ZalFeatureUnknown;
+    ZalFeatureFlagsType flags = ZalFeatureFlagsNone;
+    ZalFeatureVisibilityType visibility = ZalFeatureVisibilityUnknown;
+    std::vector<EnumEntry> entries;
+
+    /// How often a feature that changes by itself wants to be read; zero for all others.
+    std::chrono::milliseconds pollingTime{0};
+
+    // Positions in CameraDescription::features.
+    std::vector<std::size_t> selected; ///< What this selector governs.
+    std::vector<std::size_t>
+        affected; ///< What a write to this feature may change, itself included.
+
+    ArvGcFeatureNode* node = nullptr;
+    /// `node` and the nodes behind it that hold its value. A feature is only available, and only
+    /// unlocked, when all of them are.
+    std::vector<ArvGcFeatureNode*> valueChain;
+    std::vector<ArvGcFeatureNode*> entryNodes; ///< In step with `entries`.
+    // For commands only; null where the description leaves them out.
+    ArvGcInteger* commandRegister = nullptr;
+    ArvGcPropertyNode* commandValue = nullptr;
+};
+
+/// The static facts of one camera's features, in the description's order.
+struct CameraDescription
+{
+    std::vector<FeatureDescription> features;
+    std::unordered_map<std::string, std::size_t> positions; ///< By feature name.
+};
+
+} // namespace ZalCPP

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "sdk/simulator/Behaviour.h"
+
+#include <vector>
+
+namespace ZalSim {
+
+/// Signals that come from the host: software signals, user outputs and actions.
+class BehaviourSignals : public Behaviour
+{
+public:
+    void SwitchOn(Memory& memory) override;
+    void Run(const Step& step) override;
+
+    /// An action command as it arrives from the network.
+    void Command(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
+
+private:
+    struct ActionCommand
+    {
+        std::uint32_t deviceKey;
+        std::uint32_t groupKey;
+        std::uint32_t groupMask;
+    };
+
+    void Execute(const Step& step, const ActionCommand& command) const;
+
+    std::vector<ActionCommand> commands;
+};
+
+} // namespace ZalSim

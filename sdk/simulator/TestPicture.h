@@ -1,0 +1,10 @@
+#pragma once
+
+struct _ArvFakeCamera; // NOLINT(bugprone-reserved-identifier): named so by Aravis
+
+namespace ZalSim {
+
+/// Lets the camera show a moving gradient with a grid and the number of the frame.
+void ShowTestPicture(_ArvFakeCamera* device);
+
+} // namespace ZalSim

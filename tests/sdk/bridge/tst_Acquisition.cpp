@@ -1,0 +1,174 @@
+// Starting and stopping the stream of images.
+#include "tests/sdk/bridge/BridgeTest.h"
+#include "tests/sdk/bridge/NastyCamera.h"
+
+#include <thread>
+
+using namespace BridgeTest;
+using ZalCPP::Frame;
+
+class tst_Acquisition : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { server = std::make_unique<NastyCamera>(); }
+    void init();
+    void cleanup() { camera.reset(); }
+    void cleanupTestCase() { server.reset(); }
+
+    void framesArriveOnAnotherThread();
+    void frameCarriesTheCamerasImage();
+    void noFrameArrivesAfterStopping();
+    void parametersAreLockedWhileAcquiring();
+    void lockedFeaturesAreReported();
+    void canBeStartedAgain();
+    void secondStartIsRefused();
+    void startNeedsAHandler();
+    void stoppingAnIdleCameraChangesNothing();
+    void destroyingAnAcquiringCameraStopsIt();
+    void imageSizeIsTakenAtTheStart();
+
+private:
+    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    ZalErrorType start();
+
+    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<ZalCPP::Camera> camera;
+    std::atomic<int> frames{0};
+    std::mutex mutex;
+    Frame last;
+    std::thread::id thread;
+};
+
+void tst_Acquisition::init()
+{
+    server->reset();
+    camera = openCamera();
+    frames = 0;
+}
+
+ZalErrorType tst_Acquisition::start()
+{
+    return camera->StartAcquisition([this](const Frame& frame) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        last = frame;
+        thread = std::this_thread::get_id();
+        ++frames;
+    });
+}
+
+void tst_Acquisition::framesArriveOnAnotherThread()
+{
+    QVERIFY(!camera->IsAcquiring());
+    QCOMPARE(start(), ZalErrorSuccess);
+    QVERIFY(camera->IsAcquiring());
+    QTRY_VERIFY(frames >= 3);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QVERIFY(thread != std::this_thread::get_id());
+}
+
+void tst_Acquisition::frameCarriesTheCamerasImage()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(last.width, 64U);
+    QCOMPARE(last.height, 32U);
+    QCOMPARE(last.pixelFormat, 0x01080001U);
+    QCOMPARE(last.pixels.size(), std::size_t(64 * 32));
+    QVERIFY(last.id > 0);
+}
+
+void tst_Acquisition::noFrameArrivesAfterStopping()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QVERIFY(!camera->IsAcquiring());
+    const int before = frames;
+    // Nothing shall happen, so that there is nothing to wait for but time.
+    QTest::qWait(200);
+    QCOMPARE(frames, before);
+    QCOMPARE(server->reg(0x124), 0U);
+}
+
+void tst_Acquisition::parametersAreLockedWhileAcquiring()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    QCOMPARE(integer(find("TLParamsLocked")), 1LL);
+    QVERIFY(!isWritable(find("Width")));
+    QCOMPARE(find("Width")->SetIntegerValue(128), ZalErrorNotWritable);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(integer(find("TLParamsLocked")), 0LL);
+    QVERIFY(isWritable(find("Width")));
+}
+
+void tst_Acquisition::lockedFeaturesAreReported()
+{
+    const auto recorder = std::make_shared<Recorder>();
+    for (const char* name : {"Width", "Plain"})
+        QCOMPARE(find(name)->RegisterObserver(recorder), ZalErrorSuccess);
+    // The last feature is reported when all others are known.
+    QCOMPARE(find("Constant")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Constant")->SetIntegerValue(1), ZalErrorSuccess);
+    QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Constant"});
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_COMPARE(recorder->count("Width"), 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QTRY_COMPARE(recorder->count("Width"), 2);
+    QCOMPARE(recorder->count("Plain"), 0);
+}
+
+void tst_Acquisition::canBeStartedAgain()
+{
+    for (int round = 0; round < 3; ++round) {
+        frames = 0;
+        QCOMPARE(start(), ZalErrorSuccess);
+        QTRY_VERIFY(frames >= 1);
+        QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    }
+}
+
+void tst_Acquisition::secondStartIsRefused()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    QCOMPARE(start(), ZalErrorNotAvailable);
+    QVERIFY(camera->IsAcquiring());
+}
+
+void tst_Acquisition::startNeedsAHandler()
+{
+    QCOMPARE(camera->StartAcquisition(nullptr), ZalErrorBadParameter);
+    QVERIFY(!camera->IsAcquiring());
+}
+
+void tst_Acquisition::stoppingAnIdleCameraChangesNothing()
+{
+    const auto before = camera->Counts();
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(camera->Counts().writes, before.writes);
+}
+
+void tst_Acquisition::destroyingAnAcquiringCameraStopsIt()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
+    camera.reset();
+    QCOMPARE(server->reg(0x124), 0U);
+    camera = openCamera();
+    QVERIFY(isWritable(find("Width")));
+}
+
+void tst_Acquisition::imageSizeIsTakenAtTheStart()
+{
+    QCOMPARE(find("Width")->SetIntegerValue(256), ZalErrorSuccess);
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(last.width, 256U);
+    QCOMPARE(last.pixels.size(), std::size_t(256 * 32));
+}
+
+QTEST_GUILESS_MAIN(tst_Acquisition)
+#include "tst_Acquisition.moc"

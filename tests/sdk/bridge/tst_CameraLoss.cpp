@@ -1,0 +1,295 @@
+// A camera that stalls or vanishes. It runs in a process of its own, which is stopped or killed.
+#include "tests/sdk/bridge/BridgeTest.h"
+
+#include <QProcess>
+
+#include <csignal>
+#include <sys/wait.h>
+
+using namespace BridgeTest;
+
+namespace {
+
+// What a caller's thread may be blocked for: per stall, and in total by a camera that vanished.
+constexpr qint64 LongestBlock = 600;
+// Long enough for Aravis to notice by itself that nobody is there any more.
+constexpr int UntilLost = 30000;
+
+qint64 duration(const std::function<void()>& action)
+{
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    return timer.elapsed();
+}
+
+} // namespace
+
+class tst_CameraLoss : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void stalledCameraBlocksOnceAndThenAnswersRightAgain();
+    void everyStallBlocksAtMostOnce();
+    void stallThatOutlastsOneOperationIsSurvived();
+    void writeInProgressIsDoneButRefusedOnesAreNot();
+    void observersAreToldAfterAStall();
+    void stallIsNotALoss();
+    void killedCameraBlocksOnceInTotalAndIsLost();
+    void lossIsNoticedWithoutACall();
+    void lateLostHandlerIsCalledToo();
+    void cameraMayBeDestroyedInItsLostHandler();
+    void lostCameraAnswersNotOpenButKeepsItsFacts();
+    void killedCameraIsClosedInTime_data();
+    void killedCameraIsClosedInTime();
+    void acquisitionOfAKilledCameraIsStoppedInTime();
+    void stalledCameraIsNotAcquiringUnlessItAnswered();
+
+private:
+    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    void stall();
+    void goOn() { ::kill(static_cast<pid_t>(process.processId()), SIGCONT); }
+    void kill();
+    ZalErrorType read() const;
+    void awaitAnswer();
+
+    QProcess process;
+    std::unique_ptr<ZalCPP::Camera> camera;
+    std::atomic<int> losses{0};
+};
+
+void tst_CameraLoss::init()
+{
+    losses = 0;
+    process.start(NASTY_PROCESS, QStringList());
+    QVERIFY(process.waitForReadyRead(10000));
+    QCOMPARE(process.readLine(), QByteArray("ready\n"));
+    camera = openCamera();
+    camera->SetLostHandler([this] { ++losses; });
+}
+
+void tst_CameraLoss::cleanup()
+{
+    goOn();
+    camera.reset();
+    process.kill();
+    process.waitForFinished();
+}
+
+// Returns when the last of the camera's threads has stopped.
+void tst_CameraLoss::stall()
+{
+    const auto pid = static_cast<pid_t>(process.processId());
+    siginfo_t info;
+    QCOMPARE(::kill(pid, SIGSTOP), 0);
+    QCOMPARE(::waitid(P_PID, static_cast<id_t>(pid), &info, WSTOPPED), 0);
+}
+
+void tst_CameraLoss::kill()
+{
+    process.kill();
+    QVERIFY(process.waitForFinished());
+}
+
+ZalErrorType tst_CameraLoss::read() const
+{
+    long long value = 0;
+    return find("Plain")->GetIntegerValue(value);
+}
+
+void tst_CameraLoss::awaitAnswer()
+{
+    QTRY_COMPARE(read(), ZalErrorSuccess);
+}
+
+void tst_CameraLoss::stalledCameraBlocksOnceAndThenAnswersRightAgain()
+{
+    QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorSuccess);
+    stall();
+    const auto blocked = duration([this] {
+        for (int i = 0; i < 100; ++i)
+            QCOMPARE(read(), ZalErrorTimeout);
+    });
+    QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+    goOn();
+    awaitAnswer();
+    QCOMPARE(integer(find("Plain")), 5LL);
+}
+
+void tst_CameraLoss::everyStallBlocksAtMostOnce()
+{
+    for (int round = 0; round < 3; ++round) {
+        stall();
+        const auto blocked = duration([this] {
+            QCOMPARE(read(), ZalErrorTimeout);
+            QCOMPARE(find("Note")->SetStringValue("x"), ZalErrorTimeout);
+        });
+        QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+        goOn();
+        awaitAnswer();
+    }
+    QVERIFY(!camera->IsLost());
+}
+
+void tst_CameraLoss::stallThatOutlastsOneOperationIsSurvived()
+{
+    stall();
+    QCOMPARE(read(), ZalErrorTimeout);
+    // Aravis gives an operation up after two and a half seconds; the camera itself gives its
+    // controller up after three.
+    QTest::qWait(2200);
+    goOn();
+    awaitAnswer();
+    QVERIFY(!camera->IsLost());
+    QCOMPARE(losses, 0);
+}
+
+void tst_CameraLoss::writeInProgressIsDoneButRefusedOnesAreNot()
+{
+    stall();
+    QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorTimeout);
+    QCOMPARE(find("Plain")->SetIntegerValue(6), ZalErrorTimeout);
+    QCOMPARE(find("Hexadecimal")->SetIntegerValue(7), ZalErrorTimeout);
+    goOn();
+    awaitAnswer();
+    QCOMPARE(integer(find("Plain")), 5LL);
+    QCOMPARE(integer(find("Hexadecimal")), 0LL);
+}
+
+void tst_CameraLoss::observersAreToldAfterAStall()
+{
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorSuccess);
+    stall();
+    QCOMPARE(read(), ZalErrorTimeout);
+    goOn();
+    QTRY_COMPARE(recorder->count(), 2);
+    QCOMPARE(recorder->count("Plain"), 1);
+    QCOMPARE(recorder->count("Note"), 1);
+}
+
+void tst_CameraLoss::stallIsNotALoss()
+{
+    stall();
+    QCOMPARE(read(), ZalErrorTimeout);
+    QVERIFY(!camera->IsLost());
+    goOn();
+    awaitAnswer();
+    QCOMPARE(losses, 0);
+}
+
+void tst_CameraLoss::killedCameraBlocksOnceInTotalAndIsLost()
+{
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(find("Temperature")->RegisterObserver(recorder), ZalErrorSuccess);
+    kill();
+    qint64 blocked = 0;
+    QElapsedTimer limit;
+    limit.start();
+    while (losses == 0 && limit.elapsed() < UntilLost) {
+        blocked += duration([this] { read(); });
+        QTest::qWait(10);
+    }
+    QCOMPARE(losses, 1);
+    QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+    QVERIFY(camera->IsLost());
+    QCOMPARE(read(), ZalErrorNotOpen);
+}
+
+void tst_CameraLoss::lossIsNoticedWithoutACall()
+{
+    kill();
+    QTRY_COMPARE_WITH_TIMEOUT(losses, 1, UntilLost);
+    QVERIFY(camera->IsLost());
+}
+
+void tst_CameraLoss::lateLostHandlerIsCalledToo()
+{
+    camera->SetLostHandler(nullptr);
+    kill();
+    QTRY_VERIFY_WITH_TIMEOUT(camera->IsLost(), UntilLost);
+    camera->SetLostHandler([this] { ++losses; });
+    QTRY_COMPARE(losses, 1);
+}
+
+void tst_CameraLoss::cameraMayBeDestroyedInItsLostHandler()
+{
+    const auto plain = find("Plain");
+    camera->SetLostHandler([this] {
+        camera.reset();
+        ++losses;
+    });
+    kill();
+    QTRY_COMPARE_WITH_TIMEOUT(losses, 1, UntilLost);
+    QCOMPARE(plain->SetIntegerValue(1), ZalErrorNotOpen);
+}
+
+void tst_CameraLoss::lostCameraAnswersNotOpenButKeepsItsFacts()
+{
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
+    kill();
+    QTRY_VERIFY_WITH_TIMEOUT(camera->IsLost(), UntilLost);
+    bool flag = false;
+    QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorNotOpen);
+    QCOMPARE(find("Plain")->IsWritable(flag), ZalErrorNotOpen);
+    QCOMPARE(find("Reset")->RunCommand(), ZalErrorNotOpen);
+    QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorNotOpen);
+    QCOMPARE(find("Plain")->UnregisterObserver(recorder), ZalErrorNotOpen);
+    QCOMPARE(recorder.use_count(), 1L);
+    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorNotOpen);
+    QCOMPARE(text(find("Plain"), &Feature::GetDisplayName), std::string("Plain Number"));
+}
+
+void tst_CameraLoss::killedCameraIsClosedInTime_data()
+{
+    QTest::addColumn<bool>("outstanding");
+    QTest::newRow("nothing noticed yet") << false;
+    QTest::newRow("operation outstanding") << true;
+}
+
+void tst_CameraLoss::killedCameraIsClosedInTime()
+{
+    QFETCH(bool, outstanding);
+    const auto plain = find("Plain");
+    kill();
+    if (outstanding)
+        QCOMPARE(read(), ZalErrorTimeout);
+    const auto blocked = duration([this] { camera.reset(); });
+    QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+    QCOMPARE(plain->SetIntegerValue(1), ZalErrorNotOpen);
+}
+
+void tst_CameraLoss::acquisitionOfAKilledCameraIsStoppedInTime()
+{
+    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
+    kill();
+    const auto blocked = duration([this] {
+        QCOMPARE(camera->StopAcquisition(), ZalErrorTimeout);
+        QCOMPARE(read(), ZalErrorTimeout);
+    });
+    QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+    QVERIFY(!camera->IsAcquiring());
+}
+
+void tst_CameraLoss::stalledCameraIsNotAcquiringUnlessItAnswered()
+{
+    stall();
+    const auto blocked = duration([this] {
+        QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorTimeout);
+    });
+    QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
+    QVERIFY(!camera->IsAcquiring());
+    goOn();
+    awaitAnswer();
+    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+}
+
+QTEST_GUILESS_MAIN(tst_CameraLoss)
+#include "tst_CameraLoss.moc"

@@ -1,0 +1,357 @@
+// The worker thread and its circuit breaker, without a camera.
+#include "sdk/bridge/CameraWorker.h"
+
+#include <QtTest>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using ZalCPP::CameraWorker;
+
+namespace {
+
+// What a caller's thread may be blocked for.
+constexpr qint64 LongestBlock = 600;
+
+/// An operation that goes on until it is told its result.
+class Operation
+{
+public:
+    CameraWorker::Work work()
+    {
+        return [shared = state] {
+            shared->started.release();
+            shared->ended.acquire();
+            return shared->result.load();
+        };
+    }
+    bool waitUntilStarted() { return state->started.tryAcquire(1, 5000); }
+    void end(ZalErrorType result)
+    {
+        state->result = result;
+        state->ended.release();
+    }
+
+private:
+    struct State
+    {
+        QSemaphore started;
+        QSemaphore ended;
+        std::atomic<ZalErrorType> result{ZalErrorSuccess};
+    };
+    std::shared_ptr<State> state = std::make_shared<State>();
+};
+
+ZalErrorType succeed()
+{
+    return ZalErrorSuccess;
+}
+
+} // namespace
+
+class tst_CameraWorker : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { worker.reset(); }
+
+    void callReturnsTheStatusOfItsWork_data();
+    void callReturnsTheStatusOfItsWork();
+    void workRunsInOrderOnOneOtherThread();
+    void overdueCallReturnsAndOpensTheBreaker();
+    void openBreakerRefusesWithoutRunning();
+    void breakerClosesWhenTheOperationEndsWell_data();
+    void breakerClosesWhenTheOperationEndsWell();
+    void abandonedCallsDoNotRunLater();
+    void waitingCallersAreReleasedWhenTheBreakerOpens();
+    void timedOutOperationIsFollowedByAProbe();
+    void secondTimeOutMeansLost();
+    void closedConnectionMeansLost();
+    void lossReleasesWaitingCallers();
+    void lossIsReportedOnce();
+    void postedWorkRunsInItsTurnWhateverHappens();
+    void closingRunsTheLastWork();
+    void closingDoesNotWaitForAnOverdueOperation();
+    void closedWorkerRefuses();
+    void workIsReleasedOnTheWorkerThread();
+
+private:
+    qint64 open(Operation& operation);
+
+    std::atomic<int> probes{0};
+    std::atomic<int> recoveries{0};
+    std::atomic<int> losses{0};
+    std::atomic<ZalErrorType> probeResult{ZalErrorSuccess};
+    std::unique_ptr<CameraWorker> worker;
+};
+
+void tst_CameraWorker::init()
+{
+    probes = recoveries = losses = 0;
+    probeResult = ZalErrorSuccess;
+    CameraWorker::Hooks hooks;
+    hooks.probe = [this] {
+        ++probes;
+        return probeResult.load();
+    };
+    hooks.recovered = [this] { ++recoveries; };
+    hooks.lost = [this] { ++losses; };
+    worker = std::make_unique<CameraWorker>(hooks);
+}
+
+// Opens the breaker with an operation that does not end; says how long the caller was blocked.
+qint64 tst_CameraWorker::open(Operation& operation)
+{
+    QElapsedTimer timer;
+    timer.start();
+    if (worker->call(operation.work()) != ZalErrorTimeout)
+        qFatal("The call did not time out");
+    return timer.elapsed();
+}
+
+void tst_CameraWorker::callReturnsTheStatusOfItsWork_data()
+{
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("success") << ZalErrorSuccess;
+    QTest::newRow("failure of the camera") << ZalErrorOutOfRange;
+    QTest::newRow("failure of the connection") << ZalErrorTransport;
+}
+
+void tst_CameraWorker::callReturnsTheStatusOfItsWork()
+{
+    QFETCH(ZalErrorType, status);
+    QCOMPARE(worker->call([status] { return status; }), status);
+    QVERIFY(worker->isHealthy());
+    QVERIFY(worker->isOpen());
+}
+
+void tst_CameraWorker::workRunsInOrderOnOneOtherThread()
+{
+    std::vector<int> order;
+    std::vector<std::thread::id> threads;
+    for (int i = 0; i < 3; ++i) {
+        worker->post([&, i] {
+            order.push_back(i);
+            threads.push_back(std::this_thread::get_id());
+            return ZalErrorSuccess;
+        });
+    }
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+    QCOMPARE(order, (std::vector<int>{0, 1, 2}));
+    QVERIFY(threads[0] != std::this_thread::get_id());
+    QVERIFY(threads[0] == threads[1] && threads[1] == threads[2]);
+}
+
+void tst_CameraWorker::overdueCallReturnsAndOpensTheBreaker()
+{
+    Operation operation;
+    QVERIFY(open(operation) <= LongestBlock);
+    QVERIFY(!worker->isHealthy());
+    QVERIFY(worker->isOpen());
+    operation.end(ZalErrorSuccess);
+}
+
+void tst_CameraWorker::openBreakerRefusesWithoutRunning()
+{
+    Operation operation;
+    std::atomic<int> runs{0};
+    open(operation);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 100; ++i) {
+        const auto status = worker->call([&runs] {
+            ++runs;
+            return ZalErrorSuccess;
+        });
+        QCOMPARE(status, ZalErrorTimeout);
+    }
+    QVERIFY(timer.elapsed() <= LongestBlock);
+    operation.end(ZalErrorSuccess);
+    QTRY_VERIFY(worker->isHealthy());
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+    QCOMPARE(runs, 0);
+}
+
+void tst_CameraWorker::breakerClosesWhenTheOperationEndsWell_data()
+{
+    QTest::addColumn<ZalErrorType>("result");
+    QTest::newRow("success") << ZalErrorSuccess;
+    QTest::newRow("the camera refuses") << ZalErrorOutOfRange;
+}
+
+void tst_CameraWorker::breakerClosesWhenTheOperationEndsWell()
+{
+    QFETCH(ZalErrorType, result);
+    Operation operation;
+    open(operation);
+    operation.end(result);
+    QTRY_COMPARE(recoveries, 1);
+    QVERIFY(worker->isHealthy());
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+    QCOMPARE(probes, 0);
+    QCOMPARE(losses, 0);
+}
+
+void tst_CameraWorker::abandonedCallsDoNotRunLater()
+{
+    Operation operation;
+    std::atomic<bool> ran{false};
+    worker->post(operation.work());
+    QVERIFY(operation.waitUntilStarted());
+    const auto status = worker->call([&ran] {
+        ran = true;
+        return ZalErrorSuccess;
+    });
+    QCOMPARE(status, ZalErrorTimeout);
+    operation.end(ZalErrorSuccess);
+    QTRY_VERIFY(worker->isHealthy());
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+    QVERIFY(!ran);
+}
+
+void tst_CameraWorker::waitingCallersAreReleasedWhenTheBreakerOpens()
+{
+    Operation operation;
+    ZalErrorType other = ZalErrorSuccess;
+    std::thread caller([&] { open(operation); });
+    QVERIFY(operation.waitUntilStarted());
+    QElapsedTimer timer;
+    timer.start();
+    other = worker->call(succeed);
+    QCOMPARE(other, ZalErrorTimeout);
+    QVERIFY(timer.elapsed() <= LongestBlock);
+    caller.join();
+    operation.end(ZalErrorSuccess);
+}
+
+void tst_CameraWorker::timedOutOperationIsFollowedByAProbe()
+{
+    Operation operation;
+    open(operation);
+    operation.end(ZalErrorTimeout);
+    QTRY_COMPARE(recoveries, 1);
+    QCOMPARE(probes, 1);
+    QCOMPARE(losses, 0);
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+}
+
+void tst_CameraWorker::secondTimeOutMeansLost()
+{
+    Operation operation;
+    probeResult = ZalErrorTimeout;
+    open(operation);
+    operation.end(ZalErrorTimeout);
+    QTRY_COMPARE(losses, 1);
+    QVERIFY(worker->isLost());
+    QVERIFY(!worker->isOpen());
+    QCOMPARE(recoveries, 0);
+    QCOMPARE(worker->call(succeed), ZalErrorNotOpen);
+}
+
+void tst_CameraWorker::closedConnectionMeansLost()
+{
+    QCOMPARE(worker->call([] { return ZalErrorNotOpen; }), ZalErrorNotOpen);
+    QTRY_COMPARE(losses, 1);
+    QVERIFY(worker->isLost());
+    QCOMPARE(probes, 0);
+}
+
+void tst_CameraWorker::lossReleasesWaitingCallers()
+{
+    Operation operation;
+    ZalErrorType status = ZalErrorSuccess;
+    std::thread caller([&] { status = worker->call(operation.work()); });
+    QVERIFY(operation.waitUntilStarted());
+    worker->declareLost();
+    caller.join();
+    QCOMPARE(status, ZalErrorNotOpen);
+    operation.end(ZalErrorTimeout);
+}
+
+void tst_CameraWorker::lossIsReportedOnce()
+{
+    worker->declareLost();
+    worker->declareLost();
+    worker->post([] { return ZalErrorTimeout; });
+    cleanup();
+    QCOMPARE(losses, 1);
+    QCOMPARE(probes, 0);
+}
+
+void tst_CameraWorker::postedWorkRunsInItsTurnWhateverHappens()
+{
+    Operation operation;
+    std::atomic<int> runs{0};
+    open(operation);
+    const auto count = [&runs] {
+        ++runs;
+        return ZalErrorSuccess;
+    };
+    worker->post(count);
+    operation.end(ZalErrorSuccess);
+    QTRY_COMPARE(runs, 1);
+    worker->declareLost();
+    worker->post(count);
+    QTRY_COMPARE(runs, 2);
+}
+
+void tst_CameraWorker::closingRunsTheLastWork()
+{
+    bool ran = false;
+    worker->close([&ran] {
+        ran = true;
+        return ZalErrorSuccess;
+    });
+    QVERIFY(ran);
+}
+
+void tst_CameraWorker::closingDoesNotWaitForAnOverdueOperation()
+{
+    Operation operation;
+    const auto last = std::make_shared<QSemaphore>();
+    open(operation);
+    QElapsedTimer timer;
+    timer.start();
+    worker->close([last] {
+        last->release();
+        return ZalErrorSuccess;
+    });
+    QVERIFY(timer.elapsed() <= LongestBlock);
+    QVERIFY(!last->tryAcquire());
+    operation.end(ZalErrorSuccess);
+    QVERIFY(last->tryAcquire(1, 5000));
+    QCOMPARE(recoveries, 0);
+}
+
+void tst_CameraWorker::closedWorkerRefuses()
+{
+    worker->close(succeed);
+    QCOMPARE(worker->call(succeed), ZalErrorNotOpen);
+    QVERIFY(!worker->isOpen());
+    QVERIFY(!worker->isLost());
+}
+
+void tst_CameraWorker::workIsReleasedOnTheWorkerThread()
+{
+    std::thread::id released;
+    const auto note = [&released](int* held) {
+        released = std::this_thread::get_id();
+        delete held;
+    };
+    std::thread::id worked;
+    auto held = std::shared_ptr<int>(new int(1), note);
+    const auto status = worker->call([&worked, held = std::move(held)] {
+        worked = std::this_thread::get_id();
+        return *held == 1 ? ZalErrorSuccess : ZalErrorUnknown;
+    });
+    QCOMPARE(status, ZalErrorSuccess);
+    QVERIFY(released == worked);
+}
+
+QTEST_GUILESS_MAIN(tst_CameraWorker)
+#include "tst_CameraWorker.moc"

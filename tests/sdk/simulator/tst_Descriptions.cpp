@@ -1,0 +1,362 @@
+#include "sdk/simulator/SimulatedCamera.h"
+#include "tests/sdk/simulator/Description.h"
+
+#include <QtTest>
+
+namespace {
+
+constexpr const char* Models[] = {"full", "foreign", "notrigger"};
+
+struct Range
+{
+    quint64 begin;
+    quint64 end;
+    QString name;
+};
+
+int InstanceCount(const Description& description, const QString& indexRegister)
+{
+    for (const DescriptionNode& node : description.Nodes()) {
+        if (node.Text("pValue") != indexRegister || node.elements.count("pSelected") == 0)
+            continue;
+        return node.entries.isEmpty() ? node.Text("Max").toInt() + 1 : node.entries.size();
+    }
+    return 1;
+}
+
+// The memory that a register takes, once for each entry of its selector.
+QVector<Range> RangesOf(const Description& description, const QString& name)
+{
+    const DescriptionNode node = description.Node(name);
+    QVector<Range> ranges;
+    const int count = InstanceCount(description, node.Text("pIndex"));
+    for (int i = 0; i < count; ++i) {
+        const quint64 begin = node.Text("Address").toULongLong(nullptr, 0) +
+                              node.indexOffset.toULongLong(nullptr, 0) * quint64(i);
+        ranges << Range{begin, begin + node.Text("Length").toULongLong(nullptr, 0), name};
+    }
+    return ranges;
+}
+
+QVector<Range> AllRanges(const Description& description)
+{
+    // Second views of TriggerModeReg, for what depends on one trigger whatever is selected.
+    const QStringList views = {"FrameTriggerModeReg", "BurstTriggerModeReg"};
+    QVector<Range> ranges;
+    for (const QString& name : description.Nodes().keys()) {
+        if (description.Node(name).elements.contains("Address") && !views.contains(name))
+            ranges << RangesOf(description, name);
+    }
+    std::sort(ranges.begin(), ranges.end(),
+              [](const Range& a, const Range& b) { return a.begin < b.begin; });
+    return ranges;
+}
+
+} // namespace
+
+class tst_Descriptions : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void isWellFormed_data() { AddModels(); }
+    void isWellFormed();
+    void everyReferenceLeadsSomewhere_data() { AddModels(); }
+    void everyReferenceLeadsSomewhere();
+    void everyFeatureDescribesItself_data() { AddModels(); }
+    void everyFeatureDescribesItself();
+    void everyFeatureIsListedOnce_data() { AddModels(); }
+    void everyFeatureIsListedOnce();
+    void registersDoNotOverlap_data() { AddModels(); }
+    void registersDoNotOverlap();
+    void registersLieWithinTheMemory_data() { AddModels(); }
+    void registersLieWithinTheMemory();
+    void everyModelHasADescription();
+    void fullHasEveryFeatureOfTheForms_data();
+    void fullHasEveryFeatureOfTheForms();
+    void selectorSelects_data();
+    void selectorSelects();
+    void entriesAreOffered_data();
+    void entriesAreOffered();
+    void valuesThatChangeByThemselvesArePolled_data();
+    void valuesThatChangeByThemselvesArePolled();
+    void keysAndIdentitiesAreHexadecimal_data();
+    void keysAndIdentitiesAreHexadecimal();
+    void commandsAndTheDeviceKeyAreWriteOnly_data();
+    void commandsAndTheDeviceKeyAreWriteOnly();
+    void smallModelsHaveWhatTheirStoryNeeds();
+
+private:
+    void AddModels() const;
+    const Description full{"full"};
+};
+
+void tst_Descriptions::AddModels() const
+{
+    QTest::addColumn<QString>("model");
+    for (const char* model : Models)
+        QTest::newRow(model) << QString(model);
+}
+
+void tst_Descriptions::isWellFormed()
+{
+    QFETCH(QString, model);
+    const Description description(model);
+    QCOMPARE(description.Error(), QString());
+    QCOMPARE(description.Duplicates(), QStringList());
+    QCOMPARE(description.Node("Device").kind, QString("Port"));
+}
+
+void tst_Descriptions::everyReferenceLeadsSomewhere()
+{
+    QFETCH(QString, model);
+    const Description description(model);
+    const QRegularExpression reference("^p[A-Z]");
+    for (const DescriptionNode& node : description.Nodes()) {
+        for (auto i = node.elements.begin(); i != node.elements.end(); ++i) {
+            if (reference.match(i.key()).hasMatch())
+                QVERIFY2(description.Nodes().contains(i.value()), qPrintable(i.value()));
+        }
+    }
+}
+
+void tst_Descriptions::everyFeatureDescribesItself()
+{
+    QFETCH(QString, model);
+    const Description description(model);
+    const QStringList visibilities = {"Beginner", "Expert", "Guru", "Invisible"};
+    for (const QString& name : description.Features()) {
+        const DescriptionNode node = description.Node(name);
+        QVERIFY2(node.Text("Description").endsWith('.'), qPrintable(name));
+        QVERIFY2(node.Text("ToolTip").endsWith('.'), qPrintable(name));
+        QVERIFY2(!node.Text("DisplayName").isEmpty(), qPrintable(name));
+        QVERIFY2(visibilities.contains(node.Text("Visibility")), qPrintable(name));
+    }
+}
+
+void tst_Descriptions::everyFeatureIsListedOnce()
+{
+    QFETCH(QString, model);
+    const Description description(model);
+    QStringList features = description.Features();
+    QVERIFY(!features.isEmpty());
+    QCOMPARE(features.removeDuplicates(), 0);
+}
+
+void tst_Descriptions::registersDoNotOverlap()
+{
+    QFETCH(QString, model);
+    const QVector<Range> ranges = AllRanges(Description(model));
+    for (int i = 1; i < ranges.size(); ++i)
+        QVERIFY2(ranges[i - 1].end <= ranges[i].begin,
+                 qPrintable(ranges[i - 1].name + " " + ranges[i].name));
+}
+
+void tst_Descriptions::registersLieWithinTheMemory()
+{
+    QFETCH(QString, model);
+    for (const Range& range : AllRanges(Description(model)))
+        QVERIFY2(range.end <= 0x10000, qPrintable(range.name));
+}
+
+void tst_Descriptions::everyModelHasADescription()
+{
+    QCOMPARE(ZalSim::SimulatedCamera::Models(),
+             std::vector<std::string>(std::begin(Models), std::end(Models)));
+}
+
+void tst_Descriptions::fullHasEveryFeatureOfTheForms_data()
+{
+    QTest::addColumn<QString>("kind");
+    const QMap<QString, QStringList> features = {
+        {"Enumeration",
+         {"TriggerSelector",
+          "TriggerMode",
+          "TriggerSource",
+          "TriggerActivation",
+          "LineSelector",
+          "LineMode",
+          "LineSource",
+          "LineDebounceMode",
+          "AcquisitionMode",
+          "ExposureMode",
+          "PtpOperationMode",
+          "PtpStatus",
+          "PtpServoStatus",
+          "PtpClockAccuracy",
+          "SoftwareSignalSelector",
+          "CounterSelector",
+          "CounterEventSource",
+          "CounterEventActivation",
+          "CounterTriggerSource",
+          "CounterTriggerActivation",
+          "CounterResetSource",
+          "CounterResetActivation",
+          "CounterStatus",
+          "TimerSelector",
+          "TimerTriggerSource",
+          "TimerTriggerActivation",
+          "TimerStatus"}},
+        {"Integer",
+         {"AcquisitionFrameCount", "ActionSelector", "ActionDeviceKey", "ActionGroupKey",
+          "ActionGroupMask", "ActionQueueSize", "PtpClockID", "PtpParentClockID",
+          "PtpGrandmasterClockID", "PtpOffsetFromMaster", "TimestampLatchValue", "CounterDuration",
+          "CounterValue", "CounterValueAtReset"}},
+        {"Float", {"TriggerDelay", "LineDebounceDuration", "TimerDuration", "TimerDelay"}},
+        {"Boolean", {"LineInverter", "LineStatus", "PtpEnable"}},
+        {"Command",
+         {"TriggerSoftware", "PtpDataSetLatch", "TimestampLatch", "SoftwareSignalPulse",
+          "CounterReset", "TimerReset"}},
+        {"StringReg",
+         {"DeviceVendorName", "DeviceModelName", "DeviceSerialNumber", "DeviceFamilyName"}}};
+    for (auto i = features.begin(); i != features.end(); ++i) {
+        for (const QString& name : i.value())
+            QTest::newRow(qPrintable(name)) << i.key();
+    }
+}
+
+void tst_Descriptions::fullHasEveryFeatureOfTheForms()
+{
+    const QString name = QTest::currentDataTag();
+    QVERIFY(full.Features().contains(name));
+    QTEST(full.Node(name).kind, "kind");
+}
+
+void tst_Descriptions::selectorSelects_data()
+{
+    QTest::addColumn<QStringList>("selected");
+    QTest::newRow("TriggerSelector") << QStringList{
+        "TriggerMode", "TriggerSoftware", "TriggerSource", "TriggerActivation", "TriggerDelay"};
+    QTest::newRow("LineSelector") << QStringList{
+        "LineMode",   "LineInverter",     "LineStatus",          "LineSource",
+        "LineFormat", "LineDebounceMode", "LineDebounceDuration"};
+    QTest::newRow("CounterSelector")
+        << QStringList{"CounterEventSource",   "CounterEventActivation",
+                       "CounterTriggerSource", "CounterTriggerActivation",
+                       "CounterResetSource",   "CounterResetActivation",
+                       "CounterReset",         "CounterValue",
+                       "CounterValueAtReset",  "CounterDuration",
+                       "CounterStatus"};
+    QTest::newRow("TimerSelector") << QStringList{"TimerDuration",
+                                                  "TimerDelay",
+                                                  "TimerReset",
+                                                  "TimerValue",
+                                                  "TimerStatus",
+                                                  "TimerTriggerSource",
+                                                  "TimerTriggerActivation"};
+    QTest::newRow("SoftwareSignalSelector") << QStringList{"SoftwareSignalPulse"};
+    QTest::newRow("ActionSelector") << QStringList{"ActionGroupKey", "ActionGroupMask"};
+    QTest::newRow("UserOutputSelector") << QStringList{"UserOutputValue"};
+}
+
+// Each selected feature must have a value of its own for each entry.
+void tst_Descriptions::selectorSelects()
+{
+    QFETCH(QStringList, selected);
+    const DescriptionNode selector = full.Node(QTest::currentDataTag());
+    QStringList found = selector.elements.values("pSelected");
+    found.sort();
+    selected.sort();
+    QCOMPARE(found, selected);
+    for (const QString& name : selected) {
+        const DescriptionNode value = full.Node(full.Node(name).Text("pValue"));
+        QVERIFY2(value.Text("pIndex") == selector.Text("pValue"), qPrintable(name));
+    }
+}
+
+void tst_Descriptions::entriesAreOffered_data()
+{
+    QTest::addColumn<QStringList>("entries");
+    const QStringList edges = {"RisingEdge", "FallingEdge", "AnyEdge"};
+    const QStringList lines = {"Line0", "Line1", "Line2", "Line3"};
+    const QStringList generators = {"Counter0Active", "Counter1Active",  "Timer0Active",
+                                    "Timer1Active",   "SoftwareSignal0", "SoftwareSignal1"};
+    const QStringList actions = {"Action0", "Action1"};
+    QTest::newRow("TriggerSelector")
+        << QStringList{"AcquisitionStart", "FrameStart", "FrameBurstStart"};
+    QTest::newRow("TriggerMode") << QStringList{"Off", "On"};
+    QTest::newRow("TriggerSource") << QStringList{"Software"} + lines + generators + actions;
+    QTest::newRow("TriggerActivation") << edges + QStringList{"LevelHigh", "LevelLow"};
+    QTest::newRow("LineSelector") << lines;
+    QTest::newRow("LineMode") << QStringList{"Input", "Output"};
+    QTest::newRow("LineSource")
+        << QStringList{"Off",         "ExposureActive", "AcquisitionActive", "FrameTriggerWait",
+                       "UserOutput0", "UserOutput1"} +
+               generators;
+    QTest::newRow("TimerTriggerSource") << QStringList{"Off",      "FrameTrigger",  "FrameStart",
+                                                       "FrameEnd", "ExposureStart", "ExposureEnd"} +
+                                               lines + generators + actions;
+    QTest::newRow("TimerTriggerActivation") << edges;
+    QTest::newRow("CounterSelector") << QStringList{"Counter0", "Counter1"};
+    QTest::newRow("TimerSelector") << QStringList{"Timer0", "Timer1"};
+    QTest::newRow("AcquisitionMode") << QStringList{"Continuous", "SingleFrame", "MultiFrame"};
+}
+
+void tst_Descriptions::entriesAreOffered()
+{
+    QTEST(full.Node(QTest::currentDataTag()).entries, "entries");
+}
+
+void tst_Descriptions::valuesThatChangeByThemselvesArePolled_data()
+{
+    QTest::addColumn<QString>("pollingTime");
+    for (const char* feature :
+         {"LineStatus", "LineStatusAll", "CounterValue", "CounterValueAtReset", "CounterStatus",
+          "TimerValue", "TimerStatus", "PtpStatus", "PtpServoStatus"})
+        QTest::newRow(feature) << QString("500");
+}
+
+void tst_Descriptions::valuesThatChangeByThemselvesArePolled()
+{
+    const DescriptionNode value = full.Node(full.Node(QTest::currentDataTag()).Text("pValue"));
+    QTEST(value.Text("PollingTime"), "pollingTime");
+    QCOMPARE(value.Text("Cachable"), QString("NoCache"));
+}
+
+void tst_Descriptions::keysAndIdentitiesAreHexadecimal_data()
+{
+    QTest::addColumn<QString>("length");
+    for (const char* feature : {"ActionDeviceKey", "ActionGroupKey", "ActionGroupMask"})
+        QTest::newRow(feature) << QString("4");
+    for (const char* feature : {"PtpClockID", "PtpParentClockID", "PtpGrandmasterClockID"})
+        QTest::newRow(feature) << QString("8");
+}
+
+void tst_Descriptions::keysAndIdentitiesAreHexadecimal()
+{
+    const DescriptionNode node = full.Node(QTest::currentDataTag());
+    QCOMPARE(node.Text("Representation"), QString("HexNumber"));
+    QTEST(full.Node(node.Text("pValue")).Text("Length"), "length");
+}
+
+void tst_Descriptions::commandsAndTheDeviceKeyAreWriteOnly_data()
+{
+    QTest::addColumn<QString>("value");
+    for (const QString& name : full.Features()) {
+        if (full.Node(name).kind == "Command" || name == "ActionDeviceKey")
+            QTest::newRow(qPrintable(name)) << full.Node(name).Text("pValue");
+    }
+}
+
+void tst_Descriptions::commandsAndTheDeviceKeyAreWriteOnly()
+{
+    QFETCH(QString, value);
+    QCOMPARE(full.Node(value).Text("AccessMode"), QString("WO"));
+}
+
+void tst_Descriptions::smallModelsHaveWhatTheirStoryNeeds()
+{
+    const QStringList foreign = Description("foreign").Features();
+    const QStringList noTrigger = Description("notrigger").Features();
+    for (const char* name : {"DeviceVendorName", "TriggerSelector", "LineSelector"}) {
+        QVERIFY2(foreign.contains(name), name);
+        QVERIFY2(noTrigger.contains(name), name);
+    }
+    QVERIFY(foreign.contains("LineMode"));
+    QVERIFY(!noTrigger.contains("LineMode"));
+    for (const char* name : {"CounterSelector", "TimerSelector", "SoftwareSignalSelector"})
+        QVERIFY2(!foreign.contains(name), name);
+}
+
+QTEST_GUILESS_MAIN(tst_Descriptions)
+#include "tst_Descriptions.moc"
