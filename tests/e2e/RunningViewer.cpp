@@ -1,0 +1,95 @@
+#include "tests/e2e/RunningViewer.h"
+
+#include "host/SdkCamera.h"
+#include "host/TabExtensions.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QTimer>
+#include <QToolBar>
+#include <QtTest>
+
+RunningViewer::RunningViewer(const CameraChoice& camera)
+{
+    std::unique_ptr<CameraDevice> device = openCamera(camera, problem);
+    if (!device)
+        return;
+    m_session = std::make_unique<CameraSession>(std::move(device));
+    m_window = std::make_unique<MainWindow>(*m_session);
+    m_window->addExtensions(
+        loadTabExtensions(QStringLiteral(PLUGIN_FOLDER), m_session->features()));
+    m_window->resize(1280, 860);
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window.get()))
+        problem = QStringLiteral("the window did not appear");
+}
+
+QWidget* RunningViewer::tab() const
+{
+    return m_window->findChild<QWidget*>(QStringLiteral("AdvTriggerWidget"));
+}
+
+QTimer* RunningViewer::refreshTimer() const
+{
+    return tab()->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void RunningViewer::waitForTicks(int ticks) const
+{
+    QSignalSpy spy(refreshTimer(), &QTimer::timeout);
+    QTRY_VERIFY(spy.count() >= ticks);
+}
+
+void RunningViewer::choose(const char* comboBox, const QString& entry) const
+{
+    auto* box = control<QComboBox>(comboBox);
+    const int row = box->findText(entry);
+    if (row < 0 || !box->isEnabled())
+        qFatal("%s offers no entry %s", comboBox, qPrintable(entry));
+    QTest::mouseClick(box, Qt::LeftButton);
+    QAbstractItemView* list = box->view();
+    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
+    // Within this time the popup takes a release for the end of the click that opened it.
+    QTest::qWait(QApplication::doubleClickInterval());
+    const QModelIndex index = box->model()->index(row, 0);
+    list->scrollTo(index);
+    QTest::mouseMove(list->viewport(), list->visualRect(index).center());
+    QTRY_COMPARE(list->currentIndex().row(), row);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualRect(index).center());
+    QTRY_VERIFY(!list->isVisible());
+}
+
+void RunningViewer::click(const char* button) const
+{
+    QTest::mouseClick(control<QAbstractButton>(button), Qt::LeftButton);
+}
+
+void RunningViewer::clickAcquire() const
+{
+    auto* bar = m_window->findChild<QToolBar*>(QStringLiteral("toolBar"));
+    auto* action = m_window->findChild<QAction*>(QStringLiteral("actionAcquire"));
+    QTest::mouseClick(bar->widgetForAction(action), Qt::LeftButton);
+}
+
+int RunningViewer::frames() const
+{
+    const QString text = m_window->findChild<QLabel*>(QStringLiteral("frameCounter"))->text();
+    return text.mid(QStringLiteral("Frames: ").size()).toInt();
+}
+
+QString RunningViewer::notice() const
+{
+    return m_window->findChild<QLabel*>(QStringLiteral("notice"))->text();
+}
+
+void RunningViewer::close()
+{
+    if (m_window)
+        m_window->close();
+    m_window.reset();
+    m_session.reset();
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+
+/// A simulated camera in a process of its own, which can be stopped, continued and killed.
+class SimulatorProcess
+{
+public:
+    /// Starts it and waits until it listens; isRunning() tells whether that went well.
+    explicit SimulatorProcess(const QStringList& arguments = {});
+    ~SimulatorProcess();
+
+    bool isRunning() const { return m_listening; }
+    QString address() const { return QStringLiteral("127.0.0.1"); }
+    void stall();
+    void resume();
+    void kill();
+
+private:
+    QProcess m_process;
+    bool m_listening = false;
+};

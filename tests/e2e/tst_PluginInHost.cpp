@@ -1,0 +1,178 @@
+// The built plugin, loaded like a host loads it, in a host of a few lines.
+#include "plugin/TabExtensionInterface.h"
+#include "sdk/bridge/Camera.h"
+#include "sdk/simulator/SimulatedCamera.h"
+#include "tests/support/FakeCamera.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QPluginLoader>
+#include <QTimer>
+#include <QtTest>
+
+namespace {
+
+/// A host's window: the parent of the container, and the source of the streaming signal.
+class FakeHost : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FakeHost(TabExtensionInterface& plugin, const ZalCPP::FeatureList& features)
+        : container(new QWidget(this))
+    {
+        QMap<QString, QVariant> options{{QStringLiteral("connectWidgetToSignal"),
+                                         QString::fromLatin1(SIGNAL(streaming(bool)))}};
+        result = plugin.get(features, *container, &options);
+    }
+
+    QWidget* tab() const
+    {
+        return container->findChild<QWidget*>(QStringLiteral("AdvTriggerWidget"));
+    }
+
+    QTimer* refreshTimer() const
+    {
+        return tab()->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    QWidget* container;
+    int result = -1;
+
+signals:
+    void streaming(bool on);
+};
+
+struct SimulatedDevice
+{
+    explicit SimulatedDevice(const std::string& model)
+    {
+        ZalSim::Options options;
+        options.model = model;
+        simulator = ZalSim::SimulatedCamera::Start(options, error);
+        if (simulator)
+            camera = ZalCPP::CameraSystem::Open(simulator->CameraId(), error);
+    }
+
+    std::string error;
+    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
+    std::unique_ptr<ZalCPP::Camera> camera;
+};
+
+} // namespace
+
+class tst_PluginInHost : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void streamingReachesTheTabThroughTheHostsSignal();
+    void aFullRefreshWritesNothing();
+    void anIdleTickMakesNoCall();
+    void refreshingASimulatedCameraWritesNothingOnTheWire();
+    void anIdleCameraHasNoTrafficButItsPolledFeatures();
+    void aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched_data();
+    void aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched();
+
+private:
+    TabExtensionInterface* m_plugin = nullptr;
+};
+
+void tst_PluginInHost::initTestCase()
+{
+    QPluginLoader loader(QStringLiteral(PLUGIN_FILE));
+    m_plugin = qobject_cast<TabExtensionInterface*>(loader.instance());
+    QVERIFY2(m_plugin, qPrintable(loader.errorString()));
+}
+
+void tst_PluginInHost::streamingReachesTheTabThroughTheHostsSignal()
+{
+    const auto camera = Fake::FakeCamera::standard();
+    FakeHost host(*m_plugin, camera->features());
+    QCOMPARE(host.result, 0);
+    host.show();
+    auto* hint = host.tab()->findChild<QLabel*>(QStringLiteral("lbl_notAcquireHint"));
+    emit host.streaming(true);
+    QVERIFY(hint->isVisible());
+    emit host.streaming(false);
+    QVERIFY(!hint->isVisible());
+}
+
+void tst_PluginInHost::aFullRefreshWritesNothing()
+{
+    const auto camera = Fake::FakeCamera::standard();
+    FakeHost host(*m_plugin, camera->features());
+    host.show();
+    camera->clearLog();
+    QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
+    QTRY_COMPARE(ticks.count(), 1);
+    QVERIFY(!camera->calls().empty());
+    QCOMPARE(camera->writes().size(), std::size_t(0));
+}
+
+void tst_PluginInHost::anIdleTickMakesNoCall()
+{
+    const auto camera = Fake::FakeCamera::standard();
+    FakeHost host(*m_plugin, camera->features());
+    host.show();
+    QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
+    QTRY_COMPARE(ticks.count(), 1);
+    camera->clearLog();
+    QTRY_COMPARE(ticks.count(), 3);
+    QCOMPARE(camera->calls().size(), std::size_t(0));
+}
+
+void tst_PluginInHost::refreshingASimulatedCameraWritesNothingOnTheWire()
+{
+    const SimulatedDevice device("full");
+    QVERIFY2(device.camera, device.error.c_str());
+    FakeHost host(*m_plugin, device.camera->Features());
+    QCOMPARE(host.result, 0);
+    host.show();
+    QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
+    const ZalCPP::WireCounts before = device.camera->Counts();
+    QTRY_COMPARE(ticks.count(), 1);
+    const ZalCPP::WireCounts after = device.camera->Counts();
+    QVERIFY(after.reads > before.reads);
+    QCOMPARE(after.writes, before.writes);
+}
+
+/// Nothing that the tab of this camera observes is polled, so there is no traffic at all.
+void tst_PluginInHost::anIdleCameraHasNoTrafficButItsPolledFeatures()
+{
+    const SimulatedDevice device("full");
+    QVERIFY2(device.camera, device.error.c_str());
+    FakeHost host(*m_plugin, device.camera->Features());
+    host.show();
+    QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
+    QTRY_COMPARE(ticks.count(), 2);
+    const ZalCPP::WireCounts before = device.camera->Counts();
+    QTRY_COMPARE(ticks.count(), 5);
+    const ZalCPP::WireCounts after = device.camera->Counts();
+    QCOMPARE(after.reads, before.reads);
+    QCOMPARE(after.writes, before.writes);
+}
+
+void tst_PluginInHost::aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched_data()
+{
+    QTest::addColumn<QString>("model");
+    QTest::newRow("foreign") << QStringLiteral("foreign");
+    QTest::newRow("notrigger") << QStringLiteral("notrigger");
+}
+
+void tst_PluginInHost::aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched()
+{
+    QFETCH(QString, model);
+    const SimulatedDevice device(model.toStdString());
+    QVERIFY2(device.camera, device.error.c_str());
+    FakeHost host(*m_plugin, device.camera->Features());
+    QCOMPARE(host.result, 4);
+    QVERIFY(host.container->children().isEmpty());
+    QVERIFY(!host.container->layout());
+    QCOMPARE(host.container->accessibleName(), QString());
+}
+
+QTEST_MAIN(tst_PluginInHost)
+#include "tst_PluginInHost.moc"
