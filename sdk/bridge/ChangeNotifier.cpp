@@ -239,15 +239,16 @@ void ChangeNotifier::schedulePoll(std::size_t feature, Watch& watch)
         watch.nextPoll = Clock::now() + pollingTime;
 }
 
+// An observer that was unregistered meanwhile may die here, and does so without the lock.
 void ChangeNotifier::callObservers(Lock& lock, std::size_t feature)
 {
-    const auto observers = watches.at(feature).observers;
-    for (const auto& observer : observers) {
-        if (!isObserving(feature, observer))
-            continue;
+    auto observers = watches.at(feature).observers;
+    for (auto& observer : observers) {
+        const bool wanted = isObserving(feature, observer);
         lock.unlock();
-        if (const FeaturePtr changed = features(feature))
+        if (const FeaturePtr changed = wanted ? features(feature) : nullptr)
             observer->FeatureChanged(changed);
+        observer.reset();
         lock.lock();
     }
 }

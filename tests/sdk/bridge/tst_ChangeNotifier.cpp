@@ -67,6 +67,7 @@ private slots:
     void everyObserverIsCalled();
     void unregisteredObserverIsNotCalledAndLetGo();
     void observerUnregisteredWhileAnotherIsCalledIsNotCalled();
+    void observerMayUnregisterElsewhereWhenItDies();
     void nullObserverIsABadParameter();
     void cameraMayBeDestroyedInACall();
 
@@ -439,6 +440,28 @@ void tst_ChangeNotifier::observerUnregisteredWhileAnotherIsCalledIsNotCalled()
     gate.open();
     settle();
     QCOMPARE(blocker->count("Plain"), 1);
+    QCOMPARE(recorder->count(), 0);
+}
+
+void tst_ChangeNotifier::observerMayUnregisterElsewhereWhenItDies()
+{
+    std::atomic<bool> dead{false};
+    const auto die = [&](Recorder* dying) {
+        delete dying;
+        find("Stepped")->UnregisterObserver(recorder);
+        dead = true;
+    };
+    auto mortal = std::shared_ptr<Recorder>(new Recorder, die);
+    mortal->onCall = [&](const FeaturePtr& feature) {
+        feature->UnregisterObserver(mortal);
+        mortal.reset();
+    };
+    QCOMPARE(find("Plain")->RegisterObserver(mortal), ZalErrorSuccess);
+    observe({"Stepped"});
+    set("Plain", 5);
+    QTRY_VERIFY(dead);
+    set("Stepped", 6);
+    settle();
     QCOMPARE(recorder->count(), 0);
 }
 
