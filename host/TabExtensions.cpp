@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QMap>
@@ -90,7 +91,19 @@ private:
         result.title = page->container().accessibleName();
         if (result.title.isEmpty())
             result.title = result.name;
+        announcePalette(page->container());
         result.page = std::move(page);
+    }
+
+    /// Tabs choose their colours when they are told of a palette change, which nobody has made
+    /// since they were built.
+    static void announcePalette(QWidget& container)
+    {
+        const auto tabs = container.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* tab : tabs) {
+            QEvent change(QEvent::PaletteChange);
+            QCoreApplication::sendEvent(tab, &change);
+        }
     }
 
     void refuse(int status)
