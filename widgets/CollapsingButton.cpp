@@ -72,8 +72,9 @@ void CollapsingButton::collapse(bool c)
 
 void CollapsingButton::keyPressEvent(QKeyEvent* event)
 {
-    // A tool button answers only to the space bar by itself.
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    // A tool button answers only to the space bar by itself, and to a key held down only once.
+    const bool entered = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (entered && !event->isAutoRepeat())
         click();
     else
         QToolButton::keyPressEvent(event);

@@ -59,6 +59,7 @@ struct CameraWorker::State
     std::condition_variable changed; ///< For the callers: a task is done, or the health changed.
     std::deque<TaskPtr> queue;
     Health health = Health::Good;
+    bool busy = false; ///< The thread is inside an operation.
     bool finished = false;
 
     void run();
@@ -67,6 +68,7 @@ struct CameraWorker::State
     void settle(ZalErrorType result);
     void recover();
     bool has(Health wanted) const;
+    bool isUnanswered() const;
     bool worsen(Health newHealth);
     bool worsenLocked(Health newHealth);
     void refuseQueuedCalls();
@@ -87,8 +89,10 @@ void CameraWorker::State::run()
 TaskPtr CameraWorker::State::next()
 {
     std::unique_lock<std::mutex> lock(mutex);
+    busy = false;
     const auto due = [this] { return health == Health::Overdue || health == Health::Closed; };
     wake.wait(lock, [&] { return !queue.empty() || due(); });
+    busy = true;
     if (!queue.empty()) {
         TaskPtr task = queue.front();
         queue.pop_front();
@@ -138,6 +142,12 @@ bool CameraWorker::State::has(Health wanted) const
 {
     const std::lock_guard<std::mutex> lock(mutex);
     return health == wanted;
+}
+
+// With the lock held. A loss does not end the operation that was outstanding.
+bool CameraWorker::State::isUnanswered() const
+{
+    return health == Health::Overdue || (health == Health::Lost && busy);
 }
 
 // True when the health was better before.
@@ -213,11 +223,12 @@ void CameraWorker::close(Work last)
 {
     if (!thread.joinable())
         return;
-    // Somebody waited for a camera that does not answer already: once per stall is enough.
-    const auto patience = state->has(Health::Overdue) ? CloseTimeout.zero() : CloseTimeout;
-    post(std::move(last));
-    state->worsen(Health::Closed);
     std::unique_lock<std::mutex> lock(state->mutex);
+    // Somebody waited for a camera that does not answer already: once per stall is enough.
+    const auto patience = state->isUnanswered() ? CloseTimeout.zero() : CloseTimeout;
+    // Both under one lock, so that no call gets behind the last work.
+    state->queue.push_back(makeTask(std::move(last), true));
+    state->worsenLocked(Health::Closed);
     const bool finished =
         state->changed.wait_for(lock, patience, [this] { return state->finished; });
     lock.unlock();
@@ -234,7 +245,8 @@ bool CameraWorker::isHealthy() const
 
 bool CameraWorker::isOpen() const
 {
-    return state->has(Health::Good) || state->has(Health::Overdue);
+    const std::lock_guard<std::mutex> lock(state->mutex);
+    return state->health < Health::Lost;
 }
 
 bool CameraWorker::isLost() const

@@ -123,7 +123,7 @@ void ChangeNotifier::lost()
 void ChangeNotifier::setLostHandler(LostHandler handler)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    lostHandler = std::move(handler);
+    lostHandler.swap(handler);
     wake.notify_all();
 }
 
@@ -153,9 +153,10 @@ void ChangeNotifier::reportLoss(Lock& lock)
         wake.wait(lock);
         return;
     }
-    const LostHandler handler = std::exchange(lostHandler, nullptr);
+    LostHandler handler = std::exchange(lostHandler, nullptr);
     lock.unlock();
     handler();
+    handler = nullptr;
     lock.lock();
 }
 

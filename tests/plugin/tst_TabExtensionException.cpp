@@ -9,6 +9,9 @@ static_assert(!std::is_polymorphic_v<TabExtensionException>);
 static_assert(!std::is_polymorphic_v<TENotSupported>);
 static_assert(std::is_base_of_v<TabExtensionException, TENotSupported>);
 static_assert(sizeof(TENotSupported) == sizeof(TabExtensionException), "adds no field");
+static_assert(offsetof(TabExtensionException, className) <
+              offsetof(TabExtensionException, message));
+static_assert(offsetof(TabExtensionException, message) < offsetof(TabExtensionException, code));
 static_assert(std::is_same_v<decltype(TabExtensionException::code), qint32>);
 
 class tst_TabExtensionException : public QObject

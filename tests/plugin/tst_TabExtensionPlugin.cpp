@@ -2,15 +2,19 @@
 
 #include "tests/plugin/HostWindow.h"
 #include "tests/support/FakeCamera.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/VirtualSlot.h"
 #include "ui/AdvTriggerWidget.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -26,6 +30,27 @@ public:
     {
         throw std::runtime_error("broken");
     }
+};
+
+/// Captures the log from its first use on: a tab under construction silences the log, then looks
+/// its features up.
+class CapturingFeature : public Fake::FakeFeature
+{
+public:
+    using FakeFeature::FakeFeature;
+    ZalErrorType GetName(char* buffer, std::uint32_t& count) const override
+    {
+        if (!capture)
+            capture.emplace();
+        return FakeFeature::GetName(buffer, count);
+    }
+    bool sawAConnectionFail() const
+    {
+        return !capture.value().lines().filter("QObject::connect").isEmpty();
+    }
+
+private:
+    mutable std::optional<LogCapture> capture;
 };
 
 AdvTriggerWidget* tabIn(const QWidget& container)
@@ -54,6 +79,7 @@ private slots:
     void cleanup();
     void hasNoParent();
     void addsNoSignalsSlotsOrProperties();
+    void operationsFollowThoseOfQObjectInOrder();
     void answersToItsNameAndTheInterface_data();
     void answersToItsNameAndTheInterface();
     void getBuildsTabAndNoticeSideBySide();
@@ -63,6 +89,8 @@ private slots:
     void signatureMayBeAnythingThatBecomesText();
     void withoutUsableSignalTheTabNeverHearsOfStreaming_data();
     void withoutUsableSignalTheTabNeverHearsOfStreaming();
+    void connectingIsAttemptedOnlyWithAParent_data();
+    void connectingIsAttemptedOnlyWithAParent();
     void containerWithoutParentGetsATabToo();
     void refusedCameraLeavesTheContainerAsItWas_data();
     void refusedCameraLeavesTheContainerAsItWas();
@@ -107,6 +135,15 @@ void tst_TabExtensionPlugin::addsNoSignalsSlotsOrProperties()
     QCOMPARE(meta->superClass(), &QObject::staticMetaObject);
     QCOMPARE(meta->methodCount(), QObject::staticMetaObject.methodCount());
     QCOMPARE(meta->propertyCount(), QObject::staticMetaObject.propertyCount());
+}
+
+// Hosts call by place: they share the header with the plugin, not a build.
+void tst_TabExtensionPlugin::operationsFollowThoseOfQObjectInOrder()
+{
+    constexpr std::size_t QObjectSlots = 12;
+    QCOMPARE(virtualSlot(&TabExtensionInterface::get), QObjectSlots);
+    QCOMPARE(virtualSlot(&TabExtensionInterface::connectToResetFps), QObjectSlots + 1);
+    QCOMPARE(virtualSlot(&TabExtensionInterface::connectFromAcquire), QObjectSlots + 2);
 }
 
 void tst_TabExtensionPlugin::answersToItsNameAndTheInterface_data()
@@ -227,6 +264,31 @@ void tst_TabExtensionPlugin::withoutUsableSignalTheTabNeverHearsOfStreaming()
     QVERIFY(presetsEnabled(*host->container));
 }
 
+void tst_TabExtensionPlugin::connectingIsAttemptedOnlyWithAParent_data()
+{
+    QTest::addColumn<bool>("parent");
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<bool>("fails");
+    QTest::newRow("empty signature") << true << QByteArray() << true;
+    QTest::newRow("unknown signal") << true << QByteArray("2unknown(bool)") << true;
+    QTest::newRow("good signal") << true << QByteArray("2streaming(bool)") << false;
+    QTest::newRow("no parent, empty signature") << false << QByteArray() << false;
+    QTest::newRow("no parent, good signal") << false << QByteArray("2streaming(bool)") << false;
+}
+
+void tst_TabExtensionPlugin::connectingIsAttemptedOnlyWithAParent()
+{
+    QFETCH(bool, parent);
+    QFETCH(QByteArray, signature);
+    const auto first = std::make_shared<CapturingFeature>(*camera, "First", ZalFeatureInteger);
+    camera->features()->insert(camera->features()->begin(), first);
+    QWidget orphan;
+    Options options = {{"connectWidgetToSignal", signature}};
+    QWidget& container = parent ? *host->container : orphan;
+    QCOMPARE(plugin.get(camera->features(), container, &options), 0);
+    QTEST(first->sawAConnectionFail(), "fails");
+}
+
 void tst_TabExtensionPlugin::containerWithoutParentGetsATabToo()
 {
     QWidget container;
@@ -309,13 +371,19 @@ void tst_TabExtensionPlugin::eachContainerGetsItsOwnTab()
 
 void tst_TabExtensionPlugin::connectOperationsConnectNothing()
 {
-    HostWindow receiver;
-    const int before = receiver.metaObject()->methodCount();
-    QCOMPARE(plugin.connectToResetFps(&receiver, SLOT(deleteLater())), false);
-    QCOMPARE(plugin.connectFromAcquire(&receiver, SIGNAL(streaming(bool))), false);
+    QCOMPARE(get(), 0);
+    host->show();
+    const QSignalSpy relayed(host.get(), SIGNAL(streaming(bool)));
+    QCOMPARE(plugin.connectToResetFps(host.get(), SLOT(hide())), false);
+    QCOMPARE(plugin.connectFromAcquire(host.get(), SIGNAL(streaming(bool))), false);
     QCOMPARE(plugin.connectToResetFps(nullptr, nullptr), false);
     QCOMPARE(plugin.connectFromAcquire(nullptr, nullptr), false);
-    QCOMPARE(receiver.metaObject()->methodCount(), before);
+
+    AdvTriggerWidget* tab = tabIn(*host->container);
+    emit tab->resetFPS();
+    emit tab->dialogWindowDisplayed(true);
+    QVERIFY(host->isVisible());
+    QCOMPARE(relayed.count(), 0);
 }
 
 QTEST_MAIN(tst_TabExtensionPlugin)

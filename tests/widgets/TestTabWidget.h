@@ -1,10 +1,13 @@
 #pragma once
 
+#include "tests/support/VirtualSlot.h"
 #include "widgets/BaseTabPluginWidget.h"
 
 #include <QMutex>
 
+#include <cstddef>
 #include <functional>
+#include <vector>
 
 /// The least widget that the base class allows, open to the tests.
 class TestTabWidget : public BaseTabPluginWidget
@@ -23,6 +26,14 @@ public:
     using BaseTabPluginWidget::m_observedFeatures;
     using BaseTabPluginWidget::m_observer;
     using BaseTabPluginWidget::m_updateTimer;
+
+    /// The functions that the base class lays down for its subclasses, in its order.
+    static std::vector<std::size_t> ownVirtualSlots()
+    {
+        return {virtualSlot(&TestTabWidget::updateInit),
+                virtualSlot(&TestTabWidget::isVendorSupported),
+                virtualSlot(&TestTabWidget::updateColoredControls)};
+    }
 
     int refreshes = 0;
     int recolourings = 0;

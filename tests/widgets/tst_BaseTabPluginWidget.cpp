@@ -4,7 +4,7 @@
 #include "features/PluginFeatureObserver.h"
 #include "plugin/TabExtensionException.h"
 #include "tests/support/FakeCamera.h"
-#include "tests/widgets/LogRecorder.h"
+#include "tests/support/LogCapture.h"
 #include "tests/widgets/TestTabWidget.h"
 
 #include <QComboBox>
@@ -84,6 +84,7 @@ private slots:
     void takesFocusByTabAndClick();
     void styleSheetGreysDisabledControls();
     void metaObjectOffersSignalAndSlots();
+    void ownVirtualFunctionsStandInOrder();
     void darkModeByLightness_data();
     void darkModeByLightness();
     void darkModeLooksAtTheCurrentColourGroup();
@@ -230,21 +231,21 @@ void tst_BaseTabPluginWidget::refusedWidgetLeavesItsParent()
 
 void tst_BaseTabPluginWidget::constructionSilencesTheLog()
 {
-    const LogRecorder log;
+    const LogCapture log;
     qWarning("before");
     const TestTabWidget widget(camera->features());
     qWarning("after");
-    QCOMPARE(LogRecorder::lines(), QStringList{"other|default|before"});
+    QCOMPARE(log.lines(), QStringList{"default/warning before"});
 }
 
 // The handler comes before the vendor check and stays although there is no widget.
 void tst_BaseTabPluginWidget::refusalSilencesTheLogToo()
 {
     (*camera)["DeviceVendorName"].state().text = "Foreign";
-    const LogRecorder log;
+    const LogCapture log;
     QVERIFY(refusalOf(camera->features()));
     qWarning("after");
-    QCOMPARE(LogRecorder::lines(), QStringList());
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidget::takesFocusByTabAndClick()
@@ -277,6 +278,13 @@ void tst_BaseTabPluginWidget::metaObjectOffersSignalAndSlots()
     QCOMPARE(method("OnFeatureChanged(QString,QString)").methodType(), QMetaMethod::Slot);
     QCOMPARE(method("OnFeatureChanged(QString,QString)").access(), QMetaMethod::Private);
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
+}
+
+void tst_BaseTabPluginWidget::ownVirtualFunctionsStandInOrder()
+{
+    const std::vector<std::size_t> places = TestTabWidget::ownVirtualSlots();
+    const std::vector<std::size_t> expected = {places[0], places[0] + 1, places[0] + 2};
+    QCOMPARE(places, expected);
 }
 
 void tst_BaseTabPluginWidget::darkModeByLightness_data()

@@ -1,7 +1,7 @@
 // Attaching the observer to the features and detaching it: filter, results, log lines.
 #include "features/PluginFeatureObserver.h"
 #include "tests/support/FakeCamera.h"
-#include "tests/widgets/LogRecorder.h"
+#include "tests/support/LogCapture.h"
 #include "tests/widgets/TestTabWidget.h"
 
 #include <QTest>
@@ -12,9 +12,9 @@
 namespace {
 
 const QString RegisterFailed =
-    QStringLiteral("debug|default|Could not register feature observer. Error code: %1\n");
+    QStringLiteral("default/debug Could not register feature observer. Error code: %1\n");
 const QString UnregisterFailed =
-    QStringLiteral("debug|default|Could not unregister feature observer. Error code: %1\n");
+    QStringLiteral("default/debug Could not unregister feature observer. Error code: %1\n");
 
 } // namespace
 
@@ -130,9 +130,9 @@ void tst_BaseTabPluginWidgetObserver::markingDoesNotLookForDoubles()
 void tst_BaseTabPluginWidgetObserver::failedRegistrationIsLoggedMarkedAndPassedOver()
 {
     camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
-    const LogRecorder log;
+    const LogCapture log;
     QCOMPARE(widget->RegisterFeatureObserver(true), 0);
-    QCOMPARE(LogRecorder::lines(), QStringList{RegisterFailed.arg(ZalErrorTransport)});
+    QCOMPARE(log.lines(), QStringList{RegisterFailed.arg(ZalErrorTransport)});
     QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
     QCOMPARE(observers("TriggerDelay"), std::size_t(1));
 }
@@ -180,11 +180,11 @@ void tst_BaseTabPluginWidgetObserver::featureWithoutReadableNameIsSkipped()
 {
     QFETCH(int, failingCall);
     camera->failNthCall(failingCall, ZalErrorTransport);
-    const LogRecorder log;
+    const LogCapture log;
     QCOMPARE(widget->RegisterFeatureObserver(true), 0);
     QCOMPARE(*widget->m_changedFeatures, QStringList{"TriggerDelay"});
     QCOMPARE(observers("Width"), std::size_t(0));
-    QCOMPARE(LogRecorder::lines(), QStringList());
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidgetObserver::detachesFromObservedFeaturesOnly()
@@ -226,10 +226,10 @@ void tst_BaseTabPluginWidgetObserver::failedDetachingIsLogged()
     QFETCH(bool, logged);
     widget->RegisterFeatureObserver(false);
     camera->failCall("UnregisterObserver", "Width", status);
-    const LogRecorder log;
+    const LogCapture log;
     QCOMPARE(widget->UnRegisterFeatureObserver(tolerateNotOpen), 0);
     const QStringList expected = logged ? QStringList{UnregisterFailed.arg(status)} : QStringList();
-    QCOMPARE(LogRecorder::lines(), expected);
+    QCOMPARE(log.lines(), expected);
     QCOMPARE(observers("TriggerDelay"), std::size_t(0));
 }
 
@@ -237,9 +237,9 @@ void tst_BaseTabPluginWidgetObserver::pausingToleratesNoFailure()
 {
     widget->RegisterFeatureObserver(false);
     camera->failCall("UnregisterObserver", "Width", ZalErrorNotOpen);
-    const LogRecorder log;
+    const LogCapture log;
     widget->pauseUpdateTimer();
-    QCOMPARE(LogRecorder::lines(), QStringList{UnregisterFailed.arg(ZalErrorNotOpen)});
+    QCOMPARE(log.lines(), QStringList{UnregisterFailed.arg(ZalErrorNotOpen)});
 }
 
 void tst_BaseTabPluginWidgetObserver::noFeaturesIsMinusThreeWithALogLine_data()
@@ -256,23 +256,23 @@ void tst_BaseTabPluginWidgetObserver::noFeaturesIsMinusThreeWithALogLine()
         widget->m_features = nullptr;
     else
         camera->features()->clear();
-    const LogRecorder log;
+    const LogCapture log;
     QCOMPARE(widget->RegisterFeatureObserver(true), -3);
     QCOMPARE(widget->UnRegisterFeatureObserver(true), -3);
-    const QString line = "debug|default|Could not get features. Error code: -3\n";
-    QCOMPARE(LogRecorder::lines(), QStringList({line, line}));
+    const QString line = "default/debug Could not get features. Error code: -3\n";
+    QCOMPARE(log.lines(), QStringList({line, line}));
     QCOMPARE(*widget->m_changedFeatures, QStringList());
     QVERIFY(camera->calls().empty());
 }
 
-// Without a recorder the process stays silent.
+// Without a capture the process stays silent.
 void tst_BaseTabPluginWidgetObserver::widgetsOwnHandlerHidesTheLogLines()
 {
-    const LogRecorder log;
+    const LogCapture log;
     const TestTabWidget another(camera->features());
     camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
     widget->RegisterFeatureObserver(false);
-    QCOMPARE(LogRecorder::lines(), QStringList());
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidgetObserver::lostCameraEndsQuietly()

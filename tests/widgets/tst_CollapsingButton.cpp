@@ -3,6 +3,7 @@
 #include <QAnimationDriver>
 #include <QApplication>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
@@ -96,6 +97,7 @@ private slots:
     void collapseChangesOnlyTheOtherState();
     void keysToggle_data();
     void keysToggle();
+    void keyHeldDownTogglesOnce();
     void clickUnfoldsTheContentInItsForm();
     void foldedContentIsOutOfTheTabOrder();
     void foldingTakesTheFocusOutOfTheContent();
@@ -342,6 +344,16 @@ void tst_CollapsingButton::keysToggle()
     section.button->setFocus();
     QTest::keyClick(section.button, key);
     QTEST(section.button->isChecked(), "checked");
+}
+
+void tst_CollapsingButton::keyHeldDownTogglesOnce()
+{
+    CollapsingButton button(nullptr);
+    for (const bool repeated : {false, true}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), repeated);
+        QCoreApplication::sendEvent(&button, &press);
+    }
+    QVERIFY(button.isChecked());
 }
 
 void tst_CollapsingButton::clickUnfoldsTheContentInItsForm()

@@ -64,7 +64,7 @@ public:
     virtual ZalErrorType SetStringValue(const char* value) = 0;
     virtual ZalErrorType SetRawValue(const unsigned char* data, std::uint32_t count) = 0;
 
-    // Limits.
+    // Limits. A set of valid values is empty where the SDK knows of none.
     virtual ZalErrorType GetIntegerRange(long long& min, long long& max) const = 0;
     virtual ZalErrorType GetFloatRange(double& min, double& max) const = 0;
     virtual ZalErrorType HasIncrement(bool& hasIncrement) const = 0;

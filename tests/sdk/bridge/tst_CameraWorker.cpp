@@ -77,6 +77,8 @@ private slots:
     void postedWorkRunsInItsTurnWhateverHappens();
     void closingRunsTheLastWork();
     void closingDoesNotWaitForAnOverdueOperation();
+    void closingALostCameraDoesNotWaitForItsOperation();
+    void noCallRunsAfterTheLastWork();
     void closedWorkerRefuses();
     void workIsReleasedOnTheWorkerThread();
 
@@ -326,6 +328,44 @@ void tst_CameraWorker::closingDoesNotWaitForAnOverdueOperation()
     operation.end(ZalErrorSuccess);
     QVERIFY(last->tryAcquire(1, 5000));
     QCOMPARE(recoveries, 0);
+}
+
+void tst_CameraWorker::closingALostCameraDoesNotWaitForItsOperation()
+{
+    Operation operation;
+    const qint64 blocked = open(operation);
+    worker->declareLost();
+    QElapsedTimer timer;
+    timer.start();
+    worker->close(succeed);
+    QVERIFY(blocked + timer.elapsed() <= LongestBlock);
+    operation.end(ZalErrorTimeout);
+}
+
+void tst_CameraWorker::noCallRunsAfterTheLastWork()
+{
+    for (int round = 0; round < 500; ++round) {
+        init();
+        QSemaphore started;
+        std::atomic<bool> released{false};
+        std::atomic<int> late{0};
+        const auto touch = [&] {
+            late += released;
+            started.release();
+            return ZalErrorSuccess;
+        };
+        std::thread caller([&] {
+            while (worker->call(touch) == ZalErrorSuccess) {
+            }
+        });
+        QVERIFY(started.tryAcquire(1, 5000));
+        worker->close([&] {
+            released = true;
+            return ZalErrorSuccess;
+        });
+        caller.join();
+        QCOMPARE(late, 0);
+    }
 }
 
 void tst_CameraWorker::closedWorkerRefuses()
