@@ -1,6 +1,17 @@
 #include "host/CameraSession.h"
 
+#include <QCoreApplication>
+
 #include <utility>
+
+namespace {
+
+QString reason(ZalErrorType status)
+{
+    return QCoreApplication::translate("ZalCPP", ZalCPP::ErrorText(status));
+}
+
+} // namespace
 
 CameraSession::CameraSession(std::unique_ptr<CameraDevice> camera) : m_device(std::move(camera))
 {
@@ -36,7 +47,7 @@ void CameraSession::start()
     if (status == ZalErrorSuccess)
         setState(true);
     else
-        emit failed(tr("The acquisition could not be started. %1").arg(ZalCPP::ErrorText(status)));
+        emit failed(tr("The acquisition could not be started. %1").arg(reason(status)));
 }
 
 void CameraSession::stop()
@@ -44,7 +55,7 @@ void CameraSession::stop()
     const ZalErrorType status = m_device->stop();
     setState(false);
     if (status != ZalErrorSuccess)
-        emit failed(tr("The acquisition did not stop cleanly. %1").arg(ZalCPP::ErrorText(status)));
+        emit failed(tr("The acquisition did not stop cleanly. %1").arg(reason(status)));
 }
 
 void CameraSession::setState(bool acquiring)
@@ -70,9 +81,12 @@ void CameraSession::deliver()
 {
     {
         const std::lock_guard<std::mutex> lock(m_inbox.mutex);
+        m_inbox.announced = false;
+        // The frame was the last one before a restart.
+        if (m_inbox.count == 0)
+            return;
         std::swap(m_frame, m_inbox.newest);
         m_frameCount = m_inbox.count;
-        m_inbox.announced = false;
     }
     emit frameArrived(m_frame);
 }

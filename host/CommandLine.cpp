@@ -1,6 +1,7 @@
 #include "host/CommandLine.h"
 
 #include "host/ExitCode.h"
+#include "host/Language.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -13,24 +14,21 @@ namespace {
 constexpr QSize SMALLEST_WINDOW(640, 480);
 constexpr QSize LARGEST_WINDOW(7680, 4320);
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
-
 /// The command line as a table of options, and the checks that the table cannot express. Each
 /// check returns a sentence when it finds fault.
 class Reader
 {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
 public:
     Reader(const QStringList& arguments, const QStringList& simulatedModels)
         : models(simulatedModels)
     {
-        parser.setApplicationDescription(translated(
-            "Shows a camera's live image, and the tab extensions that support the camera.\n"
-            "Without --camera and --simulate it starts a simulated camera of its own."));
+        parser.setApplicationDescription(
+            tr("Shows a camera's live image, and the tab extensions that support the camera.\n"
+               "Without --camera and --simulate it starts a simulated camera of its own."));
         parser.addOptions({help, version, list, camera, simulate, acquire, plugins, screenshot,
-                           delay, size, palette});
+                           delay, size, palette, language});
         understood = parser.parse(arguments);
     }
 
@@ -56,7 +54,8 @@ private:
 
     static QString sentence(const QString& text)
     {
-        return text.endsWith(QLatin1Char('.')) ? text : text + QLatin1Char('.');
+        const bool ended = text.endsWith(QLatin1Char('.')) || text.endsWith(QChar(0x3002));
+        return ended ? text : text + QLatin1Char('.');
     }
 
     static void show(CommandLine& line, const QString& text)
@@ -73,13 +72,13 @@ private:
 
     static QString exitCodes()
     {
-        return translated("\nExit codes:\n"
-                          "  %1  success\n"
-                          "  %2  bad arguments\n"
-                          "  %3  no camera found, or it could not be opened\n"
-                          "  %4  a file in the plugins folder could not be used\n"
-                          "  %5  the screenshot could not be written\n"
-                          "  %6  no display\n")
+        return tr("\nExit codes:\n"
+                  "  %1  success\n"
+                  "  %2  bad arguments\n"
+                  "  %3  no camera found, or it could not be opened\n"
+                  "  %4  a file in the plugins folder could not be used\n"
+                  "  %5  the screenshot could not be written\n"
+                  "  %6  no display\n")
             .arg(ExitSuccess)
             .arg(ExitBadArguments)
             .arg(ExitNoCamera)
@@ -92,7 +91,7 @@ private:
     {
         static constexpr Check checks[] = {
             &Reader::readRest, &Reader::readCamera, &Reader::readAcquire, &Reader::readPlugins,
-            &Reader::readShot, &Reader::readSize,   &Reader::readPalette};
+            &Reader::readShot, &Reader::readSize,   &Reader::readPalette, &Reader::readLanguage};
         for (const Check check : checks) {
             QString fault = (this->*check)(options);
             if (!fault.isEmpty())
@@ -104,14 +103,13 @@ private:
     QString readRest(ViewerOptions&) const
     {
         const QStringList rest = parser.positionalArguments();
-        return rest.isEmpty() ? QString()
-                              : translated("Unexpected argument \"%1\".").arg(rest.first());
+        return rest.isEmpty() ? QString() : tr("Unexpected argument \"%1\".").arg(rest.first());
     }
 
     QString readCamera(ViewerOptions& options) const
     {
         if (parser.isSet(camera) && parser.isSet(simulate))
-            return translated("--camera and --simulate exclude each other.");
+            return tr("--camera and --simulate exclude each other.");
         return parser.isSet(camera) ? readCameraId(options.camera) : readModel(options.camera);
     }
 
@@ -123,7 +121,7 @@ private:
             choice.id.clear();
             choice.kind = CameraChoice::Kind::FirstFound;
         } else if (choice.id.isEmpty()) {
-            return translated("--camera needs an id, a serial number, an address or \"first\".");
+            return tr("--camera needs an id, a serial number, an address or \"first\".");
         }
         return {};
     }
@@ -134,7 +132,7 @@ private:
             choice.model = parser.value(simulate);
         if (models.contains(choice.model))
             return {};
-        return translated("There is no simulated model \"%1\". Known models: %2.")
+        return tr("There is no simulated model \"%1\". Known models: %2.")
             .arg(choice.model, models.join(QStringLiteral(", ")));
     }
 
@@ -148,7 +146,7 @@ private:
         options.acquire = value == QLatin1String("on");
         return options.acquire || value == QLatin1String("off")
                    ? QString()
-                   : translated("--acquire takes \"on\" or \"off\", not \"%1\".").arg(value);
+                   : tr("--acquire takes \"on\" or \"off\", not \"%1\".").arg(value);
     }
 
     QString readPlugins(ViewerOptions& options) const
@@ -157,15 +155,14 @@ private:
             return {};
         const QFileInfo folder(parser.value(plugins));
         options.pluginFolder = folder.absoluteFilePath();
-        return folder.isDir() ? QString()
-                              : translated("There is no folder \"%1\".").arg(folder.filePath());
+        return folder.isDir() ? QString() : tr("There is no folder \"%1\".").arg(folder.filePath());
     }
 
     QString readShot(ViewerOptions& options) const
     {
         if (parser.isSet(screenshot)) {
             if (parser.value(screenshot).isEmpty())
-                return translated("--screenshot needs the name of a file.");
+                return tr("--screenshot needs the name of a file.");
             options.screenshotFile = QFileInfo(parser.value(screenshot)).absoluteFilePath();
         }
         return parser.isSet(delay) ? readDelay(options) : QString();
@@ -174,12 +171,12 @@ private:
     QString readDelay(ViewerOptions& options) const
     {
         if (!parser.isSet(screenshot))
-            return translated("--delay is for --screenshot only.");
+            return tr("--delay is for --screenshot only.");
         bool ok = false;
         options.screenshotDelay = parser.value(delay).toInt(&ok);
         return ok && options.screenshotDelay >= 0 && options.screenshotDelay <= 60000
                    ? QString()
-                   : translated("--delay takes 0 to 60000 milliseconds, not \"%1\".")
+                   : tr("--delay takes 0 to 60000 milliseconds, not \"%1\".")
                          .arg(parser.value(delay));
     }
 
@@ -193,7 +190,7 @@ private:
         const bool fits = options.windowSize.boundedTo(LARGEST_WINDOW) == options.windowSize &&
                           options.windowSize.expandedTo(SMALLEST_WINDOW) == options.windowSize;
         return fits ? QString()
-                    : translated("--size takes a size from 640x480 to 7680x4320, not \"%1\".")
+                    : tr("--size takes a size from 640x480 to 7680x4320, not \"%1\".")
                           .arg(parser.value(size));
     }
 
@@ -203,48 +200,62 @@ private:
             return {};
         options.palette = parser.value(palette);
         const bool known = QStringList{"light", "dark"}.contains(options.palette);
-        return known ? QString()
-                     : translated("--palette takes \"light\" or \"dark\", not \"%1\".")
-                           .arg(options.palette);
+        return known
+                   ? QString()
+                   : tr("--palette takes \"light\" or \"dark\", not \"%1\".").arg(options.palette);
+    }
+
+    // The language itself is chosen before the first text is made.
+    QString readLanguage(ViewerOptions&) const
+    {
+        const QStringList known = Language::codes();
+        if (!parser.isSet(language) || known.contains(parser.value(language)))
+            return {};
+        return tr("--language takes one of %1, not \"%2\".")
+            .arg(known.join(QStringLiteral(", ")), parser.value(language));
     }
 
     QStringList models;
     QCommandLineParser parser;
     bool understood = false;
 
-    QCommandLineOption help{{"h", "help"}, translated("Show this help and exit.")};
-    QCommandLineOption version{{"v", "version"}, translated("Show the version and exit.")};
-    QCommandLineOption list{"list", translated("List the cameras that are found and exit.")};
+    QCommandLineOption help{{"h", "help"}, tr("Show this help and exit.")};
+    QCommandLineOption version{{"v", "version"}, tr("Show the version and exit.")};
+    QCommandLineOption list{"list", tr("List the cameras that are found and exit.")};
     QCommandLineOption camera{
         "camera",
-        translated("Open the camera with this id, serial number or network address, or the first "
-                   "one found (\"first\")."),
+        tr("Open the camera with this id, serial number or network address, or the first "
+           "one found (\"first\")."),
         "ID"};
     QCommandLineOption simulate{
         "simulate",
-        translated("Start a simulated camera of this model and open it (default: full; known: %1).")
+        tr("Start a simulated camera of this model and open it (default: full; known: %1).")
             .arg(models.join(QStringLiteral(", "))),
         "MODEL"};
     QCommandLineOption acquire{
         "acquire",
-        translated("Acquire images from the start (\"on\") or not (\"off\"). Default: "
-                   "off, and on for a screenshot."),
+        tr("Acquire images from the start (\"on\") or not (\"off\"). Default: "
+           "off, and on for a screenshot."),
         "on|off"};
     QCommandLineOption plugins{
         "plugins",
-        translated("Load the tab extensions from this folder (default: plugins, beside the "
-                   "program)."),
+        tr("Load the tab extensions from this folder (default: plugins, beside the "
+           "program)."),
         "DIR"};
     QCommandLineOption screenshot{
         "screenshot",
-        translated("Save the window as a PNG image once the tabs are filled and images arrive, and "
-                   "exit."),
+        tr("Save the window as a PNG image once the tabs are filled and images arrive, and "
+           "exit."),
         "FILE"};
-    QCommandLineOption delay{
-        "delay", translated("Wait this long before the screenshot (default: 1500)."), "MS"};
-    QCommandLineOption size{"size", translated("Size of the window in pixels."), "WxH"};
+    QCommandLineOption delay{"delay", tr("Wait this long before the screenshot (default: 1500)."),
+                             "MS"};
+    QCommandLineOption size{"size", tr("Size of the window in pixels."), "WxH"};
     QCommandLineOption palette{
-        "palette", translated("Use this palette instead of the desktop's: light or dark."), "NAME"};
+        "palette", tr("Use this palette instead of the desktop's: light or dark."), "NAME"};
+    QCommandLineOption language{"language",
+                                tr("Speak this language instead of the desktop's: %1.")
+                                    .arg(Language::codes().join(QStringLiteral(", "))),
+                                "LANG"};
 };
 
 } // namespace

@@ -19,14 +19,11 @@ namespace {
 constexpr char METADATA_NAME[] = "TabExtensionInterface";
 constexpr int CAMERA_NOT_SUPPORTED = 4;
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("TabExtensions", text);
-}
-
 /// Turns one library into a tab, or into the sentence that says why not.
 class Loading
 {
+    Q_DECLARE_TR_FUNCTIONS(TabExtensions)
+
 public:
     explicit Loading(const QString& file) : loader(file)
     {
@@ -48,17 +45,16 @@ private:
         const QJsonObject metaData = loader.metaData();
         const QString interface = metaData.value(QStringLiteral("IID")).toString();
         if (metaData.isEmpty()) {
-            fail(translated("\"%1\" is not a plugin. %2"), loader.errorString());
+            fail(tr("\"%1\" is not a plugin. %2"), loader.errorString());
         } else if (interface != QLatin1String(METADATA_NAME)) {
-            fail(translated("\"%1\" is a plugin of another kind (%2)."), interface);
+            fail(tr("\"%1\" is a plugin of another kind (%2)."), interface);
         } else if (!loader.load()) {
-            fail(translated("The tab extension \"%1\" could not be loaded. %2"),
-                 loader.errorString());
+            fail(tr("The tab extension \"%1\" could not be loaded. %2"), loader.errorString());
         } else if (auto* extension = qobject_cast<TabExtensionInterface*>(loader.instance())) {
             return extension;
         } else {
-            fail(translated("The tab extension \"%1\" was made for another version of the viewer "
-                            "(it lacks %2)."),
+            fail(tr("The tab extension \"%1\" was made for another version of the viewer "
+                    "(it lacks %2)."),
                  QString::fromLatin1(qobject_interface_iid<TabExtensionInterface*>()));
         }
         return nullptr;
@@ -78,10 +74,9 @@ private:
             else
                 refuse(status);
         } catch (const std::exception& error) {
-            fail(translated("The tab extension \"%1\" failed. %2"), error.what());
+            fail(tr("The tab extension \"%1\" failed. %2"), error.what());
         } catch (...) {
-            fail(translated("The tab extension \"%1\" failed. %2"),
-                 translated("It gave no reason."));
+            fail(tr("The tab extension \"%1\" failed. %2"), tr("It gave no reason."));
         }
     }
 
@@ -110,12 +105,11 @@ private:
     {
         result.outcome = TabExtension::Outcome::Refused;
         if (status == CAMERA_NOT_SUPPORTED)
-            result.sentence = translated("The tab extension \"%1\" does not support this camera.")
-                                  .arg(result.name);
+            result.sentence =
+                tr("The tab extension \"%1\" does not support this camera.").arg(result.name);
         else
-            result.sentence = translated("The tab extension \"%1\" built no tab (code %2).")
-                                  .arg(result.name)
-                                  .arg(status);
+            result.sentence =
+                tr("The tab extension \"%1\" built no tab (code %2).").arg(result.name).arg(status);
     }
 
     void fail(const QString& sentence, const QString& reason)

@@ -17,11 +17,6 @@
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("Viewer", text);
-}
-
 std::vector<TabExtension> loadExtensions(const ViewerOptions& options,
                                          const ZalCPP::FeatureList& features)
 {
@@ -85,8 +80,9 @@ int runViewer(const ViewerOptions& options)
     session.setAcquiring(options.acquire);
 
     if (!runEventLoop(window, session, options)) {
-        Console::complain(translated("The screenshot could not be written to \"%1\".")
-                              .arg(options.screenshotFile));
+        Console::complain(
+            QCoreApplication::translate("Viewer", "The screenshot could not be written to \"%1\".")
+                .arg(options.screenshotFile));
         return ExitScreenshotFailed;
     }
     return broken ? ExitBrokenExtension : ExitSuccess;
@@ -104,7 +100,7 @@ int listCameras()
     }
     if (!cameras.empty())
         return ExitSuccess;
-    Console::complain(translated("No camera was found."));
+    Console::complain(QCoreApplication::translate("Viewer", "No camera was found."));
     return ExitNoCamera;
 }
 

@@ -1,40 +1,32 @@
 #include "host/CommandLine.h"
 #include "host/Console.h"
 #include "host/ExitCode.h"
+#include "host/Language.h"
 #include "host/Viewer.h"
 #include "sdk/simulator/SimulatedCamera.h"
 
 #include <QApplication>
 
+#include <optional>
+
 namespace {
 
-/// Reads the command line before there is a GUI, so that help and complaints need no display.
-CommandLine readArguments(int argc, char* argv[])
+CommandLine readArguments()
 {
-    const QCoreApplication application(argc, argv);
     QStringList models;
     for (const std::string& model : ZalSim::SimulatedCamera::Models())
         models.append(QString::fromStdString(model));
     return readCommandLine(QCoreApplication::arguments(), models);
 }
 
-int run(int argc, char* argv[], const ViewerOptions& options)
+/// Does what needs no window, so that help and complaints need no display. The exit code, or
+/// nothing when the window is to be opened.
+std::optional<int> runWithoutWindow(int argc, char* argv[], ViewerOptions& options)
 {
-    if (!prepareDisplay(options)) {
-        Console::complain(QCoreApplication::translate(
-            "Viewer", "There is no display to open the window on. Use --screenshot FILE to save "
-                      "a picture of it."));
-        return ExitNoDisplay;
-    }
-    const QApplication application(argc, argv);
-    return runViewer(options);
-}
-
-} // namespace
-
-int main(int argc, char* argv[])
-{
-    const CommandLine line = readArguments(argc, argv);
+    const QCoreApplication application(argc, argv);
+    Language::installTranslators();
+    const CommandLine line = readArguments();
+    options = line.options;
     switch (line.action) {
     case CommandLine::Action::ShowText:
         Console::print(line.text);
@@ -45,7 +37,25 @@ int main(int argc, char* argv[])
         Console::complain(line.text);
         return ExitBadArguments;
     case CommandLine::Action::Run:
-        return run(argc, argv, line.options);
+        break;
     }
-    return ExitBadArguments;
+    if (prepareDisplay(options))
+        return std::nullopt;
+    Console::complain(QCoreApplication::translate(
+        "Viewer", "There is no display to open the window on. Use --screenshot FILE to save a "
+                  "picture of it."));
+    return ExitNoDisplay;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    Language::choose(argc, argv);
+    ViewerOptions options;
+    if (const std::optional<int> exitCode = runWithoutWindow(argc, argv, options))
+        return *exitCode;
+    const QApplication application(argc, argv);
+    Language::installTranslators();
+    return runViewer(options);
 }

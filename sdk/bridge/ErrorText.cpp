@@ -1,40 +1,45 @@
 #include <ZalCPP/ZalTypes.h>
 
+// Marks a text for the translation tools. Whoever shows it to a person looks the translation up.
+#define QT_TRANSLATE_NOOP(context, text) text
+
 namespace ZalCPP {
 
 const char* ErrorText(ZalErrorType status)
 {
     switch (status) {
     case ZalErrorSuccess:
-        return "The operation succeeded.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The operation succeeded.");
     case ZalErrorNotImplemented:
-        return "The feature does not offer this operation.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The feature does not offer this operation.");
     case ZalErrorNotFound:
-        return "Nothing was found.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "Nothing was found.");
     case ZalErrorNotAvailable:
-        return "The feature is not available at the moment.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The feature is not available at the moment.");
     case ZalErrorNotOpen:
-        return "The camera is not open, or the connection to it is lost.";
+        return QT_TRANSLATE_NOOP("ZalCPP",
+                                 "The camera is not open, or the connection to it is lost.");
     case ZalErrorWrongType:
-        return "The feature has another data type.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The feature has another data type.");
     case ZalErrorBadParameter:
-        return "An argument of the call is unusable.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "An argument of the call is unusable.");
     case ZalErrorNotReadable:
-        return "The feature cannot be read at the moment.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The feature cannot be read at the moment.");
     case ZalErrorNotWritable:
-        return "The feature cannot be written at the moment.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The feature cannot be written at the moment.");
     case ZalErrorOutOfRange:
-        return "The value is outside the feature's range or not one of its steps.";
+        return QT_TRANSLATE_NOOP(
+            "ZalCPP", "The value is outside the feature's range or not one of its steps.");
     case ZalErrorBufferTooSmall:
-        return "The buffer is too small for the data.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The buffer is too small for the data.");
     case ZalErrorTimeout:
-        return "The camera did not answer in time.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The camera did not answer in time.");
     case ZalErrorTransport:
-        return "The connection to the camera reported a failure.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The connection to the camera reported a failure.");
     case ZalErrorOutOfResources:
-        return "Memory or another resource ran out.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "Memory or another resource ran out.");
     default:
-        return "The operation failed.";
+        return QT_TRANSLATE_NOOP("ZalCPP", "The operation failed.");
     }
 }
 

@@ -102,6 +102,7 @@ void BehaviourAcquisition::Begin(const Step& step)
     waitingTriggers = 0;
     framesToSend = 0;
     nextFrame = step.now;
+    step.memory.Write(PictureNumber, 0);
 }
 
 void BehaviourAcquisition::End(const Step& step)

@@ -16,6 +16,9 @@ enum Statuses : std::uint32_t
     Completed = 3
 };
 
+// A host can write any number into the registers.
+constexpr std::int64_t DurationMax = 0xffffffff;
+
 Address CounterRegister(unsigned counter, Address offset)
 {
     return Counter + counter * BlockSize + offset;
@@ -30,6 +33,20 @@ unsigned Edges(const Step& step, unsigned counter, Address source, Address activ
 bool IsOff(const Step& step, unsigned counter, Address source)
 {
     return step.memory.Read(CounterRegister(counter, source)) == SignalOff;
+}
+
+// A counter that its own end resets divides its events.
+bool IsDivider(const Step& step, unsigned counter)
+{
+    return step.memory.Read(CounterRegister(counter, CounterBlock::ResetSource)) ==
+               SignalCounter0End + counter &&
+           IsOff(step, counter, CounterBlock::TriggerSource);
+}
+
+std::int64_t Duration(const Step& step, unsigned counter)
+{
+    return std::clamp<std::int64_t>(
+        step.memory.ReadLong(CounterRegister(counter, CounterBlock::Duration)), 1, DurationMax);
 }
 
 } // namespace
@@ -51,7 +68,8 @@ void BehaviourCounters::RunCounter(const Step& step, unsigned counter)
     if (IsReset(step, counter))
         Reset(step, counter);
     TakeTrigger(step, counter);
-    Count(step, counter);
+    if (Status(step, counter) == Active)
+        Count(step, counter);
     const std::uint32_t status = Status(step, counter);
     step.memory.Write(CounterRegister(counter, CounterBlock::Status), status);
     step.bus.SetLevel(SignalCounter0Active + counter, status == Active);
@@ -60,6 +78,9 @@ void BehaviourCounters::RunCounter(const Step& step, unsigned counter)
 bool BehaviourCounters::IsReset(const Step& step, unsigned counter) const
 {
     const bool commanded = step.memory.TakeCommand(CounterRegister(counter, CounterBlock::Reset));
+    // A divider has gone on already when the edge of its end arrives.
+    if (IsDivider(step, counter))
+        return commanded || states[counter].completed;
     return commanded ||
            Edges(step, counter, CounterBlock::ResetSource, CounterBlock::ResetActivation) > 0;
 }
@@ -89,18 +110,47 @@ void BehaviourCounters::TakeTrigger(const Step& step, unsigned counter)
 
 void BehaviourCounters::Count(const Step& step, unsigned counter)
 {
-    if (Status(step, counter) != Active)
-        return;
-    const Address value = CounterRegister(counter, CounterBlock::Value);
-    const std::int64_t duration =
-        step.memory.ReadLong(CounterRegister(counter, CounterBlock::Duration));
-    const unsigned events =
+    const Address status = CounterRegister(counter, CounterBlock::Status);
+    if (step.memory.Read(status) != Active)
+        step.bus.Pulse(SignalCounter0Start + counter);
+    const std::int64_t events =
         Edges(step, counter, CounterBlock::EventSource, CounterBlock::EventActivation);
+    if (IsDivider(step, counter))
+        Divide(step, counter, events);
+    else
+        Add(step, counter, events);
+}
+
+void BehaviourCounters::Add(const Step& step, unsigned counter, std::int64_t events)
+{
+    const Address value = CounterRegister(counter, CounterBlock::Value);
+    const std::int64_t duration = Duration(step, counter);
     const std::int64_t before = step.memory.ReadLong(value);
-    const std::int64_t after = std::max(before, std::min(before + events, duration));
+    const std::int64_t after =
+        std::max(before, std::min(std::min(before, duration) + events, duration));
     if (after != before)
         step.memory.WriteLong(value, after);
     states[counter].completed = after >= duration;
+    if (states[counter].completed)
+        step.bus.Pulse(SignalCounter0End + counter);
+}
+
+// Several turns may lie within one step, and no event is lost between them.
+void BehaviourCounters::Divide(const Step& step, unsigned counter, std::int64_t events)
+{
+    const Address value = CounterRegister(counter, CounterBlock::Value);
+    const std::int64_t duration = Duration(step, counter);
+    const std::int64_t before = step.memory.ReadLong(value);
+    const std::int64_t total = std::clamp<std::int64_t>(before, 0, duration) + events;
+    const auto turns = static_cast<unsigned>(total / duration);
+    if (total != before)
+        step.memory.WriteLong(value, total % duration);
+    if (turns == 0)
+        return;
+    step.memory.WriteLong(CounterRegister(counter, CounterBlock::ValueAtReset), duration);
+    step.bus.SetLevel(SignalCounter0Active + counter, false);
+    step.bus.Pulse(SignalCounter0End + counter, turns);
+    step.bus.Pulse(SignalCounter0Start + counter, turns);
 }
 
 std::uint32_t BehaviourCounters::Status(const Step& step, unsigned counter) const

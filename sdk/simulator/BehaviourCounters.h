@@ -27,6 +27,8 @@ private:
     void Reset(const Step& step, unsigned counter);
     void TakeTrigger(const Step& step, unsigned counter);
     void Count(const Step& step, unsigned counter);
+    void Add(const Step& step, unsigned counter, std::int64_t events);
+    void Divide(const Step& step, unsigned counter, std::int64_t events);
     std::uint32_t Status(const Step& step, unsigned counter) const;
 
     std::array<State, CounterCount> states;

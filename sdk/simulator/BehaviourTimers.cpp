@@ -31,14 +31,18 @@ double Duration(const Step& step, unsigned timer)
 
 bool IsOwnTrigger(const Step& step, unsigned timer)
 {
-    return step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource)) ==
-           SignalTimer0Active + timer;
+    const std::uint32_t source = step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource));
+    return source == SignalTimer0Active + timer || source == SignalTimer0Start + timer ||
+           source == SignalTimer0End + timer;
 }
 
 // Only its end can start a timer that watches itself.
 bool IsRepeating(const Step& step, unsigned timer)
 {
-    return IsOwnTrigger(step, timer) &&
+    const std::uint32_t source = step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource));
+    if (source == SignalTimer0End + timer)
+        return true;
+    return source == SignalTimer0Active + timer &&
            step.memory.Read(TimerRegister(timer, TimerBlock::TriggerActivation)) == FallingEdge;
 }
 
@@ -122,12 +126,14 @@ void BehaviourTimers::Activate(const Step& step, unsigned timer)
     state.phase = Phase::Active;
     state.phaseEnd += Duration(step, timer);
     step.bus.SetLevel(SignalTimer0Active + timer, true);
+    step.bus.Pulse(SignalTimer0Start + timer);
 }
 
 void BehaviourTimers::Complete(const Step& step, unsigned timer)
 {
     State& state = states[timer];
     step.bus.SetLevel(SignalTimer0Active + timer, false);
+    step.bus.Pulse(SignalTimer0End + timer);
     if (state.repeating)
         Start(step, timer, state.phaseEnd);
     else

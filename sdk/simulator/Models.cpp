@@ -27,6 +27,10 @@ const std::vector<Model>& AllModels()
     static const std::vector<Model> models = {
         {"full", "every trigger, line, counter, timer, action and clock feature",
          "Tarsel Imaging GmbH", "ZSim 2300 T", "Sim Series"},
+        {"basic", "trigger and lines, but no counters, timers, signals or actions",
+         "Tarsel Imaging GmbH", "ZSim 400 B", "Basic Series"},
+        {"aliaslines", "lines called In1, In2, InOut1 and Out1; counters, but no timers",
+         "Tarsel Imaging GmbH", "ZSim 500 C", "Basic Series"},
         {"foreign", "a smaller camera of another maker", "Nordlicht Optik AS", "NX-200", "NX"},
         {"notrigger", "a camera whose lines cannot be configured", "Tarsel Imaging GmbH",
          "ZSim 800 L", "Sim Series"},

@@ -51,6 +51,7 @@ constexpr Address TimestampLatchValue = 0x4038;
 constexpr Address FamilyName = 0x4040;
 constexpr Address FirmwareVersion = 0x4060;
 constexpr Address TriggerSelector = 0x4080;
+constexpr Address PictureNumber = 0x40f0; // Of the acquisition; in no description.
 
 // Blocks that a selector steps through
 constexpr Address BlockSize = 0x40;

@@ -22,7 +22,11 @@ enum Signal : std::uint32_t
     SignalLine0 = 16,
     SignalUserOutput0 = 24,
     SignalCounter0Active = 32,
+    SignalCounter0Start = 34,
+    SignalCounter0End = 36,
     SignalTimer0Active = 40,
+    SignalTimer0Start = 42,
+    SignalTimer0End = 44,
     SignalSoftwareSignal0 = 48,
     SignalAction0 = 56,
     SignalCount = 64

@@ -1,5 +1,7 @@
 #include "sdk/simulator/TestPicture.h"
 
+#include "sdk/simulator/Memory.h"
+
 #include <arv.h>
 
 #include <algorithm>
@@ -37,7 +39,7 @@ constexpr std::array<std::array<std::uint8_t, DigitHeight>, 10> Digits = {{
 class Picture
 {
 public:
-    Picture(std::uint64_t frame, double brightness)
+    Picture(std::uint32_t frame, double brightness)
         : number(std::to_string(frame)), shift(int(frame * 3 % 256)), factor(brightness)
     {
     }
@@ -74,15 +76,19 @@ private:
 
 // Aravis calls this on the camera's own thread while it makes a frame. It has seen to it that the
 // buffer is large enough; the buffer's own size says how much was received and is 0 here.
-void Fill(ArvBuffer* buffer, void*, guint32, guint32 gain, ArvPixelFormat format)
+void Fill(ArvBuffer* buffer, void* device, guint32, guint32 gain, ArvPixelFormat format)
 {
+    // Aravis numbers its frames from somewhere below 65536, so that hosts see them roll over.
+    Memory memory(static_cast<ArvFakeCamera*>(device));
+    const std::uint32_t number = memory.Read(Registers::PictureNumber) + 1;
+    memory.Write(Registers::PictureNumber, number);
     std::size_t received = 0;
     const void* data = arv_buffer_get_data(buffer, &received);
     auto* byte = static_cast<std::uint8_t*>(const_cast<void*>(data));
     const int width = arv_buffer_get_image_width(buffer);
     const int height = arv_buffer_get_image_height(buffer);
     const std::size_t bytes = ARV_PIXEL_FORMAT_BIT_PER_PIXEL(format) / 8;
-    const Picture picture(arv_buffer_get_frame_id(buffer), std::pow(10.0, gain / 200.0));
+    const Picture picture(number, std::pow(10.0, gain / 200.0));
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const std::uint8_t gray = picture.Gray(x, y);
@@ -96,7 +102,7 @@ void Fill(ArvBuffer* buffer, void*, guint32, guint32 gain, ArvPixelFormat format
 
 void ShowTestPicture(ArvFakeCamera* device)
 {
-    arv_fake_camera_set_fill_pattern(device, Fill, nullptr);
+    arv_fake_camera_set_fill_pattern(device, Fill, device);
 }
 
 } // namespace ZalSim

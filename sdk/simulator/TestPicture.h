@@ -4,7 +4,8 @@ struct _ArvFakeCamera; // NOLINT(bugprone-reserved-identifier): named so by Arav
 
 namespace ZalSim {
 
-/// Lets the camera show a moving gradient with a grid and the number of the frame.
+/// Lets the camera show a moving gradient with a grid and the number of the frame in its
+/// acquisition.
 void ShowTestPicture(_ArvFakeCamera* device);
 
 } // namespace ZalSim

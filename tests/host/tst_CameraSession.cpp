@@ -120,6 +120,22 @@ private slots:
         QTRY_COMPARE(session->frameCount(), 1ULL);
     }
 
+    void frameFromBeforeARestartIsNotShown()
+    {
+        std::vector<int> shades;
+        connect(session.get(), &CameraSession::frameArrived, this,
+                [&](const ZalCPP::Frame& frame) { shades.push_back(frame.pixels.at(0)); });
+        session->setAcquiring(true);
+        camera->sendFrame(1);
+        session->setAcquiring(false);
+        session->setAcquiring(true);
+        QCoreApplication::processEvents();
+        QVERIFY(shades.empty());
+        camera->sendFrame(2);
+        QTRY_COMPARE(session->frameCount(), 1ULL);
+        QCOMPARE(shades, std::vector<int>{2});
+    }
+
     void lossEndsTheAcquisitionAndIsToldOnce()
     {
         session->setAcquiring(true);

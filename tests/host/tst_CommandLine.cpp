@@ -117,12 +117,26 @@ private slots:
     void helpNames_data()
     {
         QTest::addColumn<QString>("text");
-        for (const char* text :
-             {"--help", "--version", "--list", "--camera <ID>", "--simulate <MODEL>",
-              "--acquire <on|off>", "--plugins <DIR>", "--screenshot <FILE>", "--delay <MS>",
-              "--size <WxH>", "--palette <NAME>", "full, foreign, notrigger",
-              "Exit codes:", "0  success", "2  bad arguments", "3  no camera found",
-              "4  a file in the plugins", "5  the screenshot", "6  no display"})
+        for (const char* text : {"--help",
+                                 "--version",
+                                 "--list",
+                                 "--camera <ID>",
+                                 "--simulate <MODEL>",
+                                 "--acquire <on|off>",
+                                 "--plugins <DIR>",
+                                 "--screenshot <FILE>",
+                                 "--delay <MS>",
+                                 "--size <WxH>",
+                                 "--palette <NAME>",
+                                 "--language <LANG>",
+                                 "full, foreign, notrigger",
+                                 "Exit codes:",
+                                 "0  success",
+                                 "2  bad arguments",
+                                 "3  no camera found",
+                                 "4  a file in the plugins",
+                                 "5  the screenshot",
+                                 "6  no display"})
             QTest::newRow(text) << QString(text);
     }
     void helpNames()
@@ -171,6 +185,8 @@ private slots:
                 << QStringList{"--size", value} << QString(size).arg(value);
         row("palette", {"--palette", "pink"},
             "--palette takes \"light\" or \"dark\", not \"pink\".");
+        row("language", {"--language", "xx"},
+            "--language takes one of de, en, es, fr, ja, zh, not \"xx\".");
         row("list with a fault", {"--list", "more"}, "Unexpected argument \"more\".");
     }
     void faultIsRejectedWithASentence()

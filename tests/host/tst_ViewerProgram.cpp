@@ -28,7 +28,7 @@ Outcome run(const QStringList& arguments, const QProcessEnvironment& environment
         !process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit;
     outcome.exitCode = process.exitCode();
     outcome.output = QString::fromLocal8Bit(process.readAllStandardOutput());
-    outcome.complaint = QString::fromLocal8Bit(process.readAllStandardError());
+    outcome.complaint = QString::fromUtf8(process.readAllStandardError());
     return outcome;
 }
 
@@ -45,6 +45,15 @@ QProcessEnvironment environmentWithoutDisplay()
     QProcessEnvironment environment = quietEnvironment();
     for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
         environment.remove(variable);
+    return environment;
+}
+
+/// With a desktop in that locale, whether or not it is installed.
+QProcessEnvironment environmentIn(const QString& locale)
+{
+    QProcessEnvironment environment = quietEnvironment();
+    environment.remove("LANGUAGE");
+    environment.insert("LC_ALL", locale);
     return environment;
 }
 
@@ -208,6 +217,63 @@ private slots:
         QTEST(outcome.exitCode, "exitCode");
         QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
         QVERIFY(QFile::exists(folder.filePath("shot.png")));
+    }
+
+    void speaksTheLanguageOfTheDesktopOrTheOneAskedFor_data()
+    {
+        QTest::addColumn<QString>("desktop");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("sentence");
+        const QStringList size{"--size", "1"};
+        const QStringList unknown{"--frobnicate"};
+        const QString english = "--size takes a size from";
+        const QString german = "--size erwartet eine Größe von";
+        QTest::newRow("desktop") << "de_AT.UTF-8" << size << german;
+        QTest::newRow("desktop without translations") << "pt_BR.UTF-8" << size << english;
+        QTest::newRow("option") << "C.UTF-8" << size + QStringList{"--language", "de"} << german;
+        QTest::newRow("option, plain C") << "C" << size + QStringList{"--language=de"} << german;
+        QTest::newRow("option beats desktop")
+            << "de_DE.UTF-8" << size + QStringList{"--language", "en"} << english;
+        QTest::newRow("Chinese") << "C.UTF-8" << size + QStringList{"--language", "zh"}
+                                 << "--size 只接受";
+        QTest::newRow("Qt's own texts")
+            << "C.UTF-8" << unknown + QStringList{"--language", "de"} << "Unbekannte Option";
+        QTest::newRow("Japanese full stop")
+            << "C.UTF-8" << size + QStringList{"--language", "ja"} << "「1」は指定できません。\n";
+    }
+    void speaksTheLanguageOfTheDesktopOrTheOneAskedFor()
+    {
+        QFETCH(QString, desktop);
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, sentence);
+        const Outcome outcome = run(arguments, environmentIn(desktop), folder.path());
+        QCOMPARE(outcome.exitCode, int(ExitBadArguments));
+        QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
+    }
+
+    void tabExtensionsHearTheSameLanguage_data()
+    {
+        QTest::addColumn<QString>("desktop");
+        QTest::addColumn<QStringList>("option");
+        QTest::addColumn<QString>("heard");
+        QTest::newRow("desktop") << "fr_FR.UTF-8" << QStringList() << "fr_FR fr_FR found";
+        QTest::newRow("option") << "C.UTF-8" << QStringList{"--language", "ja"}
+                                << "ja_JP ja_JP found";
+        QTest::newRow("option beats desktop")
+            << "fr_FR.UTF-8" << QStringList{"--language", "de"} << "de_DE de_DE found";
+    }
+    void tabExtensionsHearTheSameLanguage()
+    {
+        QFETCH(QString, desktop);
+        QFETCH(QStringList, option);
+        QFETCH(QString, heard);
+        const Outcome outcome =
+            run(QStringList{"--screenshot", "shot.png", "--delay", "0", "--acquire", "off",
+                            "--plugins", extensionFolder("SpeakingTab")} +
+                    option,
+                environmentIn(desktop), folder.path());
+        QCOMPARE(outcome.exitCode, int(ExitBrokenExtension));
+        QVERIFY2(outcome.complaint.contains(heard), qPrintable(outcome.complaint));
     }
 
     void listShowsTheCamerasOfTheNetwork()

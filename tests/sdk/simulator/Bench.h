@@ -54,3 +54,18 @@ private:
     unsigned frames = 0;
     bool holding = false;
 };
+
+/// A bench with one behaviour on it, which is switched on.
+template <typename Subject> class BenchOf : public Bench
+{
+public:
+    BenchOf() { subject.SwitchOn(Registers()); }
+
+    template <typename... Others> void Step(Others&... others) { Bench::Step(subject, others...); }
+    template <typename... Others> void Steps(int count, Others&... others)
+    {
+        Bench::Steps(count, subject, others...);
+    }
+
+    Subject subject;
+};

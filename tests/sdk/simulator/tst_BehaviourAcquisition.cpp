@@ -21,7 +21,6 @@ class tst_BehaviourAcquisition : public QObject
 
 private slots:
     void init();
-    void cleanup();
 
     void nothingIsSentBeforeTheStart();
     void runsFreelyAtTheFrameRate_data();
@@ -60,22 +59,13 @@ private:
     void SoftwareTrigger(unsigned selector = FrameStart) const;
     unsigned FramesIn(int steps) const;
 
-    std::unique_ptr<Bench> bench;
-    std::unique_ptr<BehaviourAcquisition> acquisition;
+    std::unique_ptr<BenchOf<BehaviourAcquisition>> bench;
 };
 
 void tst_BehaviourAcquisition::init()
 {
-    bench = std::make_unique<Bench>();
-    acquisition = std::make_unique<BehaviourAcquisition>();
-    acquisition->SwitchOn(bench->Registers());
+    bench = std::make_unique<BenchOf<BehaviourAcquisition>>();
     bench->Registers().Write(ControlPrivilege, 2);
-}
-
-void tst_BehaviourAcquisition::cleanup()
-{
-    acquisition.reset();
-    bench.reset();
 }
 
 Address tst_BehaviourAcquisition::Register(unsigned selector, Address offset) const
@@ -99,7 +89,7 @@ void tst_BehaviourAcquisition::SoftwareTrigger(unsigned selector) const
 unsigned tst_BehaviourAcquisition::FramesIn(int steps) const
 {
     const unsigned before = bench->FramesSent();
-    bench->Steps(steps, *acquisition);
+    bench->Steps(steps);
     return bench->FramesSent() - before;
 }
 
@@ -126,7 +116,7 @@ void tst_BehaviourAcquisition::runsFreelyAtTheFrameRate()
     bench->Registers().WriteDouble(FrameRate, rate);
     bench->Registers().Write(FrameRateEnable, enabled);
     Start();
-    bench->Steps(15, *acquisition);
+    bench->Steps(15);
     QTEST(FramesIn(10000), "expected");
 }
 
@@ -148,7 +138,7 @@ void tst_BehaviourAcquisition::softwareTriggerMakesExactlyOneFrame()
 {
     SwitchTrigger(FrameStart, SignalSoftware);
     Start();
-    bench->Step(*acquisition);
+    bench->Step();
     for (int i = 0; i < 5; ++i) {
         SoftwareTrigger();
         QCOMPARE(FramesIn(50), 1U);
@@ -169,7 +159,7 @@ void tst_BehaviourAcquisition::softwareTriggerBeforeTheStartIsLost()
 {
     SwitchTrigger(FrameStart, SignalSoftware);
     SoftwareTrigger();
-    bench->Step(*acquisition);
+    bench->Step();
     Start();
     QCOMPARE(FramesIn(50), 0U);
 }
@@ -180,7 +170,7 @@ void tst_BehaviourAcquisition::triggersDuringTheExposureAreKept()
     Start();
     for (int i = 0; i < 3; ++i) {
         SoftwareTrigger();
-        bench->Step(*acquisition);
+        bench->Step();
     }
     QCOMPARE(FramesIn(100), 3U);
 }
@@ -213,7 +203,7 @@ void tst_BehaviourAcquisition::signalTriggersOnTheChosenEdge()
     QFETCH(unsigned, activation);
     SwitchTrigger(FrameStart, SignalLine0 + 1, activation);
     Start();
-    bench->Step(*acquisition);
+    bench->Step();
     bench->SetLevel(SignalLine0 + 1, true);
     QTEST(FramesIn(50), "up");
     bench->SetLevel(SignalLine0 + 1, false);
@@ -248,7 +238,7 @@ void tst_BehaviourAcquisition::switchingTheTriggerOffForgetsWhatWaits()
     bench->Registers().WriteDouble(FrameRate, 0.1);
     Start();
     SoftwareTrigger();
-    bench->Step(*acquisition);
+    bench->Step();
     bench->Registers().Write(Register(FrameStart, TriggerBlock::Mode), 0);
     QCOMPARE(FramesIn(20), 1U);
     bench->Registers().Write(Register(FrameStart, TriggerBlock::Mode), 1);
@@ -305,9 +295,9 @@ void tst_BehaviourAcquisition::multiFrameStopsByItself()
     bench->Registers().Write(AcquisitionMode, MultiFrame);
     bench->Registers().Write(FrameCount, 4);
     Start();
-    bench->Steps(100, *acquisition);
+    bench->Steps(100);
     QVERIFY(IsAcquiring());
-    bench->Steps(500, *acquisition);
+    bench->Steps(500);
     QCOMPARE(bench->FramesSent(), 4U);
     QVERIFY(!IsAcquiring());
 }
@@ -317,7 +307,7 @@ void tst_BehaviourAcquisition::triggerWidthExposesWhileTheSignalLasts()
     SwitchTrigger(FrameStart, SignalLine0);
     bench->Registers().Write(ExposureMode, TriggerWidth);
     Start();
-    bench->Step(*acquisition);
+    bench->Step();
     bench->SetLevel(SignalLine0, true);
     QCOMPARE(FramesIn(300), 0U);
     QVERIFY(bench->Level(SignalExposureActive));
@@ -330,16 +320,16 @@ void tst_BehaviourAcquisition::exposureShowsAsSignals()
 {
     SwitchTrigger(FrameStart, SignalSoftware);
     Start();
-    bench->Step(*acquisition);
+    bench->Step();
     SoftwareTrigger();
-    bench->Step(*acquisition);
+    bench->Step();
     const Signals& bus = bench->AllSignals();
     QVERIFY(bench->Level(SignalExposureActive));
     for (const unsigned signal : {SignalFrameTrigger, SignalFrameStart, SignalExposureStart})
         QCOMPARE(bus.Pulses(signal), 1U);
-    bench->Steps(9, *acquisition);
+    bench->Steps(9);
     QVERIFY(bench->Level(SignalExposureActive));
-    bench->Step(*acquisition);
+    bench->Step();
     QVERIFY(!bench->Level(SignalExposureActive));
     for (const unsigned signal : {SignalFrameEnd, SignalExposureEnd})
         QCOMPARE(bus.Pulses(signal), 1U);
@@ -348,14 +338,14 @@ void tst_BehaviourAcquisition::exposureShowsAsSignals()
 void tst_BehaviourAcquisition::waitingForATriggerShowsAsSignal()
 {
     SwitchTrigger(FrameStart, SignalSoftware);
-    bench->Step(*acquisition);
+    bench->Step();
     QVERIFY(!bench->Level(SignalFrameTriggerWait));
     Start();
-    bench->Step(*acquisition);
+    bench->Step();
     QVERIFY(bench->Level(SignalFrameTriggerWait));
     QVERIFY(bench->Level(SignalAcquisitionActive));
     SoftwareTrigger();
-    bench->Step(*acquisition);
+    bench->Step();
     QVERIFY(!bench->Level(SignalFrameTriggerWait));
 }
 
@@ -376,9 +366,9 @@ void tst_BehaviourAcquisition::stopClearsWhatIsStillToBeSent()
     Start();
     bench->HoldFrames(true);
     SoftwareTrigger();
-    bench->Steps(50, *acquisition);
+    bench->Steps(50);
     bench->Registers().Write(Acquisition, 0);
-    bench->Step(*acquisition);
+    bench->Step();
     bench->HoldFrames(false);
     Start();
     QCOMPARE(FramesIn(100), 0U);
@@ -388,9 +378,9 @@ void tst_BehaviourAcquisition::lostHostStopsTheAcquisitionAndUnlocks()
 {
     Start();
     bench->Registers().Write(ParamsLocked, 1);
-    bench->Steps(10, *acquisition);
+    bench->Steps(10);
     bench->Registers().Write(ControlPrivilege, 0);
-    bench->Step(*acquisition);
+    bench->Step();
     QVERIFY(!IsAcquiring());
     QCOMPARE(bench->Registers().Read(ParamsLocked), 0U);
 }

@@ -36,8 +36,7 @@ class tst_BehaviourClock : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { bench = std::make_unique<BenchOf<BehaviourClock>>(); }
 
     void timestampStaysUntilItIsLatched();
     void latchedTimestampIsTheTimeOfTheLatch();
@@ -59,29 +58,15 @@ private:
     QVector<std::uint32_t> Walk() const;
     void Latch() const;
 
-    std::unique_ptr<Bench> bench;
-    std::unique_ptr<BehaviourClock> clock;
+    std::unique_ptr<BenchOf<BehaviourClock>> bench;
 };
-
-void tst_BehaviourClock::init()
-{
-    bench = std::make_unique<Bench>();
-    clock = std::make_unique<BehaviourClock>();
-    clock->SwitchOn(bench->Registers());
-}
-
-void tst_BehaviourClock::cleanup()
-{
-    clock.reset();
-    bench.reset();
-}
 
 // The states that the clock goes through, each once.
 QVector<std::uint32_t> tst_BehaviourClock::Walk() const
 {
     QVector<std::uint32_t> states;
     for (int i = 0; i < StepsToSettle; ++i) {
-        bench->Step(*clock);
+        bench->Step();
         if (states.isEmpty() || states.last() != Read(PtpStatus))
             states.append(Read(PtpStatus));
     }
@@ -91,12 +76,12 @@ QVector<std::uint32_t> tst_BehaviourClock::Walk() const
 void tst_BehaviourClock::Latch() const
 {
     bench->Registers().Write(PtpDataSetLatch, 1);
-    bench->Step(*clock);
+    bench->Step();
 }
 
 void tst_BehaviourClock::timestampStaysUntilItIsLatched()
 {
-    bench->Steps(10, *clock);
+    bench->Steps(10);
     QCOMPARE(ReadLong(TimestampLatchValue), 0LL);
 }
 
@@ -104,17 +89,17 @@ void tst_BehaviourClock::latchedTimestampIsTheTimeOfTheLatch()
 {
     const qint64 before = NanosecondsNow();
     bench->Registers().Write(TimestampLatch, 1);
-    bench->Step(*clock);
+    bench->Step();
     const std::int64_t latched = ReadLong(TimestampLatchValue);
     QVERIFY(latched >= before);
     QVERIFY(latched <= NanosecondsNow());
-    bench->Steps(10, *clock);
+    bench->Steps(10);
     QCOMPARE(ReadLong(TimestampLatchValue), latched);
 }
 
 void tst_BehaviourClock::ptpIsDisabledAtFirst()
 {
-    bench->Step(*clock);
+    bench->Step();
     QCOMPARE(Read(PtpStatus), Disabled);
     QCOMPARE(Read(PtpServoStatus), 0U);
 }
@@ -135,16 +120,16 @@ void tst_BehaviourClock::ptpWalksToMasterInMasterMode()
 void tst_BehaviourClock::switchingPtpOffDisablesIt()
 {
     bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     bench->Registers().Write(PtpEnable, 0);
-    bench->Step(*clock);
+    bench->Step();
     QCOMPARE(Read(PtpStatus), Disabled);
 }
 
 void tst_BehaviourClock::newModeStartsTheWalkAgain()
 {
     bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     bench->Registers().Write(PtpOperationMode, MasterMode);
     QCOMPARE(Walk(), (QVector<std::uint32_t>{Initializing, Listening, PreMaster, Master}));
 }
@@ -152,9 +137,9 @@ void tst_BehaviourClock::newModeStartsTheWalkAgain()
 void tst_BehaviourClock::servoLocksWhenSlave()
 {
     bench->Registers().Write(PtpEnable, 1);
-    bench->Step(*clock);
+    bench->Step();
     QCOMPARE(Read(PtpServoStatus), 0U);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     QCOMPARE(Read(PtpServoStatus), 1U);
 }
 
@@ -166,7 +151,7 @@ void tst_BehaviourClock::clockIdentityIsThereFromTheStart()
 void tst_BehaviourClock::dataSetStaysUntilItIsLatched()
 {
     bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     QCOMPARE(ReadLong(PtpParentClockId), 0LL);
     QCOMPARE(ReadLong(PtpGrandmasterClockId), 0LL);
     QCOMPARE(Read(PtpClockAccuracy), UnknownAccuracy);
@@ -176,7 +161,7 @@ void tst_BehaviourClock::dataSetStaysUntilItIsLatched()
 void tst_BehaviourClock::latchedDataSetOfASlaveNamesItsMaster()
 {
     bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     Latch();
     QVERIFY(ReadLong(PtpParentClockId) != 0);
     QVERIFY(ReadLong(PtpParentClockId) != ReadLong(PtpClockId));
@@ -190,7 +175,7 @@ void tst_BehaviourClock::latchedDataSetOfAMasterNamesItself()
 {
     bench->Registers().Write(PtpOperationMode, MasterMode);
     bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle, *clock);
+    bench->Steps(StepsToSettle);
     Latch();
     QCOMPARE(ReadLong(PtpParentClockId), ReadLong(PtpClockId));
     QCOMPARE(ReadLong(PtpGrandmasterClockId), ReadLong(PtpClockId));

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <limits>
+
 using namespace ZalSim;
 using namespace ZalSim::Registers;
 
@@ -18,8 +20,7 @@ class tst_BehaviourCounters : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { bench = std::make_unique<BenchOf<BehaviourCounters>>(); }
 
     void startsIdleAtZero();
     void countsItsEvent_data();
@@ -37,6 +38,14 @@ private slots:
     void triggerWhileCountingChangesNothing();
     void triggerStartsACompletedCounterFromZero();
     void resetCounterWaitsForItsTriggerAgain();
+    void startAndEndAreSignals();
+    void ownEndAsResetDivides();
+    void dividerLosesNoEventWithinAStep();
+    void dividerStartsACompletedCounterAgain();
+    void dividerWithAValueBeyondTheDurationTurnsOnce();
+    void ownEndAsResetOfATriggeredCounterWaitsForTheTrigger();
+    void numbersOutOfRangeDoNoHarm_data();
+    void numbersOutOfRangeDoNoHarm();
     void hostMaySetTheValue();
     void valueBeyondTheDurationStays();
 
@@ -47,23 +56,11 @@ private:
     std::uint32_t Status() const;
     void CountLine0(std::int64_t duration) const;
     void Event(std::uint32_t signal, unsigned count = 1) const;
+    void DivideLine0(std::int64_t duration) const;
+    unsigned Ends() const { return bench->AllSignals().Pulses(SignalCounter0End); }
 
-    std::unique_ptr<Bench> bench;
-    std::unique_ptr<BehaviourCounters> counters;
+    std::unique_ptr<BenchOf<BehaviourCounters>> bench;
 };
-
-void tst_BehaviourCounters::init()
-{
-    bench = std::make_unique<Bench>();
-    counters = std::make_unique<BehaviourCounters>();
-    counters->SwitchOn(bench->Registers());
-}
-
-void tst_BehaviourCounters::cleanup()
-{
-    counters.reset();
-    bench.reset();
-}
 
 Address tst_BehaviourCounters::Register(Address offset, unsigned counter) const
 {
@@ -94,12 +91,18 @@ void tst_BehaviourCounters::CountLine0(std::int64_t duration) const
 void tst_BehaviourCounters::Event(std::uint32_t signal, unsigned count) const
 {
     bench->Pulse(signal, count);
-    bench->Step(*counters);
+    bench->Step();
+}
+
+void tst_BehaviourCounters::DivideLine0(std::int64_t duration) const
+{
+    CountLine0(duration);
+    Write(CounterBlock::ResetSource, SignalCounter0End);
 }
 
 void tst_BehaviourCounters::startsIdleAtZero()
 {
-    bench->Step(*counters);
+    bench->Step();
     QCOMPARE(Value(), 0LL);
     QCOMPARE(Status(), Idle);
     QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::Duration)), 1000LL);
@@ -124,7 +127,7 @@ void tst_BehaviourCounters::countsItsEvent()
     for (int i = 0; i < 3; ++i)
         Event(source);
     QCOMPARE(Value(), 3LL);
-    bench->Steps(5, *counters);
+    bench->Steps(5);
     QCOMPARE(Value(), 3LL);
 }
 
@@ -172,7 +175,7 @@ void tst_BehaviourCounters::endsAtItsDurationEvenIfMoreCome()
 void tst_BehaviourCounters::isActiveUntilItEnds()
 {
     CountLine0(2);
-    bench->Step(*counters);
+    bench->Step();
     QCOMPARE(Status(), Active);
     QVERIFY(bench->Level(SignalCounter0Active));
     Event(SignalLine0, 2);
@@ -185,7 +188,7 @@ void tst_BehaviourCounters::commandResetsAndKeepsTheValue()
     CountLine0(1000);
     Event(SignalLine0, 7);
     Write(CounterBlock::Reset, 1);
-    bench->Step(*counters);
+    bench->Step();
     QCOMPARE(Value(), 0LL);
     QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::ValueAtReset)), 7LL);
     QCOMPARE(bench->Registers().Read(Register(CounterBlock::Reset)), 0U);
@@ -207,7 +210,7 @@ void tst_BehaviourCounters::resetStartsACompletedCounterAgain()
     CountLine0(2);
     Event(SignalLine0, 2);
     Write(CounterBlock::Reset, 1);
-    bench->Step(*counters);
+    bench->Step();
     QCOMPARE(Status(), Active);
     Event(SignalLine0);
     QCOMPARE(Value(), 1LL);
@@ -258,6 +261,106 @@ void tst_BehaviourCounters::resetCounterWaitsForItsTriggerAgain()
     Event(SignalLine0);
     QCOMPARE(Status(), TriggerWait);
     QCOMPARE(Value(), 0LL);
+}
+
+void tst_BehaviourCounters::startAndEndAreSignals()
+{
+    CountLine0(2);
+    bench->Step();
+    QCOMPARE(bench->AllSignals().Pulses(SignalCounter0Start), 1U);
+    Event(SignalLine0, 2);
+    QCOMPARE(bench->AllSignals().Pulses(SignalCounter0Start), 0U);
+    QCOMPARE(Ends(), 1U);
+    Event(SignalLine0, 2);
+    QCOMPARE(Ends(), 0U);
+}
+
+void tst_BehaviourCounters::ownEndAsResetDivides()
+{
+    DivideLine0(3);
+    unsigned ends = 0;
+    for (int i = 0; i < 10; ++i) {
+        Event(SignalLine0);
+        ends += Ends();
+    }
+    QCOMPARE(ends, 3U);
+    QCOMPARE(Value(), 1LL);
+    QCOMPARE(Status(), Active);
+    QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::ValueAtReset)), 3LL);
+}
+
+void tst_BehaviourCounters::dividerLosesNoEventWithinAStep()
+{
+    DivideLine0(3);
+    Event(SignalLine0, 8);
+    QCOMPARE(Ends(), 2U);
+    QCOMPARE(bench->AllSignals().Edges(SignalCounter0Active, FallingEdge), 0U);
+    Event(SignalLine0, 1);
+    QCOMPARE(Ends(), 1U);
+    QCOMPARE(bench->AllSignals().Edges(SignalCounter0Active, FallingEdge), 1U);
+    QCOMPARE(Value(), 0LL);
+}
+
+void tst_BehaviourCounters::dividerStartsACompletedCounterAgain()
+{
+    CountLine0(2);
+    Event(SignalLine0, 2);
+    QCOMPARE(Status(), Completed);
+    DivideLine0(2);
+    bench->Step();
+    QCOMPARE(Status(), Active);
+    QCOMPARE(Value(), 0LL);
+}
+
+void tst_BehaviourCounters::dividerWithAValueBeyondTheDurationTurnsOnce()
+{
+    DivideLine0(3);
+    bench->Registers().WriteLong(Register(CounterBlock::Value),
+                                 std::numeric_limits<std::int64_t>::max());
+    bench->Step();
+    QCOMPARE(Ends(), 1U);
+    QCOMPARE(Value(), 0LL);
+}
+
+void tst_BehaviourCounters::ownEndAsResetOfATriggeredCounterWaitsForTheTrigger()
+{
+    DivideLine0(2);
+    Write(CounterBlock::TriggerSource, SignalFrameStart);
+    Event(SignalFrameStart);
+    Event(SignalLine0, 2);
+    QCOMPARE(Ends(), 1U);
+    bench->Step();
+    QCOMPARE(Status(), TriggerWait);
+    Event(SignalLine0, 1);
+    QCOMPARE(Value(), 0LL);
+}
+
+void tst_BehaviourCounters::numbersOutOfRangeDoNoHarm_data()
+{
+    QTest::addColumn<qint64>("duration");
+    QTest::addColumn<qint64>("value");
+    QTest::addColumn<bool>("divides");
+    QTest::addColumn<qint64>("after");
+    constexpr qint64 Least = std::numeric_limits<qint64>::min();
+    constexpr qint64 Most = std::numeric_limits<qint64>::max();
+    QTest::newRow("most of both") << Most << Most << false << Most;
+    QTest::newRow("no duration") << qint64(0) << qint64(0) << false << qint64(1);
+    QTest::newRow("least of both") << Least << Least << false << Least + 2;
+    QTest::newRow("divider, least of both") << Least << Least << true << qint64(0);
+    QTest::newRow("divider, negative value") << qint64(5) << qint64(-7) << true << qint64(2);
+}
+
+void tst_BehaviourCounters::numbersOutOfRangeDoNoHarm()
+{
+    QFETCH(qint64, duration);
+    QFETCH(qint64, value);
+    QFETCH(bool, divides);
+    CountLine0(duration);
+    if (divides)
+        DivideLine0(duration);
+    bench->Registers().WriteLong(Register(CounterBlock::Value), value);
+    Event(SignalLine0, 2);
+    QTEST(qint64(Value()), "after");
 }
 
 void tst_BehaviourCounters::hostMaySetTheValue()

@@ -18,8 +18,7 @@ class tst_BehaviourLines : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { bench = std::make_unique<BenchOf<BehaviourLines>>(); }
 
     void startsWithTwoInputsAndTwoOutputs();
     void inputsToggleByThemselves_data();
@@ -45,22 +44,8 @@ private:
     void Write(unsigned line, Address offset, std::uint32_t value) const;
     void SetDebounce(unsigned line, std::uint32_t mode, double duration) const;
 
-    std::unique_ptr<Bench> bench;
-    std::unique_ptr<BehaviourLines> lines;
+    std::unique_ptr<BenchOf<BehaviourLines>> bench;
 };
-
-void tst_BehaviourLines::init()
-{
-    bench = std::make_unique<Bench>();
-    lines = std::make_unique<BehaviourLines>();
-    lines->SwitchOn(bench->Registers());
-}
-
-void tst_BehaviourLines::cleanup()
-{
-    lines.reset();
-    bench.reset();
-}
 
 std::uint32_t tst_BehaviourLines::Status(unsigned line) const
 {
@@ -103,13 +88,13 @@ void tst_BehaviourLines::inputsToggleByThemselves()
 {
     QFETCH(unsigned, line);
     QFETCH(int, levelTime);
-    bench->Steps(levelTime - 1, *lines);
+    bench->Steps(levelTime - 1);
     QCOMPARE(Status(line), 0U);
-    bench->Steps(1, *lines);
+    bench->Steps(1);
     QCOMPARE(Status(line), 1U);
-    bench->Steps(levelTime - 1, *lines);
+    bench->Steps(levelTime - 1);
     QCOMPARE(Status(line), 1U);
-    bench->Steps(1, *lines);
+    bench->Steps(1);
     QCOMPARE(Status(line), 0U);
 }
 
@@ -117,27 +102,27 @@ void tst_BehaviourLines::unconnectedInputStaysLow()
 {
     Write(2, LineBlock::Mode, InputMode);
     for (int i = 0; i < 4000; ++i) {
-        bench->Step(*lines);
+        bench->Step();
         QCOMPARE(Status(2), 0U);
     }
 }
 
 void tst_BehaviourLines::drivenInputFollowsTheDriverOnly()
 {
-    lines->Drive(0, true);
+    bench->subject.Drive(0, true);
     for (int i = 0; i < 2500; ++i) {
-        bench->Step(*lines);
+        bench->Step();
         QCOMPARE(Status(0), 1U);
     }
-    lines->Drive(0, false);
-    bench->Step(*lines);
+    bench->subject.Drive(0, false);
+    bench->Step();
     QCOMPARE(Status(0), 0U);
 }
 
 void tst_BehaviourLines::drivingALineThatDoesNotExistDoesNothing()
 {
-    lines->Drive(LineCount, true);
-    bench->Step(*lines);
+    bench->subject.Drive(LineCount, true);
+    bench->Step();
     QCOMPARE(bench->Registers().Read(LineStatusAll), 0U);
 }
 
@@ -151,12 +136,12 @@ void tst_BehaviourLines::inverterInvertsInputsAndOutputs_data()
 void tst_BehaviourLines::inverterInvertsInputsAndOutputs()
 {
     QFETCH(unsigned, line);
-    lines->Drive(0, false);
+    bench->subject.Drive(0, false);
     Write(line, LineBlock::Inverter, 1);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(line), 1U);
     Write(line, LineBlock::Inverter, 0);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(line), 0U);
 }
 
@@ -164,53 +149,53 @@ void tst_BehaviourLines::outputFollowsItsSource()
 {
     Write(3, LineBlock::Source, SignalUserOutput0 + 1);
     bench->SetLevel(SignalUserOutput0 + 1, true);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(3), 1U);
     bench->SetLevel(SignalUserOutput0 + 1, false);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(3), 0U);
 }
 
 void tst_BehaviourLines::outputWithoutSourceIsLow()
 {
     Write(3, LineBlock::Source, SignalOff);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(3), 0U);
 }
 
 void tst_BehaviourLines::outputIgnoresTheOutside()
 {
     Write(2, LineBlock::Source, SignalOff);
-    lines->Drive(2, true);
-    bench->Step(*lines);
+    bench->subject.Drive(2, true);
+    bench->Step();
     QCOMPARE(Status(2), 0U);
 }
 
 void tst_BehaviourLines::inputIgnoresItsSource()
 {
-    lines->Drive(0, false);
+    bench->subject.Drive(0, false);
     Write(0, LineBlock::Source, SignalUserOutput0);
     bench->SetLevel(SignalUserOutput0, true);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(0), 0U);
 }
 
 void tst_BehaviourLines::statusOfAllLinesIsOneBitEach()
 {
-    lines->Drive(0, false);
-    lines->Drive(1, true);
+    bench->subject.Drive(0, false);
+    bench->subject.Drive(1, true);
     Write(3, LineBlock::Inverter, 1);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(bench->Registers().Read(LineStatusAll), 0b1010U);
 }
 
 void tst_BehaviourLines::edgesOfALineAreSignals()
 {
-    lines->Drive(0, true);
-    bench->Step(*lines);
+    bench->subject.Drive(0, true);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Edges(SignalLine0, RisingEdge), 1U);
     QCOMPARE(bench->AllSignals().Edges(SignalLine0, FallingEdge), 0U);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Edges(SignalLine0, AnyEdge), 0U);
 }
 
@@ -218,7 +203,7 @@ void tst_BehaviourLines::pulsesOfTheSourceReachTheWire()
 {
     Write(3, LineBlock::Source, SignalSoftwareSignal0);
     bench->Pulse(SignalSoftwareSignal0, 2);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Edges(SignalLine0 + 3, RisingEdge), 2U);
     QCOMPARE(Status(3), 0U);
 }
@@ -226,13 +211,13 @@ void tst_BehaviourLines::pulsesOfTheSourceReachTheWire()
 void tst_BehaviourLines::deglitchDropsShortChanges()
 {
     SetDebounce(0, Deglitch, 5000);
-    lines->Drive(0, false);
-    bench->Steps(10, *lines);
-    lines->Drive(0, true);
-    bench->Steps(4, *lines);
-    lines->Drive(0, false);
+    bench->subject.Drive(0, false);
+    bench->Steps(10);
+    bench->subject.Drive(0, true);
+    bench->Steps(4);
+    bench->subject.Drive(0, false);
     for (int i = 0; i < 20; ++i) {
-        bench->Step(*lines);
+        bench->Step();
         QCOMPARE(Status(0), 0U);
     }
 }
@@ -240,27 +225,27 @@ void tst_BehaviourLines::deglitchDropsShortChanges()
 void tst_BehaviourLines::deglitchPassesLastingChanges()
 {
     SetDebounce(0, Deglitch, 5000);
-    lines->Drive(0, false);
-    bench->Steps(10, *lines);
-    lines->Drive(0, true);
-    bench->Steps(5, *lines);
+    bench->subject.Drive(0, false);
+    bench->Steps(10);
+    bench->subject.Drive(0, true);
+    bench->Steps(5);
     QCOMPARE(Status(0), 0U);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(0), 1U);
 }
 
 void tst_BehaviourLines::debouncePassesTheFirstChangeAndHoldsIt()
 {
     SetDebounce(0, Debounce, 5000);
-    lines->Drive(0, false);
-    bench->Steps(10, *lines);
-    lines->Drive(0, true);
-    bench->Step(*lines);
+    bench->subject.Drive(0, false);
+    bench->Steps(10);
+    bench->subject.Drive(0, true);
+    bench->Step();
     QCOMPARE(Status(0), 1U);
-    lines->Drive(0, false);
-    bench->Steps(4, *lines);
+    bench->subject.Drive(0, false);
+    bench->Steps(4);
     QCOMPARE(Status(0), 1U);
-    bench->Step(*lines);
+    bench->Step();
     QCOMPARE(Status(0), 0U);
 }
 

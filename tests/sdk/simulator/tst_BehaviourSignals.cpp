@@ -12,7 +12,6 @@ class tst_BehaviourSignals : public QObject
 
 private slots:
     void init();
-    void cleanup();
 
     void softwareSignalPulsesOncePerCommand();
     void softwareSignalsAreIndependent();
@@ -24,37 +23,28 @@ private slots:
     void queueHasOnePlace();
 
 private:
-    std::unique_ptr<Bench> bench;
-    std::unique_ptr<BehaviourSignals> behaviour;
+    std::unique_ptr<BenchOf<BehaviourSignals>> bench;
 };
 
 void tst_BehaviourSignals::init()
 {
-    bench = std::make_unique<Bench>();
-    behaviour = std::make_unique<BehaviourSignals>();
-    behaviour->SwitchOn(bench->Registers());
+    bench = std::make_unique<BenchOf<BehaviourSignals>>();
     bench->Registers().Write(ControlPrivilege, 2);
-}
-
-void tst_BehaviourSignals::cleanup()
-{
-    behaviour.reset();
-    bench.reset();
 }
 
 void tst_BehaviourSignals::softwareSignalPulsesOncePerCommand()
 {
     bench->Registers().Write(SoftwareSignalPulse, 1);
-    bench->Step(*behaviour);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 1U);
-    bench->Step(*behaviour);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 0U);
 }
 
 void tst_BehaviourSignals::softwareSignalsAreIndependent()
 {
     bench->Registers().Write(SoftwareSignalPulse + 4, 1);
-    bench->Step(*behaviour);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 0U);
     QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0 + 1), 1U);
 }
@@ -62,11 +52,11 @@ void tst_BehaviourSignals::softwareSignalsAreIndependent()
 void tst_BehaviourSignals::userOutputFollowsItsValue()
 {
     bench->Registers().Write(UserOutputValue + 4, 1);
-    bench->Step(*behaviour);
+    bench->Step();
     QVERIFY(!bench->Level(SignalUserOutput0));
     QVERIFY(bench->Level(SignalUserOutput0 + 1));
     bench->Registers().Write(UserOutputValue + 4, 0);
-    bench->Step(*behaviour);
+    bench->Step();
     QVERIFY(!bench->Level(SignalUserOutput0 + 1));
 }
 
@@ -95,8 +85,8 @@ void tst_BehaviourSignals::actionFiresWhenItIsMeant()
         bench->Registers().Write(ActionGroupKey + action * ActionStride, 9);
         bench->Registers().Write(ActionGroupMask + action * ActionStride, 1U << action);
     }
-    behaviour->Command(deviceKey, groupKey, groupMask);
-    bench->Step(*behaviour);
+    bench->subject.Command(deviceKey, groupKey, groupMask);
+    bench->Step();
     QTEST(bench->AllSignals().Pulses(SignalAction0), "first");
     QTEST(bench->AllSignals().Pulses(SignalAction0 + 1), "second");
 }
@@ -104,10 +94,10 @@ void tst_BehaviourSignals::actionFiresWhenItIsMeant()
 void tst_BehaviourSignals::actionFiresOnce()
 {
     bench->Registers().Write(ActionGroupMask, 1);
-    behaviour->Command(0, 0, 1);
-    bench->Step(*behaviour);
+    bench->subject.Command(0, 0, 1);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 1U);
-    bench->Step(*behaviour);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 0U);
 }
 
@@ -115,12 +105,12 @@ void tst_BehaviourSignals::actionNeedsAControllingHostUnlessUnconditional()
 {
     bench->Registers().Write(ActionGroupMask, 1);
     bench->Registers().Write(ControlPrivilege, 0);
-    behaviour->Command(0, 0, 1);
-    bench->Step(*behaviour);
+    bench->subject.Command(0, 0, 1);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 0U);
     bench->Registers().Write(ActionUnconditionalMode, 1);
-    behaviour->Command(0, 0, 1);
-    bench->Step(*behaviour);
+    bench->subject.Command(0, 0, 1);
+    bench->Step();
     QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 1U);
 }
 

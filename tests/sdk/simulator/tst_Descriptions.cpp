@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const char* Models[] = {"full", "foreign", "notrigger"};
+constexpr const char* Models[] = {"full", "basic", "aliaslines", "foreign", "notrigger"};
 
 struct Range
 {
@@ -269,23 +269,26 @@ void tst_Descriptions::entriesAreOffered_data()
     QTest::addColumn<QStringList>("entries");
     const QStringList edges = {"RisingEdge", "FallingEdge", "AnyEdge"};
     const QStringList lines = {"Line0", "Line1", "Line2", "Line3"};
-    const QStringList generators = {"Counter0Active", "Counter1Active",  "Timer0Active",
-                                    "Timer1Active",   "SoftwareSignal0", "SoftwareSignal1"};
-    const QStringList actions = {"Action0", "Action1"};
+    const QStringList internal =
+        lines + QStringList{"Counter0Active",  "Counter1Active",  "Counter0Start", "Counter1Start",
+                            "Counter0End",     "Counter1End",     "Timer0Active",  "Timer1Active",
+                            "Timer0Start",     "Timer1Start",     "Timer0End",     "Timer1End",
+                            "SoftwareSignal0", "SoftwareSignal1", "Action0",       "Action1"};
     QTest::newRow("TriggerSelector")
         << QStringList{"AcquisitionStart", "FrameStart", "FrameBurstStart"};
     QTest::newRow("TriggerMode") << QStringList{"Off", "On"};
-    QTest::newRow("TriggerSource") << QStringList{"Software"} + lines + generators + actions;
+    QTest::newRow("TriggerSource") << QStringList{"Software"} + internal;
     QTest::newRow("TriggerActivation") << edges + QStringList{"LevelHigh", "LevelLow"};
     QTest::newRow("LineSelector") << lines;
     QTest::newRow("LineMode") << QStringList{"Input", "Output"};
     QTest::newRow("LineSource")
         << QStringList{"Off",         "ExposureActive", "AcquisitionActive", "FrameTriggerWait",
                        "UserOutput0", "UserOutput1"} +
-               generators;
+               QStringList{"Counter0Active", "Counter1Active",  "Timer0Active",
+                           "Timer1Active",   "SoftwareSignal0", "SoftwareSignal1"};
     QTest::newRow("TimerTriggerSource") << QStringList{"Off",      "FrameTrigger",  "FrameStart",
                                                        "FrameEnd", "ExposureStart", "ExposureEnd"} +
-                                               lines + generators + actions;
+                                               internal;
     QTest::newRow("TimerTriggerActivation") << edges;
     QTest::newRow("CounterSelector") << QStringList{"Counter0", "Counter1"};
     QTest::newRow("TimerSelector") << QStringList{"Timer0", "Timer1"};

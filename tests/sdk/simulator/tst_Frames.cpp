@@ -8,6 +8,25 @@ namespace {
 constexpr std::uint32_t SoftwareTriggerOfFrameStart = ZalSim::Registers::Trigger +
                                                       ZalSim::Registers::BlockSize +
                                                       ZalSim::Registers::TriggerBlock::Software;
+
+// The first digit of the number in the upper left corner, as rows of three cells; "+" follows when
+// there is a second digit.
+QString FirstDigit(const std::vector<unsigned char>& picture)
+{
+    constexpr std::size_t Left = 16;
+    constexpr std::size_t Top = 16;
+    constexpr std::size_t Cell = 6;
+    constexpr std::size_t Width = 640;
+    QString cells;
+    for (std::size_t row = 0; row < 5; ++row) {
+        for (std::size_t column = 0; column < 3; ++column)
+            cells += picture[(Top + row * Cell) * Width + Left + column * Cell] == 255 ? '#' : '.';
+        cells += ' ';
+    }
+    const unsigned char gapAfterSecond = picture[(Top + 1) * Width + Left + 7 * Cell];
+    return cells.trimmed() + (gapAfterSecond == 0 ? "+" : "");
+}
+
 } // namespace
 
 /// Frames that really cross the network.
@@ -23,6 +42,7 @@ private slots:
     void everyFormatFillsTheWholePicture_data();
     void everyFormatFillsTheWholePicture();
     void picturesChangeFromFrameToFrame();
+    void picturesAreNumberedFromOneInEachAcquisition();
     void gainBrightensThePicture();
     void triggeredCameraSendsNothingByItself();
     void eachSoftwareTriggerMakesExactlyOneFrame();
@@ -111,6 +131,24 @@ void tst_Frames::picturesChangeFromFrameToFrame()
     client->Execute("TriggerSoftware");
     QVERIFY(client->WaitForFrames(2));
     QVERIFY(client->LastPicture() != first);
+}
+
+void tst_Frames::picturesAreNumberedFromOneInEachAcquisition()
+{
+    SwitchTrigger("Software");
+    client->Set("LineSelector", "Line3");
+    client->Set("LineSource", "AcquisitionActive");
+    for (int i = 0; i < 2; ++i) {
+        client->StartAcquisition();
+        client->Execute("TriggerSoftware");
+        QVERIFY(client->WaitForFrames(1));
+        QCOMPARE(FirstDigit(client->LastPicture()), QString(".#. ##. .#. .#. ###"));
+        client->Execute("TriggerSoftware");
+        QVERIFY(client->WaitForFrames(2));
+        QCOMPARE(FirstDigit(client->LastPicture()), QString("### ..# ### #.. ###"));
+        client->StopAcquisition();
+        QTRY_VERIFY(!client->IsTrue("LineStatus"));
+    }
 }
 
 void tst_Frames::gainBrightensThePicture()

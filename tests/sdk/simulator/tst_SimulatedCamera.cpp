@@ -34,9 +34,6 @@ private slots:
     void triggerStaysWritableWhileLocked();
     void featuresBecomeAvailableWithTheirTrigger();
     void offsetLimitsTheWidth();
-    void latchesLatch();
-    void ptpGetsToSlave();
-    void pulseTrainIsCounted();
 
 private:
     std::unique_ptr<SimulatedCamera> Start(const Options& options = {}) const;
@@ -73,6 +70,10 @@ void tst_SimulatedCamera::everyModelStartsAndTellsWhoItIs_data()
     QTest::addColumn<QByteArray>("family");
     QTest::newRow("full") << QByteArray("full") << QByteArray("Tarsel Imaging GmbH")
                           << QByteArray("Sim Series");
+    QTest::newRow("basic") << QByteArray("basic") << QByteArray("Tarsel Imaging GmbH")
+                           << QByteArray("Basic Series");
+    QTest::newRow("aliaslines") << QByteArray("aliaslines") << QByteArray("Tarsel Imaging GmbH")
+                                << QByteArray("Basic Series");
     QTest::newRow("foreign") << QByteArray("foreign") << QByteArray("Nordlicht Optik AS")
                              << QByteArray("NX");
     QTest::newRow("notrigger") << QByteArray("notrigger") << QByteArray("Tarsel Imaging GmbH")
@@ -101,8 +102,9 @@ void tst_SimulatedCamera::unknownModelIsRefusedWithTheKnownOnes()
     Options options;
     options.model = "fancy";
     QCOMPARE(StartError(options), std::string("There is no camera model \"fancy\". Known models: "
-                                              "full, foreign, notrigger."));
-    QCOMPARE(SimulatedCamera::Models(), (std::vector<std::string>{"full", "foreign", "notrigger"}));
+                                              "full, basic, aliaslines, foreign, notrigger."));
+    QCOMPARE(SimulatedCamera::Models(),
+             (std::vector<std::string>{"full", "basic", "aliaslines", "foreign", "notrigger"}));
 }
 
 void tst_SimulatedCamera::missingDescriptionIsRefused()
@@ -297,45 +299,6 @@ void tst_SimulatedCamera::offsetLimitsTheWidth()
     client.Set("OffsetX", 320);
     QCOMPARE(client.Integer("WidthMax"), 1600LL);
     QCOMPARE(client.Integer("OffsetXMax"), 1280LL);
-}
-
-void tst_SimulatedCamera::latchesLatch()
-{
-    const auto camera = Start();
-    const Client client;
-    QCOMPARE(client.Integer("TimestampLatchValue"), 0LL);
-    client.Execute("TimestampLatch");
-    QTRY_VERIFY(client.Integer("TimestampLatchValue") > 0);
-    const auto first = client.Integer("TimestampLatchValue");
-    client.Execute("TimestampLatch");
-    QTRY_VERIFY(client.Integer("TimestampLatchValue") > first);
-}
-
-void tst_SimulatedCamera::ptpGetsToSlave()
-{
-    const auto camera = Start();
-    const Client client;
-    QCOMPARE(client.Text("PtpStatus"), std::string("Disabled"));
-    client.Set("PtpEnable", true);
-    QTRY_COMPARE(client.Text("PtpStatus"), std::string("Slave"));
-    QCOMPARE(client.Text("PtpServoStatus"), std::string("Locked"));
-    QCOMPARE(client.Integer("PtpGrandmasterClockID"), 0LL);
-    client.Execute("PtpDataSetLatch");
-    QTRY_VERIFY(client.Integer("PtpGrandmasterClockID") != 0);
-}
-
-void tst_SimulatedCamera::pulseTrainIsCounted()
-{
-    const auto camera = Start();
-    const Client client;
-    client.Set("CounterEventSource", "Timer0Active");
-    client.Set("CounterDuration", 200);
-    client.Set("TimerDuration", 500.0);
-    client.Set("TimerDelay", 500.0);
-    client.Set("TimerTriggerActivation", "FallingEdge");
-    client.Set("TimerTriggerSource", "Timer0Active");
-    QTRY_COMPARE(client.Text("CounterStatus"), std::string("CounterCompleted"));
-    QCOMPARE(client.Integer("CounterValue"), 200LL);
 }
 
 QTEST_GUILESS_MAIN(tst_SimulatedCamera)

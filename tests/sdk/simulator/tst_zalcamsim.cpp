@@ -139,7 +139,7 @@ void tst_zalcamsim::wrongCallsHaveTheirOwnExitCodes_data()
         << QStringList{"full"} << 2 << "zalcamsim: unexpected argument \"full\"\n";
     QTest::newRow("unknown model") << QStringList{"--model", "fancy"} << 3
                                    << "zalcamsim: There is no camera model \"fancy\". Known "
-                                      "models: full, foreign, notrigger.\n";
+                                      "models: full, basic, aliaslines, foreign, notrigger.\n";
     QTest::newRow("no description")
         << QStringList{"--description", "/nowhere.xml"} << 4
         << "zalcamsim: The camera description /nowhere.xml does not exist.\n";
@@ -171,10 +171,12 @@ void tst_zalcamsim::listsItsModels()
     const Outcome outcome = Run({"--list"});
     QCOMPARE(outcome.exitCode, 0);
     const QStringList lines = outcome.output.split('\n', Qt::SkipEmptyParts);
-    QCOMPARE(lines.size(), 3);
+    QCOMPARE(lines.size(), 5);
     QVERIFY(lines[0].startsWith("full: Tarsel Imaging GmbH"));
-    QVERIFY(lines[1].startsWith("foreign: "));
-    QVERIFY(lines[2].startsWith("notrigger: Tarsel Imaging GmbH"));
+    QVERIFY(lines[1].startsWith("basic: Tarsel Imaging GmbH"));
+    QVERIFY(lines[2].startsWith("aliaslines: Tarsel Imaging GmbH"));
+    QVERIFY(lines[3].startsWith("foreign: "));
+    QVERIFY(lines[4].startsWith("notrigger: Tarsel Imaging GmbH"));
 }
 
 void tst_zalcamsim::helpTellsOptionsAndExitCodes()

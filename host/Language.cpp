@@ -1,0 +1,78 @@
+#include "host/Language.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <memory>
+
+namespace {
+
+constexpr char OPTION[] = "--language";
+constexpr std::size_t OPTION_LENGTH = sizeof OPTION - 1;
+
+/// The value of the last --language, in either of its two forms; empty when there is none.
+QByteArray languageArgument(int argc, const char* const* argv)
+{
+    QByteArray language;
+    for (int i = 1; i < argc && qstrcmp(argv[i], "--") != 0; ++i) {
+        if (qstrncmp(argv[i], OPTION, OPTION_LENGTH) != 0)
+            continue;
+        const char* rest = argv[i] + OPTION_LENGTH;
+        if (*rest == '=')
+            language = rest + 1;
+        else if (*rest == '\0' && i + 1 < argc)
+            language = argv[i + 1];
+    }
+    return language;
+}
+
+/// LANGUAGE counts only beside a locale that speaks a language at all.
+void leaveSilentLocale()
+{
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QByteArray value = qgetenv(variable);
+        if (value == "C" || value == "POSIX")
+            qputenv(variable, "C.UTF-8");
+        if (!value.isEmpty())
+            return;
+    }
+    qputenv("LANG", "C.UTF-8");
+}
+
+void installTranslator(const QString& name, const QString& folder)
+{
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(name + QLatin1Char('_') + QLocale().name(), folder))
+        return;
+    translator->setParent(QCoreApplication::instance());
+    QCoreApplication::installTranslator(translator.release());
+}
+
+} // namespace
+
+QStringList Language::codes()
+{
+    return {"de", "en", "es", "fr", "ja", "zh"};
+}
+
+// Tab extensions ask for the system's language, not for the application's. Qt takes that one from
+// the environment; LANGUAGE is the variable that leaves the character encoding alone.
+void Language::choose(int argc, const char* const* argv)
+{
+    const QString language = QString::fromLatin1(languageArgument(argc, argv));
+    if (!codes().contains(language))
+        return;
+    leaveSilentLocale();
+    qputenv("LANGUAGE", language.toLatin1());
+    QLocale::setDefault(QLocale(language));
+}
+
+void Language::installTranslators()
+{
+    installTranslator(QStringLiteral("qtbase"),
+                      QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    installTranslator(QStringLiteral("zalviewer"),
+                      QCoreApplication::applicationDirPath() + QStringLiteral("/qm"));
+}
