@@ -2,6 +2,7 @@
 
 #include "features/FeatureManager.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/SettingsTreeModel.h"
 
 #include <QEvent>
 
@@ -12,6 +13,9 @@ AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* par
     for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
                                 "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
         AddKnownFeature(QString::fromLatin1(feature));
+    // Pictures in a static library are there only for whoever asks for them.
+    Q_INIT_RESOURCE(advtrigger);
+    m_settingsModel = new SettingsTreeModel(m_featureManager, this);
     setStyleSheet(styleSheet() + QStringLiteral(" QToolTip { padding: 3px; color: black; "
                                                 "background-color: lightyellow; "
                                                 "border: 1px solid lightgrey; }"));

@@ -3,6 +3,7 @@
 #include "widgets/BaseTabPluginWidget.h"
 
 #include <QMap>
+#include <QPointer>
 #include <QVariant>
 
 #include <optional>
@@ -11,6 +12,14 @@ class QCheckBox;
 class QDoubleSpinBox;
 class QLineEdit;
 class QSpinBox;
+class QTableWidget;
+class QTreeView;
+class SettingsTreeModel;
+
+namespace PresetFile {
+struct Plan;
+struct Step;
+} // namespace PresetFile
 
 /// The engine below the trigger tab and the advanced dialog: binds the widgets of a form to camera
 /// features by their object names, so that the forms need no code per feature.
@@ -65,10 +74,31 @@ protected:
     /// Shows the camera's state of the features in m_changedFeatures, selectors first.
     void UpdateInitBase();
 
+    /// Fills the table with one row for each line of the camera: mode, inverter, source and status,
+    /// and with more than four columns also debounce mode and duration. Call it once, before the
+    /// observer is registered. Leaves the camera's line selector at the last line.
+    void CreateIOTable(QTableWidget* table);
+
+    /// Shows the camera's state of those cells whose features are in m_changedFeatures. The rows
+    /// count as Line0, Line1 and so on. Writes nothing but the camera's line selector, which ends
+    /// as it was before.
+    void UpdateInitTable(QTableWidget* table);
+
+    /// Selects the line that a cell belongs to ("cmbLine0_LineMode") and returns the feature that
+    /// it shows; nothing if the name has no such parts or the camera does not select the line.
+    QString SwitchLine_GetFeature(const QString& objectName);
+
+    /// Shows the overview of active triggers, counters and timers in the view.
+    void SetupSettingsOverview(QTreeView* view);
+
     /// Writes one feature and compares what the camera then has. Numbers are clamped to the
     /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
     /// nothing on success and where the camera lacks the feature or does not let it be written.
     QString SetFeatureValue(const QString& feature, const QVariant& value);
+
+    /// Clears the box and fills it with the presets for this camera from `applicationDir`/plugins.
+    /// Without a usable file the box stays empty; that is logged only.
+    void LoadPresets(QComboBox* box, const QString& applicationDir);
 
 protected slots:
     void OnChangeComboboxSelection(const QString& text);
@@ -77,12 +107,22 @@ protected slots:
     void OnChangeDoubleSpinbox(double value);
     void OnChangeCheckbox(int state);
     void OnExecuteCommandButton();
+    /// Applies the preset at that index of the combo box that sent the signal. Settings that the
+    /// camera did not take are reported in one modal box, during which the engine may be destroyed.
+    void OnSelectPreset(int index);
+    /// Doubles or halves the debounce duration of the line; the value tells the direction only.
+    void OnChangeTableSpinbox(double value);
+    void OnChangeTableCombobox(const QString& text);
+    void OnChangeTableCheckbox(int state);
     /// The user changed a setting by hand: the subclass's preset box goes to CUSTOM_PRESET.
     virtual void SetCustomPreset() = 0;
     /// Feature tooltips are shown while the check state is not zero; at first they are not.
     void ActivateTooltips(int state);
 
 private:
+    struct TableCell;
+    struct TableColumn;
+
     void InitComboBoxes();
     void InitLineEdits();
     void InitDoubleSpinBoxes();
@@ -119,6 +159,28 @@ private:
     double WriteNumber(const QWidget& widget, double value);
     double WithinRange(const QString& feature, const QVariant& value) const;
 
+    void ApplyTurnOffBefore(const QComboBox& presets, int index);
+    QString ApplyPlan(const PresetFile::Plan& plan);
+    QString ApplyStep(const PresetFile::Step& step);
+    QString ApplyValue(const PresetFile::Step& step, const QString& value);
+    void ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors);
+
+    static const TableColumn& TableColumnAt(int column);
+    QList<int> CreateTableRow(QTableWidget& table, int row, const QString& line);
+    void CreateTableComboBox(const TableCell& cell);
+    void CreateTableCheckBox(const TableCell& cell);
+    void CreateTableLed(const TableCell& cell);
+    void CreateTableSpinBox(const TableCell& cell);
+    void PlaceTableEditor(const TableCell& cell, QWidget& editor, QWidget& placed,
+                          const char* signal, const char* slot);
+    void RefreshTableRow(const QString& line, int columnCount);
+    void ShowTableComboBox(QWidget& widget, const QString& feature);
+    void ShowTableCheckBox(QWidget& widget, const QString& feature);
+    void ShowTableLed(QWidget& widget, const QString& feature);
+    void ShowTableSpinBox(QWidget& widget, const QString& feature);
+    QString SelectSendersFeature();
+    double NextDuration(const QDoubleSpinBox& box, const QString& feature, double value) const;
+
     bool FilterWheel(QObject* watched, QEvent* event) const;
     bool FilterToolTip(QObject* watched);
     QString ToolTipFeature(const QString& objectName) const;
@@ -130,6 +192,8 @@ protected:
     bool m_tooltipsActive = false;
     /// Keeps the camera's features alive as long as the engine.
     ZalCPP::FeatureList m_featureList;
+    /// The overview of active settings; a child of the engine.
+    SettingsTreeModel* m_settingsModel = nullptr;
     /// First tooltip of each feature; it is not renewed when the feature's limits change.
     QMap<QString, QString> m_tooltipCache;
     /// Full object names of widgets that are no features: never disabled as unavailable, and their

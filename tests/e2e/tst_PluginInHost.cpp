@@ -2,6 +2,8 @@
 #include "plugin/TabExtensionInterface.h"
 #include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
+#include "tests/e2e/WireLedger.h"
+#include "tests/sdk/bridge/WireTap.h"
 #include "tests/support/FakeCamera.h"
 
 #include <QComboBox>
@@ -69,15 +71,17 @@ class tst_PluginInHost : public QObject
 private slots:
     void initTestCase();
     void streamingReachesTheTabThroughTheHostsSignal();
-    void aFullRefreshWritesNothing();
+    void aFullRefreshWritesTheLineSelectorOnlyAndPutsItBack();
     void anIdleTickMakesNoCall();
-    void refreshingASimulatedCameraWritesNothingOnTheWire();
+    void refreshingASimulatedCameraLeavesItAsItWas();
+    void refreshingTheTableDoesNotMakeTheCameraReportChanges();
     void anIdleCameraHasNoTrafficButItsPolledFeatures();
     void aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched_data();
     void aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched();
 
 private:
     TabExtensionInterface* m_plugin = nullptr;
+    std::unique_ptr<WireTap> m_tap;
 };
 
 void tst_PluginInHost::initTestCase()
@@ -85,6 +89,7 @@ void tst_PluginInHost::initTestCase()
     QPluginLoader loader(QStringLiteral(PLUGIN_FILE));
     m_plugin = qobject_cast<TabExtensionInterface*>(loader.instance());
     QVERIFY2(m_plugin, qPrintable(loader.errorString()));
+    m_tap = std::make_unique<WireTap>();
 }
 
 void tst_PluginInHost::streamingReachesTheTabThroughTheHostsSignal()
@@ -100,16 +105,21 @@ void tst_PluginInHost::streamingReachesTheTabThroughTheHostsSignal()
     QVERIFY(!hint->isVisible());
 }
 
-void tst_PluginInHost::aFullRefreshWritesNothing()
+/// The table's settings can only be read line by line.
+void tst_PluginInHost::aFullRefreshWritesTheLineSelectorOnlyAndPutsItBack()
 {
     const auto camera = Fake::FakeCamera::standard();
     FakeHost host(*m_plugin, camera->features());
     host.show();
+    const auto selector = camera->find("LineSelector");
+    const std::string before = selector->state().text;
     camera->clearLog();
     QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
     QTRY_COMPARE(ticks.count(), 1);
     QVERIFY(!camera->calls().empty());
-    QCOMPARE(camera->writes().size(), std::size_t(0));
+    for (const std::string& write : camera->writes())
+        QVERIFY2(write.find("LineSelector") != std::string::npos, write.c_str());
+    QCOMPARE(selector->state().text, before);
 }
 
 void tst_PluginInHost::anIdleTickMakesNoCall()
@@ -124,7 +134,7 @@ void tst_PluginInHost::anIdleTickMakesNoCall()
     QCOMPARE(camera->calls().size(), std::size_t(0));
 }
 
-void tst_PluginInHost::refreshingASimulatedCameraWritesNothingOnTheWire()
+void tst_PluginInHost::refreshingASimulatedCameraLeavesItAsItWas()
 {
     const SimulatedDevice device("full");
     QVERIFY2(device.camera, device.error.c_str());
@@ -132,14 +142,31 @@ void tst_PluginInHost::refreshingASimulatedCameraWritesNothingOnTheWire()
     QCOMPARE(host.result, 0);
     host.show();
     QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
-    const ZalCPP::WireCounts before = device.camera->Counts();
+    const RegisterImage before(*device.simulator);
+    m_tap->takeAccesses();
     QTRY_COMPARE(ticks.count(), 1);
-    const ZalCPP::WireCounts after = device.camera->Counts();
-    QVERIFY(after.reads > before.reads);
-    QCOMPARE(after.writes, before.writes);
+    const WireLedger refresh(m_tap->takeAccesses(), before);
+    QVERIFY(refresh.reads() > 0);
+    QVERIFY(refresh.leavesEverythingAsItWas());
 }
 
-/// Nothing that the tab of this camera observes is polled, so there is no traffic at all.
+/// Otherwise one refresh would cause the next, for ever.
+void tst_PluginInHost::refreshingTheTableDoesNotMakeTheCameraReportChanges()
+{
+    const SimulatedDevice device("full");
+    QVERIFY2(device.camera, device.error.c_str());
+    FakeHost host(*m_plugin, device.camera->Features());
+    host.show();
+    // What follows is the same at any rate of refreshing that leaves the camera its quiet window.
+    host.refreshTimer()->setInterval(200);
+    QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
+    QTRY_COMPARE(ticks.count(), 2);
+    const ZalCPP::WireCounts before = device.camera->Counts();
+    QTRY_COMPARE(ticks.count(), 12);
+    QCOMPARE(device.camera->Counts().writes, before.writes);
+}
+
+/// Polled is the level of the line that the selector shows.
 void tst_PluginInHost::anIdleCameraHasNoTrafficButItsPolledFeatures()
 {
     const SimulatedDevice device("full");
@@ -148,11 +175,15 @@ void tst_PluginInHost::anIdleCameraHasNoTrafficButItsPolledFeatures()
     host.show();
     QSignalSpy ticks(host.refreshTimer(), &QTimer::timeout);
     QTRY_COMPARE(ticks.count(), 2);
-    const ZalCPP::WireCounts before = device.camera->Counts();
+    const RegisterImage now(*device.simulator);
+    m_tap->takeAccesses();
     QTRY_COMPARE(ticks.count(), 5);
-    const ZalCPP::WireCounts after = device.camera->Counts();
-    QCOMPARE(after.reads, before.reads);
-    QCOMPARE(after.writes, before.writes);
+    const WireLedger idle(m_tap->takeAccesses(), now);
+    bool level = false;
+    QCOMPARE(device.camera->FindFeature("LineStatus")->GetBoolValue(level), ZalErrorSuccess);
+    const WireLedger poll(m_tap->takeAccesses(), now);
+    QCOMPARE(idle.writes(), std::size_t(0));
+    QCOMPARE(idle.readAddresses(), poll.readAddresses());
 }
 
 void tst_PluginInHost::aCameraThatDoesNotQualifyGivesFourAndLeavesTheContainerUntouched_data()

@@ -128,6 +128,8 @@ void tst_AdvTriggerBase::offersItsSignalsAndSlotsInOrder()
                                    "OnChangeComboboxSelection(QString)", "OnFinishLineEdit()",
                                    "OnChangeSpinbox(int)", "OnChangeDoubleSpinbox(double)",
                                    "OnChangeCheckbox(int)", "OnExecuteCommandButton()",
+                                   "OnSelectPreset(int)", "OnChangeTableSpinbox(double)",
+                                   "OnChangeTableCombobox(QString)", "OnChangeTableCheckbox(int)",
                                    "SetCustomPreset()", "ActivateTooltips(int)"}));
 }
 

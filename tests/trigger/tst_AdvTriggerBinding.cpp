@@ -279,6 +279,8 @@ void tst_AdvTriggerBinding::bindingWritesNothing()
 {
     camera = Fake::FakeCamera::standard();
     engine = std::make_unique<TestEngine>(*camera);
+    // The overview, which the engine has built, steps its selectors.
+    camera->clearLog();
     engine->add<QComboBox>("cmbTriggerSource");
     engine->add<QLineEdit>("txtActionGroupKey");
     engine->add<QDoubleSpinBox>("spbTriggerDelay");

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QStringList>
+#include <QTimer>
+#include <QVector>
+
+#include <functional>
+
+/// Answers the modal message boxes that open while it lives, and remembers them. Without an answer
+/// of its own each box is accepted.
+class MessageBoxes
+{
+public:
+    struct Shown
+    {
+        QString title;
+        QString text;
+        QMessageBox::Icon icon;
+        QMessageBox::StandardButtons buttons;
+        const QWidget* parent;
+        bool modal;
+    };
+    using Answer = std::function<void(QMessageBox&)>;
+
+    explicit MessageBoxes(Answer toGive = [](QMessageBox& box) { box.accept(); })
+        : answer(std::move(toGive))
+    {
+        QObject::connect(&timer, &QTimer::timeout, [this] { look(); });
+        timer.start(0);
+    }
+
+    QVector<Shown> shown;
+
+    QStringList texts() const
+    {
+        QStringList result;
+        for (const Shown& box : shown)
+            result.append(box.text);
+        return result;
+    }
+
+private:
+    void look()
+    {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || box == answered)
+            return;
+        answered = box;
+        shown.append({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
+                      box->parentWidget(), box->isModal()});
+        answer(*box);
+    }
+
+    Answer answer;
+    QPointer<QMessageBox> answered;
+    QTimer timer;
+};

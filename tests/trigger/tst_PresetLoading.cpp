@@ -1,0 +1,249 @@
+// Filling the preset box from the file that fits the camera.
+#include "tests/support/LogCapture.h"
+#include "tests/trigger/PresetForm.h"
+
+#include <QtTest>
+
+namespace {
+
+const QByteArray Generic = R"({"#presets": ["Generic"], "Generic": {}})";
+const QByteArray Family = R"({"#presets": ["Family"], "Family": {}})";
+
+std::unique_ptr<Fake::FakeCamera> cameraOfFamily(const std::string& family)
+{
+    auto camera = acceptedCamera();
+    camera->addString("DeviceFamilyName", family);
+    return camera;
+}
+
+QStringList itemsOf(const QComboBox& box)
+{
+    QStringList items;
+    for (int i = 0; i < box.count(); ++i)
+        items.append(box.itemText(i));
+    return items;
+}
+
+} // namespace
+
+class tst_PresetLoading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void loadsTheFileOfTheCamerasFamily();
+    void aFamilyFileReplacesTheGenericOneAndIsNotMerged();
+    void fallsBackToTheGenericFileWithoutAWord();
+    void aCameraWithoutFamilyNameHasTheGenericFile();
+    void looksInThePluginsFolderOnly();
+
+    void withoutAFileTheBoxIsEmptyAndTheFolderIsLogged();
+    void aFamilyFileThatCannotBeOpenedIsNotReplacedByTheGenericOne();
+    void malformedJsonIsLoggedWithTheParsersText_data();
+    void malformedJsonIsLoggedWithTheParsersText();
+    void aRootThatIsNoObjectIsNotLogged();
+
+    void clearsTheBoxFirst();
+    void onlyBDefinedYieldsOneItemWithItsToolTipOnItem0();
+    void itemsCarryThePresetAsAMap();
+    void itemsCarryTheToolTipAndNoIcon();
+    void theFileIsReadAnewForEveryCall();
+    void loadingWritesNothing();
+};
+
+void tst_PresetLoading::loadsTheFileOfTheCamerasFamily()
+{
+    const auto camera = cameraOfFamily("Sim Series");
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.put(QStringLiteral("AdvTrigger_SimSeries_Presets.json"), Family);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
+}
+
+void tst_PresetLoading::aFamilyFileReplacesTheGenericOneAndIsNotMerged()
+{
+    const auto camera = cameraOfFamily("Sim");
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.put(QStringLiteral("AdvTrigger_Sim_Presets.json"), Family);
+    folder.putGeneric(Generic);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
+}
+
+void tst_PresetLoading::fallsBackToTheGenericFileWithoutAWord()
+{
+    const auto camera = cameraOfFamily("Other");
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.put(QStringLiteral("AdvTrigger_Sim_Presets.json"), Family);
+    folder.putGeneric(Generic);
+    const LogCapture log;
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_PresetLoading::aCameraWithoutFamilyNameHasTheGenericFile()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(Generic);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
+}
+
+void tst_PresetLoading::looksInThePluginsFolderOnly()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.put(QStringLiteral("../AdvTrigger_Presets.json"), Generic);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(form.box.count(), 0);
+}
+
+void tst_PresetLoading::withoutAFileTheBoxIsEmptyAndTheFolderIsLogged()
+{
+    const auto camera = cameraOfFamily("Sim");
+    PresetForm form(*camera);
+    form.box.addItem(QStringLiteral("old"));
+    const LogCapture log;
+    form.LoadPresets(&form.box, QStringLiteral("/no/such/folder"));
+    QCOMPARE(form.box.count(), 0);
+    QCOMPARE(log.lines(), QStringList{QStringLiteral("default/warning WARN: Couldn't open file "
+                                                     "with presets: '/no/such/folder'")});
+}
+
+void tst_PresetLoading::aFamilyFileThatCannotBeOpenedIsNotReplacedByTheGenericOne()
+{
+    const auto camera = cameraOfFamily("Sim");
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(Generic);
+    // A folder exists but cannot be read as a file, whoever runs the test.
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("plugins/AdvTrigger_Sim_Presets.json")));
+    const LogCapture log;
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(form.box.count(), 0);
+    QCOMPARE(
+        log.lines(),
+        QStringList{QStringLiteral("default/warning WARN: Couldn't open file with presets: '%1'")
+                        .arg(folder.path())});
+}
+
+void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("empty") << QByteArray()
+                           << QStringLiteral("default/warning JSON parse error: 'illegal value'");
+    QTest::newRow("cut off") << QByteArray(R"({"#presets": ["A"], "A": {})")
+                             << QStringLiteral(
+                                    "default/warning JSON parse error: 'unterminated object'");
+    QTest::newRow("invalid UTF-8")
+        << QByteArray("{\"#presets\": [\"\xFF\"]}")
+        << QStringLiteral("default/warning JSON parse error: 'invalid UTF8 string'");
+}
+
+void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText()
+{
+    QFETCH(QByteArray, json);
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(json);
+    const LogCapture log;
+    form.LoadPresets(&form.box, folder.path());
+    QFETCH(QString, line);
+    QCOMPARE(log.lines(), QStringList{line});
+    QCOMPARE(form.box.count(), 0);
+}
+
+void tst_PresetLoading::aRootThatIsNoObjectIsNotLogged()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(R"(["#presets"])");
+    const LogCapture log;
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(log.lines(), QStringList());
+    QCOMPARE(form.box.count(), 0);
+}
+
+void tst_PresetLoading::clearsTheBoxFirst()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    form.box.addItems({QStringLiteral("x"), QStringLiteral("y")});
+    const PresetFolder folder;
+    folder.putGeneric(Generic);
+    form.LoadPresets(&form.box, folder.path());
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
+}
+
+void tst_PresetLoading::onlyBDefinedYieldsOneItemWithItsToolTipOnItem0()
+{
+    const auto camera = acceptedCamera();
+    const PresetForm form(*camera, R"({"#presets": ["A", "B"], "B": {"#tooltip": "of B"}})");
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("B")});
+    QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString(), QStringLiteral("<b>B</b><br>of B"));
+}
+
+void tst_PresetLoading::itemsCarryThePresetAsAMap()
+{
+    const auto camera = acceptedCamera();
+    const PresetForm form(*camera, onePreset(R"({"#tooltip": "t", "#execute": "C",
+        "S": {"#value": "E", "B": true, "N": 3}, "L": [{"#value": 1.5}], "V": "plain"})"));
+    const QVariant data = form.box.itemData(0);
+    QCOMPARE(data.userType(), int(QMetaType::QVariantMap));
+    const QVariantMap expected{
+        {QStringLiteral("#execute"), QStringLiteral("C")},
+        {QStringLiteral("L"), QVariantList{QVariantMap{{QStringLiteral("#value"), 1.5}}}},
+        {QStringLiteral("S"), QVariantMap{{QStringLiteral("#value"), QStringLiteral("E")},
+                                          {QStringLiteral("B"), true},
+                                          {QStringLiteral("N"), 3}}},
+        {QStringLiteral("V"), QStringLiteral("plain")}};
+    QCOMPARE(data.toMap(), expected);
+}
+
+void tst_PresetLoading::itemsCarryTheToolTipAndNoIcon()
+{
+    const auto camera = acceptedCamera();
+    const PresetForm form(*camera, onePreset(R"({"F": {"#value": "<min>"}})"));
+    QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString(),
+             QStringLiteral("<b>P</b><br><br>Settings:<blockquote><b>F</b>: &lt;min&gt;<br>"
+                            "</blockquote>\n"));
+    QVERIFY(form.box.itemIcon(0).isNull());
+}
+
+void tst_PresetLoading::theFileIsReadAnewForEveryCall()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(Generic);
+    form.LoadPresets(&form.box, folder.path());
+    folder.putGeneric(Family);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
+}
+
+void tst_PresetLoading::loadingWritesNothing()
+{
+    const auto camera = Fake::FakeCamera::standard();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(R"({"#presets": ["P"], "P": {"TriggerMode": {"#value": "On"}}})");
+    camera->clearLog();
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(form.box.count(), 1);
+    QCOMPARE(writesOf(*camera), QStringList());
+}
+
+QTEST_MAIN(tst_PresetLoading)
+#include "tst_PresetLoading.moc"

@@ -1,0 +1,132 @@
+// Loading the presets for the camera and applying the one that the user picks.
+#include "features/FeatureManager.h"
+#include "trigger/AdvTriggerBase.h"
+#include "trigger/PresetFile.h"
+#include "trigger/SettingsTreeModel.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace {
+
+int IndexOf(const QComboBox& presets, const QString& name)
+{
+    return presets.findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+}
+
+void AddPreset(QComboBox& box, const PresetFile::Preset& preset, int position)
+{
+    box.addItem(preset.name, preset.members.toVariantMap());
+    box.setItemData(position, preset.toolTip, Qt::ToolTipRole);
+}
+
+PresetFile::Plan PlanAt(const QComboBox& presets, int index)
+{
+    return PresetFile::PlanOf(QJsonObject::fromVariantMap(presets.itemData(index).toMap()));
+}
+
+} // namespace
+
+void AdvTriggerBase::LoadPresets(QComboBox* box, const QString& applicationDir)
+{
+    box->clear();
+    const QString family = m_featureManager->GetStringValue(QStringLiteral("DeviceFamilyName"));
+    QFile file(PresetFile::PathFor(applicationDir, family));
+    if (!file.open(QIODevice::ReadOnly)) {
+        // Which of the files was tried says less than where the camera's files are looked for.
+        qWarning("WARN: Couldn't open file with presets: '%s'", qUtf8Printable(applicationDir));
+        return;
+    }
+    const PresetFile::Content content = PresetFile::Parse(file.readAll());
+    if (!content.parseError.isEmpty())
+        qWarning("JSON parse error: '%s'", qUtf8Printable(content.parseError));
+    for (int i = 0; i < content.presets.size(); ++i)
+        AddPreset(*box, content.presets[i], i);
+}
+
+void AdvTriggerBase::OnSelectPreset(int index)
+{
+    auto* sent = qobject_cast<QComboBox*>(sender());
+    if (!sent)
+        return;
+    const QPointer<QComboBox> presets(sent);
+    const QPointer<AdvTriggerBase> engine(this);
+    ApplyTurnOffBefore(*presets, index);
+    // Whoever owns the form may have destroyed it while an error box was open.
+    if (!engine || !presets)
+        return;
+    const QString errors = ApplyPlan(PlanAt(*presets, index));
+    if (!errors.isEmpty())
+        ShowPresetErrors(presets, errors);
+    if (engine)
+        m_settingsModel->ResetData();
+}
+
+/// Every ordinary preset starts from a clean state, where the file says what that is.
+void AdvTriggerBase::ApplyTurnOffBefore(const QComboBox& presets, int index)
+{
+    const int turnOff = IndexOf(presets, TURN_OFF_PRESET);
+    const bool keepsState =
+        index == IndexOf(presets, CUSTOM_PRESET) || index == IndexOf(presets, RESET_PRESET);
+    if (turnOff >= 0 && turnOff != index && !keepsState)
+        OnSelectPreset(turnOff);
+}
+
+QString AdvTriggerBase::ApplyPlan(const PresetFile::Plan& plan)
+{
+    QString errors;
+    for (const PresetFile::Step& step : plan.steps)
+        errors += ApplyStep(step);
+    if (!plan.command.isEmpty() && !m_featureManager->RunCommand(plan.command))
+        errors += QStringLiteral("  Executing '%1' failed.").arg(plan.command);
+    return errors;
+}
+
+QString AdvTriggerBase::ApplyStep(const PresetFile::Step& step)
+{
+    if (!step.forEveryEntry)
+        return ApplyValue(step, step.value);
+    const QStringList entries = m_featureManager->GetAvailableEnumEntries(step.feature);
+    const QString lastEntry =
+        step.namesLastEntry ? step.lastEntry : m_featureManager->GetStringValue(step.feature);
+    QString errors;
+    for (const QString& entry : entries)
+        errors += ApplyValue(step, entry);
+    // Its failure is no news: the entry was, or was not, reached on the way.
+    if (!lastEntry.isEmpty())
+        SetFeatureValue(step.feature, lastEntry);
+    return errors;
+}
+
+/// What depends on a value that the camera did not take would end up under another one.
+QString AdvTriggerBase::ApplyValue(const PresetFile::Step& step, const QString& value)
+{
+    QString errors = SetFeatureValue(step.feature, value);
+    if (!errors.isEmpty())
+        return errors;
+    for (auto it = step.dependents.begin(); it != step.dependents.end(); ++it)
+        errors += SetFeatureValue(it.key(), it.value());
+    return errors;
+}
+
+void AdvTriggerBase::ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors)
+{
+    const QPointer<AdvTriggerBase> engine(this);
+    const QPointer<QMessageBox> message(new QMessageBox(
+        QMessageBox::Warning, tr("Select preset: %1").arg(presets->currentText()),
+        tr("Error(s) on setting the preset:\n\n%1").arg(errors), QMessageBox::Ok, this));
+    message->setTextFormat(Qt::PlainText);
+    // The combo box is still sending its signal. If the form is destroyed while the message is
+    // open, the combo box must outlive it until that signal has returned.
+    const auto rescue =
+        connect(this, &QObject::destroyed, presets, [presets] { presets->setParent(nullptr); });
+    message->exec();
+    if (engine) {
+        disconnect(rescue);
+        delete message;
+    } else if (presets) {
+        presets->deleteLater();
+    }
+}

@@ -1,0 +1,153 @@
+#include "trigger/PresetFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+const QString ListKey = QStringLiteral("#presets");
+const QString ToolTipKey = QStringLiteral("#tooltip");
+const QString CommandKey = QStringLiteral("#execute");
+const QString ValueKey = QStringLiteral("#value");
+const QString EveryEntry = QStringLiteral("<all>");
+
+/// Numbers and booleans too, unlike QJsonValue::toString().
+QString TextOf(const QJsonValue& value)
+{
+    return value.toVariant().toString();
+}
+
+/// Appends instead of replacing in place, which moves the rest of the text for every bracket.
+QString Escaped(const QString& text)
+{
+    QString escaped;
+    escaped.reserve(text.size());
+    for (const QChar character : text) {
+        if (character == QLatin1Char('<'))
+            escaped += QLatin1String("&lt;");
+        else if (character == QLatin1Char('>'))
+            escaped += QLatin1String("&gt;");
+        else
+            escaped += character;
+    }
+    return escaped;
+}
+
+/// The lines of one member. What stands in a list, or by itself, is not shown.
+QString SettingLines(const QString& feature, const QJsonObject& members)
+{
+    QString lines;
+    for (auto it = members.begin(); it != members.end(); ++it) {
+        const bool isValue = it.key() == ValueKey;
+        const QString title = isValue ? QStringLiteral("<b>%1</b>").arg(feature) : it.key();
+        lines += QStringLiteral("%1: %2<br>").arg(title, Escaped(TextOf(it.value())));
+    }
+    return lines;
+}
+
+QString CommandLine(const QString& command)
+{
+    return QStringLiteral("<i> %1: %2</i><br>")
+        .arg(QCoreApplication::translate("AdvTriggerBase", "Execute"), command);
+}
+
+QString SettingsOf(const QJsonObject& members)
+{
+    QString settings;
+    for (auto it = members.begin(); it != members.end(); ++it) {
+        settings += it.key() == CommandKey ? CommandLine(it.value().toString())
+                                           : SettingLines(it.key(), it.value().toObject());
+    }
+    return settings;
+}
+
+PresetFile::Preset PresetOf(const QString& name, QJsonObject members)
+{
+    QString toolTip = QStringLiteral("<b>%1</b><br>").arg(name);
+    toolTip += TextOf(members.take(ToolTipKey));
+    const QString settings = SettingsOf(members);
+    if (!settings.isEmpty())
+        toolTip += QStringLiteral("<br>%1:<blockquote>%2</blockquote>\n")
+                       .arg(QCoreApplication::translate("AdvTriggerBase", "Settings"), settings);
+    return {name, members, toolTip};
+}
+
+PresetFile::Step StepOf(const QString& feature, const QJsonObject& members)
+{
+    PresetFile::Step step;
+    step.feature = feature;
+    step.dependents = members.toVariantMap();
+    step.value = step.dependents.take(ValueKey).toString();
+    return step;
+}
+
+/// Only a step that stands alone can be for every entry: in a list the text is an entry like any.
+PresetFile::Step SingleStepOf(const QString& feature, const QJsonObject& members)
+{
+    PresetFile::Step step = StepOf(feature, members);
+    step.forEveryEntry = step.value.startsWith(EveryEntry);
+    const int separator = step.forEveryEntry ? step.value.indexOf(QLatin1Char('_')) : -1;
+    step.namesLastEntry = separator >= 0;
+    if (step.namesLastEntry)
+        step.lastEntry = step.value.mid(separator + 1);
+    return step;
+}
+
+void AppendSteps(QVector<PresetFile::Step>& steps, const QString& feature, const QJsonValue& value)
+{
+    if (!value.isArray()) {
+        steps.append(SingleStepOf(feature, value.toObject()));
+        return;
+    }
+    const QJsonArray elements = value.toArray();
+    for (const QJsonValue& element : elements)
+        steps.append(StepOf(feature, element.toObject()));
+}
+
+} // namespace
+
+QString PresetFile::FileNameOf(const QString& familyName)
+{
+    QString family = familyName;
+    return QStringLiteral("AdvTrigger_%1_Presets.json").arg(family.remove(QLatin1Char(' ')));
+}
+
+QString PresetFile::PathFor(const QString& applicationDir, const QString& familyName)
+{
+    const QString folder = applicationDir + QStringLiteral("/plugins/");
+    const QString familyFile = folder + FileNameOf(familyName);
+    return QFile::exists(familyFile) ? familyFile
+                                     : folder + QStringLiteral("AdvTrigger_Presets.json");
+}
+
+PresetFile::Content PresetFile::Parse(const QByteArray& json)
+{
+    Content content;
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    if (document.isNull() || error.error != QJsonParseError::NoError)
+        content.parseError = error.errorString();
+    const QJsonObject root = document.object();
+    const QJsonArray names = root.value(ListKey).toArray();
+    for (const QJsonValue& element : names) {
+        const QString name = element.toString();
+        const QJsonValue preset = root.value(name);
+        if (preset.isObject())
+            content.presets.append(PresetOf(name, preset.toObject()));
+    }
+    return content;
+}
+
+PresetFile::Plan PresetFile::PlanOf(const QJsonObject& members)
+{
+    Plan plan;
+    for (auto it = members.begin(); it != members.end(); ++it) {
+        if (it.key() == CommandKey)
+            plan.command = it.value().toString();
+        else
+            AppendSteps(plan.steps, it.key(), it.value());
+    }
+    return plan;
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+#include <QVariantMap>
+#include <QVector>
+
+/// The presets file, free of widgets and cameras: where it lies, what it offers, what the tooltip
+/// of a preset says and what applying it does, step by step. Whoever shows, applies or checks
+/// presets goes by this reading of the file. Nothing here fails: what cannot be understood is left
+/// out.
+///
+/// All functions may be called from any thread.
+namespace PresetFile {
+
+/// A preset that the file offers.
+struct Preset
+{
+    QString name;
+    /// The preset's members without "#tooltip".
+    QJsonObject members;
+    /// HTML: the bold name, the author's text, the settings.
+    QString toolTip;
+};
+
+/// What a file offers.
+struct Content
+{
+    /// In the order of the file's "#presets".
+    QVector<Preset> presets;
+    /// What the JSON parser complained about, in its own words; empty for well-formed files.
+    QString parseError;
+};
+
+/// One feature that gets a value, and what is written while it holds that value.
+struct Step
+{
+    QString feature;
+    /// The "#value" as text, for example "Line0", "true" or "<all>_Line1".
+    QString value;
+    /// "<all>": the step is done once for every entry that the feature offers.
+    bool forEveryEntry = false;
+    /// With forEveryEntry: `value` says at which entry to leave the feature. Otherwise it goes back
+    /// to the one that it had.
+    bool namesLastEntry = false;
+    /// That entry, possibly empty.
+    QString lastEntry;
+    /// Written in key order, each a plain value: text, number or bool.
+    QVariantMap dependents;
+};
+
+/// What applying a preset does.
+struct Plan
+{
+    QVector<Step> steps;
+    /// The command that runs after all steps; empty for none.
+    QString command;
+};
+
+/// The path of the presets file for a camera: the one of its family when it exists, otherwise the
+/// generic one, which may be missing.
+QString PathFor(const QString& applicationDir, const QString& familyName);
+
+/// The name of a family's presets file, without its folder.
+QString FileNameOf(const QString& familyName);
+
+/// Reads the content of a file.
+Content Parse(const QByteArray& json);
+
+/// The steps of a preset in the order in which they are done.
+Plan PlanOf(const QJsonObject& members);
+
+} // namespace PresetFile

@@ -1,0 +1,202 @@
+#include "trigger/SettingsTreeModel.h"
+
+#include "features/FeatureManager.h"
+
+#include <QPair>
+#include <QStandardItemModel>
+
+/// Selector, title of its branches, and the feature that is "Off" while an entry is not in use.
+static const QMap<QString, QPair<QString, QString>> BRANCHES = {
+    {QStringLiteral("CounterSelector"),
+     {QStringLiteral("Counter"), QStringLiteral("CounterEventSource")}},
+    {QStringLiteral("TimerSelector"),
+     {QStringLiteral("Timer"), QStringLiteral("TimerTriggerSource")}},
+    {QStringLiteral("TriggerSelector"), {QStringLiteral("Trigger"), QStringLiteral("TriggerMode")}},
+};
+
+static const QString INACTIVE = QStringLiteral("inactive");
+static const QString OFF = QStringLiteral("Off");
+
+namespace {
+
+constexpr int TitleColumn = 0;
+constexpr int ValueColumn = 1;
+
+QString keyOf(const QString& selector, const QString& entry)
+{
+    return QStringLiteral("%1_%2").arg(selector, entry);
+}
+
+QStandardItem* titleItem(const QString& title)
+{
+    auto* item = new QStandardItem(title);
+    QFont font = item->font();
+    font.setWeight(QFont::Bold);
+    item->setFont(font);
+    return item;
+}
+
+} // namespace
+
+SettingsTreeModel::SettingsTreeModel(FeatureManager* manager, QObject* parent)
+    : QObject(parent), m_model(std::make_unique<QStandardItemModel>()), m_featureManager(manager)
+{
+    InitData();
+}
+
+SettingsTreeModel::~SettingsTreeModel() = default;
+
+QStandardItemModel* SettingsTreeModel::model() const
+{
+    return m_model.get();
+}
+
+void SettingsTreeModel::InitData()
+{
+    for (const QString& selector : BRANCHES.keys()) {
+        if (appendActiveBranches(selector) == 0)
+            appendInactive(BRANCHES.value(selector).first);
+    }
+}
+
+void SettingsTreeModel::ResetData()
+{
+    m_model->removeRows(0, m_model->rowCount());
+    InitData();
+}
+
+/// Settings can only be read of the entry that is selected on the camera.
+int SettingsTreeModel::appendActiveBranches(const QString& selector)
+{
+    const QString status = BRANCHES.value(selector).second;
+    const QStringList entries = m_featureManager->GetAvailableEnumEntries(selector);
+    const QString selected = m_featureManager->GetStringValue(selector);
+    int count = 0;
+    for (const QString& entry : entries) {
+        m_featureManager->SetValue(selector, entry);
+        if (m_featureManager->GetStringValue(status) == OFF)
+            continue;
+        addSelectorBranch(selector, entry);
+        ++count;
+    }
+    m_featureManager->SetValue(selector, selected);
+    m_currentEntries.insert(selector, selected);
+    return count;
+}
+
+void SettingsTreeModel::addSelectorBranch(const QString& selector, const QString& entry)
+{
+    QStandardItem* branch = titleItem(BRANCHES.value(selector).first);
+    m_model->appendRow({branch, new QStandardItem(entry)});
+    for (const QString& feature : m_featureManager->GetSelectedFeatures(selector)) {
+        if (m_featureManager->GetDataType(feature) != ZalFeatureCommand &&
+            m_featureManager->GetIsWritable(feature))
+            appendSetting(*branch, feature, keyOf(selector, entry));
+    }
+}
+
+void SettingsTreeModel::appendSetting(QStandardItem& branch, const QString& feature,
+                                      const QString& key)
+{
+    auto* name = new QStandardItem(feature);
+    name->setData(key, Qt::UserRole);
+    branch.appendRow({name, new QStandardItem(valueText(feature))});
+}
+
+QString SettingsTreeModel::valueText(const QString& feature) const
+{
+    switch (m_featureManager->GetDataType(feature)) {
+    case ZalFeatureInteger:
+    case ZalFeatureFloat:
+    case ZalFeatureBool:
+        return QStringLiteral("%1").arg(m_featureManager->GetValue(feature));
+    default:
+        return m_featureManager->GetStringValue(feature);
+    }
+}
+
+// The questions below are no alternatives: TriggerMode is a setting in its branch and also decides
+// whether there is one.
+void SettingsTreeModel::OnFeatureChanged(const QString& featureName, const QVariant& value)
+{
+    if (BRANCHES.contains(featureName))
+        recordSelection(featureName);
+    showValue(featureName, value);
+    for (auto branch = BRANCHES.cbegin(); branch != BRANCHES.cend(); ++branch) {
+        if (branch.value().second == featureName)
+            followStatus(branch.key(), value.toString());
+    }
+}
+
+void SettingsTreeModel::recordSelection(const QString& selector)
+{
+    m_currentEntries.insert(selector, m_featureManager->GetStringValue(selector));
+}
+
+void SettingsTreeModel::showValue(const QString& featureName, const QVariant& value)
+{
+    QStandardItem* name = findItem(featureName);
+    if (!name)
+        return;
+    name->parent()->child(name->row(), ValueColumn)->setData(value, Qt::DisplayRole);
+}
+
+QStandardItem* SettingsTreeModel::findItem(const QString& featureName) const
+{
+    const auto items =
+        m_model->findItems(featureName, Qt::MatchExactly | Qt::MatchRecursive, TitleColumn);
+    for (QStandardItem* item : items) {
+        const QString key = item->data(Qt::UserRole).toString();
+        const QString selector = key.section(QLatin1Char('_'), 0, 0);
+        if (item->parent() && key == keyOf(selector, m_currentEntries.value(selector)))
+            return item;
+    }
+    return nullptr;
+}
+
+void SettingsTreeModel::followStatus(const QString& selector, const QString& status)
+{
+    const QString title = BRANCHES.value(selector).first;
+    const QString entry = m_currentEntries.value(selector);
+    const int branch = rowOfBranch(title, entry);
+    if (status == OFF) {
+        if (branch >= 0)
+            m_model->removeRow(branch);
+        if (m_model->findItems(title, Qt::MatchExactly, TitleColumn).isEmpty())
+            appendInactive(title);
+        return;
+    }
+    // A camera that does not answer any more has nothing selected.
+    if (branch >= 0 || entry.isEmpty())
+        return;
+    addSelectorBranch(selector, entry);
+    const int inactive = rowOfInactive(title);
+    if (inactive >= 0)
+        m_model->removeRow(inactive);
+}
+
+int SettingsTreeModel::rowOfBranch(const QString& title, const QString& entry) const
+{
+    for (QStandardItem* item : m_model->findItems(title, Qt::MatchExactly, TitleColumn)) {
+        const bool isBranch = item->data(Qt::UserRole).toString() != INACTIVE;
+        if (isBranch && m_model->item(item->row(), ValueColumn)->text() == entry)
+            return item->row();
+    }
+    return -1;
+}
+
+int SettingsTreeModel::rowOfInactive(const QString& title) const
+{
+    for (QStandardItem* item : m_model->findItems(title, Qt::MatchExactly, TitleColumn)) {
+        if (item->data(Qt::UserRole).toString() == INACTIVE)
+            return item->row();
+    }
+    return -1;
+}
+
+void SettingsTreeModel::appendInactive(const QString& title)
+{
+    auto* item = new QStandardItem(title);
+    item->setData(INACTIVE, Qt::UserRole);
+    m_model->appendRow({item, new QStandardItem(INACTIVE)});
+}
