@@ -16,10 +16,15 @@ ALLOWED = {
     "sdk/bridge": {"sdk/bridge"},
     "sdk/simulator": {"sdk/simulator"},
     "host": {"host", "sdk/bridge", "sdk/simulator"},
+    "tools/presetcheck": {"tools/presetcheck", "features", "sdk/bridge", "sdk/simulator"},
 }
 # Leaves that may be included from anywhere in the plugin, and what the host shares with it.
 LEAVES = {"plugin/TabExtensionException.h", "plugin/TABMessageHandler.h"}
-EXTRA = {"host": {"plugin/TabExtensionInterface.h"}}
+# The checker of presets reads them with the plugin's own code.
+EXTRA = {
+    "host": {"plugin/TabExtensionInterface.h"},
+    "tools/presetcheck": {"trigger/PresetFile.h"},
+}
 PLUGIN_FOLDERS = {"features", "widgets", "trigger", "ui", "plugin"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)

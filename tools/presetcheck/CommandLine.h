@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tools/presetcheck/CheckCamera.h"
+
+#include <QStringList>
+
+namespace PresetCheck {
+
+/// What the program ends with.
+enum ExitCode : int
+{
+    ExitClean = 0,    ///< Nothing found.
+    ExitFindings = 1, ///< Errors or warnings.
+    ExitUnusable = 2  ///< Bad arguments, a file that cannot be read, no camera.
+};
+
+/// The command line, understood.
+struct CommandLine
+{
+    enum class Action
+    {
+        Check,
+        ShowText, ///< `text` is what the user asked for.
+        Reject    ///< `text` is the complaint.
+    };
+    Action action = Action::Check;
+    QString text;
+    QStringList files;
+    CameraChoice camera;
+    bool json = false;
+};
+
+CommandLine readCommandLine(const QStringList& arguments, const QStringList& models);
+
+} // namespace PresetCheck
