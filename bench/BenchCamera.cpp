@@ -31,6 +31,7 @@ public:
     }
 
     Transactions wire() const override { return {}; }
+    void endMoment() override {}
 
 private:
     /// The known features at equal distances in a list of that length.
@@ -71,6 +72,13 @@ public:
     {
         const ZalCPP::WireCounts counts = camera->Counts();
         return {counts.reads, counts.writes};
+    }
+
+    // Any write does it; this one changes nothing.
+    void endMoment() override
+    {
+        if (camera->FindFeature("UserOutputSelector")->SetStringValue("UserOutput0") != 0)
+            std::abort();
     }
 
 private:

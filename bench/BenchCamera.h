@@ -33,6 +33,9 @@ public:
 
     virtual ~BenchCamera() = default;
     virtual Transactions wire() const = 0;
+    /// Ends the moment for which the SDK shares reads, so that one run does not profit from the
+    /// reads of the one before.
+    virtual void endMoment() = 0;
 
     ZalCPP::FeatureList features() const;
     CallLog& log() { return callLog; }

@@ -4,6 +4,7 @@ namespace Bench {
 
 void CallLog::startRecording()
 {
+    selection.clear();
     questions.clear();
     recorded.clear();
     recording = true;
@@ -12,12 +13,26 @@ void CallLog::startRecording()
 void CallLog::recordRead(const ZalCPP::FeaturePtr& feature, const std::string& question,
                          Replay replay)
 {
-    if (questions.emplace(feature.get(), question).second)
+    record(feature, question, selection, std::move(replay));
+}
+
+void CallLog::recordFact(const ZalCPP::FeaturePtr& feature, const std::string& question,
+                         Replay replay)
+{
+    record(feature, question, Selection(), std::move(replay));
+}
+
+void CallLog::record(const ZalCPP::FeaturePtr& feature, const std::string& question,
+                     const Selection& asked, Replay replay)
+{
+    if (questions.emplace(feature.get(), question, asked).second)
         recorded.emplace_back(feature, std::move(replay));
 }
 
-void CallLog::recordWrite(const ZalCPP::FeaturePtr& feature, Replay replay)
+void CallLog::recordWrite(const ZalCPP::FeaturePtr& feature, const std::string& value,
+                          Replay replay)
 {
+    selection[feature.get()] = value;
     recorded.emplace_back(feature, std::move(replay));
 }
 

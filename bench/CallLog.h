@@ -6,8 +6,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -15,6 +17,9 @@ namespace Bench {
 
 /// What is asked of a camera: always the number of calls; while recording also each distinct read
 /// and every write, so that they can be made again without anything around them.
+///
+/// The same question is a distinct read under each selection it is asked under: after every write
+/// that leaves the features written so far with other values. Facts never change.
 ///
 /// Counting is allowed on any thread, recording on one.
 class CallLog
@@ -30,9 +35,10 @@ public:
     void stopRecording() { recording = false; }
     bool isRecording() const { return recording; }
 
-    /// Keeps the read unless the same question to the same feature was recorded before.
+    /// Keep the question unless it is in the recording already.
     void recordRead(const ZalCPP::FeaturePtr& feature, const std::string& question, Replay replay);
-    void recordWrite(const ZalCPP::FeaturePtr& feature, Replay replay);
+    void recordFact(const ZalCPP::FeaturePtr& feature, const std::string& question, Replay replay);
+    void recordWrite(const ZalCPP::FeaturePtr& feature, const std::string& value, Replay replay);
 
     std::size_t distinctReads() const { return questions.size(); }
     std::size_t recordedCalls() const { return recorded.size(); }
@@ -43,7 +49,13 @@ public:
 private:
     std::atomic<std::uint64_t> calls{0};
     bool recording = false;
-    std::set<std::pair<const ZalCPP::Feature*, std::string>> questions;
+    using Selection = std::map<const ZalCPP::Feature*, std::string>;
+
+    void record(const ZalCPP::FeaturePtr& feature, const std::string& question,
+                const Selection& asked, Replay replay);
+
+    Selection selection;
+    std::set<std::tuple<const ZalCPP::Feature*, std::string, Selection>> questions;
     std::vector<std::pair<ZalCPP::FeaturePtr, Replay>> recorded;
 };
 

@@ -64,69 +64,80 @@ ZalErrorType CountedFeature::read(const char* operation, Method method,
     return (inner.get()->*method)(std::forward<Arguments>(arguments)...);
 }
 
+template <typename Method, typename... Arguments>
+ZalErrorType CountedFeature::fact(const char* operation, Method method,
+                                  Arguments&&... arguments) const
+{
+    log.count();
+    if (log.isRecording())
+        log.recordFact(inner, operation, replayOf(method));
+    return (inner.get()->*method)(std::forward<Arguments>(arguments)...);
+}
+
 template <typename Value>
 ZalErrorType CountedFeature::write(ZalErrorType (Feature::*method)(Value), Value value)
 {
     log.count();
     if (log.isRecording())
-        log.recordWrite(inner, [=](Feature& feature) { (feature.*method)(value); });
+        log.recordWrite(inner, std::to_string(value),
+                        [=](Feature& feature) { (feature.*method)(value); });
     return (inner.get()->*method)(value);
 }
 
 ZalErrorType CountedFeature::GetName(char* buffer, std::uint32_t& count) const
 {
-    return read("GetName", &Feature::GetName, buffer, count);
+    return fact("GetName", &Feature::GetName, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetDisplayName(char* buffer, std::uint32_t& count) const
 {
-    return read("GetDisplayName", &Feature::GetDisplayName, buffer, count);
+    return fact("GetDisplayName", &Feature::GetDisplayName, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetCategory(char* buffer, std::uint32_t& count) const
 {
-    return read("GetCategory", &Feature::GetCategory, buffer, count);
+    return fact("GetCategory", &Feature::GetCategory, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetUnit(char* buffer, std::uint32_t& count) const
 {
-    return read("GetUnit", &Feature::GetUnit, buffer, count);
+    return fact("GetUnit", &Feature::GetUnit, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetRepresentation(char* buffer, std::uint32_t& count) const
 {
-    return read("GetRepresentation", &Feature::GetRepresentation, buffer, count);
+    return fact("GetRepresentation", &Feature::GetRepresentation, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetToolTip(char* buffer, std::uint32_t& count) const
 {
-    return read("GetToolTip", &Feature::GetToolTip, buffer, count);
+    return fact("GetToolTip", &Feature::GetToolTip, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetDescription(char* buffer, std::uint32_t& count) const
 {
-    return read("GetDescription", &Feature::GetDescription, buffer, count);
+    return fact("GetDescription", &Feature::GetDescription, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetDataType(ZalFeatureDataType& type) const
 {
-    return read("GetDataType", &Feature::GetDataType, type);
+    return fact("GetDataType", &Feature::GetDataType, type);
 }
 
 ZalErrorType CountedFeature::GetFlags(ZalFeatureFlagsType& flags) const
 {
-    return read("GetFlags", &Feature::GetFlags, flags);
+    return fact("GetFlags", &Feature::GetFlags, flags);
 }
 
 ZalErrorType CountedFeature::GetVisibility(ZalFeatureVisibilityType& visibility) const
 {
-    return read("GetVisibility", &Feature::GetVisibility, visibility);
+    return fact("GetVisibility", &Feature::GetVisibility, visibility);
 }
 
 ZalErrorType CountedFeature::GetSelectedFeatures(ZalCPP::FeaturePtr* buffer,
                                                  std::uint32_t& count) const
 {
-    return read("GetSelectedFeatures", &Feature::GetSelectedFeatures, buffer, count);
+    return fact("GetSelectedFeatures", &Feature::GetSelectedFeatures, buffer, count);
 }
 
 ZalErrorType CountedFeature::IsReadable(bool& readable) const
@@ -183,7 +194,7 @@ ZalErrorType CountedFeature::SetStringValue(const char* value)
 {
     log.count();
     if (log.isRecording())
-        log.recordWrite(inner, [text = std::string(value)](Feature& feature) {
+        log.recordWrite(inner, value, [text = std::string(value)](Feature& feature) {
             feature.SetStringValue(text.c_str());
         });
     return inner->SetStringValue(value);
@@ -193,10 +204,11 @@ ZalErrorType CountedFeature::SetRawValue(const unsigned char* data, std::uint32_
 {
     log.count();
     if (log.isRecording())
-        log.recordWrite(
-            inner, [bytes = std::vector<unsigned char>(data, data + count)](Feature& feature) {
-                feature.SetRawValue(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-            });
+        log.recordWrite(inner, std::string(data, data + count),
+                        [bytes = std::vector<unsigned char>(data, data + count)](Feature& feature) {
+                            feature.SetRawValue(bytes.data(),
+                                                static_cast<std::uint32_t>(bytes.size()));
+                        });
     return inner->SetRawValue(data, count);
 }
 
@@ -232,19 +244,19 @@ ZalErrorType CountedFeature::GetValidValueSet(long long* buffer, std::uint32_t& 
 
 ZalErrorType CountedFeature::GetEnumValues(long long* buffer, std::uint32_t& count) const
 {
-    return read("GetEnumValues", &Feature::GetEnumValues, buffer, count);
+    return fact("GetEnumValues", &Feature::GetEnumValues, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetEnumNames(const char** buffer, std::uint32_t& count) const
 {
-    return read("GetEnumNames", &Feature::GetEnumNames, buffer, count);
+    return fact("GetEnumNames", &Feature::GetEnumNames, buffer, count);
 }
 
 ZalErrorType CountedFeature::GetEntry(ZalCPP::EnumEntry& entry, const char* name) const
 {
     log.count();
     if (log.isRecording())
-        log.recordRead(inner, std::string("GetEntry ") + name,
+        log.recordFact(inner, std::string("GetEntry ") + name,
                        [text = std::string(name)](Feature& feature) {
                            ZalCPP::EnumEntry found;
                            feature.GetEntry(found, text.c_str());
@@ -254,7 +266,7 @@ ZalErrorType CountedFeature::GetEntry(ZalCPP::EnumEntry& entry, const char* name
 
 ZalErrorType CountedFeature::GetEntries(ZalCPP::EnumEntry* buffer, std::uint32_t& count) const
 {
-    return read("GetEntries", &Feature::GetEntries, buffer, count);
+    return fact("GetEntries", &Feature::GetEntries, buffer, count);
 }
 
 ZalErrorType CountedFeature::IsValueAvailable(const char* name, bool& available) const
@@ -285,7 +297,7 @@ ZalErrorType CountedFeature::RunCommand()
 {
     log.count();
     if (log.isRecording())
-        log.recordWrite(inner, [](Feature& feature) { feature.RunCommand(); });
+        log.recordWrite(inner, "", [](Feature& feature) { feature.RunCommand(); });
     return inner->RunCommand();
 }
 

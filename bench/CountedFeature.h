@@ -72,6 +72,8 @@ public:
 private:
     template <typename Method, typename... Arguments>
     ZalErrorType read(const char* operation, Method method, Arguments&&... arguments) const;
+    template <typename Method, typename... Arguments>
+    ZalErrorType fact(const char* operation, Method method, Arguments&&... arguments) const;
     template <typename Value>
     ZalErrorType write(ZalErrorType (ZalCPP::Feature::*method)(Value), Value value);
 

@@ -2,7 +2,9 @@
 
 #include "widgets/BaseTabPluginWidget.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QWindow>
 
 namespace Bench {
@@ -13,14 +15,28 @@ ShownTab::ShownTab(const ZalCPP::FeatureList& features)
         qFatal("The plugin refuses the camera");
     tab = container.findChild<BaseTabPluginWidget*>();
     container.show();
-    while (!container.windowHandle()->isExposed())
-        QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
+    waitUntilDrawn(container);
 }
 
 ShownTab::~ShownTab()
 {
     container.hide();
+}
+
+void ShownTab::waitUntilDrawn(const QWidget& window)
+{
+    while (!window.windowHandle()->isExposed())
+        QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+void ShownTab::openDialog()
+{
+    control<QAbstractButton>("btnAdvancedDialog").click();
+    const auto* dialog = container.findChild<QDialog*>();
+    if (!dialog)
+        qFatal("The dialog does not open");
+    waitUntilDrawn(*dialog);
 }
 
 void ShownTab::tick()

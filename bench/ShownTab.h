@@ -21,6 +21,9 @@ public:
     /// What the tab's timer does once a second.
     void tick();
 
+    /// Opens the advanced dialog; returns when the window system has drawn it.
+    void openDialog();
+
     /// The form's control of that object name; ends the program when there is none.
     template <typename Control> Control& control(const char* name)
     {
@@ -31,6 +34,8 @@ public:
     }
 
 private:
+    static void waitUntilDrawn(const QWidget& window);
+
     TabExtensionPlugin plugin;
     QWidget container;
     BaseTabPluginWidget* tab = nullptr;

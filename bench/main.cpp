@@ -79,12 +79,34 @@ Operation editSpinBox(BenchCamera& camera)
     return {[] {}, [tab, delay] { delay->setValue(delay->value() < 150.0 ? 200.0 : 100.0); }};
 }
 
+Operation openDialog(BenchCamera& camera)
+{
+    auto shown = std::make_shared<std::unique_ptr<ShownTab>>();
+    const auto prepare = [shown, &camera] {
+        shown->reset();
+        *shown = std::make_unique<ShownTab>(camera.features());
+        (*shown)->tick();
+    };
+    return {prepare, [shown] { (*shown)->openDialog(); }};
+}
+
+/// Run once, because the first run may do what is only done once.
+Operation makeWarm(BenchCamera& camera, MakeOperation make)
+{
+    Operation operation = make(camera);
+    operation.prepare();
+    operation.run();
+    operation.prepare();
+    return operation;
+}
+
 void measureOperation(benchmark::State& state, BenchCamera& camera, MakeOperation make)
 {
-    const Operation operation = make(camera);
+    const Operation operation = makeWarm(camera, make);
     Meter meter(state, camera);
     for ([[maybe_unused]] auto _ : state) {
         operation.prepare();
+        camera.endMoment();
         meter.measure(operation.run);
     }
     meter.reportSdkCalls();
@@ -95,15 +117,16 @@ void measureOperation(benchmark::State& state, BenchCamera& camera, MakeOperatio
 void measureFloor(benchmark::State& state, BenchCamera& camera, MakeOperation make)
 {
     {
-        const Operation operation = make(camera);
-        operation.prepare();
+        const Operation operation = makeWarm(camera, make);
         camera.log().startRecording();
         operation.run();
         camera.log().stopRecording();
     }
     Meter meter(state, camera);
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
+        camera.endMoment();
         meter.measure([&camera] { camera.log().replay(); });
+    }
     meter.reportTimeAndWire();
     state.counters["distinct_reads"] = static_cast<double>(camera.log().distinctReads());
 }
@@ -115,8 +138,9 @@ struct NamedOperation
 };
 
 constexpr NamedOperation operations[] = {
-    {"FirstShow", firstShow},     {"Tick_0", tickNothingChanged},   {"Tick_1", tickOneChanged},
-    {"Tick_all", tickAllChanged}, {"Edit_combo_box", editComboBox}, {"Edit_spin_box", editSpinBox},
+    {"FirstShow", firstShow},       {"Dialog", openDialog},       {"Tick_0", tickNothingChanged},
+    {"Tick_1", tickOneChanged},     {"Tick_all", tickAllChanged}, {"Edit_combo_box", editComboBox},
+    {"Edit_spin_box", editSpinBox},
 };
 
 /// Opens its camera when a benchmark first needs it: a run of the fake ones alone leaves the
@@ -125,6 +149,7 @@ struct CameraOnDemand
 {
     std::string name;
     std::function<std::unique_ptr<BenchCamera>(std::string&)> open;
+    int runs; ///< Of each operation; 0 leaves it to the time that they take.
     std::unique_ptr<BenchCamera> camera;
 };
 
@@ -152,9 +177,10 @@ void addBenchmarks(CameraOnDemand& source)
                                make = operation.make](benchmark::State& state) {
                 measureOn(source, measure, make, state);
             };
-            benchmark::RegisterBenchmark(name.c_str(), body)
-                ->UseManualTime()
-                ->Unit(benchmark::kMicrosecond);
+            auto* registered = benchmark::RegisterBenchmark(name.c_str(), body);
+            registered->UseManualTime()->Unit(benchmark::kMicrosecond);
+            if (source.runs > 0)
+                registered->Iterations(source.runs);
         }
     }
 }
@@ -162,7 +188,7 @@ void addBenchmarks(CameraOnDemand& source)
 CameraOnDemand fakeCamera(std::size_t featureCount)
 {
     const auto open = [featureCount](std::string&) { return BenchCamera::fake(featureCount); };
-    return {"fake_" + std::to_string(featureCount), open, nullptr};
+    return {"fake_" + std::to_string(featureCount), open, 0, nullptr};
 }
 
 } // namespace
@@ -175,7 +201,7 @@ int main(int argc, char** argv)
     CameraOnDemand cameras[] = {fakeCamera(100),
                                 fakeCamera(1000),
                                 fakeCamera(10000),
-                                {"simulated", BenchCamera::simulated, nullptr}};
+                                {"simulated", BenchCamera::simulated, 30, nullptr}};
     for (CameraOnDemand& camera : cameras)
         addBenchmarks(camera);
     benchmark::RunSpecifiedBenchmarks();

@@ -8,6 +8,7 @@ import sys
 
 OPERATIONS = {
     "FirstShow": "`get()` and first show",
+    "Dialog": "Opening the dialog",
     "Tick_0": "Tick, nothing changed",
     "Tick_1": "Tick, one feature changed",
     "Tick_all": "Tick, all features changed",

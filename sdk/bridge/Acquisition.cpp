@@ -71,10 +71,23 @@ ZalErrorType run(const CameraDescription& camera, const char* command)
     return feature ? NodeAccess::runCommand(*feature) : ZalErrorNotImplemented;
 }
 
+ZalErrorType startCamera(ArvDevice* device, const CameraDescription& camera,
+                         std::shared_ptr<ArvStream>& stream)
+{
+    ZalErrorType status = openStream(device, camera, stream);
+    if (status == ZalErrorSuccess)
+        status = lockParameters(camera, true);
+    return status == ZalErrorSuccess ? run(camera, "AcquisitionStart") : status;
+}
+
+// A camera that refuses to stop must not stay locked as well: nobody could set it right any more.
 ZalErrorType stopCamera(const CameraDescription& camera)
 {
-    const ZalErrorType status = run(camera, "AcquisitionStop");
-    return status == ZalErrorSuccess ? lockParameters(camera, false) : status;
+    const ZalErrorType stopped = run(camera, "AcquisitionStop");
+    if (isSilent(stopped))
+        return stopped;
+    const ZalErrorType unlocked = lockParameters(camera, false);
+    return stopped == ZalErrorSuccess ? unlocked : stopped;
 }
 
 std::vector<unsigned char> pixelsOf(ArvBuffer* buffer, int height)
@@ -146,31 +159,19 @@ ZalErrorType Acquisition::start(Camera::FrameHandler handler)
     const std::lock_guard<std::mutex> lock(mutex);
     if (running)
         return ZalErrorNotAvailable;
-    const ZalErrorType status = startCamera();
+    stream = std::make_shared<StreamPtr>();
+    const ZalErrorType status = core->changeAll(
+        [device = core->device(), opened = stream](const CameraDescription& camera) {
+            return startCamera(device, camera, *opened);
+        });
     if (status != ZalErrorSuccess) {
         cleanUp(true);
         return status;
     }
     running = true;
     grabber = std::thread(
-        [this, raw = stream.get(), handler = std::move(handler)] { grab(raw, running, handler); });
+        [this, raw = stream->get(), handler = std::move(handler)] { grab(raw, running, handler); });
     return ZalErrorSuccess;
-}
-
-// In two calls: opening a stream takes a while, and each has its own time limit.
-ZalErrorType Acquisition::startCamera()
-{
-    const auto opened = std::make_shared<StreamPtr>();
-    const auto camera = core->description();
-    const ZalErrorType status = core->worker().call(
-        [device = core->device(), camera, opened] { return openStream(device, *camera, *opened); });
-    if (status != ZalErrorSuccess)
-        return status;
-    stream = std::move(*opened);
-    return core->changeAll([](const CameraDescription& description) {
-        const ZalErrorType locked = lockParameters(description, true);
-        return locked == ZalErrorSuccess ? run(description, "AcquisitionStart") : locked;
-    });
 }
 
 ZalErrorType Acquisition::stop()
@@ -180,7 +181,7 @@ ZalErrorType Acquisition::stop()
         return ZalErrorSuccess;
     endGrabbing();
     const ZalErrorType status = core->changeAll(stopCamera);
-    cleanUp(status != ZalErrorSuccess);
+    cleanUp(isSilent(status));
     return status;
 }
 
@@ -191,15 +192,15 @@ void Acquisition::endGrabbing()
 }
 
 // What the camera did not do in time is done when it answers again, without anybody waiting. The
-// stream goes that way in any case, because it talks to the camera when it is destroyed.
+// stream goes that way in any case, because it talks to the camera when it is destroyed; it may
+// even be opened only now.
 void Acquisition::cleanUp(bool stopCameraFirst)
 {
-    if (!stream)
-        return;
     const bool stopFirst = stopCameraFirst && core->isOpen();
     core->postChangeAll(
-        [released = std::exchange(stream, nullptr), stopFirst](const CameraDescription& camera) {
-            return stopFirst ? stopCamera(camera) : ZalErrorSuccess;
+        [opened = std::exchange(stream, nullptr), stopFirst](const CameraDescription& camera) {
+            const StreamPtr released = std::exchange(*opened, nullptr);
+            return released && stopFirst ? stopCamera(camera) : ZalErrorSuccess;
         });
 }
 

@@ -26,14 +26,15 @@ public:
 private:
     using StreamPtr = std::shared_ptr<ArvStream>;
 
-    ZalErrorType startCamera();
     void endGrabbing();
     void cleanUp(bool stopCameraFirst);
 
     const std::shared_ptr<CameraCore> core;
     std::mutex mutex; ///< Starting and stopping exclude each other.
     std::atomic<bool> running{false};
-    StreamPtr stream;
+    /// What it points to is opened and released on the worker thread, possibly after the caller of
+    /// start() gave up waiting.
+    std::shared_ptr<StreamPtr> stream;
     std::thread grabber;
 };
 

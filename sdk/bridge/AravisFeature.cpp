@@ -105,12 +105,20 @@ ZalErrorType AravisFeature::GetBoolValue(bool& value) const
     return core->ask(position, value, NodeAccess::boolValue);
 }
 
+// The first read after a size query is to give what was measured.
+AccessGuard::Demand AravisFeature::demandOf(const void* buffer) const
+{
+    AccessGuard::Demand demand;
+    demand.isContinuation = sizeAsked.exchange(!buffer) && buffer;
+    return demand;
+}
+
 ZalErrorType AravisFeature::GetStringValue(char* buffer, std::uint32_t& count) const
 {
     if (!isText())
         return ZalErrorWrongType;
     std::string value;
-    const ZalErrorType status = core->ask(position, value, NodeAccess::textValue);
+    const ZalErrorType status = core->ask(position, value, NodeAccess::textValue, demandOf(buffer));
     return status == ZalErrorSuccess ? copyOut(value, buffer, count) : status;
 }
 
@@ -119,7 +127,7 @@ ZalErrorType AravisFeature::GetRawValue(unsigned char* buffer, std::uint32_t& co
     if (!is(ZalFeatureRaw))
         return ZalErrorWrongType;
     RawData value;
-    const ZalErrorType status = core->ask(position, value, NodeAccess::rawValue);
+    const ZalErrorType status = core->ask(position, value, NodeAccess::rawValue, demandOf(buffer));
     return status == ZalErrorSuccess ? copyOut(value, buffer, count) : status;
 }
 
@@ -318,7 +326,8 @@ ZalErrorType AravisFeature::IsCommandDone(bool& done) const
 {
     if (!is(ZalFeatureCommand))
         return ZalErrorWrongType;
-    return core->ask(position, done, NodeAccess::isCommandDone);
+    // Commands end by themselves.
+    return core->ask(position, done, NodeAccess::isCommandDone, {AccessGuard::Clock::now()});
 }
 
 ZalErrorType AravisFeature::RegisterObserver(const std::shared_ptr<IFeatureObserver>& observer)

@@ -4,6 +4,8 @@
 
 #include <ZalCPP/Feature.h>
 
+#include <atomic>
+
 namespace ZalCPP {
 
 /// A handle to one feature of an open camera. Static facts are answered from the description that
@@ -64,11 +66,13 @@ private:
     const FeatureDescription& facts() const { return core->facts(position); }
     bool is(ZalFeatureDataType type) const { return facts().type == type; }
     bool isText() const { return is(ZalFeatureString) || is(ZalFeatureEnum); }
+    AccessGuard::Demand demandOf(const void* buffer) const;
     template <typename Condition>
     ZalErrorType entryAvailable(Condition condition, bool& available) const;
 
     const std::shared_ptr<CameraCore> core;
     const std::size_t position;
+    mutable std::atomic<bool> sizeAsked{false}; ///< By the last call for a value in array form.
 };
 
 } // namespace ZalCPP

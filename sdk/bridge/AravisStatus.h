@@ -11,6 +11,12 @@ namespace ZalCPP {
 /// The SDK's status for an Aravis error; success for null.
 ZalErrorType statusOf(const GError* error);
 
+/// Whether the camera gave no answer at all.
+inline bool isSilent(ZalErrorType status)
+{
+    return status == ZalErrorTimeout || status == ZalErrorNotOpen;
+}
+
 /// Receives the error of one Aravis call: pass out() to the call, then ask.
 class AravisError
 {

@@ -77,8 +77,8 @@ bool Camera::IsLost() const
 
 WireCounts Camera::Counts() const
 {
-    const WireCounter& counter = d->core->counter();
-    return {counter.reads, counter.writes};
+    const WireAccess& wire = d->core->wire();
+    return {wire.reads, wire.writes};
 }
 
 } // namespace ZalCPP

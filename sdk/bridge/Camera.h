@@ -30,8 +30,9 @@ struct Frame
     std::vector<unsigned char> pixels;
 };
 
-/// Single accesses to the camera's registers since it was opened (each is one request and one
-/// answer on the wire). The connection's own heartbeat is not counted.
+/// Accesses to the camera's registers since it was opened. Each is one request and one answer on
+/// the wire, unless it is longer than a packet or has to be repeated. Not counted are the
+/// connection's own heartbeat and reads whose answer was known from a moment before.
 struct WireCounts
 {
     std::uint64_t reads = 0;
@@ -40,6 +41,11 @@ struct WireCounts
 
 /// An open camera. All methods may be called from any thread and are bounded in time like those of
 /// Feature. Destroying the camera closes it, and does not wait for one that no longer answers.
+///
+/// A register that was read within the last 50 ms is not read again, unless the camera was written
+/// since or its description says that the value changes by itself. A feature that does not answer
+/// three times in a row, while the camera does, is given up: reading it, or writing it, fails with
+/// ZalErrorTimeout at once until the camera is opened again.
 class Camera
 {
 public:
@@ -61,7 +67,8 @@ public:
 
     /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns; it
     /// must not stop or destroy the camera. Incomplete frames are left out. Meanwhile the camera's
-    /// TLParamsLocked is set, where it has one. Fails with ZalErrorNotAvailable while acquiring.
+    /// TLParamsLocked is set, where it has one; a camera that refuses to stop is unlocked all the
+    /// same. Fails with ZalErrorNotAvailable while acquiring.
     ZalErrorType StartAcquisition(FrameHandler handler);
     /// After this no frame arrives, whatever the status. Stopping twice succeeds.
     ZalErrorType StopAcquisition();
@@ -89,7 +96,8 @@ public:
     static std::vector<CameraInfo> List();
 
     /// Opens the camera whose id, serial number or network address is `id`, or the first one found
-    /// when `id` is empty. On failure returns null and sets `error` to a sentence for the user.
+    /// when `id` is empty. On failure returns null and sets `error` to a sentence for the user. A
+    /// camera that does not tell which of its features are implemented cannot be opened.
     static std::unique_ptr<Camera> Open(const std::string& id, std::string& error);
 };
 

@@ -52,11 +52,12 @@ void deleteListener(gpointer listener, GClosure*)
     delete static_cast<LossListener*>(listener);
 }
 
-CameraWorker::Hooks makeHooks(ArvDevice* device, const std::shared_ptr<ChangeNotifier>& notifier)
+CameraWorker::Hooks makeHooks(ArvDevice* device, const std::shared_ptr<AccessGuard>& guard,
+                              const std::shared_ptr<ChangeNotifier>& notifier)
 {
     const std::weak_ptr<ChangeNotifier> weak = notifier;
     CameraWorker::Hooks hooks;
-    hooks.probe = [device] { return probe(device); };
+    hooks.probe = [device, guard] { return guard->anew([device] { return probe(device); }); };
     hooks.recovered = [weak] {
         if (const auto alive = weak.lock())
             alive->recovered();
@@ -78,17 +79,18 @@ std::shared_ptr<CameraCore> CameraCore::open(std::shared_ptr<ArvDevice> device,
     core->rawDevice = core->ownedDevice.get();
     core->camera = std::make_shared<const CameraDescription>(std::move(description));
     core->handles.resize(core->camera->features.size());
-    core->wireCounter = WireCounter::attach(core->rawDevice);
+    core->wireAccess = WireAccess::attach(core->rawDevice);
+    core->guard = std::make_shared<AccessGuard>(core->camera, core->wireAccess);
     const std::weak_ptr<CameraCore> weak = core;
     const auto provider = [weak](std::size_t position) {
         const auto alive = weak.lock();
         return alive ? alive->feature(position) : nullptr;
     };
-    core->changeNotifier = std::make_shared<ChangeNotifier>(core->camera, provider);
-    core->cameraWorker =
-        std::make_shared<CameraWorker>(makeHooks(core->rawDevice, core->changeNotifier));
+    core->changeNotifier = std::make_shared<ChangeNotifier>(core->camera, core->guard, provider);
+    core->cameraWorker = std::make_shared<CameraWorker>(
+        makeHooks(core->rawDevice, core->guard, core->changeNotifier));
     ChangeNotifier::start(core->changeNotifier, core->cameraWorker);
-    core->connectLossSignal();
+    core->watchForLoss();
     return core;
 }
 
@@ -97,10 +99,13 @@ CameraCore::~CameraCore()
     close();
 }
 
-void CameraCore::connectLossSignal()
+// Control may have been lost while nobody was listening yet.
+void CameraCore::watchForLoss()
 {
     g_signal_connect_data(rawDevice, "control-lost", G_CALLBACK(onControlLost),
                           new LossListener(cameraWorker), deleteListener, GConnectFlags(0));
+    if (ARV_IS_GV_DEVICE(rawDevice) && !arv_gv_device_is_controller(ARV_GV_DEVICE(rawDevice)))
+        cameraWorker->declareLost();
 }
 
 void CameraCore::close()

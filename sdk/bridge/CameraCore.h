@@ -1,9 +1,10 @@
 #pragma once
 
+#include "sdk/bridge/AccessGuard.h"
 #include "sdk/bridge/CameraWorker.h"
 #include "sdk/bridge/ChangeNotifier.h"
 #include "sdk/bridge/FeatureDescription.h"
-#include "sdk/bridge/WireCounter.h"
+#include "sdk/bridge/WireAccess.h"
 
 #include <ZalCPP/Feature.h>
 
@@ -36,17 +37,23 @@ public:
     bool isOpen() const { return cameraWorker->isOpen(); }
     CameraWorker& worker() { return *cameraWorker; }
     ChangeNotifier& notifier() { return *changeNotifier; }
-    const WireCounter& counter() const { return *wireCounter; }
+    const WireAccess& wire() const { return *wireAccess; }
     /// For use on the worker thread.
     ArvDevice* device() const { return rawDevice; }
 
     /// Runs `query(facts, answer)` on the worker thread; `answer` is set on success only.
     template <typename Answer, typename Query>
-    ZalErrorType ask(std::size_t position, Answer& answer, Query query)
+    ZalErrorType ask(std::size_t position, Answer& answer, Query query,
+                     const AccessGuard::Demand& demand = {})
     {
+        if (guard->hasGivenUpReading(position))
+            return statusOfGivenUp();
         const auto result = std::make_shared<Answer>();
-        const ZalErrorType status = cameraWorker->call([camera = camera, position, query, result] {
-            return query(camera->features[position], *result);
+        const auto read = [query, result](const FeatureDescription& feature) {
+            return query(feature, *result);
+        };
+        const ZalErrorType status = cameraWorker->call([guard = guard, position, read, demand] {
+            return guard->read(position, read, demand);
         });
         if (status == ZalErrorSuccess)
             answer = std::move(*result);
@@ -57,13 +64,16 @@ public:
     /// has given up waiting by then.
     template <typename Write> ZalErrorType change(std::size_t position, Write write)
     {
-        return cameraWorker->call([camera = camera, notifier = changeNotifier, position, write] {
-            const FeatureDescription& feature = camera->features[position];
+        if (guard->hasGivenUpWriting(position))
+            return statusOfGivenUp();
+        const auto noted = [notifier = changeNotifier, write](const FeatureDescription& feature) {
             const ZalErrorType status = write(feature);
             if (mayHaveWritten(status))
                 notifier->written(feature);
             return status;
-        });
+        };
+        return cameraWorker->call(
+            [guard = guard, position, noted] { return guard->write(position, noted); });
     }
 
     /// As change(), for an operation on the camera as a whole that may change any feature.
@@ -82,18 +92,20 @@ private:
 
     template <typename Write> CameraWorker::Work changingAll(Write write)
     {
-        return [camera = camera, notifier = changeNotifier, write] {
-            const ZalErrorType status = write(*camera);
+        return [camera = camera, guard = guard, notifier = changeNotifier, write] {
+            const ZalErrorType status = guard->anew([&] { return write(*camera); });
             notifier->writtenAll();
             return status;
         };
     }
 
     static bool mayHaveWritten(ZalErrorType status);
-    void connectLossSignal();
+    ZalErrorType statusOfGivenUp() const { return isOpen() ? ZalErrorTimeout : ZalErrorNotOpen; }
+    void watchForLoss();
 
     std::shared_ptr<const CameraDescription> camera;
-    std::shared_ptr<WireCounter> wireCounter;
+    std::shared_ptr<WireAccess> wireAccess;
+    std::shared_ptr<AccessGuard> guard;
     std::shared_ptr<ChangeNotifier> changeNotifier;
     std::shared_ptr<CameraWorker> cameraWorker;
     std::shared_ptr<ArvDevice> ownedDevice;

@@ -7,6 +7,7 @@
 #include <arv.h>
 
 #include <array>
+#include <mutex>
 #include <utility>
 
 namespace ZalCPP {
@@ -24,6 +25,14 @@ constexpr TextRegister SerialNumber{0xd8, 16};
 
 using DevicePtr = std::shared_ptr<ArvDevice>;
 
+// Aravis has one list of devices, which a discovery replaces while others may be reading it. To be
+// held around every call that discovers or asks by position.
+std::mutex& deviceList()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
 std::string text(const char* string)
 {
     return string ? string : "";
@@ -40,13 +49,26 @@ CameraInfo listedInfo(unsigned index)
     return info;
 }
 
-// What is known from the last discovery, without a new one.
-std::vector<CameraInfo> known()
+std::vector<CameraInfo> listedCameras()
 {
     std::vector<CameraInfo> cameras;
     for (unsigned index = 0; index < arv_get_n_devices(); ++index)
         cameras.push_back(listedInfo(index));
     return cameras;
+}
+
+// What is known from the last discovery, without a new one.
+std::vector<CameraInfo> known()
+{
+    const std::lock_guard<std::mutex> lock(deviceList());
+    return listedCameras();
+}
+
+// May discover, where nothing is known under that name.
+DevicePtr openByName(const char* name, AravisError& failure)
+{
+    const std::lock_guard<std::mutex> lock(deviceList());
+    return adoptObject(arv_open_device(name, failure.out()));
 }
 
 std::string readText(ArvDevice* device, TextRegister location)
@@ -143,7 +165,7 @@ DevicePtr openDevice(const std::string& id, std::string& error)
     }
     AravisError failure;
     const char* name = resolved.empty() ? nullptr : resolved.c_str();
-    auto device = adoptObject(arv_open_device(name, failure.out()));
+    auto device = openByName(name, failure);
     if (!device) {
         error = notOpened(id, failure);
         return nullptr;
@@ -168,8 +190,9 @@ void enableChecks(ArvGc* genicam)
 
 std::vector<CameraInfo> CameraSystem::List()
 {
+    const std::lock_guard<std::mutex> lock(deviceList());
     arv_update_device_list();
-    return known();
+    return listedCameras();
 }
 
 std::unique_ptr<Camera> CameraSystem::Open(const std::string& id, std::string& error)
@@ -183,7 +206,12 @@ std::unique_ptr<Camera> CameraSystem::Open(const std::string& id, std::string& e
         return nullptr;
     }
     enableChecks(genicam);
-    CameraDescription description = readDescription(genicam);
+    CameraDescription description;
+    const ZalErrorType status = readDescription(genicam, description);
+    if (status != ZalErrorSuccess) {
+        error = quoted(id) + " does not tell which features it has. " + ErrorText(status);
+        return nullptr;
+    }
     CameraInfo info = infoOf(device.get(), id);
     auto core = CameraCore::open(std::move(device), std::move(description));
     auto d = std::make_unique<Camera::Private>(std::move(info), std::move(core));

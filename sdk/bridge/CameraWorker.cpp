@@ -1,5 +1,6 @@
 #include "sdk/bridge/CameraWorker.h"
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
@@ -9,10 +10,14 @@
 namespace ZalCPP {
 namespace {
 
-// How long a caller waits. A user interface thread may be among the callers.
-constexpr std::chrono::milliseconds CallTimeout{500};
-// Closing may follow a stopped acquisition, so that it gets less of the same patience.
+using Clock = std::chrono::steady_clock;
+
+// How long closing waits, together with what the callers have waited just before.
 constexpr std::chrono::milliseconds CloseTimeout{400};
+// A shorter wait is none.
+constexpr std::chrono::milliseconds NoticeableWait{50};
+// Waits that lie further apart do not add up.
+constexpr std::chrono::milliseconds JustBefore{1000};
 
 enum class Health
 {
@@ -61,6 +66,8 @@ struct CameraWorker::State
     Health health = Health::Good;
     bool busy = false; ///< The thread is inside an operation.
     bool finished = false;
+    Clock::duration waited{}; ///< By callers, in waits that followed each other.
+    Clock::time_point waitedUntil;
 
     void run();
     TaskPtr next();
@@ -72,6 +79,9 @@ struct CameraWorker::State
     bool worsen(Health newHealth);
     bool worsenLocked(Health newHealth);
     void refuseQueuedCalls();
+    void noteWait(Clock::time_point begun);
+    Clock::duration waitedJustBefore(Clock::time_point now) const;
+    Clock::duration patienceForClosing() const;
 };
 
 void CameraWorker::State::run()
@@ -181,6 +191,30 @@ void CameraWorker::State::refuseQueuedCalls()
     queue = std::move(kept);
 }
 
+// With the lock held, like the next two.
+void CameraWorker::State::noteWait(Clock::time_point begun)
+{
+    const auto now = Clock::now();
+    if (now - begun < NoticeableWait)
+        return;
+    waited = waitedJustBefore(begun) + (now - begun);
+    waitedUntil = now;
+}
+
+Clock::duration CameraWorker::State::waitedJustBefore(Clock::time_point now) const
+{
+    return now - waitedUntil < JustBefore ? waited : Clock::duration::zero();
+}
+
+// Somebody waited for a camera that does not answer already: once per stall is enough.
+Clock::duration CameraWorker::State::patienceForClosing() const
+{
+    if (isUnanswered())
+        return Clock::duration::zero();
+    const Clock::duration left = CloseTimeout - waitedJustBefore(Clock::now());
+    return std::max(left, Clock::duration::zero());
+}
+
 CameraWorker::CameraWorker(Hooks hooks)
     : state(std::make_shared<State>(std::move(hooks))), thread([shared = state] { shared->run(); })
 {
@@ -199,9 +233,11 @@ ZalErrorType CameraWorker::call(Work work)
         return refusal(state->health);
     state->queue.push_back(task);
     state->wake.notify_all();
+    const auto begun = Clock::now();
     const auto ended = [&] { return task->done || state->health != Health::Good; };
     if (!state->changed.wait_for(lock, CallTimeout, ended))
         state->worsenLocked(Health::Overdue);
+    state->noteWait(begun);
     return task->done ? task->result : refusal(state->health);
 }
 
@@ -224,8 +260,7 @@ void CameraWorker::close(Work last)
     if (!thread.joinable())
         return;
     std::unique_lock<std::mutex> lock(state->mutex);
-    // Somebody waited for a camera that does not answer already: once per stall is enough.
-    const auto patience = state->isUnanswered() ? CloseTimeout.zero() : CloseTimeout;
+    const auto patience = state->patienceForClosing();
     // Both under one lock, so that no call gets behind the last work.
     state->queue.push_back(makeTask(std::move(last), true));
     state->worsenLocked(Health::Closed);

@@ -2,6 +2,7 @@
 
 #include <ZalCPP/ZalTypes.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -21,6 +22,9 @@ class CameraWorker
 {
 public:
     using Work = std::function<ZalErrorType()>;
+
+    /// How long a caller waits. A user interface thread may be among the callers.
+    static constexpr std::chrono::milliseconds CallTimeout{500};
 
     /// Called with no lock held.
     struct Hooks
@@ -45,7 +49,8 @@ public:
     void declareLost();
 
     /// Refuses further calls, lets the posted work and then `last` run, and waits a moment for
-    /// that. If the camera does not answer, the thread is left behind to end by itself.
+    /// that: less by what callers have waited just before, as when a slow camera was stopped first.
+    /// If the camera does not answer, the thread is left behind to end by itself.
     void close(Work last);
 
     bool isHealthy() const; ///< Neither waiting for an overdue operation, nor lost, nor closed.

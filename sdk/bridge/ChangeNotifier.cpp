@@ -6,14 +6,26 @@
 namespace ZalCPP {
 namespace {
 
-// Writes that follow each other this closely belong together.
-constexpr std::chrono::milliseconds QuietWindow{50};
+// Writes that follow each other this closely belong together. An answer in the cache is no older.
+constexpr auto QuietWindow = ReadCache::Window;
+
+// What is known of a feature that was given up. It never changes.
+void setUnanswered(SnapshotValue& value)
+{
+    value = ZalErrorTimeout;
+}
+
+void setUnanswered(Snapshot& snapshot)
+{
+    setUnanswered(snapshot.value);
+}
 
 } // namespace
 
 ChangeNotifier::ChangeNotifier(std::shared_ptr<const CameraDescription> cameraDescription,
-                               FeatureProvider provider)
-    : camera(std::move(cameraDescription)), features(std::move(provider))
+                               std::shared_ptr<AccessGuard> accessGuard, FeatureProvider provider)
+    : camera(std::move(cameraDescription)), guard(std::move(accessGuard)),
+      features(std::move(provider))
 {
 }
 
@@ -101,7 +113,7 @@ void ChangeNotifier::writtenAll()
 void ChangeNotifier::noteWrite()
 {
     ++generation;
-    quietAt = Clock::now() + QuietWindow;
+    quietAt = changedAt = Clock::now() + QuietWindow;
     wake.notify_all();
 }
 
@@ -110,6 +122,7 @@ void ChangeNotifier::recovered()
     const std::lock_guard<std::mutex> lock(mutex);
     for (auto& [position, watch] : watches)
         watch.marked = watch.mustReport = true;
+    changedAt = std::max(changedAt, Clock::now());
     wake.notify_all();
 }
 
@@ -193,14 +206,22 @@ void ChangeNotifier::pollNext(Lock& lock)
 // Reads through the worker with the lock released. Empty when the camera was written meanwhile, or
 // does not answer, or nobody observes the feature any more: then the result says nothing.
 template <typename Result>
-std::optional<Result> ChangeNotifier::read(Lock& lock, std::size_t feature, Reader<Result> reader)
+std::optional<Result> ChangeNotifier::read(Lock& lock, std::size_t feature, Reader<Result> reader,
+                                           Clock::time_point earliest)
 {
     const auto before = generation;
     const auto result = std::make_shared<Result>();
+    const auto access = [reader, result](const FeatureDescription& facts) {
+        return reader(facts, *result);
+    };
     lock.unlock();
-    const ZalErrorType status = worker->call([camera = camera, feature, reader, result] {
-        return reader(camera->features[feature], *result);
-    });
+    ZalErrorType status = ZalErrorSuccess;
+    if (guard->hasGivenUpReading(feature))
+        setUnanswered(*result);
+    else
+        status = worker->call([guard = guard, feature, access, earliest] {
+            return guard->read(feature, access, {earliest});
+        });
     lock.lock();
     const bool meaningful =
         status == ZalErrorSuccess && generation == before && watches.find(feature) != watches.end();
@@ -209,7 +230,7 @@ std::optional<Result> ChangeNotifier::read(Lock& lock, std::size_t feature, Read
 
 void ChangeNotifier::check(Lock& lock, std::size_t feature)
 {
-    const auto snapshot = read<Snapshot>(lock, feature, readSnapshot);
+    const auto snapshot = read<Snapshot>(lock, feature, readSnapshot, changedAt);
     if (!snapshot)
         return;
     Watch& watch = watches.at(feature);
@@ -224,13 +245,16 @@ void ChangeNotifier::check(Lock& lock, std::size_t feature)
 // Only the value is read while it stays what it was: one access to the camera.
 void ChangeNotifier::poll(Lock& lock, std::size_t feature)
 {
-    const auto value = read<SnapshotValue>(lock, feature, readSnapshotValue);
+    const auto begun = Clock::now();
+    const auto value = read<SnapshotValue>(lock, feature, readSnapshotValue, begun);
     if (!value)
         return;
     Watch& watch = watches.at(feature);
     schedulePoll(feature, watch);
-    if (watch.known && !(watch.known->value == *value))
-        watch.marked = true;
+    if (!watch.known || watch.known->value == *value)
+        return;
+    watch.marked = true;
+    changedAt = std::max(changedAt, begun);
 }
 
 void ChangeNotifier::schedulePoll(std::size_t feature, Watch& watch)

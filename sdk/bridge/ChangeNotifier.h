@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/bridge/AccessGuard.h"
 #include "sdk/bridge/CameraWorker.h"
 #include "sdk/bridge/Snapshot.h"
 
@@ -37,7 +38,8 @@ public:
     using LostHandler = std::function<void()>;
 
     /// Starts with start(), because the worker's hooks and the notifier need each other.
-    ChangeNotifier(std::shared_ptr<const CameraDescription> camera, FeatureProvider features);
+    ChangeNotifier(std::shared_ptr<const CameraDescription> camera,
+                   std::shared_ptr<AccessGuard> guard, FeatureProvider features);
 
     static void start(const std::shared_ptr<ChangeNotifier>& notifier,
                       std::shared_ptr<CameraWorker> worker);
@@ -79,7 +81,8 @@ private:
     void readNext(Lock& lock);
     void pollNext(Lock& lock);
     template <typename Result>
-    std::optional<Result> read(Lock& lock, std::size_t feature, Reader<Result> reader);
+    std::optional<Result> read(Lock& lock, std::size_t feature, Reader<Result> reader,
+                               Clock::time_point earliest);
     void check(Lock& lock, std::size_t feature);
     void poll(Lock& lock, std::size_t feature);
     void schedulePoll(std::size_t feature, Watch& watch);
@@ -88,6 +91,7 @@ private:
     void noteWrite();
 
     const std::shared_ptr<const CameraDescription> camera;
+    const std::shared_ptr<AccessGuard> guard;
     const FeatureProvider features;
     std::shared_ptr<CameraWorker> worker;
     std::thread thread;
@@ -97,6 +101,7 @@ private:
     std::map<std::size_t, Watch> watches; ///< By position of the feature.
     std::uint64_t generation = 0;         ///< Counts writes.
     Clock::time_point quietAt;
+    Clock::time_point changedAt; ///< What the camera answered before says nothing any more.
     LostHandler lostHandler;
     bool isLost = false;
     bool stopping = false;

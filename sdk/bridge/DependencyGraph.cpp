@@ -1,6 +1,7 @@
 #include "sdk/bridge/DependencyGraph.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ZalCPP {
 namespace {
@@ -8,6 +9,15 @@ namespace {
 bool isOneOf(ArvGcPropertyNodeType type, std::initializer_list<ArvGcPropertyNodeType> types)
 {
     return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+bool saysVolatile(ArvGcPropertyNode* property)
+{
+    const auto type = arv_gc_property_node_get_node_type(property);
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_CACHABLE)
+        return arv_gc_property_node_get_cachable(property, ARV_GC_CACHABLE_WRITE_AROUND) ==
+               ARV_GC_CACHABLE_NO_CACHE;
+    return type == ARV_GC_PROPERTY_NODE_TYPE_POLLING_TIME;
 }
 
 // The chain of nodes that a written value passes through.
@@ -21,6 +31,22 @@ void collectWritten(ArvGcNode* node, std::unordered_set<ArvGcNode*>& written)
                      ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
     for (ArvGcNode* target : targets)
         collectWritten(target, written);
+}
+
+// The registers that a node's value comes from.
+void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers)
+{
+    auto* dom = ARV_DOM_NODE(node);
+    if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
+        node = ARV_GC_NODE(arv_dom_node_get_parent_node(dom));
+    if (ARV_IS_GC_REGISTER(node)) {
+        registers.insert(node);
+        return;
+    }
+    for (ArvGcNode* source : linkedNodes(dom, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
+                                               ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
+                                               ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE}))
+        collectRegisters(source, registers);
 }
 
 } // namespace
@@ -75,6 +101,8 @@ void DependencyGraph::addProperties(ArvDomNode* node, ArvGcNode* owner)
 void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcNode* owner)
 {
     const auto type = arv_gc_property_node_get_node_type(property);
+    if (saysVolatile(property))
+        volatileNodes.push_back(owner);
     if (isOneOf(type, {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE, ARV_GC_PROPERTY_NODE_TYPE_P_PORT}))
         return;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
@@ -90,6 +118,25 @@ std::unordered_set<ArvGcNode*> DependencyGraph::affectedBy(ArvGcNode* node) cons
 {
     std::unordered_set<ArvGcNode*> affected;
     collectWritten(node, affected);
+    return withDependents(std::move(affected));
+}
+
+std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>>
+DependencyGraph::volatileRegisters() const
+{
+    std::unordered_set<ArvGcNode*> registers;
+    for (ArvGcNode* node : volatileNodes)
+        collectRegisters(node, registers);
+    std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>> found;
+    found.reserve(registers.size());
+    for (ArvGcNode* node : registers)
+        found.emplace_back(ARV_GC_REGISTER(node), withDependents({node}));
+    return found;
+}
+
+std::unordered_set<ArvGcNode*>
+DependencyGraph::withDependents(std::unordered_set<ArvGcNode*> affected) const
+{
     std::vector<ArvGcNode*> pending(affected.begin(), affected.end());
     while (!pending.empty()) {
         const auto found = dependents.find(pending.back());

@@ -4,6 +4,7 @@
 
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace ZalCPP {
@@ -22,12 +23,19 @@ public:
     /// through included.
     std::unordered_set<ArvGcNode*> affectedBy(ArvGcNode* node) const;
 
+    /// The registers that the description says change without being written, each with the nodes
+    /// that depend on it, itself included.
+    std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>>
+    volatileRegisters() const;
+
 private:
     void addNode(ArvDomNode* node, ArvGcNode* owner);
     void addProperties(ArvDomNode* node, ArvGcNode* owner);
     void addReference(ArvGcPropertyNode* property, ArvGcNode* owner);
+    std::unordered_set<ArvGcNode*> withDependents(std::unordered_set<ArvGcNode*> nodes) const;
 
     std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> dependents;
+    std::vector<ArvGcNode*> volatileNodes;
 };
 
 /// The nodes that `node` names in properties of these types, in the description's order.

@@ -193,12 +193,23 @@ void collectValueChain(ArvGcNode* node, std::vector<ArvGcFeatureNode*>& chain)
         collectValueChain(next, chain);
 }
 
-bool isImplemented(const std::vector<ArvGcFeatureNode*>& valueChain)
+// A camera that cannot be asked differs from one whose description makes no sense: there the
+// feature does not exist.
+bool isFailedRead(ZalErrorType status)
 {
-    return std::all_of(valueChain.begin(), valueChain.end(), [](ArvGcFeatureNode* node) {
+    return isSilent(status) || status == ZalErrorTransport || status == ZalErrorUnknown;
+}
+
+ZalErrorType isImplemented(const std::vector<ArvGcFeatureNode*>& valueChain, bool& implemented)
+{
+    implemented = true;
+    for (ArvGcFeatureNode* node : valueChain) {
         AravisError error;
-        return arv_gc_feature_node_is_implemented(node, error.out());
-    });
+        implemented = implemented && arv_gc_feature_node_is_implemented(node, error.out());
+        if (isFailedRead(error.status()))
+            return error.status();
+    }
+    return ZalErrorSuccess;
 }
 
 FeatureDescription describe(ArvGcFeatureNode* node, const std::string& category)
@@ -230,13 +241,15 @@ FeatureDescription describe(ArvGcFeatureNode* node, const std::string& category)
 class Walker
 {
 public:
-    CameraDescription walk(ArvGc* genicam)
+    ZalErrorType walk(ArvGc* genicam, CameraDescription& description)
     {
         ArvGcNode* root = arv_gc_get_node(genicam, "Root");
         if (ARV_IS_GC_CATEGORY(root))
             addCategory(root, "");
         connect(DependencyGraph(genicam));
-        return std::move(result);
+        if (status == ZalErrorSuccess)
+            description = std::move(result);
+        return status;
     }
 
 private:
@@ -246,6 +259,7 @@ private:
     std::vector<std::size_t> positionsOf(const std::vector<ArvGcNode*>& nodes) const;
 
     CameraDescription result;
+    ZalErrorType status = ZalErrorSuccess;
     std::unordered_set<ArvGcNode*> visited;
     std::unordered_map<ArvGcNode*, std::size_t> positions;
 };
@@ -268,7 +282,10 @@ void Walker::addMember(ArvGcNode* member, const std::string& path)
         return;
     }
     FeatureDescription feature = describe(node, path);
-    if (!isImplemented(feature.valueChain))
+    bool implemented = false;
+    if (status == ZalErrorSuccess)
+        status = isImplemented(feature.valueChain, implemented);
+    if (!implemented)
         return;
     positions[member] = result.features.size();
     result.positions[feature.name] = result.features.size();
@@ -286,6 +303,10 @@ void Walker::connect(const DependencyGraph& graph)
         const auto affected = graph.affectedBy(ARV_GC_NODE(feature.node));
         feature.affected = positionsOf({affected.begin(), affected.end()});
     }
+    for (const auto& [volatileRegister, dependents] : graph.volatileRegisters()) {
+        for (const std::size_t position : positionsOf({dependents.begin(), dependents.end()}))
+            result.features[position].volatileRegisters.push_back(volatileRegister);
+    }
 }
 
 // Nodes that are not in the feature list have no position.
@@ -302,9 +323,9 @@ std::vector<std::size_t> Walker::positionsOf(const std::vector<ArvGcNode*>& node
 
 } // namespace
 
-CameraDescription readDescription(ArvGc* genicam)
+ZalErrorType readDescription(ArvGc* genicam, CameraDescription& description)
 {
-    return Walker().walk(genicam);
+    return Walker().walk(genicam, description);
 }
 
 } // namespace ZalCPP

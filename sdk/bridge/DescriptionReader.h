@@ -6,7 +6,8 @@ namespace ZalCPP {
 
 /// Reads the static facts of all implemented features reachable from Root, categories left out.
 /// Which features are implemented may depend on registers, so that this can cause traffic: call it
-/// when the camera is opened, before its worker starts.
-CameraDescription readDescription(ArvGc* genicam);
+/// when the camera is opened, before its worker starts. Fails when such a register cannot be read,
+/// because a feature would silently be missing otherwise.
+ZalErrorType readDescription(ArvGc* genicam, CameraDescription& description);
 
 } // namespace ZalCPP

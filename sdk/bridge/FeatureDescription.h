@@ -42,6 +42,9 @@ struct FeatureDescription
     /// unlocked, when all of them are.
     std::vector<ArvGcFeatureNode*> valueChain;
     std::vector<ArvGcFeatureNode*> entryNodes; ///< In step with `entries`.
+    /// What the feature depends on and the camera says, by a polling time or by forbidding to cache
+    /// it, that it changes without being written.
+    std::vector<ArvGcRegister*> volatileRegisters;
     // For commands only; null where the description leaves them out.
     ArvGcInteger* commandRegister = nullptr;
     ArvGcPropertyNode* commandValue = nullptr;

@@ -1,15 +1,12 @@
 #include "sdk/bridge/Snapshot.h"
 
+#include "sdk/bridge/AravisStatus.h"
+
 #include <cmath>
 #include <tuple>
 
 namespace ZalCPP {
 namespace {
-
-bool isSilent(ZalErrorType status)
-{
-    return status == ZalErrorTimeout || status == ZalErrorNotOpen;
-}
 
 SnapshotValue wrap(double value)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QProcess>
+#include "tests/support/ChildProcess.h"
+
 #include <QStringList>
 
 /// A simulated camera in a process of its own, which can be stopped, continued and killed.
@@ -18,6 +19,6 @@ public:
     void kill();
 
 private:
-    QProcess m_process;
+    ChildProcess m_process;
     bool m_listening = false;
 };

@@ -1,6 +1,7 @@
 // Starting and stopping the stream of images.
 #include "tests/sdk/bridge/BridgeTest.h"
 #include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/WireTap.h"
 
 #include <thread>
 
@@ -12,9 +13,17 @@ class tst_Acquisition : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
+    void initTestCase()
+    {
+        tap = std::make_unique<WireTap>();
+        server = std::make_unique<NastyCamera>();
+    }
     void init();
-    void cleanup() { camera.reset(); }
+    void cleanup()
+    {
+        camera.reset();
+        tap->onRead(nullptr);
+    }
     void cleanupTestCase() { server.reset(); }
 
     void framesArriveOnAnotherThread();
@@ -28,11 +37,14 @@ private slots:
     void stoppingAnIdleCameraChangesNothing();
     void destroyingAnAcquiringCameraStopsIt();
     void imageSizeIsTakenAtTheStart();
+    void refusedStopUnlocksTheParametersAllTheSame();
+    void slowStartTakesNoLongerThanOneCall();
 
 private:
     FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     ZalErrorType start();
 
+    std::unique_ptr<WireTap> tap;
     std::unique_ptr<NastyCamera> server;
     std::unique_ptr<ZalCPP::Camera> camera;
     std::atomic<int> frames{0};
@@ -168,6 +180,40 @@ void tst_Acquisition::imageSizeIsTakenAtTheStart()
     QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
     QCOMPARE(last.width, 256U);
     QCOMPARE(last.pixels.size(), std::size_t(256 * 32));
+}
+
+void tst_Acquisition::refusedStopUnlocksTheParametersAllTheSame()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    server->setReg(0x4808, 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorNotWritable);
+    QVERIFY(!camera->IsAcquiring());
+    QCOMPARE(integer(find("TLParamsLocked")), 0LL);
+    QVERIFY(isWritable(find("Width")));
+    server->setReg(0x4808, 0);
+    QCOMPARE(find("AcquisitionStop")->RunCommand(), ZalErrorSuccess);
+}
+
+// Each of two reads takes most of the time that a caller waits.
+void tst_Acquisition::slowStartTakesNoLongerThanOneCall()
+{
+    QSemaphore never;
+    tap->onRead([&never](ArvDevice*, std::uint64_t address) {
+        if (address == 0x100 || address == 0x104)
+            never.tryAcquire(1, 350);
+        return WireTap::Answer::TheCameras;
+    });
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(start(), ZalErrorTimeout);
+    QVERIFY2(timer.elapsed() <= 600, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(!camera->IsAcquiring());
+    // What was started behind the caller's back is stopped there, too.
+    long long locked = 1;
+    QTRY_COMPARE(find("TLParamsLocked")->GetIntegerValue(locked), ZalErrorSuccess);
+    QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
+    QCOMPARE(server->reg(0x124), 0U);
+    QCOMPARE(frames, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_Acquisition)

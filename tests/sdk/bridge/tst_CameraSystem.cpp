@@ -2,6 +2,8 @@
 #include "tests/sdk/bridge/BridgeTest.h"
 #include "tests/sdk/bridge/NastyCamera.h"
 
+#include <thread>
+
 using namespace BridgeTest;
 using ZalCPP::CameraSystem;
 
@@ -27,6 +29,7 @@ private slots:
     void heartbeatIsNotCounted();
     void findsFeaturesByName();
     void featuresKeepNothingOpen();
+    void camerasMayBeListedAndOpenedFromSeveralThreads();
 
 private:
     std::unique_ptr<NastyCamera> server;
@@ -168,6 +171,24 @@ void tst_CameraSystem::featuresKeepNothingOpen()
     long long value = 0;
     QCOMPARE(features->front()->GetIntegerValue(value), ZalErrorWrongType);
     QCOMPARE(features->at(1)->GetIntegerValue(value), ZalErrorNotOpen);
+}
+
+void tst_CameraSystem::camerasMayBeListedAndOpenedFromSeveralThreads()
+{
+    std::atomic<int> complete{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 3; ++i) {
+        threads.emplace_back([&complete] {
+            for (const auto& info : CameraSystem::List())
+                complete += info.serial == NastyCamera::Serial && !info.id.empty();
+        });
+    }
+    std::string error;
+    const auto camera = CameraSystem::Open(NastyCamera::Serial, error);
+    for (std::thread& thread : threads)
+        thread.join();
+    QVERIFY2(camera, error.c_str());
+    QCOMPARE(complete, 3);
 }
 
 QTEST_GUILESS_MAIN(tst_CameraSystem)

@@ -78,6 +78,8 @@ private slots:
     void closingRunsTheLastWork();
     void closingDoesNotWaitForAnOverdueOperation();
     void closingALostCameraDoesNotWaitForItsOperation();
+    void slowCallAndClosingTogetherBlockNoLongerThanOneStall();
+    void slowCallsThatFollowEachOtherAddUp();
     void noCallRunsAfterTheLastWork();
     void closedWorkerRefuses();
     void workIsReleasedOnTheWorkerThread();
@@ -340,6 +342,43 @@ void tst_CameraWorker::closingALostCameraDoesNotWaitForItsOperation()
     worker->close(succeed);
     QVERIFY(blocked + timer.elapsed() <= LongestBlock);
     operation.end(ZalErrorTimeout);
+}
+
+namespace {
+
+/// A camera that answers, but late.
+CameraWorker::Work lateAnswer(int afterMs)
+{
+    return [afterMs] {
+        QSemaphore never;
+        never.tryAcquire(1, afterMs);
+        return ZalErrorSuccess;
+    };
+}
+
+} // namespace
+
+void tst_CameraWorker::slowCallAndClosingTogetherBlockNoLongerThanOneStall()
+{
+    Operation stalled;
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(worker->call(lateAnswer(400)), ZalErrorSuccess);
+    worker->close(stalled.work());
+    QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
+    stalled.end(ZalErrorSuccess);
+}
+
+void tst_CameraWorker::slowCallsThatFollowEachOtherAddUp()
+{
+    Operation stalled;
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(worker->call(lateAnswer(100)), ZalErrorSuccess);
+    worker->close(stalled.work());
+    QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
+    stalled.end(ZalErrorSuccess);
 }
 
 void tst_CameraWorker::noCallRunsAfterTheLastWork()

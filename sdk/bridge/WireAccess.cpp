@@ -1,11 +1,11 @@
-#include "sdk/bridge/WireCounter.h"
+#include "sdk/bridge/WireAccess.h"
 
 #include <mutex>
 
 namespace ZalCPP {
 namespace {
 
-using CounterPtr = std::shared_ptr<WireCounter>;
+using WirePtr = std::shared_ptr<WireAccess>;
 
 /// A class's own access functions, kept with its type for the life of the process.
 struct Originals
@@ -18,7 +18,7 @@ struct Originals
 
 GQuark key()
 {
-    static const GQuark quark = g_quark_from_static_string("zalcpp-wire-counter");
+    static const GQuark quark = g_quark_from_static_string("zalcpp-wire-access");
     return quark;
 }
 
@@ -27,45 +27,61 @@ const Originals& originals(ArvDevice* device)
     return *static_cast<const Originals*>(g_type_get_qdata(G_OBJECT_TYPE(device), key()));
 }
 
-WireCounter* counter(ArvDevice* device)
+WireAccess* wireOf(ArvDevice* device)
 {
-    const auto* held = static_cast<CounterPtr*>(g_object_get_qdata(G_OBJECT(device), key()));
+    const auto* held = static_cast<WirePtr*>(g_object_get_qdata(G_OBJECT(device), key()));
     return held ? held->get() : nullptr;
 }
 
-void countRead(ArvDevice* device)
+// Runs `read` unless the cache has the answer.
+template <typename Read>
+gboolean readThrough(ArvDevice* device, const ReadCache::Key& question, void* buffer, Read read)
 {
-    if (auto* c = counter(device))
-        ++c->reads;
+    WireAccess* wire = wireOf(device);
+    if (!wire)
+        return read();
+    const auto asked = ReadCache::Clock::now();
+    if (wire->cache.find(question, asked, buffer))
+        return TRUE;
+    ++wire->reads;
+    const gboolean answered = read();
+    if (answered)
+        wire->cache.keep(question, asked, buffer);
+    return answered;
 }
 
-void countWrite(ArvDevice* device)
+// Nothing that was read before a write is known any more, whether the write succeeds or not.
+void aboutToWrite(ArvDevice* device)
 {
-    if (auto* c = counter(device))
-        ++c->writes;
+    if (WireAccess* wire = wireOf(device)) {
+        ++wire->writes;
+        wire->cache.clear();
+    }
 }
 
 gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    countRead(device);
-    return originals(device).readMemory(device, address, size, buffer, error);
+    return readThrough(device, {address, size, false}, buffer, [&] {
+        return originals(device).readMemory(device, address, size, buffer, error);
+    });
 }
 
 gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    countWrite(device);
+    aboutToWrite(device);
     return originals(device).writeMemory(device, address, size, buffer, error);
 }
 
 gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)
 {
-    countRead(device);
-    return originals(device).readRegister(device, address, value, error);
+    return readThrough(device, {address, sizeof *value, true}, value, [&] {
+        return originals(device).readRegister(device, address, value, error);
+    });
 }
 
 gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError** error)
 {
-    countWrite(device);
+    aboutToWrite(device);
     return originals(device).writeRegister(device, address, value, error);
 }
 
@@ -87,13 +103,13 @@ void wrapClass(ArvDeviceClass* klass)
 
 } // namespace
 
-CounterPtr WireCounter::attach(ArvDevice* device)
+WirePtr WireAccess::attach(ArvDevice* device)
 {
     wrapClass(ARV_DEVICE_GET_CLASS(device));
-    auto counter = std::make_shared<WireCounter>();
-    g_object_set_qdata_full(G_OBJECT(device), key(), new CounterPtr(counter),
-                            [](gpointer held) { delete static_cast<CounterPtr*>(held); });
-    return counter;
+    auto wire = std::make_shared<WireAccess>();
+    g_object_set_qdata_full(G_OBJECT(device), key(), new WirePtr(wire),
+                            [](gpointer held) { delete static_cast<WirePtr*>(held); });
+    return wire;
 }
 
 } // namespace ZalCPP

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "sdk/bridge/FeatureDescription.h"
+#include "sdk/bridge/WireAccess.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace ZalCPP {
+
+/// Every access to a feature passes through here, on the worker thread. The guard decides how fresh
+/// an answer has to be, and which features are left alone because they never answer.
+///
+/// An answer from the cache is good enough for registers that change only when written. Those that
+/// change by themselves, and whatever a write looks at before it writes, are read anew.
+///
+/// A camera may answer but for one register. Each access to that one would open the breaker, and
+/// have everything reported as changed afterwards. So a feature is given up, for reading or for
+/// writing, when that had no answer three times in a row; the camera has to be opened again to try
+/// once more. A read that took longer than callers wait is one without an answer, because nobody
+/// ever got it; a write that took long did its work.
+class AccessGuard
+{
+public:
+    using Clock = ReadCache::Clock;
+    using Access = std::function<ZalErrorType(const FeatureDescription&)>;
+
+    /// How good an answer has to be.
+    struct Demand
+    {
+        Clock::time_point earliest; ///< No answer counts that the camera gave before.
+        /// Goes on with the read of a moment before, as the text does that follows its size query.
+        bool isContinuation = false;
+    };
+
+    AccessGuard(std::shared_ptr<const CameraDescription> camera, std::shared_ptr<WireAccess> wire);
+
+    // By position of the feature. Any thread.
+    bool hasGivenUpReading(std::size_t feature) const;
+    bool hasGivenUpWriting(std::size_t feature) const;
+
+    // On the worker thread.
+    ZalErrorType read(std::size_t feature, const Access& access, const Demand& demand);
+    ZalErrorType write(std::size_t feature, const Access& access);
+    /// Runs an access that is not to one feature; everything is read anew.
+    ZalErrorType anew(const std::function<ZalErrorType()>& access);
+
+private:
+    void forgetVolatile(const FeatureDescription& feature);
+
+    using Failures = std::vector<std::atomic<int>>; ///< In a row, by position of the feature.
+
+    const std::shared_ptr<const CameraDescription> camera;
+    const std::shared_ptr<WireAccess> wire;
+    Failures reading;
+    Failures writing;
+};
+
+} // namespace ZalCPP

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "sdk/bridge/ReadCache.h"
+
+#include <arv.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+
+namespace ZalCPP {
+
+/// Stands between Aravis and one device: counts the register accesses, and answers reads from the
+/// cache where that is good enough. Any thread may read the numbers; the cache belongs to the
+/// thread that accesses the device.
+///
+/// Aravis has no hook for this, so the access functions of the device's class are wrapped, once per
+/// class; the wrappers find what is attached to the device that they are called for and then go on
+/// to the original function. Devices with nothing attached are not affected. The heartbeat of a
+/// GigE Vision connection does not pass through these functions.
+struct WireAccess
+{
+    std::atomic<std::uint64_t> reads{0}; ///< Those that reached the device.
+    std::atomic<std::uint64_t> writes{0};
+    ReadCache cache;
+
+    /// Works from now on and may outlive the device.
+    static std::shared_ptr<WireAccess> attach(ArvDevice* device);
+};
+
+} // namespace ZalCPP

@@ -1,0 +1,230 @@
+// A camera that answers, but for one register.
+#include "tests/sdk/bridge/BridgeTest.h"
+#include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/WireTap.h"
+
+using namespace BridgeTest;
+
+namespace {
+
+constexpr std::uint64_t PlainRegister = 0x4000;
+constexpr std::uint64_t LockRegister = 0x4100;
+constexpr std::uint64_t TemperatureRegister = 0x4700;
+constexpr int Patience = 3;
+
+} // namespace
+
+class tst_UnansweredFeature : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase() { server.reset(); }
+
+    void isGivenUpAfterThreeTimes();
+    void isGivenUpWhenItAlwaysAnswersTooLate();
+    void answerInBetweenStartsTheCountAnew();
+    void doesNotAffectOtherFeatures();
+    void canStillBeWritten();
+    void isGivenUpForWritingAlone();
+    void isAskedAgainWhenTheCameraIsOpenedAgain();
+    void doesNotHaveEverythingReportedForEver_data();
+    void doesNotHaveEverythingReportedForEver();
+
+private:
+    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    ZalErrorType read(const char* name = "Plain") const;
+    void awaitRecovery() const;
+    void settle() const;
+    void mute(std::uint64_t address);
+    void giveUpReading();
+
+    std::unique_ptr<WireTap> tap;
+    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<ZalCPP::Camera> camera;
+    std::atomic<int> unanswered{0};
+};
+
+void tst_UnansweredFeature::initTestCase()
+{
+    tap = std::make_unique<WireTap>();
+    server = std::make_unique<NastyCamera>();
+}
+
+void tst_UnansweredFeature::init()
+{
+    server->reset();
+    camera = openCamera();
+    unanswered = 0;
+}
+
+void tst_UnansweredFeature::cleanup()
+{
+    camera.reset();
+    tap->onRead(nullptr);
+}
+
+ZalErrorType tst_UnansweredFeature::read(const char* name) const
+{
+    long long value = 0;
+    return find(name)->GetIntegerValue(value);
+}
+
+// The breaker is open for a moment after each time-out.
+void tst_UnansweredFeature::awaitRecovery() const
+{
+    QTRY_COMPARE(read("Masked"), ZalErrorSuccess);
+}
+
+// When the last feature has been reported, the others have been dealt with.
+void tst_UnansweredFeature::settle() const
+{
+    const auto sentinel = std::make_shared<Recorder>();
+    QCOMPARE(find("Constant")->RegisterObserver(sentinel), ZalErrorSuccess);
+    QCOMPARE(find("Constant")->SetIntegerValue(1), ZalErrorSuccess);
+    QTRY_COMPARE(sentinel->count(), 1);
+    QCOMPARE(find("Constant")->UnregisterObserver(sentinel), ZalErrorSuccess);
+}
+
+void tst_UnansweredFeature::mute(std::uint64_t address)
+{
+    tap->onRead([this, address](ArvDevice*, std::uint64_t asked) {
+        if (asked != address)
+            return WireTap::Answer::TheCameras;
+        ++unanswered;
+        return WireTap::Answer::TimeOut;
+    });
+}
+
+void tst_UnansweredFeature::giveUpReading()
+{
+    for (int i = 0; i < Patience; ++i) {
+        QCOMPARE(read(), ZalErrorTimeout);
+        awaitRecovery();
+    }
+}
+
+void tst_UnansweredFeature::isGivenUpAfterThreeTimes()
+{
+    mute(PlainRegister);
+    giveUpReading();
+    QCOMPARE(unanswered, Patience);
+    for (int i = 0; i < 10; ++i)
+        QCOMPARE(read(), ZalErrorTimeout);
+    QCOMPARE(unanswered, Patience);
+    QVERIFY(!camera->IsLost());
+}
+
+void tst_UnansweredFeature::isGivenUpWhenItAlwaysAnswersTooLate()
+{
+    QSemaphore never;
+    tap->onRead([&](ArvDevice*, std::uint64_t address) {
+        if (address == PlainRegister) {
+            ++unanswered;
+            never.tryAcquire(1, 550);
+        }
+        return WireTap::Answer::TheCameras;
+    });
+    giveUpReading();
+    QCOMPARE(read(), ZalErrorTimeout);
+    QCOMPARE(unanswered, Patience);
+    QVERIFY(!camera->IsLost());
+}
+
+void tst_UnansweredFeature::answerInBetweenStartsTheCountAnew()
+{
+    for (int round = 0; round < 3; ++round) {
+        mute(PlainRegister);
+        for (int i = 1; i < Patience; ++i) {
+            QCOMPARE(read(), ZalErrorTimeout);
+            awaitRecovery();
+        }
+        tap->onRead(nullptr);
+        QCOMPARE(read(), ZalErrorSuccess);
+        // A write has everything read again.
+        QCOMPARE(find("Lock")->SetIntegerValue(0), ZalErrorSuccess);
+    }
+}
+
+void tst_UnansweredFeature::doesNotAffectOtherFeatures()
+{
+    mute(PlainRegister);
+    giveUpReading();
+    QCOMPARE(find("Stepped")->SetIntegerValue(6), ZalErrorSuccess);
+    QCOMPARE(integer(find("Stepped")), 6LL);
+    // It shares the register, but is a feature of its own, with a patience of its own.
+    tap->onRead(nullptr);
+    QCOMPARE(integer(find("Doubled")), 0LL);
+    QCOMPARE(read(), ZalErrorTimeout);
+}
+
+void tst_UnansweredFeature::canStillBeWritten()
+{
+    mute(PlainRegister);
+    giveUpReading();
+    QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorSuccess);
+    QCOMPARE(server->reg(PlainRegister), 5U);
+}
+
+// Before each write the camera is asked whether the feature is locked.
+void tst_UnansweredFeature::isGivenUpForWritingAlone()
+{
+    mute(LockRegister);
+    for (int i = 0; i < Patience; ++i) {
+        QCOMPARE(find("Lockable")->SetIntegerValue(5), ZalErrorTimeout);
+        awaitRecovery();
+    }
+    tap->onRead(nullptr);
+    QCOMPARE(find("Lockable")->SetIntegerValue(5), ZalErrorTimeout);
+    QCOMPARE(server->reg(0x4104), 0U);
+    QCOMPARE(integer(find("Lockable")), 0LL);
+}
+
+void tst_UnansweredFeature::isAskedAgainWhenTheCameraIsOpenedAgain()
+{
+    mute(PlainRegister);
+    giveUpReading();
+    tap->onRead(nullptr);
+    QCOMPARE(read(), ZalErrorTimeout);
+    camera.reset();
+    camera = openCamera();
+    QCOMPARE(read(), ZalErrorSuccess);
+}
+
+void tst_UnansweredFeature::doesNotHaveEverythingReportedForEver_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<unsigned>("address");
+    QTest::newRow("read once") << "Plain" << unsigned(PlainRegister);
+    QTest::newRow("polled") << "Temperature" << unsigned(TemperatureRegister);
+}
+
+void tst_UnansweredFeature::doesNotHaveEverythingReportedForEver()
+{
+    QFETCH(QString, name);
+    QFETCH(unsigned, address);
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorSuccess);
+    mute(address);
+    QCOMPARE(find(name.toStdString())->RegisterObserver(recorder), ZalErrorSuccess);
+    // Each recovery has the note reported, and the mute feature once it is given up.
+    QTRY_VERIFY(recorder->count(name.toStdString()) >= 1);
+    awaitRecovery();
+    settle();
+    QVERIFY(recorder->count("Note") >= 1);
+    QVERIFY(recorder->count("Note") <= Patience);
+    QCOMPARE(unanswered, Patience);
+    recorder->clear();
+    const auto before = camera->Counts();
+    // Nothing shall happen, so that there is nothing to wait for but time.
+    QTest::qWait(300);
+    QCOMPARE(recorder->count(), 0);
+    QCOMPARE(unanswered, Patience);
+    QCOMPARE(camera->Counts().reads, before.reads);
+}
+
+QTEST_GUILESS_MAIN(tst_UnansweredFeature)
+#include "tst_UnansweredFeature.moc"
