@@ -85,7 +85,7 @@ QString AdvTriggerBase::SetFeatureValue(const QString& feature, const QVariant& 
     }
     if (actual == requested)
         return QString();
-    return QStringLiteral("  Failed to set %1 = %2, Current value: '%3'\n")
+    return tr("  Failed to set %1 = %2, Current value: '%3'\n")
         .arg(feature, value.toString(), actual.toString());
 }
 

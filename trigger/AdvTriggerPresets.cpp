@@ -11,11 +11,6 @@
 
 namespace {
 
-int IndexOf(const QComboBox& presets, const QString& name)
-{
-    return presets.findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
-}
-
 void AddPreset(QComboBox& box, const PresetFile::Preset& preset, int position)
 {
     box.addItem(preset.name, preset.members.toVariantMap());
@@ -67,9 +62,10 @@ void AdvTriggerBase::OnSelectPreset(int index)
 /// Every ordinary preset starts from a clean state, where the file says what that is.
 void AdvTriggerBase::ApplyTurnOffBefore(const QComboBox& presets, int index)
 {
-    const int turnOff = IndexOf(presets, TURN_OFF_PRESET);
-    const bool keepsState =
-        index == IndexOf(presets, CUSTOM_PRESET) || index == IndexOf(presets, RESET_PRESET);
+    const int turnOff =
+        presets.findText(TURN_OFF_PRESET, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const QString preset = presets.itemText(index);
+    const bool keepsState = preset == CUSTOM_PRESET || preset == RESET_PRESET;
     if (turnOff >= 0 && turnOff != index && !keepsState)
         OnSelectPreset(turnOff);
 }
@@ -80,7 +76,7 @@ QString AdvTriggerBase::ApplyPlan(const PresetFile::Plan& plan)
     for (const PresetFile::Step& step : plan.steps)
         errors += ApplyStep(step);
     if (!plan.command.isEmpty() && !m_featureManager->RunCommand(plan.command))
-        errors += QStringLiteral("  Executing '%1' failed.").arg(plan.command);
+        errors += tr("  Executing '%1' failed.").arg(plan.command);
     return errors;
 }
 

@@ -56,6 +56,23 @@ QPixmap LedImage(const QWidget& screen)
                        : QStringLiteral(":/AdvTriggerWidget/ledon.png"));
 }
 
+/// The tab key goes through the cells row by row and then on to what follows the table. By default
+/// it would go round in the table for ever, and pass over the check boxes.
+void ChainFocus(QTableWidget& table)
+{
+    table.setTabKeyNavigation(false);
+    QWidget* before = &table;
+    for (int cell = 0; cell < table.rowCount() * table.columnCount(); ++cell) {
+        QWidget* placed = table.cellWidget(cell / table.columnCount(), cell % table.columnCount());
+        QWidget* box = placed ? placed->findChild<QCheckBox*>() : nullptr;
+        QWidget* editor = box ? box : placed;
+        if (!editor || editor->focusPolicy() == Qt::NoFocus)
+            continue;
+        QWidget::setTabOrder(before, editor);
+        before = editor;
+    }
+}
+
 void FitToContents(QTableWidget& table)
 {
     for (QHeaderView* header : {table.horizontalHeader(), table.verticalHeader()}) {
@@ -102,6 +119,7 @@ void AdvTriggerBase::CreateIOTable(QTableWidget* table)
         hidden += CreateTableRow(*table, row, lines[row]);
     for (const int column : hidden)
         table->hideColumn(column);
+    ChainFocus(*table);
     FitToContents(*table);
 }
 

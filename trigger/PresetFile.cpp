@@ -108,16 +108,11 @@ void AppendSteps(QVector<PresetFile::Step>& steps, const QString& feature, const
 
 } // namespace
 
-QString PresetFile::FileNameOf(const QString& familyName)
-{
-    QString family = familyName;
-    return QStringLiteral("AdvTrigger_%1_Presets.json").arg(family.remove(QLatin1Char(' ')));
-}
-
 QString PresetFile::PathFor(const QString& applicationDir, const QString& familyName)
 {
     const QString folder = applicationDir + QStringLiteral("/plugins/");
-    const QString familyFile = folder + FileNameOf(familyName);
+    const QString family = QString(familyName).remove(QLatin1Char(' '));
+    const QString familyFile = folder + QStringLiteral("AdvTrigger_%1_Presets.json").arg(family);
     return QFile::exists(familyFile) ? familyFile
                                      : folder + QStringLiteral("AdvTrigger_Presets.json");
 }

@@ -62,9 +62,6 @@ struct Plan
 /// generic one, which may be missing.
 QString PathFor(const QString& applicationDir, const QString& familyName);
 
-/// The name of a family's presets file, without its folder.
-QString FileNameOf(const QString& familyName);
-
 /// Reads the content of a file.
 Content Parse(const QByteArray& json);
 

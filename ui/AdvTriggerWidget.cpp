@@ -2,10 +2,39 @@
 
 #include "features/FeatureManager.h"
 #include "plugin/TabExtensionException.h"
+#include "trigger/SettingsTreeModel.h"
+#include "ui/AdvTriggerDialog.h"
 #include "ui_AdvTriggerWidget.h"
 
 #include <QCoreApplication>
+#include <QDialog>
+#include <QScreen>
+#include <QSignalBlocker>
 #include <QTranslator>
+
+namespace {
+
+/// Shows the wait cursor over a widget as long as it lives.
+class WaitCursor
+{
+public:
+    explicit WaitCursor(QWidget& widget) : m_widget(widget) { m_widget.setCursor(Qt::WaitCursor); }
+    ~WaitCursor() { m_widget.unsetCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+private:
+    QWidget& m_widget;
+};
+
+/// The wanted size, as far as the screen has room for it within a window frame.
+QSize withinScreen(QSize wanted, const QScreen& screen)
+{
+    constexpr QSize windowFrame(16, 48);
+    return wanted.boundedTo(screen.availableSize() - windowFrame);
+}
+
+} // namespace
 
 AdvTriggerWidget::AdvTriggerWidget(const ZalCPP::FeatureList& features, QWidget* parent)
     : AdvTriggerBase(features, parent), m_form(std::make_unique<Ui::AdvTriggerWidget>())
@@ -17,7 +46,6 @@ AdvTriggerWidget::AdvTriggerWidget(const ZalCPP::FeatureList& features, QWidget*
     m_form->setupUi(this);
     exemptFreeWidgets();
     m_form->lbl_notAcquireHint->hide();
-    hideSectionsWithoutContent();
     installTranslator();
 }
 
@@ -45,18 +73,6 @@ void AdvTriggerWidget::exemptFreeWidgets()
                     << QStringLiteral("chkTooltips");
 }
 
-// Presets, line table, status tree and dialog do not work yet: an empty box, an empty table and a
-// button that does nothing would only puzzle. What starts to work leaves this list.
-void AdvTriggerWidget::hideSectionsWithoutContent()
-{
-    m_form->lblSelectPreset->hide();
-    m_form->cmbSelectPreset->hide();
-    m_form->grpAdvancedDialog->hide();
-    m_form->grpInputOutput->hide();
-    m_form->btnTriggerFeaturesStatus->hide();
-    m_form->frmTriggerFeaturesStatus->hide();
-}
-
 // The texts above were translated by whoever installed a translator before: this one serves the
 // texts that are still to come.
 void AdvTriggerWidget::installTranslator()
@@ -76,6 +92,8 @@ void AdvTriggerWidget::showEvent(QShowEvent* event)
     if (!m_shown) {
         m_shown = true;
         bind();
+    } else {
+        m_settingsModel->ResetData();
     }
     BaseTabPluginWidget::showEvent(event);
 }
@@ -83,16 +101,33 @@ void AdvTriggerWidget::showEvent(QShowEvent* event)
 void AdvTriggerWidget::bind()
 {
     InitBaseWidgets();
+    CreateIOTable(m_form->tableWidget);
+    SetupSettingsOverview(m_form->treeView);
+    connect(m_form->btnAdvancedDialog, SIGNAL(clicked()), SLOT(OnClickAdvancedDialog()));
+    LoadPresets(m_form->cmbSelectPreset, QCoreApplication::applicationDirPath());
     m_form->cmbSelectPreset->setCurrentIndex(-1);
-    m_form->btnTriggerFeaturesStatus->setContent(m_form->frmTriggerFeaturesStatus);
+    // Not before: filling the box selects its first preset, which nobody asked for.
+    connect(m_form->cmbSelectPreset, SIGNAL(currentIndexChanged(int)), SLOT(OnSelectPreset(int)));
+    foldStatusSection();
     connect(m_form->chkTooltips, SIGNAL(stateChanged(int)), SLOT(ActivateTooltips(int)));
     RegisterFeatureObserver(false);
 }
 
+// The section unfolds to the height that its frame has now. The overview grows with each trigger,
+// counter and timer that is put to use: until it fills the tab, it is shown whole.
+void AdvTriggerWidget::foldStatusSection()
+{
+    QFrame& frame = *m_form->frmTriggerFeaturesStatus;
+    frame.resize(frame.width(), qMax(frame.sizeHint().height(), height()));
+    m_form->btnTriggerFeaturesStatus->setContent(&frame);
+}
+
 void AdvTriggerWidget::updateInit()
 {
-    if (!m_changedFeatures->isEmpty())
-        UpdateInitBase();
+    if (m_changedFeatures->isEmpty())
+        return;
+    UpdateInitBase();
+    UpdateInitTable(m_form->tableWidget);
 }
 
 void AdvTriggerWidget::SetCustomPreset()
@@ -112,4 +147,51 @@ void AdvTriggerWidget::camIsStreaming(bool streamingIsOn)
     emit CamStreamingOn(streamingIsOn);
     m_form->cmbSelectPreset->setEnabled(!streamingIsOn);
     m_form->lbl_notAcquireHint->setVisible(streamingIsOn);
+}
+
+QString AdvTriggerWidget::dialogTitle() const
+{
+    const QString model = m_featureManager->GetStringValue(QStringLiteral("DeviceModelName"));
+    const QString serial = m_featureManager->GetStringValue(QStringLiteral("DeviceSerialNumber"));
+    return tr("Advanced Trigger IO") + QStringLiteral(" (%1-%2)").arg(model, serial);
+}
+
+void AdvTriggerWidget::OnClickAdvancedDialog()
+{
+    auto dialog = std::make_unique<QDialog>(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(dialogTitle());
+    dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* layout = new QVBoxLayout(dialog.get());
+    const int presetIndex = m_form->cmbSelectPreset->currentIndex();
+    const WaitCursor wait(*this);
+    try {
+        m_dialogContent = new AdvTriggerDialog(m_featureList, presetIndex, dialog.get());
+    } catch (const TabExtensionException&) {
+        return;
+    }
+    layout->addWidget(m_dialogContent);
+    showDialog(std::move(dialog));
+}
+
+void AdvTriggerWidget::showDialog(std::unique_ptr<QDialog> dialog)
+{
+    connect(dialog.get(), SIGNAL(finished(int)), SLOT(showTabWidget(int)));
+    connect(this, SIGNAL(CamStreamingOn(bool)), m_dialogContent, SLOT(disableContents(bool)));
+    dialog->resize(withinScreen(m_dialogContent->size(), *dialog->screen()));
+    setVisible(false);
+    emit dialogWindowDisplayed(true);
+    // From here on it deletes itself when it is closed.
+    dialog.release()->show();
+}
+
+void AdvTriggerWidget::showTabWidget(int /*result*/)
+{
+    const WaitCursor wait(*this);
+    if (m_dialogContent) {
+        const QSignalBlocker silence(m_form->cmbSelectPreset);
+        m_form->cmbSelectPreset->setCurrentIndex(m_dialogContent->getCurrentPresetIndex());
+    }
+    setVisible(true);
+    emit dialogWindowDisplayed(false);
 }

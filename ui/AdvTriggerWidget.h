@@ -2,7 +2,12 @@
 
 #include "trigger/AdvTriggerBase.h"
 
+#include <QPointer>
+
 #include <memory>
+
+class AdvTriggerDialog;
+class QDialog;
 
 namespace Ui {
 class AdvTriggerWidget;
@@ -28,6 +33,14 @@ signals:
     void dialogWindowDisplayed(bool status);
 
 public slots:
+    /// Opens the advanced dialog, modeless and in place of the tab. A camera that no longer answers
+    /// gets none: the tab stays.
+    void OnClickAdvancedDialog();
+
+    /// The dialog has finished, with whatever result: shows the tab again, with the dialog's
+    /// preset as selected but not applied.
+    void showTabWidget(int result);
+
     /// Says that the settings are no preset's any more. Without a preset of that name nothing
     /// changes.
     void SetCustomPreset() override;
@@ -44,10 +57,14 @@ private:
     bool hasTriggerFeatures() const;
     void nameForAccessibility();
     void exemptFreeWidgets();
-    void hideSectionsWithoutContent();
     void installTranslator();
     void bind();
+    void foldStatusSection();
+    QString dialogTitle() const;
+    void showDialog(std::unique_ptr<QDialog> dialog);
 
     bool m_shown = false;
     std::unique_ptr<Ui::AdvTriggerWidget> m_form;
+    /// What the dialog opened last holds; its window owns it.
+    QPointer<AdvTriggerDialog> m_dialogContent;
 };

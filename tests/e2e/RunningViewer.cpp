@@ -32,6 +32,17 @@ QWidget* RunningViewer::tab() const
     return m_window->findChild<QWidget*>(QStringLiteral("AdvTriggerWidget"));
 }
 
+ZalCPP::FeaturePtr RunningViewer::feature(const std::string& name) const
+{
+    for (const ZalCPP::FeaturePtr& candidate : *m_session->features()) {
+        char text[128] = {};
+        std::uint32_t size = sizeof text;
+        if (candidate->GetName(text, size) == ZalErrorSuccess && name == text)
+            return candidate;
+    }
+    return nullptr;
+}
+
 QTimer* RunningViewer::refreshTimer() const
 {
     return tab()->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
@@ -45,17 +56,23 @@ void RunningViewer::waitForTicks(int ticks) const
 
 void RunningViewer::choose(const char* comboBox, const QString& entry) const
 {
-    auto* box = control<QComboBox>(comboBox);
-    const int row = box->findText(entry);
-    if (row < 0 || !box->isEnabled())
-        qFatal("%s offers no entry %s", comboBox, qPrintable(entry));
-    QTest::mouseClick(box, Qt::LeftButton);
-    QAbstractItemView* list = box->view();
+    choose(*control<QComboBox>(comboBox), entry);
+}
+
+void RunningViewer::choose(QComboBox& box, const QString& entry)
+{
+    const int row = box.findText(entry);
+    if (row < 0 || !box.isEnabled())
+        qFatal("%s offers no entry %s", qPrintable(box.objectName()), qPrintable(entry));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QAbstractItemView* list = box.view();
     QVERIFY(QTest::qWaitForWindowExposed(list->window()));
     // Within this time the popup takes a release for the end of the click that opened it.
     QTest::qWait(QApplication::doubleClickInterval());
-    const QModelIndex index = box->model()->index(row, 0);
+    const QModelIndex index = box.model()->index(row, 0);
     list->scrollTo(index);
+    // From elsewhere: the mouse may rest there since the last choice, which would be no move.
+    QTest::mouseMove(list->viewport(), QPoint(1, 1));
     QTest::mouseMove(list->viewport(), list->visualRect(index).center());
     QTRY_COMPARE(list->currentIndex().row(), row);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,

@@ -32,6 +32,8 @@ public:
             qFatal("The tab has no control %s", name);
         return widget;
     }
+    /// The open camera's feature of that name, past the plugin; null when there is none.
+    ZalCPP::FeaturePtr feature(const std::string& name) const;
     /// Ticks of the tab's refresh timer come from here.
     QTimer* refreshTimer() const;
 
@@ -39,6 +41,7 @@ public:
     void waitForTicks(int ticks) const;
 
     /// Picks an entry of a combo box with the mouse: a click on the box, a click on the entry.
+    static void choose(QComboBox& box, const QString& entry);
     void choose(const char* comboBox, const QString& entry) const;
     void click(const char* button) const;
     /// Presses the tool bar's start and stop button.

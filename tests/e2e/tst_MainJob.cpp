@@ -41,17 +41,6 @@ QString readFromOutside(const QString& feature)
     return QString::fromUtf8(client.readAllStandardOutput()).trimmed();
 }
 
-ZalCPP::FeaturePtr featureOf(const CameraSession& session, const std::string& wanted)
-{
-    for (const ZalCPP::FeaturePtr& feature : *session.features()) {
-        char name[128] = {};
-        std::uint32_t size = sizeof name;
-        if (feature->GetName(name, size) == ZalErrorSuccess && wanted == name)
-            return feature;
-    }
-    return nullptr;
-}
-
 /// The description of the model `full` in which the register of TriggerDelay is polled.
 bool writeDescriptionWithPolledDelay(const QString& file)
 {
@@ -149,7 +138,7 @@ void tst_MainJob::aValueThatTheViewerWritesShowsWithinTwoTicks()
     // Not the first tick, which refreshes everything anyway.
     viewer.waitForTicks(1);
     QSignalSpy ticks(viewer.refreshTimer(), &QTimer::timeout);
-    QCOMPARE(featureOf(viewer.session(), "TriggerDelay")->SetFloatValue(777.0), ZalErrorSuccess);
+    QCOMPARE(viewer.feature("TriggerDelay")->SetFloatValue(777.0), ZalErrorSuccess);
     QTRY_COMPARE(delay->value(), 777.0);
     QVERIFY2(ticks.count() <= 2, qPrintable(QString::number(ticks.count())));
 }

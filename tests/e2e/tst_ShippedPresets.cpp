@@ -143,6 +143,8 @@ State resetTriggers()
 const QString Timed = QStringLiteral("ExposureMode=Timed");
 const QString ByWidth = QStringLiteral("ExposureMode=TriggerWidth");
 const QString Continuous = QStringLiteral("AcquisitionMode=Continuous");
+/// What it was before: no tooltip speaks of it.
+const QString SingleFrame = QStringLiteral("AcquisitionMode=SingleFrame");
 
 /// What both models can do.
 QVector<Promise> simplePromises()
@@ -164,11 +166,11 @@ QVector<Promise> genericPromisesOfFull()
     promises[0].state += generatorsOff();
     promises[1].state += generatorsOff();
     promises.append({QStringLiteral("Delayed Trigger (Timer)"),
-                     risingEdgeTrigger("Timer0Active") + delayTimer()});
+                     risingEdgeTrigger("Timer0Active") + delayTimer() + State{SingleFrame}});
     promises.append({QStringLiteral("Every 4th Pulse (Counter)"),
-                     risingEdgeTrigger("Counter0End") + divider()});
-    promises.append(
-        {QStringLiteral("Action Command Trigger"), risingEdgeTrigger("Action0") + actionKeys()});
+                     risingEdgeTrigger("Counter0End") + divider() + State{SingleFrame}});
+    promises.append({QStringLiteral("Action Command Trigger"),
+                     risingEdgeTrigger("Action0") + actionKeys() + State{SingleFrame}});
     return promises;
 }
 

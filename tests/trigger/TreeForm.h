@@ -4,6 +4,7 @@
 #include "tests/support/FakeCamera.h"
 #include "trigger/SettingsTreeModel.h"
 
+#include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QStringList>
 

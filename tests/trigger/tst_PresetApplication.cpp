@@ -121,6 +121,14 @@ void tst_PresetApplication::takesValuesOfEveryKind_data()
     row("text", R"({"DeviceUserID": {"#value": "right"}})", "SetStringValue DeviceUserID=right");
     row("number for a text", R"({"DeviceUserID": {"#value": 42}})",
         "SetStringValue DeviceUserID=42");
+    row("number with an exponent", R"({"DeviceUserID": {"#value": 1e3}})",
+        "SetStringValue DeviceUserID=1000");
+    row("bool for a text", R"({"DeviceUserID": {"#value": true}})",
+        "SetStringValue DeviceUserID=true");
+    row("null for a text", R"({"DeviceUserID": {"#value": null}})", "SetStringValue DeviceUserID=");
+    // Presets are kept as JSON numbers, which are doubles.
+    row("more digits than a double holds", R"({"DeviceUserID": {"#value": 9007199254740993}})",
+        "SetStringValue DeviceUserID=9007199254740992");
 }
 
 void tst_PresetApplication::takesValuesOfEveryKind()
@@ -238,6 +246,15 @@ void tst_PresetApplication::dependentsOfAValueThatCouldNotBeSetAreSkipped_data()
     QTest::newRow("plain value") << QByteArray(R"({"LineMode": "Output"})")
                                  << QStringLiteral("  Failed to set LineMode = , Current value: "
                                                    "'Input'\n");
+    QTest::newRow("value is a list")
+        << QByteArray(R"({"LineSelector": {"#value": ["Line0"], "LineMode": "Output"}})")
+        << QStringLiteral("  Failed to set LineSelector = , Current value: 'Line1'\n");
+    QTest::newRow("value is an object")
+        << QByteArray(R"({"LineSelector": {"#value": {"a": 1}, "LineMode": "Output"}})")
+        << QStringLiteral("  Failed to set LineSelector = , Current value: 'Line1'\n");
+    QTest::newRow("element is no object")
+        << QByteArray(R"({"LineSelector": ["Line0"]})")
+        << QStringLiteral("  Failed to set LineSelector = , Current value: 'Line1'\n");
     QTest::newRow("no value") << QByteArray(R"({"LineSelector": {"LineMode": "Output"}})")
                               << QStringLiteral("  Failed to set LineSelector = , Current value: "
                                                 "'Line1'\n");

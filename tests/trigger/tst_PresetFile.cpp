@@ -1,10 +1,10 @@
 // What the presets file offers and what a preset means, without camera or widgets.
+#include "tests/trigger/Shouting.h"
 #include "trigger/PresetFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
-#include <QTranslator>
 #include <QtTest>
 
 namespace {
@@ -45,18 +45,6 @@ QStringList described(const PresetFile::Plan& plan)
     return lines;
 }
 
-/// Translates the engine's texts into capitals.
-class Shouting : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* source, const char*, int) const override
-    {
-        const bool isOurs = qstrcmp(context, "AdvTriggerBase") == 0;
-        return isOurs ? QString::fromLatin1(source).toUpper() : QString();
-    }
-};
-
 } // namespace
 
 class tst_PresetFile : public QObject
@@ -66,7 +54,6 @@ class tst_PresetFile : public QObject
 private slots:
     void aFamilyNameOfTwoWordsIsJoinedInTheFileName_data();
     void aFamilyNameOfTwoWordsIsJoinedInTheFileName();
-    void theFamilysFileReplacesTheGenericOne();
     void theGenericFileServesWhereTheFamilyHasNone();
 
     void offersWhatIsListedInListOrder();
@@ -76,6 +63,7 @@ private slots:
 
     void buildsToolTips_data();
     void buildsToolTips();
+    void namesAreInsertedAsTheyAre();
     void aPresetThatOnlyExecutesHasOnlyTheItalicLineInItsSettings();
     void angleBracketsOfValuesAreShownAsSuch();
     void theWordsOfToolTipsAreTranslated();
@@ -110,18 +98,12 @@ void tst_PresetFile::aFamilyNameOfTwoWordsIsJoinedInTheFileName_data()
 void tst_PresetFile::aFamilyNameOfTwoWordsIsJoinedInTheFileName()
 {
     QFETCH(QString, family);
-    QTEST(PresetFile::FileNameOf(family), "file");
-}
-
-void tst_PresetFile::theFamilysFileReplacesTheGenericOne()
-{
+    QFETCH(QString, file);
     const QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("plugins")));
-    const QString familyFile =
-        folder.path() + QStringLiteral("/plugins/AdvTrigger_AB_Presets.json");
-    QFile file(familyFile);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(PresetFile::PathFor(folder.path(), QStringLiteral("A B")), familyFile);
+    const QString path = folder.path() + QStringLiteral("/plugins/") + file;
+    QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    QCOMPARE(PresetFile::PathFor(folder.path(), family), path);
 }
 
 void tst_PresetFile::theGenericFileServesWhereTheFamilyHasNone()
@@ -204,6 +186,10 @@ void tst_PresetFile::buildsToolTips_data()
         << QByteArray(R"({"Z": {"#value": 1}, "A": {"#value": 2}, "#execute": "C"})")
         << QStringLiteral("<b>P</b><br><br>Settings:<blockquote><i> Execute: C</i><br><b>A</b>: 2"
                           "<br><b>Z</b>: 1<br></blockquote>\n");
+    QTest::newRow("empty command")
+        << QByteArray(R"({"#execute": ""})")
+        << QStringLiteral("<b>P</b><br><br>Settings:<blockquote><i> Execute: </i><br>"
+                          "</blockquote>\n");
     QTest::newRow("lists and plain values are not shown")
         << QByteArray(R"({"L": [{"#value": "E"}], "F": 3})") << QStringLiteral("<b>P</b><br>");
     QTest::newRow("nested values have no text")
@@ -220,6 +206,15 @@ void tst_PresetFile::buildsToolTips()
 {
     QFETCH(QByteArray, members);
     QTEST(toolTipOf(members), "toolTip");
+}
+
+void tst_PresetFile::namesAreInsertedAsTheyAre()
+{
+    const auto content = PresetFile::Parse(R"({"#presets": ["<i>P</i>&%1"],
+        "<i>P</i>&%1": {"#execute": "<C>", "<S>": {"#value": "a&b", "<D>": 1}}})");
+    QCOMPARE(content.presets.first().toolTip,
+             QStringLiteral("<b><i>P</i>&%1</b><br><br>Settings:<blockquote><i> Execute: <C></i>"
+                            "<br><b><S></b>: a&b<br><D>: 1<br></blockquote>\n"));
 }
 
 void tst_PresetFile::aPresetThatOnlyExecutesHasOnlyTheItalicLineInItsSettings()
@@ -270,12 +265,15 @@ void tst_PresetFile::takesValuesAsText_data()
     QTest::newRow("number") << QByteArray("12") << QStringLiteral("12");
     QTest::newRow("fraction") << QByteArray("0.1") << QStringLiteral("0.1");
     QTest::newRow("large") << QByteArray("4294967295") << QStringLiteral("4294967295");
-    QTest::newRow("largest integer")
-        << QByteArray("9223372036854775807") << QStringLiteral("9223372036854775807");
+    QTest::newRow("exponent") << QByteArray("1e3") << QStringLiteral("1000");
+    QTest::newRow("whole fraction") << QByteArray("1.0") << QStringLiteral("1");
+    QTest::newRow("negative zero") << QByteArray("-0") << QStringLiteral("0");
+    QTest::newRow("beyond integers") << QByteArray("1e20") << QStringLiteral("1e+20");
     QTest::newRow("true") << QByteArray("true") << QStringLiteral("true");
     QTest::newRow("false") << QByteArray("false") << QStringLiteral("false");
     QTest::newRow("null") << QByteArray("null") << QString();
-    QTest::newRow("object") << QByteArray("{}") << QString();
+    QTest::newRow("object") << QByteArray(R"({"a": 1})") << QString();
+    QTest::newRow("list") << QByteArray(R"(["Line0"])") << QString();
 }
 
 void tst_PresetFile::takesValuesAsText()
@@ -330,6 +328,10 @@ void tst_PresetFile::keepsTheTypesOfDependents()
     const auto plan =
         PresetFile::PlanOf(object(R"({"S": {"#value": "E", "B": false, "N": 2.5, "T": "x"}})"));
     const QVariantMap dependents = plan.steps.first().dependents;
+    // Variants of different types may compare as equal.
+    QCOMPARE(dependents.value(QStringLiteral("B")).userType(), int(QMetaType::Bool));
+    QCOMPARE(dependents.value(QStringLiteral("N")).userType(), int(QMetaType::Double));
+    QCOMPARE(dependents.value(QStringLiteral("T")).userType(), int(QMetaType::QString));
     QCOMPARE(dependents.value(QStringLiteral("B")), QVariant(false));
     QCOMPARE(dependents.value(QStringLiteral("N")), QVariant(2.5));
     QCOMPARE(dependents.value(QStringLiteral("T")), QVariant(QStringLiteral("x")));

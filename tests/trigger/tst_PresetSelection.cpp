@@ -2,12 +2,13 @@
 // it.
 #include "tests/trigger/MessageBoxes.h"
 #include "tests/trigger/PresetForm.h"
+#include "tests/trigger/Shouting.h"
 
 #include <QtTest>
 
 namespace {
 
-/// Each preset leaves a trace of its own; all but "Custom" and "Other" fail to set the first line.
+/// Each preset leaves a trace of its own.
 const QByteArray Traces = R"({
     "#presets": ["Custom", "Turn Off All", "Reset All", "Other", "turn off all"],
     "Custom": {"DeviceUserID": {"#value": "custom"}},
@@ -47,6 +48,8 @@ private slots:
     void turnsOffAllBeforeOrdinaryPresetsOnly();
     void withoutTurnOffAllOrdinaryPresetsStandAlone();
     void aPresetOfTheSameNameInOtherLettersIsNoTurnOff();
+    void choosingNoPresetTurnsOffAllWhateverElseIsOffered_data();
+    void choosingNoPresetTurnsOffAllWhateverElseIsOffered();
 
     void aPresetThatSucceedsShowsNoBoxAndResetsTheOverview();
     void everyApplicationResetsTheOverview();
@@ -56,6 +59,7 @@ private slots:
     void collectsAllLinesInOneBox();
     void aFailedCommandIsReported();
     void errorsAreShownAsPlainText();
+    void theErrorBoxIsTranslated();
     void turnOffAllHasItsOwnBoxAndEndsBeforeTheOuterPreset();
     void isReadyForTheNextPresetAfterAnError();
 
@@ -102,6 +106,28 @@ void tst_PresetSelection::aPresetOfTheSameNameInOtherLettersIsNoTurnOff()
         "P": {"DeviceUserID": {"#value": "p"}}})");
     form.box.setCurrentIndex(1);
     QCOMPARE(writesOf(*camera), QStringList{trace("p")});
+}
+
+void tst_PresetSelection::choosingNoPresetTurnsOffAllWhateverElseIsOffered_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("all fixed names") << Traces;
+    QTest::newRow("only this one") << QByteArray(R"({"#presets": ["Turn Off All"],
+        "Turn Off All": {"DeviceUserID": {"#value": "off"}}})");
+}
+
+void tst_PresetSelection::choosingNoPresetTurnsOffAllWhateverElseIsOffered()
+{
+    QFETCH(QByteArray, json);
+    const auto camera = lineCamera();
+    const PresetForm form(*camera, json);
+    {
+        const QSignalBlocker blocker(form.box);
+        form.box.setCurrentIndex(0);
+    }
+    form.box.setCurrentIndex(-1);
+    QCOMPARE(writesOf(*camera), QStringList{trace("off")});
+    QCOMPARE(form.overviewResets, 2);
 }
 
 void tst_PresetSelection::aPresetThatSucceedsShowsNoBoxAndResetsTheOverview()
@@ -193,6 +219,22 @@ void tst_PresetSelection::errorsAreShownAsPlainText()
     QCOMPARE(format, Qt::PlainText);
 }
 
+void tst_PresetSelection::theErrorBoxIsTranslated()
+{
+    const auto camera = lineCamera();
+    const PresetForm form(
+        *camera, onePreset(R"({"LineSelector": {"#value": "Line9"}, "#execute": "NoCommand"})"));
+    Shouting translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const MessageBoxes boxes;
+    form.select(QStringLiteral("P"));
+    QCOMPARE(boxes.shown.size(), 1);
+    QCOMPARE(boxes.shown.first().title, QStringLiteral("SELECT PRESET: P"));
+    QCOMPARE(boxes.shown.first().text,
+             QStringLiteral("ERROR(S) ON SETTING THE PRESET:\n\n  FAILED TO SET LineSelector = "
+                            "Line9, CURRENT VALUE: 'Line1'\n  EXECUTING 'NoCommand' FAILED."));
+}
+
 void tst_PresetSelection::turnOffAllHasItsOwnBoxAndEndsBeforeTheOuterPreset()
 {
     const auto camera = lineCamera();
@@ -251,10 +293,14 @@ void tst_PresetSelection::aHostMayDestroyTheFormWhileTheBoxOfTurnOffAllIsOpen()
     const auto camera = lineCamera();
     auto form = std::make_unique<PresetForm>(*camera, Failing);
     const QPointer<QComboBox> box(&form->box);
-    const MessageBoxes boxes([&](QMessageBox&) { form.reset(); });
+    int calls = -1;
+    const MessageBoxes boxes([&](QMessageBox&) {
+        form.reset();
+        calls = static_cast<int>(camera->calls().size());
+    });
     box->setCurrentIndex(1);
     QCOMPARE(boxes.shown.size(), 1);
-    QVERIFY(!writesOf(*camera).contains(trace("other")));
+    QCOMPARE(static_cast<int>(camera->calls().size()), calls);
     QTRY_VERIFY(!box);
 }
 

@@ -2,6 +2,7 @@
 #include "tests/trigger/TreeForm.h"
 
 #include <QFont>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -80,10 +81,9 @@ void tst_SettingsTree::activeTriggerIsShownWithItsSettings()
 {
     const auto camera = triggerCamera();
     const TreeForm form(*camera);
-    QCOMPARE(form.lines(),
-             (QStringList{"Counter: inactive", "Timer: inactive", "Trigger: FrameStart",
-                          "  TriggerMode: On", "  TriggerSource: Software",
-                          "  TriggerDelay: 0.5"}));
+    QCOMPARE(form.lines(), (QStringList{"Counter: inactive", "Timer: inactive",
+                                        "Trigger: FrameStart", "  TriggerMode: On",
+                                        "  TriggerSource: Software", "  TriggerDelay: 0.5"}));
     QCOMPARE((*camera)["TriggerSelector"].state().text, std::string("LineStart"));
 }
 
@@ -101,7 +101,8 @@ void tst_SettingsTree::severalActiveEntriesAreShownInTheCamerasOrder()
 
 void tst_SettingsTree::branchTitleIsBold()
 {
-    const TreeForm form(*triggerCamera());
+    const auto camera = triggerCamera();
+    const TreeForm form(*camera);
     QCOMPARE(form.model().item(2, 0)->font().weight(), 75);
     QVERIFY(form.model().item(2, 1)->font().weight() < 75);
     QVERIFY(form.model().item(0, 0)->font().weight() < 75);
@@ -110,7 +111,8 @@ void tst_SettingsTree::branchTitleIsBold()
 
 void tst_SettingsTree::settingsCarryTheirSelectorAndEntry()
 {
-    const TreeForm form(*triggerCamera());
+    const auto camera = triggerCamera();
+    const TreeForm form(*camera);
     const QStandardItem* branch = form.model().item(2, 0);
     for (int row = 0; row < branch->rowCount(); ++row) {
         QCOMPARE(branch->child(row, 0)->data(Qt::UserRole).toString(),
@@ -122,7 +124,8 @@ void tst_SettingsTree::settingsCarryTheirSelectorAndEntry()
 
 void tst_SettingsTree::inactiveRowIsMarked()
 {
-    const TreeForm form(*triggerCamera());
+    const auto camera = triggerCamera();
+    const TreeForm form(*camera);
     QCOMPARE(form.model().item(0, 0)->data(Qt::UserRole).toString(), QString("inactive"));
     QCOMPARE(form.model().columnCount(), 2);
     QCOMPARE(form.model().item(0, 0)->rowCount(), 0);
@@ -164,9 +167,12 @@ void tst_SettingsTree::statusIsComparedExactly_data()
 {
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("branch");
-    QTest::newRow("off") << "Off" << "Trigger: inactive";
-    QTest::newRow("in other letters") << "OFF" << "Trigger: FrameStart";
-    QTest::newRow("longer") << "Off2" << "Trigger: FrameStart";
+    QTest::newRow("off") << "Off"
+                         << "Trigger: inactive";
+    QTest::newRow("in other letters") << "OFF"
+                                      << "Trigger: FrameStart";
+    QTest::newRow("longer") << "Off2"
+                            << "Trigger: FrameStart";
     QTest::newRow("unreadable") << QString() << "Trigger: FrameStart";
 }
 
@@ -215,8 +221,7 @@ void tst_SettingsTree::commandsAndUnwritableFeaturesAreLeftOut()
     const TreeForm form(*camera);
     QCOMPARE(form.lines().mid(3),
              (QStringList{"  TriggerMode: On", "  TriggerSource: Software", "  TriggerDelay: 0.5",
-                          "  TriggerDivider: 1e+06", "  TriggerFlag: 1",
-                          "  TriggerNote: a text"}));
+                          "  TriggerDivider: 1e+06", "  TriggerFlag: 1", "  TriggerNote: a text"}));
 }
 
 void tst_SettingsTree::accessIsAskedPerEntry()

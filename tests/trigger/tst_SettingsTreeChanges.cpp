@@ -177,9 +177,8 @@ void tst_SettingsTreeChanges::statusOffOfOneOfTwoKeepsTheOther()
     (*camera)["TriggerMode"].stateFor("LineStart").text = "On";
     form->tree.ResetData();
     switchTo("Off");
-    QCOMPARE(triggerLines(),
-             (QStringList{"Trigger: FrameStart", "  TriggerMode: On", "  TriggerSource: Software",
-                          "  TriggerDelay: 0.5"}));
+    QCOMPARE(triggerLines(), (QStringList{"Trigger: FrameStart", "  TriggerMode: On",
+                                          "  TriggerSource: Software", "  TriggerDelay: 0.5"}));
 }
 
 void tst_SettingsTreeChanges::statusOffTwiceLeavesOneInactiveRow()
@@ -204,9 +203,8 @@ void tst_SettingsTreeChanges::statusOnAddsTheBranch()
     select("LineStart");
     (*camera)["TriggerDelay"].stateFor("LineStart").real = 3;
     switchTo("On");
-    QCOMPARE(triggerLines(),
-             (QStringList{"Trigger: LineStart", "  TriggerMode: On", "  TriggerSource: Software",
-                          "  TriggerDelay: 3"}));
+    QCOMPARE(triggerLines(), (QStringList{"Trigger: LineStart", "  TriggerMode: On",
+                                          "  TriggerSource: Software", "  TriggerDelay: 3"}));
     QCOMPARE(form->model().item(2, 0)->font().weight(), 75);
 }
 
@@ -233,9 +231,8 @@ void tst_SettingsTreeChanges::statusSwitchedOffAndOnIsCurrent()
     switchTo("Off");
     (*camera)["TriggerSource"].state().text = "Line0";
     switchTo("On");
-    QCOMPARE(triggerLines(),
-             (QStringList{"Trigger: FrameStart", "  TriggerMode: On", "  TriggerSource: Line0",
-                          "  TriggerDelay: 0.5"}));
+    QCOMPARE(triggerLines(), (QStringList{"Trigger: FrameStart", "  TriggerMode: On",
+                                          "  TriggerSource: Line0", "  TriggerDelay: 0.5"}));
 }
 
 void tst_SettingsTreeChanges::statusWithoutSelectedEntryAddsNothing()

@@ -4,6 +4,7 @@
 #include "ui/AdvTriggerWidget.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <memory>
@@ -13,6 +14,7 @@ class TabUnderTest : public AdvTriggerWidget
 {
 public:
     using AdvTriggerBase::m_exemptWidgets;
+    using AdvTriggerBase::m_settingsModel;
     using AdvTriggerWidget::AdvTriggerWidget;
     using AdvTriggerWidget::updateInit;
     using BaseTabPluginWidget::m_changedFeatures;
@@ -65,4 +67,11 @@ inline QStringList toList(const std::vector<std::string>& texts)
     for (const std::string& text : texts)
         list << QString::fromStdString(text);
     return list;
+}
+
+/// What was written beside the selectors, which the tab steps through their entries to read what
+/// they govern.
+inline QStringList settingsWritten(const Fake::FakeCamera& camera)
+{
+    return toList(camera.writes()).filter(QRegularExpression(QStringLiteral("^(?!.*Selector=)")));
 }

@@ -174,7 +174,7 @@ void tst_AdvTriggerWidgetEditing::softwareTriggerFollowsTheSource()
     shown->tab.tick();
     QVERIFY(!shown->find("btnTriggerSoftware")->isEnabled());
     QTest::mouseClick(shown->find("btnTriggerSoftware"), Qt::LeftButton);
-    QCOMPARE(writes(), QStringList{"SetStringValue TriggerSource=Line0"});
+    QCOMPARE(settingsWritten(*shown->camera), QStringList{"SetStringValue TriggerSource=Line0"});
 }
 
 void tst_AdvTriggerWidgetEditing::selectorShowsTheSelectedTriggersSettings()

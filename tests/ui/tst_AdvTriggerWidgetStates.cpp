@@ -130,7 +130,7 @@ void tst_AdvTriggerWidgetStates::cameraThatComesBackIsShownAgain()
     refreshAll(*shown);
     QVERIFY(shown->find("cmbTriggerMode")->isEnabled());
     QVERIFY(shown->find("btnTriggerSoftware")->isEnabled());
-    QCOMPARE(toList(shown->camera->writes()), QStringList());
+    QCOMPARE(settingsWritten(*shown->camera), QStringList());
 }
 
 QTEST_MAIN(tst_AdvTriggerWidgetStates)

@@ -1,5 +1,6 @@
 // Mistakes in a form that neither its compiler nor the engine reports: a name that binds to
 // nothing, a label without its widget, a widget that the Tab key leaves out.
+#include "tests/ui/DialogUnderTest.h"
 #include "tests/ui/TabUnderTest.h"
 
 #include <QComboBox>
@@ -27,18 +28,10 @@ struct FormFile
 {
     QByteArray content;
     QStringList names; ///< Of widgets, layouts and spacers.
+    QStringList widgets;
     QStringList tabStops;
-    QStringList texts;   ///< The translatable ones.
-    QStringList handled; ///< Names of widgets that take the keyboard focus.
+    QStringList texts; ///< The translatable ones.
 };
-
-bool takesFocus(const QString& kind)
-{
-    static const QSet<QString> kinds = {
-        "QComboBox",   "QLineEdit",    "QSpinBox",  "QDoubleSpinBox",   "QCheckBox",
-        "QPushButton", "QTableWidget", "QTreeView", "CollapsingButton", "QScrollArea"};
-    return kinds.contains(kind);
-}
 
 void readElement(QXmlStreamReader& xml, FormFile& form)
 {
@@ -47,28 +40,49 @@ void readElement(QXmlStreamReader& xml, FormFile& form)
     const QString name = attributes.value("name").toString();
     if (element == "widget" || element == "layout" || element == "spacer")
         form.names << name;
-    if (element == "widget" && takesFocus(attributes.value("class").toString()))
-        form.handled << name;
+    if (element == "widget")
+        form.widgets << name;
     if (element == "tabstop")
         form.tabStops << xml.readElementText();
     if (element == "string" && attributes.value("notr") != QLatin1String("true"))
         form.texts << xml.readElementText();
 }
 
-FormFile readForm()
+FormFile readForm(const QString& name)
 {
     FormFile form;
-    QFile file(QStringLiteral(FORM_FILE));
+    QFile file(QStringLiteral(FORM_FOLDER "/") + name);
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", FORM_FILE);
+        qFatal("cannot read %s", qPrintable(name));
     form.content = file.readAll();
     QXmlStreamReader xml(form.content);
     while (!xml.atEnd())
         if (xml.readNext() == QXmlStreamReader::StartElement)
             readElement(xml, form);
     if (xml.hasError())
-        qFatal("%s: %s", FORM_FILE, qPrintable(xml.errorString()));
+        qFatal("%s: %s", qPrintable(name), qPrintable(xml.errorString()));
     return form;
+}
+
+/// A form in both shapes: its file, and the widget that was built with it.
+struct Form
+{
+    FormFile file;
+    QWidget* root;
+    QStringList exempt;
+    int inputs; ///< How many input widgets it has.
+};
+
+/// A label that tells something by itself, for example what the camera lacks.
+bool isHint(const QLabel& label)
+{
+    return label.objectName().startsWith("lbl_");
+}
+
+/// Cells of the table of lines are not in the form's file.
+bool isCell(const QWidget& widget)
+{
+    return widget.objectName().contains('_') && !widget.objectName().startsWith("lbl_");
 }
 
 QStringList sorted(QStringList list)
@@ -88,77 +102,129 @@ private slots:
     void inputWidgetNamesAFeatureOrIsExempt();
     void labelBelongsToTheWidgetThatItNames_data();
     void labelBelongsToTheWidgetThatItNames();
+    void namesAreUnique_data();
     void namesAreUnique();
+    void everyFocusWidgetIsATabStopOnce_data();
     void everyFocusWidgetIsATabStopOnce();
+    void fileIsUtf8_data();
     void fileIsUtf8();
     void textsAreTheAgreedOnes();
 
 private:
-    TabOnCamera form;
-    FormFile file = readForm();
+    void addForms() const;
+    const Form& form(const QString& name) const { return name.contains("Dialog") ? dialog : tab; }
+    const Form& currentForm() const
+    {
+        QFETCH(QString, name);
+        return form(name);
+    }
+
+    TabOnCamera builtTab;
+    DialogOnCamera builtDialog;
+    const Form tab{readForm("AdvTriggerWidget.ui"), &builtTab.tab, builtTab.tab.m_exemptWidgets, 9};
+    const Form dialog{readForm("AdvTriggerDialog.ui"), builtDialog.content,
+                      builtDialog.content->m_exemptWidgets, 51};
 };
+
+void tst_FormLint::addForms() const
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"AdvTriggerWidget", "AdvTriggerDialog"})
+        QTest::newRow(name) << QString(name);
+}
 
 void tst_FormLint::inputWidgetNamesAFeatureOrIsExempt_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("widget");
     QTest::addColumn<QString>("prefix");
-    int rows = 0;
-    for (const QWidget* widget : form.tab.findChildren<QWidget*>()) {
-        const QString prefix = prefixOf(widget);
-        if (prefix.isEmpty() || widget->objectName() == "qt_spinbox_lineedit")
-            continue;
-        QTest::newRow(qPrintable(widget->objectName())) << prefix;
-        ++rows;
+    for (const char* name : {"AdvTriggerWidget", "AdvTriggerDialog"}) {
+        int rows = 0;
+        for (const QWidget* widget : form(name).root->findChildren<QWidget*>()) {
+            const QString prefix = prefixOf(widget);
+            if (prefix.isEmpty() || widget->objectName() == "qt_spinbox_lineedit" ||
+                isCell(*widget))
+                continue;
+            QTest::addRow("%s %s", name, qPrintable(widget->objectName()))
+                << QString(name) << widget->objectName() << prefix;
+            ++rows;
+        }
+        QCOMPARE(rows, form(name).inputs);
     }
-    QCOMPARE(rows, 9);
 }
 
 void tst_FormLint::inputWidgetNamesAFeatureOrIsExempt()
 {
+    QFETCH(QString, widget);
     QFETCH(QString, prefix);
-    const QString name = QTest::currentDataTag();
-    QCOMPARE(name.left(3), prefix);
-    const bool isFeature = form.camera->find(name.mid(3).toStdString()) != nullptr;
-    QVERIFY(isFeature != form.tab.m_exemptWidgets.contains(name));
+    QCOMPARE(widget.left(3), prefix);
+    const bool isFeature = builtTab.camera->find(widget.mid(3).toStdString()) != nullptr;
+    QVERIFY(isFeature != currentForm().exempt.contains(widget));
 }
 
 void tst_FormLint::labelBelongsToTheWidgetThatItNames_data()
 {
-    QTest::addColumn<bool>("exempt");
-    for (const QLabel* label : form.tab.findChildren<QLabel*>())
-        if (label->objectName().startsWith("lbl"))
-            QTest::newRow(qPrintable(label->objectName()))
-                << form.tab.m_exemptWidgets.contains(label->objectName());
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("label");
+    for (const char* name : {"AdvTriggerWidget", "AdvTriggerDialog"})
+        for (const QLabel* label : form(name).root->findChildren<QLabel*>())
+            if (label->objectName().startsWith("lbl") && !isCell(*label))
+                QTest::addRow("%s %s", name, qPrintable(label->objectName()))
+                    << QString(name) << label->objectName();
 }
 
 void tst_FormLint::labelBelongsToTheWidgetThatItNames()
 {
-    QFETCH(bool, exempt);
-    const auto* label = form.find<QLabel>(QTest::currentDataTag());
-    QCOMPARE(label->buddy() == nullptr, exempt);
-    if (!exempt)
-        QCOMPARE(label->buddy()->objectName().mid(3), label->objectName().mid(3));
+    QFETCH(QString, label);
+    const auto* widget = currentForm().root->findChild<QLabel*>(label);
+    QCOMPARE(widget->buddy() == nullptr, isHint(*widget));
+    if (!isHint(*widget))
+        QCOMPARE(widget->buddy()->objectName().mid(3), label.mid(3));
+}
+
+void tst_FormLint::namesAreUnique_data()
+{
+    addForms();
 }
 
 void tst_FormLint::namesAreUnique()
 {
-    QStringList unique = file.names;
+    const QStringList names = currentForm().file.names;
+    QStringList unique = names;
     unique.removeDuplicates();
-    QCOMPARE(file.names, unique);
-    QVERIFY(!file.names.contains(QString()));
+    QCOMPARE(names, unique);
+    QVERIFY(!names.contains(QString()));
+}
+
+void tst_FormLint::everyFocusWidgetIsATabStopOnce_data()
+{
+    addForms();
 }
 
 void tst_FormLint::everyFocusWidgetIsATabStopOnce()
 {
-    QCOMPARE(sorted(file.tabStops), sorted(file.handled));
+    QStringList takeFocus;
+    for (const QString& name : currentForm().file.widgets) {
+        const auto* widget = currentForm().root->findChild<QWidget*>(name);
+        if (widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0)
+            takeFocus << name;
+    }
+    QVERIFY(takeFocus.size() > 10);
+    QCOMPARE(sorted(currentForm().file.tabStops), sorted(takeFocus));
+}
+
+void tst_FormLint::fileIsUtf8_data()
+{
+    addForms();
 }
 
 void tst_FormLint::fileIsUtf8()
 {
+    const QByteArray& content = currentForm().file.content;
     QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(file.content.constData(), file.content.size(),
-                                                 &state);
+    QTextCodec::codecForName("UTF-8")->toUnicode(content.constData(), content.size(), &state);
     QCOMPARE(state.invalidChars, 0);
-    QVERIFY(file.content.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
+    QVERIFY(content.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
 }
 
 void tst_FormLint::textsAreTheAgreedOnes()
@@ -190,7 +256,7 @@ void tst_FormLint::textsAreTheAgreedOnes()
                                   "Status",
                                   "LineStatus",
                                   "Show Trigger Features Status:"};
-    QCOMPARE(file.texts, expected);
+    QCOMPARE(tab.file.texts, expected);
 }
 
 QTEST_MAIN(tst_FormLint)

@@ -1,0 +1,123 @@
+// A line table on a camera that fails at any one call, or disappears: nothing breaks, nothing but
+// what the user changed is written, and the next refresh shows the truth again.
+#include "tests/trigger/TableForm.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+const QStringList everything = {"LineMode",   "LineInverter",     "LineSource",
+                                "LineStatus", "LineDebounceMode", "LineDebounceDuration"};
+
+/// What a user of the table does: open it, see a change, edit.
+void use(TableForm& form)
+{
+    form.CreateIOTable(&form.table);
+    form.refreshTable(everything);
+    if (auto* mode = form.findChild<QComboBox*>("cmbLine0_LineMode"))
+        mode->setCurrentText("Output");
+    if (auto* inverter = form.findChild<QCheckBox*>("chkLine0_LineInverter"))
+        inverter->setChecked(true);
+    if (auto* duration = form.findChild<QDoubleSpinBox*>("spbLine0_LineDebounceDuration"))
+        duration->stepUp();
+}
+
+int callsOfOneUse()
+{
+    const auto camera = tableCamera({"Line0"});
+    TableForm form(*camera);
+    camera->clearLog();
+    use(form);
+    return int(camera->calls().size());
+}
+
+/// Empty when the cells show what the camera has, else the cell that does not.
+QString untrueCell(const TableForm& form, const Fake::FakeCamera& camera)
+{
+    const auto state = [&](const char* name) -> const Fake::State& { return camera[name].state(); };
+    const auto* mode = form.findChild<QComboBox*>("cmbLine0_LineMode");
+    if (mode && mode->currentText().toStdString() != state("LineMode").text)
+        return mode->objectName();
+    const auto* inverter = form.findChild<QCheckBox*>("chkLine0_LineInverter");
+    if (inverter && inverter->isChecked() != state("LineInverter").boolean)
+        return inverter->objectName();
+    const auto* lamp = form.findChild<QLabel*>("lblLine0_LineStatus");
+    if (lamp && lamp->isEnabled() != state("LineStatus").boolean)
+        return lamp->objectName();
+    return QString();
+}
+
+} // namespace
+
+class tst_TableFailures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void anyOneFailingCallIsMendedByTheNextRefresh();
+    void cameraThatDisappearsWithAnyWriteBreaksNothing();
+    void refusedSelectorShowsTheOneLineAndDropsEdits();
+};
+
+void tst_TableFailures::anyOneFailingCallIsMendedByTheNextRefresh()
+{
+    const QRegularExpression notEdited("^(?!LineSelector=|LineMode=|LineInverter=|"
+                                       "LineDebounceDuration=)");
+    const int calls = callsOfOneUse();
+    QVERIFY(calls > 100);
+    for (int n = 1; n <= calls; ++n) {
+        const auto camera = tableCamera({"Line0"});
+        TableForm form(*camera);
+        camera->clearLog();
+        camera->failNthCall(n);
+        use(form);
+        camera->clearFailures();
+        form.refreshTable(everything);
+        const QString untrue = untrueCell(form, *camera);
+        QVERIFY2(untrue.isEmpty(), qPrintable(QString("%1 after call %2").arg(untrue).arg(n)));
+        QCOMPARE(tableWrites(*camera).filter(notEdited), QStringList());
+    }
+}
+
+void tst_TableFailures::cameraThatDisappearsWithAnyWriteBreaksNothing()
+{
+    const auto healthy = tableCamera({"Line0"});
+    TableForm counted(*healthy);
+    healthy->clearLog();
+    use(counted);
+    const int writes = int(healthy->writes().size());
+    QVERIFY(writes > 6);
+    for (int n = 1; n <= writes; ++n) {
+        const auto camera = tableCamera({"Line0"});
+        TableForm form(*camera);
+        int left = n;
+        for (const char* feature :
+             {"LineSelector", "LineMode", "LineInverter", "LineDebounceDuration"})
+            (*camera)[feature].onWrite = [&](Fake::FakeFeature&) {
+                if (--left == 0)
+                    camera->failEverything();
+            };
+        use(form);
+        form.refreshTable(everything);
+        QCOMPARE(left, 0);
+        for (const QWidget* editor : form.table.findChildren<QComboBox*>())
+            QVERIFY2(!editor->isEnabled(), qPrintable(editor->objectName()));
+    }
+}
+
+void tst_TableFailures::refusedSelectorShowsTheOneLineAndDropsEdits()
+{
+    const auto camera = tableCamera();
+    (*camera)["LineMode"].stateFor("Line1").text = "Output";
+    camera->failCall("SetStringValue", "LineSelector");
+    TableForm form(*camera);
+    form.build();
+    // Every row shows the line that the camera has selected; edits are dropped.
+    QCOMPARE(form.cell<QComboBox>("cmbLine1_LineMode").currentText(), QString("Input"));
+    form.cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Output");
+    QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=Line1"});
+}
+
+QTEST_MAIN(tst_TableFailures)
+#include "tst_TableFailures.moc"

@@ -1,0 +1,407 @@
+// The form as a user has it on the screen: sections that fold, columns, room for every text, and
+// the keyboard's way through it.
+#include "tests/ui/DialogUnderTest.h"
+#include "widgets/CollapsingButton.h"
+
+#include <QScrollBar>
+
+namespace {
+
+const QMap<QString, QString>& contents()
+{
+    static const QMap<QString, QString> sections = {
+        {"btnConfigureTriggerSources", "frmConfigureTriggerSources"},
+        {"btnConfigureInputOutput", "frmConfigureInputOutput"},
+        {"btnConfigureAcquisitionMode", "frmConfigureAcquisitionMode"},
+        {"btnConfigureActionCommand", "frmActionCommand"},
+        {"btnConfigureSoftwareSignal", "frmSoftwareSignal"},
+        {"btnConfigureCounterTimer", "frmCounterTimer"}};
+    return sections;
+}
+
+/// The fields in the order in which somebody reads them, section by section.
+QStringList readingOrder()
+{
+    return {"cmbSelectPreset",
+            "chkTooltips",
+            "btnConfigureTriggerSources",
+            "cmbTriggerSelector",
+            "cmbTriggerMode",
+            "cmbTriggerSource",
+            "cmbTriggerActivation",
+            "spbTriggerDelay",
+            "btnTriggerSoftware",
+            "btnConfigureInputOutput",
+            "tableWidget",
+            "btnConfigureAcquisitionMode",
+            "cmbAcquisitionMode",
+            "spbAcquisitionFrameCount",
+            "cmbExposureMode",
+            "btnConfigureActionCommand",
+            "spbActionSelector",
+            "txtActionDeviceKey",
+            "txtActionGroupKey",
+            "txtActionGroupMask",
+            "txtActionQueueSize",
+            "chkPtpEnable",
+            "cmbPtpOperationMode",
+            "txtPtpStatus",
+            "txtPtpServoStatus",
+            "txtPtpClockID",
+            "txtPtpParentClockID",
+            "txtPtpGrandmasterClockID",
+            "txtPtpClockAccuracy",
+            "txtPtpOffsetFromMaster",
+            "btnPtpDataSetLatch",
+            "btnTimestampLatch",
+            "txtTimestampLatchValue",
+            "btnConfigureSoftwareSignal",
+            "cmbSoftwareSignalSelector",
+            "btnSoftwareSignalPulse",
+            "btnConfigureCounterTimer",
+            "cmbCounterSelector",
+            "cmbCounterEventSource",
+            "cmbCounterEventActivation",
+            "spbCounterDuration",
+            "spbCounterValue",
+            "cmbCounterTriggerSource",
+            "cmbCounterTriggerActivation",
+            "cmbCounterResetSource",
+            "cmbCounterResetActivation",
+            "txtCounterStatus",
+            "txtCounterValueAtReset",
+            "btnCounterReset",
+            "cmbTimerSelector",
+            "spbTimerDuration",
+            "spbTimerDelay",
+            "cmbTimerTriggerSource",
+            "cmbTimerTriggerActivation",
+            "txtTimerStatus",
+            "btnTimerReset",
+            "grpPWM",
+            "txtPWMFrequency",
+            "txtPWMDutyCycle",
+            "treeView"};
+}
+
+/// Fields and labels, which must be seen whole; hints may wrap, the table and the tree scroll.
+QList<QWidget*> rigidWidgets(const QWidget& form)
+{
+    QList<QWidget*> rigid;
+    for (QWidget* widget : form.findChildren<QWidget*>()) {
+        const QString prefix = widget->objectName().left(3);
+        const bool named = QStringList{"lbl", "cmb", "spb", "btn", "chk"}.contains(prefix);
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (named && !(label != nullptr && label->wordWrap()))
+            rigid << widget;
+    }
+    return rigid;
+}
+
+} // namespace
+
+class tst_AdvTriggerDialogSections : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void startsFolded_data();
+    void startsFolded();
+    void unfoldsToItsFullHeight_data();
+    void unfoldsToItsFullHeight();
+    void foldsAway_data();
+    void foldsAway();
+    void unfoldedSectionsAreAllWholeAtOnce();
+    void nothingIsClippedAtSize_data();
+    void nothingIsClippedAtSize();
+    void columnsLineUpAcrossSections_data();
+    void columnsLineUpAcrossSections();
+    void labelsSitBesideTheirFields();
+    void theOverviewStandsBesideTheSections();
+    void aSmallWindowScrollsBothAreas();
+    void hintStandsBesideItsSection_data();
+    void hintStandsBesideItsSection();
+    void foldedFieldsLeaveTheTabOrder();
+    void tabulatorWalksInReadingOrder();
+    void returnInAFieldPressesNoButton_data();
+    void returnInAFieldPressesNoButton();
+
+private:
+    CollapsingButton& button(const QString& name) const
+    {
+        return *built->find<CollapsingButton>(name);
+    }
+    void addSections() const;
+    void unfold(const QString& name) const;
+    void unfoldAll() const;
+    int leftOf(const char* name) const
+    {
+        return built->find(name)->mapTo(built->content, QPoint()).x();
+    }
+
+    PresetsFile presets{PresetsFile::fourPresets()};
+    std::unique_ptr<DialogOnCamera> built;
+};
+
+void tst_AdvTriggerDialogSections::initTestCase()
+{
+    // The size of a desktop's font, which the screen of these tests does not have by itself.
+    QFont font = QApplication::font();
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+}
+
+void tst_AdvTriggerDialogSections::init()
+{
+    built = std::make_unique<DialogOnCamera>();
+    built->window.resize(1008, 720);
+    built->showAndSettle();
+}
+
+void tst_AdvTriggerDialogSections::cleanup()
+{
+    built.reset();
+}
+
+void tst_AdvTriggerDialogSections::addSections() const
+{
+    QTest::addColumn<QString>("content");
+    for (auto section = contents().cbegin(); section != contents().cend(); ++section)
+        QTest::newRow(qPrintable(section.key())) << section.value();
+}
+
+/// Clicks the section's header and awaits the end of the movement.
+void tst_AdvTriggerDialogSections::unfold(const QString& name) const
+{
+    const QWidget* content = built->find(contents().value(name));
+    int height = -1;
+    QTest::mouseClick(&button(name), Qt::LeftButton, Qt::NoModifier, QPoint(10, 10));
+    QTRY_VERIFY(content->height() >= content->sizeHint().height());
+    QTRY_VERIFY(std::exchange(height, content->maximumHeight()) == content->maximumHeight());
+}
+
+void tst_AdvTriggerDialogSections::unfoldAll() const
+{
+    for (const QString& name : contents().keys())
+        unfold(name);
+}
+
+void tst_AdvTriggerDialogSections::startsFolded_data()
+{
+    addSections();
+}
+
+void tst_AdvTriggerDialogSections::startsFolded()
+{
+    QFETCH(QString, content);
+    QVERIFY(!button(QTest::currentDataTag()).isChecked());
+    QVERIFY(!built->find(content)->isVisible());
+}
+
+void tst_AdvTriggerDialogSections::unfoldsToItsFullHeight_data()
+{
+    addSections();
+}
+
+void tst_AdvTriggerDialogSections::unfoldsToItsFullHeight()
+{
+    QFETCH(QString, content);
+    unfold(QTest::currentDataTag());
+    const QWidget* frame = built->find(content);
+    QVERIFY(frame->isVisible());
+    QVERIFY(frame->maximumHeight() >= frame->sizeHint().height());
+    for (QWidget* widget : rigidWidgets(*frame))
+        QVERIFY2(widget->height() >= widget->minimumSizeHint().height(),
+                 qPrintable(widget->objectName()));
+}
+
+void tst_AdvTriggerDialogSections::foldsAway_data()
+{
+    addSections();
+}
+
+void tst_AdvTriggerDialogSections::foldsAway()
+{
+    QFETCH(QString, content);
+    unfold(QTest::currentDataTag());
+    QTest::keyClick(&button(QTest::currentDataTag()), Qt::Key_Return);
+    QTRY_VERIFY(!built->find(content)->isVisible());
+    QCOMPARE(built->find(content)->maximumHeight(), 0);
+}
+
+void tst_AdvTriggerDialogSections::unfoldedSectionsAreAllWholeAtOnce()
+{
+    unfoldAll();
+    for (const QString& content : contents()) {
+        const QWidget* frame = built->find(content);
+        QVERIFY2(frame->height() >= frame->sizeHint().height(), qPrintable(content));
+    }
+    const auto* table = built->find<QTableWidget>("tableWidget");
+    QVERIFY(!table->verticalScrollBar()->isVisible());
+}
+
+void tst_AdvTriggerDialogSections::nothingIsClippedAtSize_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("1024x768") << QSize(1008, 720);
+    QTest::newRow("1920x1080") << QSize(1904, 1032);
+}
+
+void tst_AdvTriggerDialogSections::nothingIsClippedAtSize()
+{
+    QFETCH(QSize, size);
+    built->window.resize(size);
+    unfoldAll();
+    for (QWidget* widget : rigidWidgets(*built->content))
+        QVERIFY2(widget->isHidden() || widget->width() >= widget->minimumSizeHint().width(),
+                 qPrintable(widget->objectName()));
+    QVERIFY(!built->find<QScrollArea>("scrollArea")->horizontalScrollBar()->isVisible());
+    QVERIFY(!built->find<QScrollArea>("scrollArea_2")->horizontalScrollBar()->isVisible());
+    QVERIFY(!built->find<QTableWidget>("tableWidget")->horizontalScrollBar()->isVisible());
+}
+
+void tst_AdvTriggerDialogSections::columnsLineUpAcrossSections_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("1024x768") << QSize(1008, 720);
+    QTest::newRow("1920x1080") << QSize(1904, 1032);
+}
+
+void tst_AdvTriggerDialogSections::columnsLineUpAcrossSections()
+{
+    QFETCH(QSize, size);
+    built->window.resize(size);
+    unfoldAll();
+    // A group's frame may move its fields in by little more than the eye notices.
+    constexpr int unnoticed = 6;
+    const int first = leftOf("cmbTriggerSelector");
+    for (const char* name : {"cmbAcquisitionMode", "spbActionSelector", "txtPtpStatus",
+                             "cmbSoftwareSignalSelector", "cmbCounterSelector", "spbTimerDuration"})
+        QVERIFY2(std::abs(leftOf(name) - first) <= unnoticed, name);
+    const int second = leftOf("cmbTriggerMode");
+    for (const char* name : {"spbAcquisitionFrameCount", "txtActionDeviceKey",
+                             "btnSoftwareSignalPulse", "spbCounterValue", "spbTimerDelay"})
+        QVERIFY2(std::abs(leftOf(name) - second) <= unnoticed, name);
+}
+
+void tst_AdvTriggerDialogSections::labelsSitBesideTheirFields()
+{
+    unfoldAll();
+    int labels = 0;
+    for (const QLabel* label : built->content->findChildren<QLabel*>()) {
+        const QWidget* field = label->buddy();
+        if (field == nullptr || field->objectName() == "treeView")
+            continue;
+        const QRect text(label->mapTo(built->content, QPoint()), label->size());
+        const QRect box(field->mapTo(built->content, QPoint()), field->size());
+        QVERIFY2(text.right() < box.left(), qPrintable(label->objectName()));
+        QVERIFY2(std::abs(text.center().y() - box.center().y()) <= 2,
+                 qPrintable(label->objectName()));
+        ++labels;
+    }
+    QCOMPARE(labels, 43);
+}
+
+void tst_AdvTriggerDialogSections::theOverviewStandsBesideTheSections()
+{
+    const QWidget* sections = built->find("scrollArea");
+    const QWidget* overview = built->find("scrollArea_2");
+    QVERIFY(overview->x() > sections->geometry().right());
+    QCOMPARE(overview->height(), sections->height());
+    QVERIFY(sections->width() > overview->width());
+    QVERIFY(overview->width() >= 200);
+}
+
+void tst_AdvTriggerDialogSections::aSmallWindowScrollsBothAreas()
+{
+    built->window.resize(400, 150);
+    const QScrollBar* sections = built->find<QScrollArea>("scrollArea")->verticalScrollBar();
+    QTRY_VERIFY(sections->isVisible());
+    unfold("btnConfigureCounterTimer");
+    built->find("cmbTimerSelector")->setFocus();
+    QTest::keyClick(built->find("cmbTimerSelector"), Qt::Key_Tab);
+    // What gets the focus scrolls into view.
+    QTRY_VERIFY(sections->value() > 0);
+    QVERIFY(built->find("treeView")->height() >= 64);
+}
+
+void tst_AdvTriggerDialogSections::hintStandsBesideItsSection_data()
+{
+    QTest::addColumn<QString>("hint");
+    QTest::newRow("btnConfigureActionCommand") << "lbl_noActionCommandsHint";
+    QTest::newRow("btnConfigureSoftwareSignal") << "lbl_noSoftwareSignalHint";
+    QTest::newRow("btnConfigureCounterTimer") << "lbl_noCounterTimerHint";
+}
+
+void tst_AdvTriggerDialogSections::hintStandsBesideItsSection()
+{
+    QFETCH(QString, hint);
+    built.reset();
+    auto camera = cameraOfPresetFamily();
+    for (const char* feature : {"ActionSelector", "SoftwareSignalSelector", "TimerSelector"})
+        camera->remove(feature);
+    DialogOnCamera poor(std::move(camera));
+    poor.window.resize(1008, 720);
+    poor.showAndSettle();
+    const QWidget* section = poor.find(QTest::currentDataTag());
+    const auto* label = poor.find<QLabel>(hint);
+    QVERIFY(label->geometry().left() > section->geometry().right());
+    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+    QVERIFY(std::abs(label->geometry().center().y() - section->geometry().center().y()) <= 2);
+}
+
+void tst_AdvTriggerDialogSections::foldedFieldsLeaveTheTabOrder()
+{
+    built->find("cmbSelectPreset")->setFocus();
+    QStringList walked;
+    for (int i = 0; i < 8; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        walked << QApplication::focusWidget()->objectName();
+    }
+    QCOMPARE(walked,
+             (QStringList{"chkTooltips", "btnConfigureTriggerSources", "btnConfigureInputOutput",
+                          "btnConfigureAcquisitionMode", "btnConfigureActionCommand",
+                          "btnConfigureSoftwareSignal", "btnConfigureCounterTimer", "treeView"}));
+}
+
+void tst_AdvTriggerDialogSections::tabulatorWalksInReadingOrder()
+{
+    const QStringList expected = readingOrder();
+    QStringList walked;
+    const QWidget* first = built->find("cmbSelectPreset");
+    const QWidget* widget = first;
+    do {
+        if (expected.contains(widget->objectName()))
+            walked << widget->objectName();
+        widget = widget->nextInFocusChain();
+    } while (widget != first);
+    QCOMPARE(walked, expected);
+}
+
+void tst_AdvTriggerDialogSections::returnInAFieldPressesNoButton_data()
+{
+    QTest::addColumn<QString>("section");
+    QTest::newRow("cmbTriggerMode") << "btnConfigureTriggerSources";
+    QTest::newRow("spbTriggerDelay") << "btnConfigureTriggerSources";
+    QTest::newRow("spbAcquisitionFrameCount") << "btnConfigureAcquisitionMode";
+    QTest::newRow("txtActionGroupKey") << "btnConfigureActionCommand";
+    QTest::newRow("chkPtpEnable") << "btnConfigureActionCommand";
+    QTest::newRow("spbTimerDelay") << "btnConfigureCounterTimer";
+}
+
+void tst_AdvTriggerDialogSections::returnInAFieldPressesNoButton()
+{
+    QFETCH(QString, section);
+    unfold(section);
+    QWidget* field = built->find(QTest::currentDataTag());
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(built->writes().filter("RunCommand").isEmpty());
+    QVERIFY(built->window.isVisible());
+}
+
+QTEST_MAIN(tst_AdvTriggerDialogSections)
+#include "tst_AdvTriggerDialogSections.moc"

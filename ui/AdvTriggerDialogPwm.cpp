@@ -1,0 +1,126 @@
+// The calculator that sets a timer's high and low time by frequency and duty cycle.
+#include "features/FeatureManager.h"
+#include "ui/AdvTriggerDialog.h"
+
+#include <QDoubleValidator>
+#include <QLocale>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr double SecondsPerMicrosecond = 1e-06;
+constexpr double WholePercent = 100.0;
+
+/// Six significant digits, the precision of everything that the calculator writes and shows.
+QString rounded(double value)
+{
+    return QStringLiteral("%1").arg(value, 0, 'g', -1);
+}
+
+/// The number in the field; 0 for anything that is none.
+double numberIn(const QLineEdit& edit)
+{
+    return edit.text().toDouble();
+}
+
+void limit(QLineEdit& edit, double top, QObject* owner)
+{
+    constexpr int decimals = 2;
+    auto* validator = new QDoubleValidator(0.0, top, decimals, owner);
+    // Typed as it is parsed: in C notation, and without group separators.
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::RejectGroupSeparator);
+    validator->setLocale(locale);
+    edit.setValidator(validator);
+}
+
+} // namespace
+
+void AdvTriggerDialog::limitPwmInput()
+{
+    constexpr double highestFrequency = 1000000.0;
+    limit(*txtPWMDutyCycle, WholePercent, this);
+    limit(*txtPWMFrequency, highestFrequency, this);
+}
+
+void AdvTriggerDialog::connectPwm()
+{
+    connect(txtPWMDutyCycle, SIGNAL(editingFinished()), SLOT(calculatePWM()));
+    connect(txtPWMFrequency, SIGNAL(editingFinished()), SLOT(calculatePWM()));
+    connect(spbTimerDelay, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
+    connect(spbTimerDuration, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
+    connect(grpPWM, SIGNAL(toggled(bool)), SLOT(enablePWM(bool)));
+}
+
+void AdvTriggerDialog::calculatePWM()
+{
+    const double frequency = numberIn(*txtPWMFrequency);
+    if (!(frequency > 0.0))
+        return;
+    const double dutyCycle = numberIn(*txtPWMDutyCycle);
+    if (!(dutyCycle > 0.0))
+        return;
+    const double duration = dutyCycle / (WholePercent * frequency * SecondsPerMicrosecond);
+    m_featureManager->SetValue(QStringLiteral("TimerDuration"), rounded(duration).toDouble());
+    // From the exact duration: its rounding error would come on top of the delay's own.
+    const double delay = duration * WholePercent / dutyCycle - duration;
+    m_featureManager->SetValue(QStringLiteral("TimerDelay"), rounded(delay).toDouble());
+}
+
+void AdvTriggerDialog::reverseCalcPWM()
+{
+    if (!grpPWM->isChecked())
+        return;
+    const double delay = spbTimerDelay->value();
+    const double duration = spbTimerDuration->value();
+    double frequency = 0.0;
+    double dutyCycle = 0.0;
+    if (delay > 0.0 || duration > 0.0) {
+        frequency = 1.0 / (duration * SecondsPerMicrosecond + delay * SecondsPerMicrosecond);
+        dutyCycle = duration / (delay + duration) * WholePercent;
+    }
+    txtPWMFrequency->setText(rounded(frequency));
+    txtPWMDutyCycle->setText(rounded(dutyCycle));
+}
+
+void AdvTriggerDialog::enablePWM(bool on)
+{
+    // While PWM is off, not even a last edit of these fields may reach the timer.
+    txtPWMFrequency->blockSignals(!on);
+    txtPWMDutyCycle->blockSignals(!on);
+    if (!on) {
+        // The timer keeps its trigger: it may be wanted as it is, without the calculator.
+        txtPWMFrequency->clear();
+        txtPWMDutyCycle->clear();
+        return;
+    }
+    if (txtPWMFrequency->text().isEmpty())
+        reverseCalcPWM();
+    else
+        calculatePWM();
+    // Chosen like a user would, so that the camera gets them.
+    cmbTimerTriggerSource->setCurrentText(ownActiveSignal());
+    cmbTimerTriggerActivation->setCurrentText(QStringLiteral("FallingEdge"));
+}
+
+/// The signal of the selected timer: triggered by its falling edge, the timer starts again and
+/// again.
+QString AdvTriggerDialog::ownActiveSignal() const
+{
+    return QStringLiteral("%1Active").arg(cmbTimerSelector->currentText());
+}
+
+void AdvTriggerDialog::showPwmOfTimer()
+{
+    const QSignalBlocker dutyCycleSilence(txtPWMDutyCycle);
+    const QSignalBlocker frequencySilence(txtPWMFrequency);
+    reverseCalcPWM();
+}
+
+// Never the other way: a timer with another trigger may be on its way to become a PWM.
+void AdvTriggerDialog::detectPwm()
+{
+    if (cmbTimerTriggerSource->currentText() == ownActiveSignal() &&
+        cmbTimerTriggerActivation->currentText() == QLatin1String("FallingEdge"))
+        grpPWM->setChecked(true);
+}
