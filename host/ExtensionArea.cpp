@@ -11,7 +11,7 @@ namespace {
 // Room for a form of 517 pixels inside the tab widget's frame, wider with a large font, and never
 // less than a usable one.
 constexpr int PREFERRED_WIDTH = 540;
-constexpr int PREFERRED_WIDTH_IN_LINES = 32; // As wide as that many lines of text are high.
+constexpr int PREFERRED_WIDTH_IN_LINES = 33; // As wide as that many lines of text are high.
 constexpr int SMALLEST_WIDTH = 374;
 
 } // namespace

@@ -43,6 +43,7 @@ void leaveSilentLocale()
 
 void installTranslator(const QString& name, const QString& folder)
 {
+    // Tries the language with its territory before the language alone.
     auto translator = std::make_unique<QTranslator>();
     if (!translator->load(name + QLatin1Char('_') + QLocale().name(), folder))
         return;
@@ -75,4 +76,9 @@ void Language::installTranslators()
                       QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     installTranslator(QStringLiteral("zalviewer"),
                       QCoreApplication::applicationDirPath() + QStringLiteral("/qm"));
+}
+
+void Language::installExtensionTranslator(const QString& catalogue)
+{
+    installTranslator(catalogue, QStringLiteral("qm"));
 }

@@ -16,4 +16,9 @@ void choose(int argc, const char* const* argv);
 /// there are any. Call after each construction of an application object.
 void installTranslators();
 
+/// Gives the application object the texts of a tab extension in that language, if there are any:
+/// the file qm/<catalogue>_<language> of the working directory, where tab extensions look for their
+/// own. Call before the extension builds its tab, which may not translate again what it has built.
+void installExtensionTranslator(const QString& catalogue);
+
 } // namespace Language

@@ -1,5 +1,6 @@
 #include "host/TabExtensions.h"
 
+#include "host/Language.h"
 #include "plugin/TabExtensionInterface.h"
 
 #include <QCoreApplication>
@@ -27,14 +28,18 @@ class Loading
 public:
     explicit Loading(const QString& file) : loader(file)
     {
-        static const QRegularExpression prefix(QStringLiteral("^(lib)?(tabextension(?=.))?"));
-        result.name = QFileInfo(file).completeBaseName().remove(prefix);
+        static const QRegularExpression library(QStringLiteral("^lib"));
+        static const QRegularExpression kind(QStringLiteral("^tabextension(?=.)"));
+        catalogue = QFileInfo(file).completeBaseName().remove(library);
+        result.name = QString(catalogue).remove(kind);
     }
 
     TabExtension run(const ZalCPP::FeatureList& features)
     {
-        if (TabExtensionInterface* extension = load())
+        if (TabExtensionInterface* extension = load()) {
+            Language::installExtensionTranslator(catalogue);
             ask(*extension, features);
+        }
         return std::move(result);
     }
 
@@ -119,6 +124,7 @@ private:
     }
 
     QPluginLoader loader;
+    QString catalogue; ///< The name of the extension's translation files.
     TabExtension result;
 };
 

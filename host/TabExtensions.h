@@ -27,6 +27,6 @@ struct TabExtension
 };
 
 /// Loads every library of the folder and asks it for a tab, in the order of the file names. The
-/// libraries stay loaded. GUI thread.
+/// libraries stay loaded, and the application keeps their translations. GUI thread.
 std::vector<TabExtension> loadTabExtensions(const QString& folder,
                                             const ZalCPP::FeatureList& features);

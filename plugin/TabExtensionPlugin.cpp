@@ -60,7 +60,7 @@ bool TabExtensionPlugin::connectFromAcquire(QObject* receiver, const char* membe
 QLayout* TabExtensionPlugin::buildNotice(QWidget& container, AdvTriggerWidget* widget)
 {
     noticeLabel = new QLabel(&container);
-    noticeLabel->setText(QStringLiteral("Please use the Advanced Trigger Dialog."));
+    noticeLabel->setText(tr("Please use the Advanced Trigger Dialog."));
     noticeLabel->setVisible(false);
     noticeLabel->setAlignment(Qt::AlignCenter);
     noticeLabel->setStyleSheet(QStringLiteral("font: bold 10px;"));

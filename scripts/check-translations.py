@@ -18,8 +18,9 @@ def names():
             yield from (f"{line.split()[0]}_{language}.ts" for language in languages)
 
 
-def placeholders(text):
-    return sorted(re.findall(r"%L?\d|%n", text))
+def fixed_parts(text):
+    """What is the same in every language: placeholders, tags, line breaks, numbers, outer blanks."""
+    return sorted(re.findall(r"%L?\d|%n|</?\w[^>]*>|\n|^\d+\. |^ +| +$", text))
 
 
 def message_faults(path):
@@ -29,8 +30,8 @@ def message_faults(path):
         text = "".join(translation.itertext())
         if translation.get("type") == "unfinished" or not text.strip():
             yield f'"{source}" is not translated'
-        elif placeholders(source) != placeholders(text):
-            yield f'"{source}" has other placeholders than "{text}"'
+        elif fixed_parts(source) != fixed_parts(text):
+            yield f'"{source}" differs in placeholders, tags, line breaks, numbers or outer blanks from "{text}"'
 
 
 def faults(updated):

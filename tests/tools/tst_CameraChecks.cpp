@@ -59,6 +59,11 @@ private slots:
         row("unknown feature", "'B': {'#value': 1}",
             "f.json:1:27: error: The camera has no feature \"B\"; the plugin skips it "
             "[unknown-feature]\n");
+        row("byte order mark in a name", "'\\ufeffWidth': {'#value': 16, '\\ufeffGain': 0}",
+            "f.json:1:27: error: The camera has no feature \"\xEF\xBF\xBDWidth\"; the plugin skips "
+            "it [unknown-feature]\n"
+            "f.json:1:57: error: The camera has no feature \"\xEF\xBF\xBDGain\"; the plugin skips "
+            "it [unknown-feature]\n");
         row("unknown dependent feature", "'LineSelector': {'#value': 'Line0', 'Linemode': 'Input'}",
             "f.json:1:63: error: The camera has no feature \"Linemode\"; the plugin skips it "
             "[unknown-feature]\n");
@@ -72,6 +77,14 @@ private slots:
         row("unknown feature in a list", "'B': [{'#value': 1}, {'#value': 2}]",
             "f.json:1:27: error: The camera has no feature \"B\"; the plugin skips it "
             "[unknown-feature]\n");
+        row("list for a feature without a name", "'': [{'#value': 1}]",
+            "f.json:1:27: error: The camera has no feature \"\"; the plugin skips it "
+            "[unknown-feature]\n");
+        row("one name in two notations",
+            "'\\ud83d\\ude00': {'#value': '<all>'}, "
+            "'\xF0\x9F\x98\x80': [{'#value': 1}]",
+            "f.json:1:62: error: \"\xF0\x9F\x98\x80\" is here more than once; the plugin takes "
+            "the last one [duplicate-key]\n");
         row("command as setting", "'TriggerSoftware': {'#value': 1}",
             "f.json:1:27: error: \"TriggerSoftware\" is a command and takes no value; "
             "\"#execute\" runs one [not-settable]\n");

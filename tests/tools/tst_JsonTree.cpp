@@ -49,6 +49,20 @@ private slots:
         QCOMPARE(int(readJson("\xEF\xBB\xBF{").errorAt), 4);
     }
 
+    void aByteOrderMarkWithinATextIsACharacter()
+    {
+        const JsonTree tree = readJson(json("{'\\ufeffa': '\xEF\xBB\xBFx'}"));
+        QCOMPARE(tree.root.children.front().key, QString(QChar(0xFEFF)) + "a");
+        QCOMPARE(tree.root.children.front().text, QString(QChar(0xFEFF)) + "x");
+    }
+
+    void aZeroDoesNotEndAText()
+    {
+        const JsonTree tree = readJson(json("{'a\\u0000b': '\\u0000'}"));
+        QCOMPARE(tree.root.children.front().key, QString::fromLatin1("a\0b", 3));
+        QCOMPARE(tree.root.children.front().text, QString(QChar(0)));
+    }
+
     void theLastOfSeveralMembersCounts()
     {
         const JsonTree tree = readJson(json("{'a': 1, 'a': 2}"));

@@ -52,11 +52,11 @@ bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
     isPrepared = false;
     const PresetFile::Plan plan = PresetFile::PlanOf(preset.members);
     std::size_t element = 0;
-    QString previous;
+    const QString* previous = nullptr;
     for (const PresetFile::Step& step : plan.steps) {
         // The steps of a list follow each other.
-        element = step.feature == previous ? element + 1 : 0;
-        previous = step.feature;
+        element = previous && *previous == step.feature ? element + 1 : 0;
+        previous = &step.feature;
         const JsonNode& member = *node.member(step.feature);
         const bool isList = member.kind == JsonNode::Kind::Array;
         if (!step.feature.startsWith(QLatin1Char('#')))

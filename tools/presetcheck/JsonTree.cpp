@@ -16,6 +16,14 @@ namespace {
 /// Root, preset, setting, element of a list, dependent setting.
 constexpr std::size_t DeepestLevel = 5;
 
+/// A byte order mark within the file is a character like any other, but fromUtf8() drops the first.
+QString decoded(const char* text, rapidjson::SizeType length)
+{
+    const QByteArray marked = "\xEF\xBB\xBF" + QByteArray(text, static_cast<int>(length));
+    // With its size, because the text may hold zeros.
+    return QString::fromUtf8(marked.constData(), marked.size());
+}
+
 /// Builds the tree from the reader's events. A token begins at the first byte after the one before
 /// that is neither space nor punctuation; the reader says where a text ends.
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder>
@@ -43,14 +51,14 @@ public:
     bool String(const char* value, rapidjson::SizeType length, bool)
     {
         if (JsonNode* node = add(JsonNode::Kind::Text, tokenStart()))
-            node->text = QString::fromUtf8(value, static_cast<int>(length));
+            node->text = decoded(value, length);
         return finishText();
     }
 
     bool Key(const char* value, rapidjson::SizeType length, bool)
     {
         keyAt = tokenStart();
-        key = QString::fromUtf8(value, static_cast<int>(length));
+        key = decoded(value, length);
         return finishText();
     }
 

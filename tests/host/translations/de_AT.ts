@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_AT">
+<context>
+    <name>SignTab</name>
+    <message>
+        <source>Lamp</source>
+        <translation>Lamperl</translation>
+    </message>
+</context>
+</TS>
