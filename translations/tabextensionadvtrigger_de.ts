@@ -5,7 +5,7 @@
     <name>AdvTriggerBase</name>
     <message>
         <source>Select preset: %1</source>
-        <translation>Voreinstellung wählen: %1</translation>
+        <translation>Voreinstellung: %1</translation>
     </message>
     <message>
         <source>Error(s) on setting the preset:
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>1. Select Preset:</source>
-        <translation>1. Voreinstellung wählen:</translation>
+        <translation>1. Voreinstellung:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>
@@ -166,7 +166,7 @@ dauer (µs)</translation>
     </message>
     <message>
         <source>Device Key (write-only):</source>
-        <translation>Geräteschlüssel (nur schreibbar):</translation>
+        <translation>Geräteschl. (nur schreiben):</translation>
     </message>
     <message>
         <source>Group Key:</source>
@@ -206,7 +206,7 @@ dauer (µs)</translation>
     </message>
     <message>
         <source>PTP Grandmaster Clock ID:</source>
-        <translation>PTP-Grandmaster-Clock-ID:</translation>
+        <translation>PTP-Grandmaster-ID:</translation>
     </message>
     <message>
         <source>PTP Clock Accuracy:</source>
@@ -218,7 +218,7 @@ dauer (µs)</translation>
     </message>
     <message>
         <source>PTP Data Set Latch</source>
-        <translation>PTP-Datensatz erfassen</translation>
+        <translation>PTP-Daten erfassen</translation>
     </message>
     <message>
         <source>Timestamp Latch</source>
@@ -341,7 +341,7 @@ dauer (µs)</translation>
     </message>
     <message>
         <source>Select Preset:</source>
-        <translation>Voreinstellung wählen:</translation>
+        <translation>Voreinstellung:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>

@@ -5,7 +5,7 @@
     <name>AdvTriggerBase</name>
     <message>
         <source>Select preset: %1</source>
-        <translation>Seleccionar preajuste: %1</translation>
+        <translation>Preajuste: %1</translation>
     </message>
     <message>
         <source>Error(s) on setting the preset:
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>1. Select Preset:</source>
-        <translation>1. Seleccionar preajuste:</translation>
+        <translation>1. Preajuste:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>
@@ -341,7 +341,7 @@ antirrebote (µs)</translation>
     </message>
     <message>
         <source>Select Preset:</source>
-        <translation>Seleccionar preajuste:</translation>
+        <translation>Preajuste:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>

@@ -5,7 +5,7 @@
     <name>AdvTriggerBase</name>
     <message>
         <source>Select preset: %1</source>
-        <translation>Choisir un préréglage&#xa0;: %1</translation>
+        <translation>Préréglage&#xa0;: %1</translation>
     </message>
     <message>
         <source>Error(s) on setting the preset:
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>1. Select Preset:</source>
-        <translation>1. Choisir un préréglage&#xa0;:</translation>
+        <translation>1. Préréglage&#xa0;:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>
@@ -341,7 +341,7 @@ anti-rebond (µs)</translation>
     </message>
     <message>
         <source>Select Preset:</source>
-        <translation>Choisir un préréglage&#xa0;:</translation>
+        <translation>Préréglage&#xa0;:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>

@@ -5,7 +5,7 @@
     <name>AdvTriggerBase</name>
     <message>
         <source>Select preset: %1</source>
-        <translation>プリセットの選択: %1</translation>
+        <translation>プリセット: %1</translation>
     </message>
     <message>
         <source>Error(s) on setting the preset:
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>1. Select Preset:</source>
-        <translation>1. プリセットの選択:</translation>
+        <translation>1. プリセット:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>
@@ -166,7 +166,7 @@ Duration (µs)</source>
     </message>
     <message>
         <source>Device Key (write-only):</source>
-        <translation>デバイスキー (書き込み専用):</translation>
+        <translation>デバイスキー (書込専用):</translation>
     </message>
     <message>
         <source>Group Key:</source>
@@ -206,7 +206,7 @@ Duration (µs)</source>
     </message>
     <message>
         <source>PTP Grandmaster Clock ID:</source>
-        <translation>PTP グランドマスタークロック ID:</translation>
+        <translation>PTP グランドマスター ID:</translation>
     </message>
     <message>
         <source>PTP Clock Accuracy:</source>
@@ -214,11 +214,11 @@ Duration (µs)</source>
     </message>
     <message>
         <source>PTP Offset from master: </source>
-        <translation>PTP マスターとのオフセット: </translation>
+        <translation>PTP マスターオフセット: </translation>
     </message>
     <message>
         <source>PTP Data Set Latch</source>
-        <translation>PTP データセットをラッチ</translation>
+        <translation>PTP データをラッチ</translation>
     </message>
     <message>
         <source>Timestamp Latch</source>
@@ -226,7 +226,7 @@ Duration (µs)</source>
     </message>
     <message>
         <source>Timestamp Latch Value:</source>
-        <translation>タイムスタンプのラッチ値:</translation>
+        <translation>ラッチした時刻:</translation>
     </message>
     <message>
         <source>Configure Software Signal:</source>
@@ -341,7 +341,7 @@ Duration (µs)</source>
     </message>
     <message>
         <source>Select Preset:</source>
-        <translation>プリセットの選択:</translation>
+        <translation>プリセット:</translation>
     </message>
     <message>
         <source>Tooltips on:</source>

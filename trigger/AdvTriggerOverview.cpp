@@ -27,8 +27,8 @@ public:
 
 void AdvTriggerBase::SetupSettingsOverview(QTreeView* view)
 {
-    const QStandardItemModel* model = m_settingsModel->model();
-    view->setModel(m_settingsModel->model());
+    QStandardItemModel* model = m_settingsModel->model();
+    view->setModel(model);
     view->setItemDelegate(new SettingsDelegate(view));
     view->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     view->header()->setStretchLastSection(true);

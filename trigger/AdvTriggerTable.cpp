@@ -49,9 +49,10 @@ int ShownColumns(const QTableWidget& table)
     return table.columnCount() > BasicColumns ? AllColumns : BasicColumns;
 }
 
-QPixmap LedImage(const QWidget& screen)
+/// A picture does not look by itself for the dense one beside it.
+QPixmap LedImage(const QWidget& shownOn)
 {
-    return QPixmap(screen.devicePixelRatioF() > 1.0
+    return QPixmap(shownOn.devicePixelRatioF() > 1.0
                        ? QStringLiteral(":/AdvTriggerWidget/ledon@2x.png")
                        : QStringLiteral(":/AdvTriggerWidget/ledon.png"));
 }

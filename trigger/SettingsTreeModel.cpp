@@ -148,7 +148,7 @@ QStandardItem* SettingsTreeModel::findItem(const QString& featureName) const
     for (QStandardItem* item : items) {
         const QString key = item->data(Qt::UserRole).toString();
         const QString selector = key.section(QLatin1Char('_'), 0, 0);
-        if (item->parent() && key == keyOf(selector, m_currentEntries.value(selector)))
+        if (key == keyOf(selector, m_currentEntries.value(selector)))
             return item;
     }
     return nullptr;

@@ -81,10 +81,16 @@ private slots:
             "f.json:1:27: error: The camera has no feature \"\"; the plugin skips it "
             "[unknown-feature]\n");
         row("one name in two notations",
-            "'\\ud83d\\ude00': {'#value': '<all>'}, "
-            "'\xF0\x9F\x98\x80': [{'#value': 1}]",
-            "f.json:1:62: error: \"\xF0\x9F\x98\x80\" is here more than once; the plugin takes "
-            "the last one [duplicate-key]\n");
+            "'\\ud83d\\ude00': {'#value': '<all>'}, '\xF0\x9F\x98\x80': [{'#value': 1}]",
+            "f.json:1:64: error: \"\xF0\x9F\x98\x80\" is here more than once; the plugin takes the "
+            "last one "
+            "[duplicate-key]\n"
+            "f.json:1:64: error: The camera has no feature \"\xF0\x9F\x98\x80\"; the plugin skips "
+            "it "
+            "[unknown-feature]\n");
+        row("half a surrogate pair", "'LineSelector': {'#value': 'Line0', '\\ude00': 1}",
+            "f.json:1:27: error: The camera has no feature \"?\"; the plugin skips it "
+            "[unknown-feature]\n");
         row("command as setting", "'TriggerSoftware': {'#value': 1}",
             "f.json:1:27: error: \"TriggerSoftware\" is a command and takes no value; "
             "\"#execute\" runs one [not-settable]\n");

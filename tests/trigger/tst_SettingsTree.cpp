@@ -16,6 +16,22 @@ QStringList writesOf(const Fake::FakeCamera& camera)
     return list;
 }
 
+/// What was asked and written, without questions after names, types and entries' availability, and
+/// without repetitions in a row (a text takes two calls).
+QStringList callsOf(const Fake::FakeCamera& camera)
+{
+    static const QStringList operations = {"GetEnumNames",  "GetStringValue",      "SetStringValue",
+                                           "GetFloatValue", "GetSelectedFeatures", "IsWritable"};
+    QStringList list;
+    for (const std::string& call : camera.calls()) {
+        const QString text = QString::fromStdString(call);
+        const bool wanted = operations.contains(text.section(' ', 0, 0));
+        if (wanted && (list.isEmpty() || list.last() != text))
+            list.append(text);
+    }
+    return list;
+}
+
 } // namespace
 
 class tst_SettingsTree : public QObject
@@ -32,12 +48,14 @@ private slots:
     void settingsCarryTheirSelectorAndEntry();
     void inactiveRowIsMarked();
     void selectorsAreSteppedAndPutBack();
+    void asksTheCameraInOrder();
     void onlyAvailableEntriesAreVisited();
     void selectorWithoutAvailableEntriesIsInactive();
     void statusIsComparedExactly_data();
     void statusIsComparedExactly();
     void valueIsShownAs_data();
     void valueIsShownAs();
+    void integerOfOneMillionIsShownWithAnExponent();
     void commandsAndUnwritableFeaturesAreLeftOut();
     void accessIsAskedPerEntry();
     void featuresOfAnUnknownSelectorHaveNoTitle();
@@ -143,6 +161,29 @@ void tst_SettingsTree::selectorsAreSteppedAndPutBack()
                           "TriggerSelector=LineStart", "TriggerSelector=FrameStart"}));
 }
 
+void tst_SettingsTree::asksTheCameraInOrder()
+{
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    camera->addEnum("TriggerSelector", {"FrameStart", "LineStart"}, "LineStart");
+    camera->addEnum("TriggerMode", {"Off", "On"}, "Off");
+    camera->addFloat("TriggerDelay", 0.5);
+    camera->select("TriggerSelector", {"TriggerMode", "TriggerDelay"});
+    (*camera)["TriggerMode"].stateFor("FrameStart").text = "On";
+    const TreeForm form(*camera);
+    const QStringList expected = {
+        "GetEnumNames TriggerSelector", "GetStringValue TriggerSelector",
+        // The active entry, with its settings while it is selected.
+        "SetStringValue TriggerSelector=FrameStart", "GetStringValue TriggerSelector",
+        "GetStringValue TriggerMode", "GetSelectedFeatures TriggerSelector",
+        "IsWritable TriggerMode", "GetStringValue TriggerMode", "IsWritable TriggerDelay",
+        "GetFloatValue TriggerDelay",
+        // The one that is off, and back to it.
+        "SetStringValue TriggerSelector=LineStart", "GetStringValue TriggerSelector",
+        "GetStringValue TriggerMode", "SetStringValue TriggerSelector=LineStart",
+        "GetStringValue TriggerSelector"};
+    QCOMPARE(callsOf(*camera), expected);
+}
+
 void tst_SettingsTree::onlyAvailableEntriesAreVisited()
 {
     const auto camera = triggerCamera();
@@ -209,6 +250,15 @@ void tst_SettingsTree::valueIsShownAs()
     state.real = value;
     const TreeForm form(*camera);
     QCOMPARE(form.lines().last(), "  TriggerDelay: " + shown);
+}
+
+void tst_SettingsTree::integerOfOneMillionIsShownWithAnExponent()
+{
+    const auto camera = triggerCamera();
+    camera->addInteger("TriggerDivider", 1000000, 1, 2000000);
+    camera->select("TriggerSelector", {"TriggerDivider"});
+    const TreeForm form(*camera);
+    QCOMPARE(form.lines().last(), QString("  TriggerDivider: 1e+06"));
 }
 
 void tst_SettingsTree::commandsAndUnwritableFeaturesAreLeftOut()

@@ -35,6 +35,23 @@ QStringList rowLabels(const QTableWidget& table)
     return labels;
 }
 
+/// A form on a screen with four pixels in the place of one.
+class DenseForm : public TableForm
+{
+public:
+    using TableForm::TableForm;
+
+protected:
+    int metric(PaintDeviceMetric property) const override
+    {
+        constexpr qreal ratio = 2.0;
+        if (property == PdmDevicePixelRatio)
+            return int(ratio);
+        return property == PdmDevicePixelRatioScaled ? int(ratio * devicePixelRatioFScale())
+                                                     : TableForm::metric(property);
+    }
+};
+
 QStringList entriesOf(const QComboBox& box)
 {
     QStringList entries;
@@ -73,11 +90,14 @@ private slots:
     void tableOfFourColumnsHasNoDebounceCells();
     void tableOfFiveColumnsHasBothDebounceCells();
     void cellsShowTheirOwnLine();
+    void entriesHaveNoToolTipsOfTheirOwn_data();
+    void entriesHaveNoToolTipsOfTheirOwn();
     void unwritableCellsAreDisabled();
     void editorsTakeTheFocusOfKeyboardAndClick_data();
     void editorsTakeTheFocusOfKeyboardAndClick();
     void checkBoxIsCentredWithoutMargins();
     void lampShowsItsImageInTheMiddle();
+    void lampIsCrispOnADenseScreen();
     void lampIsLitWhileTheLineIsHigh();
     void disabledLampIsDrawnGrey();
     void durationKeepsSixDecimalsAndTheStepOfTheCamera();
@@ -190,6 +210,24 @@ void tst_TableBuilding::cellsShowTheirOwnLine()
     QCOMPARE(form->cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration").value(), 32.5);
 }
 
+void tst_TableBuilding::entriesHaveNoToolTipsOfTheirOwn_data()
+{
+    QTest::addColumn<bool>("unused");
+    for (const Cell& cell : secondRow)
+        if (qstrcmp(cell.className, "QComboBox") == 0)
+            QTest::newRow(cell.name) << true;
+}
+
+void tst_TableBuilding::entriesHaveNoToolTipsOfTheirOwn()
+{
+    form->build();
+    const auto& box = form->cell<QComboBox>(QTest::currentDataTag());
+    QCOMPARE(box.count(), 2);
+    QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
+    form->refreshTable({box.objectName().section('_', 1)});
+    QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
+}
+
 void tst_TableBuilding::unwritableCellsAreDisabled()
 {
     for (const char* feature :
@@ -241,10 +279,17 @@ void tst_TableBuilding::lampShowsItsImageInTheMiddle()
     QVERIFY(!image.isNull());
     QCOMPARE(image.size(), QSize(16, 16));
     QCOMPARE(lamp.pixmap(Qt::ReturnByValue).toImage(), image.toImage());
-    // The same lamp for screens with four pixels in the place of one.
-    const QPixmap dense(":/AdvTriggerWidget/ledon@2x.png");
-    QCOMPARE(dense.size(), QSize(32, 32));
-    QCOMPARE(dense.devicePixelRatio(), 2.0);
+}
+
+void tst_TableBuilding::lampIsCrispOnADenseScreen()
+{
+    DenseForm dense(*camera);
+    dense.build();
+    const QPixmap image = dense.cell<QLabel>("lblLine0_LineStatus").pixmap(Qt::ReturnByValue);
+    // The same size to the eye.
+    QCOMPARE(image.size(), QSize(32, 32));
+    QCOMPARE(image.devicePixelRatio(), 2.0);
+    QCOMPARE(image.toImage(), QPixmap(":/AdvTriggerWidget/ledon@2x.png").toImage());
 }
 
 void tst_TableBuilding::lampIsLitWhileTheLineIsHigh()
@@ -315,22 +360,25 @@ void tst_TableBuilding::observesNoSelector()
 
 void tst_TableBuilding::missingOnOneLineHidesTheColumn_data()
 {
-    QTest::addColumn<QString>("feature");
-    for (const Cell& cell : secondRow)
-        QTest::newRow(cell.name) << QString(cell.name).section('_', 1);
+    QTest::addColumn<QString>("cellName");
+    for (const Cell& cell : secondRow) {
+        const QString feature = QString(cell.name).section('_', 1);
+        QTest::addRow("second line lacks %s", qPrintable(feature)) << QString(cell.name);
+    }
 }
 
 void tst_TableBuilding::missingOnOneLineHidesTheColumn()
 {
-    QFETCH(QString, feature);
+    QFETCH(QString, cellName);
+    const QString feature = cellName.section('_', 1);
     (*camera)[feature.toStdString()].stateFor("Line1").implemented = false;
     form->build();
-    const auto* cell = std::find_if(std::begin(secondRow), std::end(secondRow), [](const Cell& c) {
-        return qstrcmp(c.name, QTest::currentDataTag()) == 0;
-    });
+    const auto* cell =
+        std::find_if(std::begin(secondRow), std::end(secondRow),
+                     [&](const Cell& candidate) { return candidate.name == cellName; });
     for (int column = 0; column < form->table.columnCount(); ++column)
         QCOMPARE(form->table.isColumnHidden(column), column == cell->column);
-    QVERIFY(!form->findChild<QWidget*>(QString(cell->name)));
+    QVERIFY(!form->findChild<QWidget*>(cellName));
     QCOMPARE(form->m_observedFeatures.count(feature), 1);
 }
 

@@ -183,6 +183,11 @@ void tst_TableEdits::durationGoesByTheCamerasValue()
     QCOMPARE(duration("Line1").real, 50.0);
     QCOMPARE(durationBox().value(), 50.0);
 
+    // No more than the camera has: downwards, though the arrow pointed up.
+    duration("Line1").real = 50.01;
+    QTest::keyClick(&durationBox(), Qt::Key_Up);
+    QCOMPARE(duration("Line1").real, 25.005);
+
     duration("Line1").real = -4.0;
     duration("Line1").minReal = -10.0;
     QTest::keyClick(&durationBox(), Qt::Key_Up);

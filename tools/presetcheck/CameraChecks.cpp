@@ -14,6 +14,20 @@ namespace {
 const QString ValueKey = QStringLiteral("#value");
 const QString CommandKey = QStringLiteral("#execute");
 
+/// The object itself where the two parsers differ: on half a surrogate pair, or on one key in two
+/// notations.
+const JsonNode& placeOf(const JsonNode& object, const QString& key)
+{
+    const JsonNode* member = object.member(key);
+    return member ? *member : object;
+}
+
+const JsonNode& elementOf(const JsonNode& member, std::size_t element)
+{
+    const bool isInList = member.kind == JsonNode::Kind::Array && element < member.children.size();
+    return isInList ? member.children[element] : member;
+}
+
 QString situationOf(const QString& selector, const QString& entry)
 {
     return QStringLiteral(" with %1 at %2").arg(selector, entry);
@@ -57,21 +71,19 @@ bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
         // The steps of a list follow each other.
         element = previous && *previous == step.feature ? element + 1 : 0;
         previous = &step.feature;
-        const JsonNode& member = *node.member(step.feature);
-        const bool isList = member.kind == JsonNode::Kind::Array;
+        const JsonNode& member = placeOf(node, step.feature);
         if (!step.feature.startsWith(QLatin1Char('#')))
-            checkStep(step, member.keyAt, isList ? member.children.at(element) : member);
+            checkStep(step, member.keyAt, elementOf(member, element));
     }
     if (!plan.command.isEmpty())
-        checkCommand(plan.command, *node.member(CommandKey));
+        checkCommand(plan.command, placeOf(node, CommandKey));
     return selectors.putBack();
 }
 
 void CameraChecks::checkStep(const PresetFile::Step& step, std::size_t keyAt,
                              const JsonNode& object)
 {
-    const JsonNode* value = object.member(ValueKey);
-    const Placed placed{step, keyAt, object, value ? *value : object};
+    const Placed placed{step, keyAt, object, placeOf(object, ValueKey)};
     if (step.forEveryEntry)
         checkForEveryEntry(placed);
     else
@@ -165,7 +177,7 @@ void CameraChecks::checkDependents(const Placed& placed, const QString& situatio
     for (const QString& feature : features) {
         if (feature.startsWith(QLatin1Char('#')))
             continue;
-        const JsonNode& node = *placed.object.member(feature);
+        const JsonNode& node = placeOf(placed.object, feature);
         if (selectors.isSelector(key) && camera.GetIsFeatureAvailable(feature) &&
             !governs(key, feature))
             out.add(
@@ -191,7 +203,7 @@ void CameraChecks::checkDependentFacts(const Placed& placed)
 {
     const QStringList features = placed.step.dependents.keys();
     for (const QString& feature : features) {
-        const JsonNode& node = *placed.object.member(feature);
+        const JsonNode& node = placeOf(placed.object, feature);
         if (!feature.startsWith(QLatin1Char('#')))
             ValueChecks(camera, findings).checkFacts(feature, node, node.keyAt);
     }

@@ -84,7 +84,7 @@ QString quoted(const QString& text)
     QString shown =
         text.size() > LongestQuote ? text.left(LongestQuote) + QStringLiteral("...") : text;
     for (QChar& character : shown) {
-        if (!character.isPrint())
+        if (!character.isPrint() && !character.isSurrogate())
             character = QChar::ReplacementCharacter;
     }
     return QLatin1Char('"') + shown + QLatin1Char('"');

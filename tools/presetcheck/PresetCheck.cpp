@@ -8,9 +8,6 @@
 #include <QJsonDocument>
 #include <QSet>
 
-#include <algorithm>
-#include <cstring>
-
 namespace PresetCheck {
 
 namespace {
@@ -37,16 +34,6 @@ void checkSyntax(const QByteArray& text, const JsonTree& tree, const QString& pl
                      QStringLiteral("Only the plugin can parse this, other programs cannot, and "
                                     "nothing else was checked: %1")
                          .arg(tree.error));
-}
-
-/// The two parsers may differ in which of several members of one key counts.
-bool isUnambiguous(const Findings& findings)
-{
-    const auto isDuplicate = [](const Finding& finding) {
-        return std::strcmp(finding.rule.id, Rules::DuplicateKey.id) == 0;
-    };
-    const std::vector<Finding>& found = findings.collected();
-    return findings.omitted() == 0 && std::none_of(found.begin(), found.end(), isDuplicate);
 }
 
 bool checkAgainst(const FeatureManager& camera, const QVector<PresetFile::Preset>& presets,
@@ -79,7 +66,7 @@ Report checkPresets(const QByteArray& content, const FeatureManager* camera)
     if (findings.collected().empty()) {
         FileChecks file(findings);
         file.check(tree.root);
-        if (camera && isUnambiguous(findings))
+        if (camera)
             report.cameraFollowed = checkAgainst(*camera, plugin.presets, file, findings);
     }
     report.findings = findings.located(content);
