@@ -94,6 +94,7 @@ private slots:
     void overviewShowsSixDigits_data();
     void overviewShowsSixDigits();
     void laterShowsResetTheOverview();
+    void laterShowsResetTheOverviewBeforeTheyObserve();
     void appliedPresetResetsTheOverview();
     void foldedOverviewIsOutOfReach();
     void unfoldedOverviewIsShownWhole_data();
@@ -350,6 +351,17 @@ void tst_AdvTriggerWidgetParts::laterShowsResetTheOverview()
     QCOMPARE(removed.count(), 1);
     QCOMPARE(branches(*shown), (QStringList{"Counter inactive", "Timer inactive",
                                             "Trigger FrameStart", "Trigger LineStart"}));
+}
+
+void tst_AdvTriggerWidgetParts::laterShowsResetTheOverviewBeforeTheyObserve()
+{
+    shown->tab.hide();
+    shown->camera->clearLog();
+    shown->tab.show();
+    const QStringList calls = toList(shown->camera->calls());
+    const int putBack = calls.lastIndexOf("SetStringValue TriggerSelector=FrameStart");
+    QVERIFY(putBack >= 0);
+    QVERIFY(putBack < positionOf(calls, "RegisterObserver TriggerMode"));
 }
 
 void tst_AdvTriggerWidgetParts::appliedPresetResetsTheOverview()
