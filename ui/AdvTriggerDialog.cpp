@@ -83,7 +83,7 @@ void AdvTriggerDialog::bind()
     InitBaseWidgets();
     CreateIOTable(tableWidget);
     SetupSettingsOverview(treeView);
-    updateColoredControls();
+    AdvTriggerDialog::updateColoredControls();
 }
 
 // Connected last: the preset that the tab has applied already is shown, not applied again.

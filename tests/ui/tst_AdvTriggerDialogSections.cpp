@@ -4,6 +4,7 @@
 #include "widgets/CollapsingButton.h"
 
 #include <QScrollBar>
+#include <QTranslator>
 
 namespace {
 
@@ -98,6 +99,19 @@ QList<QWidget*> rigidWidgets(const QWidget& form)
     return rigid;
 }
 
+/// A language in which every text is half as long again.
+class LongTexts : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* /*context*/, const char* text, const char* /*disambiguation*/,
+                      int /*n*/) const override
+    {
+        const QString original = QString::fromUtf8(text);
+        return original + original.left(original.size() / 2);
+    }
+};
+
 } // namespace
 
 class tst_AdvTriggerDialogSections : public QObject
@@ -117,6 +131,7 @@ private slots:
     void unfoldedSectionsAreAllWholeAtOnce();
     void nothingIsClippedAtSize_data();
     void nothingIsClippedAtSize();
+    void longerTextsStayWhole();
     void columnsLineUpAcrossSections_data();
     void columnsLineUpAcrossSections();
     void labelsSitBesideTheirFields();
@@ -148,9 +163,9 @@ private:
 
 void tst_AdvTriggerDialogSections::initTestCase()
 {
-    // The size of a desktop's font, which the screen of these tests does not have by itself.
+    // A desktop's font, 9 points at 96 dpi; the screen of these tests comes with a larger one.
     QFont font = QApplication::font();
-    font.setPixelSize(13);
+    font.setPixelSize(12);
     QApplication::setFont(font);
 }
 
@@ -261,6 +276,20 @@ void tst_AdvTriggerDialogSections::nothingIsClippedAtSize()
     QVERIFY(!built->find<QScrollArea>("scrollArea")->horizontalScrollBar()->isVisible());
     QVERIFY(!built->find<QScrollArea>("scrollArea_2")->horizontalScrollBar()->isVisible());
     QVERIFY(!built->find<QTableWidget>("tableWidget")->horizontalScrollBar()->isVisible());
+}
+
+void tst_AdvTriggerDialogSections::longerTextsStayWhole()
+{
+    built.reset();
+    LongTexts translator;
+    QCoreApplication::installTranslator(&translator);
+    init();
+    unfoldAll();
+    QVERIFY(built->find<QLabel>("lblTriggerMode")->text().startsWith("Mode:"));
+    QVERIFY(built->find<QLabel>("lblTriggerMode")->text() != "Mode:");
+    for (QWidget* widget : rigidWidgets(*built->content))
+        QVERIFY2(widget->isHidden() || widget->width() >= widget->minimumSizeHint().width(),
+                 qPrintable(widget->objectName()));
 }
 
 void tst_AdvTriggerDialogSections::columnsLineUpAcrossSections_data()
