@@ -57,12 +57,15 @@ public:
 private:
     bool IsInNumber(int x, int y) const
     {
-        return x >= NumberLeft && x < NumberLeft + int(number.size()) * DigitPitch &&
-               y >= NumberTop && y < NumberTop + DigitHeight * DigitScale;
+        // With a margin, or bright surroundings would swallow the strokes at its edge.
+        return x >= NumberLeft - DigitScale && x < NumberLeft + int(number.size()) * DigitPitch &&
+               y >= NumberTop - DigitScale && y < NumberTop + (DigitHeight + 1) * DigitScale;
     }
 
     bool IsDigit(int x, int y) const
     {
+        if (x < 0 || y < 0 || y >= DigitHeight * DigitScale)
+            return false;
         const int column = x % DigitPitch / DigitScale;
         const auto digit = static_cast<std::size_t>(number[std::size_t(x / DigitPitch)] - '0');
         const int row = Digits[digit][std::size_t(y / DigitScale)];

@@ -119,6 +119,12 @@ void pictures(const QString& folder)
         light.enterPwm();
         light.save(folder + QStringLiteral("/dialog-pwm.png"));
     }
+    {
+        const OpenDialog light("light");
+        light.unfold("btnConfigureTriggerSources", "frmConfigureTriggerSources");
+        light.unfold("btnConfigureActionCommand", "frmActionCommand");
+        light.save(folder + QStringLiteral("/dialog-action.png"));
+    }
     const OpenDialog dark("dark");
     dark.unfoldAll();
     dark.save(folder + QStringLiteral("/dialog-dark.png"));
