@@ -39,6 +39,14 @@ void ShownTab::openDialog()
     waitUntilDrawn(*dialog);
 }
 
+void ShownTab::closeDialog()
+{
+    container.findChild<QDialog*>()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (container.findChild<QDialog*>())
+        qFatal("The dialog stays");
+}
+
 void ShownTab::tick()
 {
     QMetaObject::invokeMethod(tab, "updateTimer", Qt::DirectConnection);

@@ -24,6 +24,9 @@ public:
     /// Opens the advanced dialog; returns when the window system has drawn it.
     void openDialog();
 
+    /// Closes it again; returns when it is gone.
+    void closeDialog();
+
     /// The form's control of that object name; ends the program when there is none.
     template <typename Control> Control& control(const char* name)
     {

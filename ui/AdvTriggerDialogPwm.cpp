@@ -17,10 +17,12 @@ QString rounded(double value)
     return QStringLiteral("%1").arg(value, 0, 'g', -1);
 }
 
-/// The number in the field; 0 for anything that is none.
+/// The number in the field; 0 for anything that is none, such as one too large to be held.
 double numberIn(const QLineEdit& edit)
 {
-    return edit.text().toDouble();
+    bool valid = false;
+    const double number = edit.text().toDouble(&valid);
+    return valid ? number : 0.0;
 }
 
 void limit(QLineEdit& edit, double top, QObject* owner)

@@ -14,18 +14,27 @@
 
 namespace {
 
-/// Shows the wait cursor over a widget as long as it lives.
+/// Shows the wait cursor over a widget as long as it lives; the widget may go first.
 class WaitCursor
 {
 public:
-    explicit WaitCursor(QWidget& widget) : m_widget(widget) { m_widget.setCursor(Qt::WaitCursor); }
-    ~WaitCursor() { m_widget.unsetCursor(); }
+    explicit WaitCursor(QWidget& widget) : m_widget(&widget)
+    {
+        m_widget->setCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor()
+    {
+        if (m_widget)
+            m_widget->unsetCursor();
+    }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 
 private:
-    QWidget& m_widget;
+    QPointer<QWidget> m_widget;
 };
+
+constexpr int DialogMargin = 4;
 
 /// The wanted size, as far as the screen has room for it within a window frame.
 QSize withinScreen(QSize wanted, const QScreen& screen)
@@ -163,6 +172,8 @@ void AdvTriggerWidget::OnClickAdvancedDialog()
     dialog->setWindowTitle(dialogTitle());
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* layout = new QVBoxLayout(dialog.get());
+    // The content's two frames come with margins enough; small screens have no room for more.
+    layout->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
     const int presetIndex = m_form->cmbSelectPreset->currentIndex();
     const WaitCursor wait(*this);
     try {
@@ -170,19 +181,21 @@ void AdvTriggerWidget::OnClickAdvancedDialog()
     } catch (const TabExtensionException&) {
         return;
     }
-    layout->addWidget(m_dialogContent);
-    showDialog(std::move(dialog));
-}
-
-void AdvTriggerWidget::showDialog(std::unique_ptr<QDialog> dialog)
-{
     connect(dialog.get(), SIGNAL(finished(int)), SLOT(showTabWidget(int)));
     connect(this, SIGNAL(CamStreamingOn(bool)), m_dialogContent, SLOT(disableContents(bool)));
+    layout->addWidget(m_dialogContent);
     dialog->resize(withinScreen(m_dialogContent->size(), *dialog->screen()));
+    // From here on it deletes itself when it is closed, and goes with the tab at the latest.
+    makeWayFor(dialog.release());
+}
+
+void AdvTriggerWidget::makeWayFor(const QPointer<QDialog>& dialog)
+{
     setVisible(false);
     emit dialogWindowDisplayed(true);
-    // From here on it deletes itself when it is closed.
-    dialog.release()->show();
+    // A host may drop the tab on hearing this, and with it the dialog.
+    if (dialog)
+        dialog->show();
 }
 
 void AdvTriggerWidget::showTabWidget(int /*result*/)

@@ -61,7 +61,7 @@ private:
     void bind();
     void foldStatusSection();
     QString dialogTitle() const;
-    void showDialog(std::unique_ptr<QDialog> dialog);
+    void makeWayFor(const QPointer<QDialog>& dialog);
 
     bool m_shown = false;
     std::unique_ptr<Ui::AdvTriggerWidget> m_form;

@@ -8,7 +8,6 @@
 
 #include <memory>
 
-class QComboBox;
 class QTimer;
 
 /// The viewer with the built plugin, as a person has it on the screen: window, camera, tab.
@@ -41,7 +40,6 @@ public:
     void waitForTicks(int ticks) const;
 
     /// Picks an entry of a combo box with the mouse: a click on the box, a click on the entry.
-    static void choose(QComboBox& box, const QString& entry);
     void choose(const char* comboBox, const QString& entry) const;
     void click(const char* button) const;
     /// Presses the tool bar's start and stop button.

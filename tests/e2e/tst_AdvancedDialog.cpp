@@ -2,6 +2,7 @@
 // what the camera has of it.
 #include "tests/e2e/RunningViewer.h"
 #include "tests/e2e/SimulatorProcess.h"
+#include "tests/support/MouseChoice.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -238,7 +239,7 @@ void tst_AdvancedDialog::aPickedPresetIsAppliedOnceAndTakenBackByTheTab()
     QVERIFY2(viewer.window(), qPrintable(viewer.problem));
     const Dialog dialog(viewer);
     const QString preset = QStringLiteral("Software Trigger");
-    RunningViewer::choose(dialog.find<QComboBox>("cmbSelectPreset"), preset);
+    chooseWithMouse(dialog.find<QComboBox>("cmbSelectPreset"), preset);
     QCOMPARE(textOf(viewer, "TriggerMode"), QStringLiteral("On"));
     QTRY_COMPARE(dialog.find<QComboBox>("cmbTriggerMode").currentText(), QStringLiteral("On"));
 

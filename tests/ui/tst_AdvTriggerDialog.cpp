@@ -65,7 +65,8 @@ private slots:
     void detectsPwm();
     void detectsPwmWhenOneOfItsFeaturesChanged_data();
     void detectsPwmWhenOneOfItsFeaturesChanged();
-    void neverSwitchesPwmOffByItself();
+    void anotherTriggerLeavesPwmSwitchedOn_data();
+    void anotherTriggerLeavesPwmSwitchedOn();
     void streamingDisablesOnlyThePresetBoxAndShowsTheHint();
     void coloursFollowThePalette_data();
     void coloursFollowThePalette();
@@ -345,14 +346,23 @@ void tst_AdvTriggerDialog::detectsPwmWhenOneOfItsFeaturesChanged()
     QCOMPARE(built.find<QGroupBox>("grpPWM")->isChecked(), detected);
 }
 
-void tst_AdvTriggerDialog::neverSwitchesPwmOffByItself()
+void tst_AdvTriggerDialog::anotherTriggerLeavesPwmSwitchedOn_data()
 {
+    QTest::addColumn<QString>("value");
+    QTest::newRow("TimerTriggerSource") << "Off";
+    QTest::newRow("TimerTriggerActivation") << "RisingEdge";
+}
+
+void tst_AdvTriggerDialog::anotherTriggerLeavesPwmSwitchedOn()
+{
+    QFETCH(QString, value);
+    const QByteArray changed = QTest::currentDataTag();
     DialogOnCamera built;
     built.showAndSettle();
     built.find<QGroupBox>("grpPWM")->setChecked(true);
-    built.feature("TimerTriggerSource").state().text = "Off";
+    built.feature(changed).state().text = value.toStdString();
     built.content->report({"TimerSelector", "TimerTriggerSource", "TimerTriggerActivation"});
-    QCOMPARE(built.find<QComboBox>("cmbTimerTriggerSource")->currentText(), QString("Off"));
+    QCOMPARE(built.find<QComboBox>("cmb" + changed)->currentText(), value);
     QVERIFY(built.find<QGroupBox>("grpPWM")->isChecked());
 }
 

@@ -171,6 +171,10 @@ void tst_AdvTriggerDialogPwm::unusableInputWritesNothing_data()
                                    << "2,5";
     QTest::newRow("not a number") << "nan"
                                   << "25";
+    QTest::newRow("frequency beyond all numbers") << "1e400"
+                                                  << "25";
+    QTest::newRow("duty cycle beyond all numbers") << "1000"
+                                                   << "1e400";
 }
 
 void tst_AdvTriggerDialogPwm::unusableInputWritesNothing()
@@ -444,6 +448,9 @@ void tst_AdvTriggerDialogPwm::typing150PercentIsRefused()
     type(dutyCycle(), "150");
     QVERIFY(!dutyCycle().hasAcceptableInput());
     QVERIFY(built->camera->calls().empty());
+    // Leaving the field does not finish its editing either.
+    frequency().setFocus();
+    QVERIFY(built->camera->calls().empty());
 }
 
 void tst_AdvTriggerDialogPwm::typingAbove1000000HertzIsRefused()
@@ -451,6 +458,8 @@ void tst_AdvTriggerDialogPwm::typingAbove1000000HertzIsRefused()
     unfold();
     type(frequency(), "1000001");
     QVERIFY(!frequency().hasAcceptableInput());
+    QVERIFY(built->camera->calls().empty());
+    dutyCycle().setFocus();
     QVERIFY(built->camera->calls().empty());
 }
 

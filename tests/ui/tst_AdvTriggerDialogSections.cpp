@@ -3,6 +3,7 @@
 #include "tests/ui/DialogUnderTest.h"
 #include "widgets/CollapsingButton.h"
 
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QTranslator>
 
@@ -131,6 +132,8 @@ private slots:
     void unfoldedSectionsAreAllWholeAtOnce();
     void nothingIsClippedAtSize_data();
     void nothingIsClippedAtSize();
+    void theOverviewShowsItsValuesWholeAtSize_data();
+    void theOverviewShowsItsValuesWholeAtSize();
     void longerTextsStayWhole();
     void columnsLineUpAcrossSections_data();
     void columnsLineUpAcrossSections();
@@ -188,14 +191,16 @@ void tst_AdvTriggerDialogSections::addSections() const
         QTest::newRow(qPrintable(section.key())) << section.value();
 }
 
-/// Clicks the section's header and awaits the end of the movement.
+/// Clicks the section's header and awaits the end of the movement: each turn of the event loop
+/// moves it on.
 void tst_AdvTriggerDialogSections::unfold(const QString& name) const
 {
     const QWidget* content = built->find(contents().value(name));
-    int height = -1;
     QTest::mouseClick(&button(name), Qt::LeftButton, Qt::NoModifier, QPoint(10, 10));
     QTRY_VERIFY(content->height() >= content->sizeHint().height());
-    QTRY_VERIFY(std::exchange(height, content->maximumHeight()) == content->maximumHeight());
+    int before = -1;
+    while (std::exchange(before, content->maximumHeight()) != content->maximumHeight())
+        QTest::qWait(50);
 }
 
 void tst_AdvTriggerDialogSections::unfoldAll() const
@@ -273,9 +278,34 @@ void tst_AdvTriggerDialogSections::nothingIsClippedAtSize()
     for (QWidget* widget : rigidWidgets(*built->content))
         QVERIFY2(widget->isHidden() || widget->width() >= widget->minimumSizeHint().width(),
                  qPrintable(widget->objectName()));
-    QVERIFY(!built->find<QScrollArea>("scrollArea")->horizontalScrollBar()->isVisible());
-    QVERIFY(!built->find<QScrollArea>("scrollArea_2")->horizontalScrollBar()->isVisible());
-    QVERIFY(!built->find<QTableWidget>("tableWidget")->horizontalScrollBar()->isVisible());
+    for (const char* name : {"scrollArea", "scrollArea_2", "tableWidget"}) {
+        const auto* area = built->find<QAbstractScrollArea>(name);
+        QTRY_VERIFY2(!area->horizontalScrollBar()->isVisible(), name);
+    }
+}
+
+void tst_AdvTriggerDialogSections::theOverviewShowsItsValuesWholeAtSize_data()
+{
+    nothingIsClippedAtSize_data();
+}
+
+void tst_AdvTriggerDialogSections::theOverviewShowsItsValuesWholeAtSize()
+{
+    QFETCH(QSize, size);
+    built.reset();
+    auto camera = cameraOfPresetFamily();
+    (*camera)["TriggerMode"].state().text = "On";
+    (*camera)["CounterEventSource"].stateFor("Counter0").text = "ExposureActive";
+    DialogOnCamera busy(std::move(camera));
+    busy.window.resize(size);
+    busy.showAndSettle();
+    const auto* tree = busy.find<QTreeView>("treeView");
+    QTRY_COMPARE(tree->header()->length(), tree->viewport()->width());
+    QVERIFY(!tree->horizontalScrollBar()->isVisible());
+    // The longest of what stands in either column, with the room that the style leaves around it.
+    const QFontMetrics metrics = tree->fontMetrics();
+    QVERIFY(tree->columnWidth(0) > metrics.horizontalAdvance("CounterTriggerActivation"));
+    QVERIFY(tree->columnWidth(1) >= metrics.horizontalAdvance("AcquisitionActive") + 7);
 }
 
 void tst_AdvTriggerDialogSections::longerTextsStayWhole()

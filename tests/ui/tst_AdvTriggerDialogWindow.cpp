@@ -1,7 +1,6 @@
-// The dialog's window: opened from the tab, closed in every way, and outlived by the tab or not.
-#include "plugin/TabExtensionPlugin.h"
-#include "tests/plugin/HostWindow.h"
+// The dialog's window: opened from the tab, closed in every way, again and again.
 #include "tests/ui/DialogUnderTest.h"
+#include "tests/ui/OpenedDialog.h"
 #include "tests/ui/TabUnderTest.h"
 
 #include <QCloseEvent>
@@ -9,37 +8,38 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QWindow>
 
+#include <functional>
+
 namespace {
 
-QDialog* dialogOf(const QWidget& tab)
+/// Records something each time an object gets an event of one type.
+class EventRecorder : public QObject
 {
-    return tab.findChild<QDialog*>();
-}
+public:
+    EventRecorder(QObject& watched, QEvent::Type eventType, std::function<int()> recorded)
+        : type(eventType), record(std::move(recorded))
+    {
+        watched.installEventFilter(this);
+    }
 
-void clickOpen(const QWidget& tab)
-{
-    QTest::mouseClick(tab.findChild<QPushButton*>("btnAdvancedDialog"), Qt::LeftButton);
-}
+    QList<int> records;
 
-/// Deletes what waits for its deletion, as the event loop would.
-void deleteDeferred()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+private:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == type)
+            records << record();
+        return false;
+    }
 
-std::size_t registrations(const Fake::FakeCamera& camera)
-{
-    std::size_t count = 0;
-    for (const ZalCPP::FeaturePtr& feature : *camera.features())
-        count += static_cast<const Fake::FakeFeature&>(*feature).observerCount();
-    return count;
-}
+    QEvent::Type type;
+    std::function<int()> record;
+};
 
 bool wroteDelay(const Fake::FakeCamera& camera)
 {
@@ -56,6 +56,7 @@ private slots:
     void init();
     void cleanup();
     void openingHidesTheTabAndSaysSo();
+    void saysSoBetweenHidingTheTabAndShowingTheDialog();
     void dialogIsModelessAndDeletesItself();
     void titleNamesModelAndSerialNumber_data();
     void titleNamesModelAndSerialNumber();
@@ -64,6 +65,7 @@ private slots:
     void opensWithThePresetOfTheTabWithoutApplyingIt();
     void closingShowsTheTabAndSaysSo_data();
     void closingShowsTheTabAndSaysSo();
+    void takesThePresetThenShowsTheTabThenSaysSo();
     void tabTakesThePresetOfTheDialogWithoutApplyingIt();
     void takingThePresetKeepsTheBlockingOfBefore();
     void waitCursorShowsWhileOpeningAndClosing();
@@ -74,9 +76,6 @@ private slots:
     void afterARefusalTheDialogOpensAgain();
     void losingTheCameraWithTheDialogOpen();
     void bothEnginesFollowTheCameraInTheirTime();
-    void noticeShowsWhileTheDialogIsOpen();
-    void deletingTheContainerWithTheDialogOpen_data();
-    void deletingTheContainerWithTheDialogOpen();
     void twoHundredTimesLeaveNothingBehind();
 
 private:
@@ -130,6 +129,19 @@ void tst_AdvTriggerDialogWindow::openingHidesTheTabAndSaysSo()
     QVERIFY(!shown->tab.isVisible());
     QVERIFY(dialog.isVisible());
     QVERIFY(QTest::qWaitForWindowActive(dialogOf(shown->tab)));
+}
+
+void tst_AdvTriggerDialogWindow::saysSoBetweenHidingTheTabAndShowingTheDialog()
+{
+    int heard = 0;
+    connect(&shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
+        ++heard;
+        QVERIFY(shown->tab.isHidden());
+        QVERIFY(dialogOf(shown->tab) != nullptr);
+        QVERIFY(!dialogOf(shown->tab)->isVisible());
+    });
+    QVERIFY(open().isVisible());
+    QCOMPARE(heard, 1);
 }
 
 void tst_AdvTriggerDialogWindow::dialogIsModelessAndDeletesItself()
@@ -217,6 +229,21 @@ void tst_AdvTriggerDialogWindow::closingShowsTheTabAndSaysSo()
     QVERIFY(shown->tab.isVisible());
     deleteDeferred();
     QVERIFY(dialog.isNull());
+}
+
+void tst_AdvTriggerDialogWindow::takesThePresetThenShowsTheTabThenSaysSo()
+{
+    QDialog& dialog = open();
+    presetsOf(dialog).setCurrentIndex(3);
+    EventRecorder shows(shown->tab, QEvent::Show, [this] { return tabPresets().currentIndex(); });
+    int heard = 0;
+    connect(&shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
+        ++heard;
+        QVERIFY(shown->tab.isVisible());
+        QCOMPARE(shows.records, QList<int>{3});
+    });
+    dialog.reject();
+    QCOMPARE(heard, 1);
 }
 
 void tst_AdvTriggerDialogWindow::tabTakesThePresetOfTheDialogWithoutApplyingIt()
@@ -344,56 +371,6 @@ void tst_AdvTriggerDialogWindow::bothEnginesFollowTheCameraInTheirTime()
     QTRY_COMPARE(shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
 }
 
-void tst_AdvTriggerDialogWindow::noticeShowsWhileTheDialogIsOpen()
-{
-    TabExtensionPlugin plugin;
-    HostWindow host;
-    QCOMPARE(plugin.get(shown->camera->features(), *host.container, nullptr), 0);
-    host.show();
-    const auto* notice = host.container->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-    auto* tab = host.container->findChild<AdvTriggerWidget*>();
-    QCOMPARE(notice->text(), QString("Please use the Advanced Trigger Dialog."));
-    QVERIFY(!notice->isVisible());
-    clickOpen(*tab);
-    QVERIFY(notice->isVisible());
-    QVERIFY(!tab->isVisible());
-    dialogOf(*tab)->reject();
-    QVERIFY(!notice->isVisible());
-    QVERIFY(tab->isVisible());
-}
-
-void tst_AdvTriggerDialogWindow::deletingTheContainerWithTheDialogOpen_data()
-{
-    QTest::addColumn<QString>("focused");
-    QTest::newRow("nothing touched") << QString();
-    // Losing the focus finishes its editing, in the middle of the end.
-    QTest::newRow("editing a field") << "txtActionGroupKey";
-    QTest::newRow("editing a number") << "spbTimerDelay";
-}
-
-void tst_AdvTriggerDialogWindow::deletingTheContainerWithTheDialogOpen()
-{
-    QFETCH(QString, focused);
-    shown->tab.hide();
-    const std::size_t before = registrations(*shown->camera);
-    TabExtensionPlugin plugin;
-    auto host = std::make_unique<HostWindow>();
-    QCOMPARE(plugin.get(shown->camera->features(), *host->container, nullptr), 0);
-    host->show();
-    auto* tab = host->container->findChild<AdvTriggerWidget*>();
-    clickOpen(*tab);
-    const QPointer<QDialog> dialog = dialogOf(*tab);
-    QVERIFY(QTest::qWaitForWindowActive(dialog));
-    for (auto* section : dialog->findChildren<QToolButton*>())
-        section->setChecked(true);
-    if (!focused.isEmpty())
-        dialog->findChild<QWidget*>(focused)->setFocus();
-    delete host->container;
-    QVERIFY(dialog.isNull());
-    deleteDeferred();
-    QCOMPARE(registrations(*shown->camera), before);
-}
-
 void tst_AdvTriggerDialogWindow::twoHundredTimesLeaveNothingBehind()
 {
     constexpr int cycles = 200;
@@ -404,10 +381,13 @@ void tst_AdvTriggerDialogWindow::twoHundredTimesLeaveNothingBehind()
     for (int cycle = 0; cycle < cycles; ++cycle) {
         QDialog& dialog = open();
         dialog.findChild<QDoubleSpinBox*>("spbTimerDelay")->setValue(cycle + 1.0);
-        dialog.findChild<QComboBox*>("cmbLine2_LineSource")->setCurrentIndex(1 + cycle % 2);
+        auto* source = dialog.findChild<QComboBox*>("cmbLine2_LineSource");
+        source->setCurrentIndex(1 + cycle % 2);
         shown->camera->notify("TimerDelay");
         QCoreApplication::processEvents();
         QCOMPARE((*shown->camera)["TimerDelay"].state().real, cycle + 1.0);
+        QCOMPARE(QString::fromStdString((*shown->camera)["LineSource"].stateFor("Line2").text),
+                 source->currentText());
         dialog.close();
         deleteDeferred();
     }
