@@ -44,7 +44,7 @@ public:
           content(new DialogUnderTest(camera->features(), presetIndex, &window))
     {
         auto* layout = new QVBoxLayout(&window);
-        layout->setContentsMargins(4, 4, 4, 4);
+        layout->setContentsMargins(4, 4, 4, 4); // As in the window that the tab opens.
         layout->addWidget(content);
     }
 
