@@ -2,6 +2,7 @@
 
 #include "features/FeatureManager.h"
 #include "tests/support/FakeCamera.h"
+#include "tests/support/LeaksOfQtParser.h"
 #include "tools/presetcheck/Output.h"
 
 #include <QByteArray>
@@ -17,6 +18,7 @@ inline QByteArray json(QByteArray text)
 /// What the checker prints for a file of that content, called "f.json"; ' stands for ".
 inline QByteArray findingsIn(const QByteArray& content, const FeatureManager* camera = nullptr)
 {
+    [[maybe_unused]] const LeaksOfQtParser ignored;
     PresetCheck::Report report = PresetCheck::checkPresets(json(content), camera);
     report.file = QStringLiteral("f.json");
     return PresetCheck::asText({report});

@@ -1,13 +1,10 @@
 // Presets files that nobody should write.
+#include "tests/support/LeaksOfQtParser.h"
 #include "tests/trigger/PresetForm.h"
 #include "trigger/PresetFile.h"
 
 #include <QJsonDocument>
 #include <QtTest>
-
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 namespace {
 
@@ -38,27 +35,6 @@ QByteArray tenMegabytes()
         settings += ",\"Feature" + QByteArray::number(i) + "\":\"<value of some length>\"";
     return onePreset(R"({"S":)" + settings + "}}");
 }
-
-/// The JSON parser of Qt 5.15 loses memory on objects that have a member twice.
-class LeaksOfQtParser
-{
-public:
-#ifdef __SANITIZE_ADDRESS__
-    LeaksOfQtParser()
-    {
-        __lsan_disable();
-    }
-    ~LeaksOfQtParser()
-    {
-        __lsan_enable();
-    }
-#else
-    LeaksOfQtParser() = default;
-    ~LeaksOfQtParser() = default;
-#endif
-    LeaksOfQtParser(const LeaksOfQtParser&) = delete;
-    LeaksOfQtParser& operator=(const LeaksOfQtParser&) = delete;
-};
 
 } // namespace
 
