@@ -312,8 +312,9 @@ void tst_FullCamera::pulseTrainTogglesALine()
 {
     client->SetFor("LineSelector", "Line3", "LineSource", "Timer1Active");
     client->Set("CounterEventSource", "Line3");
-    client->SetFor("TimerSelector", "Timer1", "TimerDuration", 40000);
-    client->Set("TimerDelay", 60000);
+    // Levels that last much longer than the pause between two looks at them.
+    client->SetFor("TimerSelector", "Timer1", "TimerDuration", 400000);
+    client->Set("TimerDelay", 600000);
     client->Set("TimerTriggerSource", "Timer1Active");
     client->Set("TimerTriggerActivation", "FallingEdge");
     for (const double level : {1.0, 0.0, 1.0, 0.0})
