@@ -116,6 +116,8 @@ void tst_IdleTable::waitForTicks(int ticks)
 
 std::set<std::uint64_t> tst_IdleTable::polledAddresses()
 {
+    // After a write nothing is answered from what was read a moment ago.
+    m_camera->FindFeature("TriggerDelay")->SetFloatValue(0.0);
     m_tap->takeAccesses();
     bool level = false;
     m_camera->FindFeature("LineStatus")->GetBoolValue(level);

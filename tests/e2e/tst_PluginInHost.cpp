@@ -179,6 +179,9 @@ void tst_PluginInHost::anIdleCameraHasNoTrafficButItsPolledFeatures()
     m_tap->takeAccesses();
     QTRY_COMPARE(ticks.count(), 5);
     const WireLedger idle(m_tap->takeAccesses(), now);
+    // After a write nothing is answered from what was read a moment ago.
+    QCOMPARE(device.camera->FindFeature("TriggerDelay")->SetFloatValue(0.0), ZalErrorSuccess);
+    m_tap->takeAccesses();
     bool level = false;
     QCOMPARE(device.camera->FindFeature("LineStatus")->GetBoolValue(level), ZalErrorSuccess);
     const WireLedger poll(m_tap->takeAccesses(), now);
