@@ -78,6 +78,13 @@ std::optional<QString> AdvTriggerBase::ReadableText(const QString& feature) cons
     return ValueText(feature);
 }
 
+QLocale AdvTriggerBase::InputLocale()
+{
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::RejectGroupSeparator);
+    return locale;
+}
+
 /// Limits what may be typed to what can be written.
 void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
 {
@@ -89,10 +96,7 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
     constexpr int decimals = 10;
     const Range range = RangeOf(*m_featureManager, feature);
     auto* validator = new DoubleValidator(range.min, range.max, decimals, &edit);
-    // Typed as it is parsed: in C notation, and without group separators.
-    QLocale locale = QLocale::c();
-    locale.setNumberOptions(QLocale::RejectGroupSeparator);
-    validator->setLocale(locale);
+    validator->setLocale(InputLocale());
     edit.setValidator(validator);
 }
 

@@ -5,13 +5,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-namespace {
+using namespace PresetFile;
 
-const QString ListKey = QStringLiteral("#presets");
-const QString ToolTipKey = QStringLiteral("#tooltip");
-const QString CommandKey = QStringLiteral("#execute");
-const QString ValueKey = QStringLiteral("#value");
-const QString EveryEntry = QStringLiteral("<all>");
+namespace {
 
 /// Numbers and booleans too, unlike QJsonValue::toString().
 QString TextOf(const QJsonValue& value)
@@ -63,7 +59,7 @@ QString SettingsOf(const QJsonObject& members)
     return settings;
 }
 
-PresetFile::Preset PresetOf(const QString& name, QJsonObject members)
+Preset PresetOf(const QString& name, QJsonObject members)
 {
     QString toolTip = QStringLiteral("<b>%1</b><br>").arg(name);
     toolTip += TextOf(members.take(ToolTipKey));
@@ -74,9 +70,9 @@ PresetFile::Preset PresetOf(const QString& name, QJsonObject members)
     return {name, members, toolTip};
 }
 
-PresetFile::Step StepOf(const QString& feature, const QJsonObject& members)
+Step StepOf(const QString& feature, const QJsonObject& members)
 {
-    PresetFile::Step step;
+    Step step;
     step.feature = feature;
     step.dependents = members.toVariantMap();
     step.value = step.dependents.take(ValueKey).toString();
@@ -84,9 +80,9 @@ PresetFile::Step StepOf(const QString& feature, const QJsonObject& members)
 }
 
 /// Only a step that stands alone can be for every entry: in a list the text is an entry like any.
-PresetFile::Step SingleStepOf(const QString& feature, const QJsonObject& members)
+Step SingleStepOf(const QString& feature, const QJsonObject& members)
 {
-    PresetFile::Step step = StepOf(feature, members);
+    Step step = StepOf(feature, members);
     step.forEveryEntry = step.value.startsWith(EveryEntry);
     const int separator = step.forEveryEntry ? step.value.indexOf(QLatin1Char('_')) : -1;
     step.namesLastEntry = separator >= 0;
@@ -95,7 +91,7 @@ PresetFile::Step SingleStepOf(const QString& feature, const QJsonObject& members
     return step;
 }
 
-void AppendSteps(QVector<PresetFile::Step>& steps, const QString& feature, const QJsonValue& value)
+void AppendSteps(QVector<Step>& steps, const QString& feature, const QJsonValue& value)
 {
     if (!value.isArray()) {
         steps.append(SingleStepOf(feature, value.toObject()));

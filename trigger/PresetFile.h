@@ -14,6 +14,14 @@
 /// All functions may be called from any thread.
 namespace PresetFile {
 
+/// The members of a file that are no names of presets or features.
+inline const QString ListKey = QStringLiteral("#presets");
+inline const QString ToolTipKey = QStringLiteral("#tooltip");
+inline const QString CommandKey = QStringLiteral("#execute");
+inline const QString ValueKey = QStringLiteral("#value");
+/// What a value begins with that stands for every entry of a selector.
+inline const QString EveryEntry = QStringLiteral("<all>");
+
 /// A preset that the file offers.
 struct Preset
 {

@@ -25,13 +25,10 @@ double numberIn(const QLineEdit& edit)
     return valid ? number : 0.0;
 }
 
-void limit(QLineEdit& edit, double top, QObject* owner)
+void limit(QLineEdit& edit, double top, const QLocale& locale, QObject* owner)
 {
     constexpr int decimals = 2;
     auto* validator = new QDoubleValidator(0.0, top, decimals, owner);
-    // Typed as it is parsed: in C notation, and without group separators.
-    QLocale locale = QLocale::c();
-    locale.setNumberOptions(QLocale::RejectGroupSeparator);
     validator->setLocale(locale);
     edit.setValidator(validator);
 }
@@ -41,8 +38,8 @@ void limit(QLineEdit& edit, double top, QObject* owner)
 void AdvTriggerDialog::limitPwmInput()
 {
     constexpr double highestFrequency = 1000000.0;
-    limit(*txtPWMDutyCycle, WholePercent, this);
-    limit(*txtPWMFrequency, highestFrequency, this);
+    limit(*txtPWMDutyCycle, WholePercent, InputLocale(), this);
+    limit(*txtPWMFrequency, highestFrequency, InputLocale(), this);
 }
 
 void AdvTriggerDialog::connectPwm()

@@ -11,9 +11,6 @@ namespace PresetCheck {
 
 namespace {
 
-const QString ValueKey = QStringLiteral("#value");
-const QString CommandKey = QStringLiteral("#execute");
-
 /// The object itself where the two parsers differ: on half a surrogate pair, or on one key in two
 /// notations.
 const JsonNode& placeOf(const JsonNode& object, const QString& key)
@@ -76,14 +73,14 @@ bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
             checkStep(step, member.keyAt, elementOf(member, element));
     }
     if (!plan.command.isEmpty())
-        checkCommand(plan.command, placeOf(node, CommandKey));
+        checkCommand(plan.command, placeOf(node, PresetFile::CommandKey));
     return selectors.putBack();
 }
 
 void CameraChecks::checkStep(const PresetFile::Step& step, std::size_t keyAt,
                              const JsonNode& object)
 {
-    const Placed placed{step, keyAt, object, placeOf(object, ValueKey)};
+    const Placed placed{step, keyAt, object, placeOf(object, PresetFile::ValueKey)};
     if (step.forEveryEntry)
         checkForEveryEntry(placed);
     else

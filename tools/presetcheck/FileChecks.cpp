@@ -2,18 +2,16 @@
 
 #include "tools/presetcheck/Numbers.h"
 #include "tools/presetcheck/Placeholders.h"
+#include "trigger/PresetFile.h"
 
 namespace PresetCheck {
 
 namespace {
 
 using Kind = JsonNode::Kind;
+using namespace PresetFile;
 
-const QString ListKey = QStringLiteral("#presets");
 const QString SchemaKey = QStringLiteral("$schema");
-const QString ToolTipKey = QStringLiteral("#tooltip");
-const QString CommandKey = QStringLiteral("#execute");
-const QString ValueKey = QStringLiteral("#value");
 
 bool isReserved(const QString& key)
 {
@@ -249,7 +247,7 @@ void FileChecks::checkValue(const QString& feature, const JsonNode& value, bool 
         findings.add(Rules::ValueNotPlain, value.at,
                      QStringLiteral("\"#value\" must be a text, a number or true or false, not %1")
                          .arg(nameOf(value.kind)));
-    else if (value.text.startsWith(Placeholders::All))
+    else if (value.text.startsWith(EveryEntry))
         checkAll(value, inList);
     else
         checkPlaceholder(value);
@@ -258,7 +256,7 @@ void FileChecks::checkValue(const QString& feature, const JsonNode& value, bool 
 
 void FileChecks::checkAll(const JsonNode& value, bool inList)
 {
-    const QString rest = value.text.mid(Placeholders::All.size());
+    const QString rest = value.text.mid(EveryEntry.size());
     if (inList)
         findings.add(Rules::AllInList, value.at,
                      QStringLiteral("\"<all>\" has no meaning in a list; the plugin would write it "
@@ -280,7 +278,7 @@ void FileChecks::checkDependent(const JsonNode& dependent)
         findings.add(Rules::DependentNotPlain, dependent.at,
                      QStringLiteral("%1 must be a text, a number or true or false, not %2")
                          .arg(quoted(dependent.key), nameOf(dependent.kind)));
-    else if (dependent.text.startsWith(Placeholders::All))
+    else if (dependent.text.startsWith(EveryEntry))
         findings.add(Rules::AllAsDependent, dependent.at,
                      QStringLiteral("\"<all>\" has a meaning in \"#value\" only; the plugin would "
                                     "write it as it is"));

@@ -2,10 +2,9 @@
 
 #include <QString>
 
-/// The texts that stand for something else.
+/// The texts that stand for a limit of a feature.
 namespace PresetCheck::Placeholders {
 
-inline const QString All = QStringLiteral("<all>");
 inline const QString Min = QStringLiteral("<min>");
 inline const QString Max = QStringLiteral("<max>");
 

@@ -2,6 +2,7 @@
 
 #include "features/FeatureManager.h"
 #include "tools/presetcheck/Placeholders.h"
+#include "trigger/PresetFile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,7 @@ using Kind = JsonNode::Kind;
 
 bool isKnownToBeWrong(const JsonNode& value)
 {
-    if (!value.isPlain() || value.text.startsWith(Placeholders::All))
+    if (!value.isPlain() || value.text.startsWith(PresetFile::EveryEntry))
         return true;
     return Placeholders::isBracketed(value.text) && !Placeholders::isLimit(value.text);
 }
