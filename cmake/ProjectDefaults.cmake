@@ -19,6 +19,14 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(ADVTRIGGER_PLUGIN_DIR ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/plugins)
 
+# Programs find our library from where they lie, built and installed. A run path that the
+# installation replaces is no alternative: CMake leaves an empty entry at its end until then, and
+# that one means the working directory.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
+# Libraries from elsewhere are found where they were linked.
+set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
+
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
