@@ -103,12 +103,3 @@ int listCameras()
     Console::complain(QCoreApplication::translate("Viewer", "No camera was found."));
     return ExitNoCamera;
 }
-
-bool prepareDisplay(const ViewerOptions& options)
-{
-    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
-        if (!qEnvironmentVariableIsEmpty(variable))
-            return true;
-    }
-    return !options.screenshotFile.isEmpty() && qputenv("QT_QPA_PLATFORM", "offscreen");
-}

@@ -8,7 +8,3 @@ int runViewer(const ViewerOptions& options);
 
 /// Prints the cameras that are found, one a line. Returns an ExitCode.
 int listCameras();
-
-/// False when a window cannot be shown at all. A screenshot needs no display: for it, and when the
-/// environment names none, it chooses the platform without one. Call before making a QApplication.
-bool prepareDisplay(const ViewerOptions& options);

@@ -1,5 +1,6 @@
 #include "host/CommandLine.h"
 #include "host/Console.h"
+#include "host/Display.h"
 #include "host/ExitCode.h"
 #include "host/Language.h"
 #include "host/Viewer.h"
@@ -39,11 +40,14 @@ std::optional<int> runWithoutWindow(int argc, char* argv[], ViewerOptions& optio
     case CommandLine::Action::Run:
         break;
     }
-    if (prepareDisplay(options))
-        return std::nullopt;
-    Console::complain(QCoreApplication::translate(
-        "Viewer", "There is no display to open the window on. Use --screenshot FILE to save a "
-                  "picture of it."));
+    return std::nullopt;
+}
+
+int refuseWindow(int argc, char* argv[], const ViewerOptions& options)
+{
+    const QCoreApplication application(argc, argv);
+    Language::installTranslators();
+    Console::complain(Display::complaint(options));
     return ExitNoDisplay;
 }
 
@@ -55,6 +59,8 @@ int main(int argc, char* argv[])
     ViewerOptions options;
     if (const std::optional<int> exitCode = runWithoutWindow(argc, argv, options))
         return *exitCode;
+    if (!Display::prepare(options))
+        return refuseWindow(argc, argv, options);
     const QApplication application(argc, argv);
     Language::installTranslators();
     return runViewer(options);

@@ -266,6 +266,14 @@ Rückgabewerte:
         <source>No camera was found.</source>
         <translation>Es wurde keine Kamera gefunden.</translation>
     </message>
+    <message>
+        <source>There is no usable display to open the window on (%1). Use --screenshot FILE to save a picture of it.</source>
+        <translation>Es gibt keine nutzbare Anzeige, auf der das Fenster geöffnet werden kann (%1). Mit --screenshot DATEI wird ein Bild davon gespeichert.</translation>
+    </message>
+    <message>
+        <source>There is no usable display to open the window on (%1).</source>
+        <translation>Es gibt keine nutzbare Anzeige, auf der das Fenster geöffnet werden kann (%1).</translation>
+    </message>
 </context>
 <context>
     <name>ZalCPP</name>

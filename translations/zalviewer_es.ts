@@ -266,6 +266,14 @@ Códigos de salida:
         <source>No camera was found.</source>
         <translation>No se encontró ninguna cámara.</translation>
     </message>
+    <message>
+        <source>There is no usable display to open the window on (%1). Use --screenshot FILE to save a picture of it.</source>
+        <translation>No hay ninguna pantalla utilizable en la que abrir la ventana (%1). Use --screenshot ARCHIVO para guardar una imagen de ella.</translation>
+    </message>
+    <message>
+        <source>There is no usable display to open the window on (%1).</source>
+        <translation>No hay ninguna pantalla utilizable en la que abrir la ventana (%1).</translation>
+    </message>
 </context>
 <context>
     <name>ZalCPP</name>

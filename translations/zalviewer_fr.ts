@@ -266,6 +266,14 @@ Codes de sortie&#xa0;:
         <source>No camera was found.</source>
         <translation>Aucune caméra n’a été trouvée.</translation>
     </message>
+    <message>
+        <source>There is no usable display to open the window on (%1). Use --screenshot FILE to save a picture of it.</source>
+        <translation>Il n’y a pas d’écran utilisable sur lequel ouvrir la fenêtre (%1). Utilisez --screenshot FICHIER pour en enregistrer une image.</translation>
+    </message>
+    <message>
+        <source>There is no usable display to open the window on (%1).</source>
+        <translation>Il n’y a pas d’écran utilisable sur lequel ouvrir la fenêtre (%1).</translation>
+    </message>
 </context>
 <context>
     <name>ZalCPP</name>

@@ -266,6 +266,14 @@ Exit codes:
         <source>No camera was found.</source>
         <translation>カメラが見つかりませんでした。</translation>
     </message>
+    <message>
+        <source>There is no usable display to open the window on (%1). Use --screenshot FILE to save a picture of it.</source>
+        <translation>ウィンドウを開ける使用可能なディスプレイがありません (%1)。--screenshot ファイル名 を指定すると、ウィンドウの画像を保存できます。</translation>
+    </message>
+    <message>
+        <source>There is no usable display to open the window on (%1).</source>
+        <translation>ウィンドウを開ける使用可能なディスプレイがありません (%1)。</translation>
+    </message>
 </context>
 <context>
     <name>ZalCPP</name>

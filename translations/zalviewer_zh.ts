@@ -266,6 +266,14 @@ Exit codes:
         <source>No camera was found.</source>
         <translation>未找到相机。</translation>
     </message>
+    <message>
+        <source>There is no usable display to open the window on (%1). Use --screenshot FILE to save a picture of it.</source>
+        <translation>没有可用于打开窗口的显示器 (%1)。请使用 --screenshot 文件名 保存窗口图像。</translation>
+    </message>
+    <message>
+        <source>There is no usable display to open the window on (%1).</source>
+        <translation>没有可用于打开窗口的显示器 (%1)。</translation>
+    </message>
 </context>
 <context>
     <name>ZalCPP</name>

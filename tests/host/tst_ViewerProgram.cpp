@@ -1,50 +1,18 @@
 #include "host/ExitCode.h"
 #include "sdk/simulator/SimulatedCamera.h"
+#include "tests/host/ViewerProcess.h"
 
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
-
-struct Outcome
-{
-    int exitCode = -1;
-    bool crashed = true;
-    QString output;
-    QString complaint;
-};
-
-Outcome run(const QStringList& arguments, const QProcessEnvironment& environment,
-            const QString& folder)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder);
-    process.start(VIEWER, arguments);
-    Outcome outcome;
-    outcome.crashed =
-        !process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit;
-    outcome.exitCode = process.exitCode();
-    outcome.output = QString::fromLocal8Bit(process.readAllStandardOutput());
-    outcome.complaint = QString::fromUtf8(process.readAllStandardError());
-    return outcome;
-}
 
 /// Without what Qt itself has to say, which is not the viewer's.
 QProcessEnvironment quietEnvironment()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_LOGGING_RULES", "*=false");
-    return environment;
-}
-
-QProcessEnvironment environmentWithoutDisplay()
-{
-    QProcessEnvironment environment = quietEnvironment();
-    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-        environment.remove(variable);
     return environment;
 }
 
@@ -55,11 +23,6 @@ QProcessEnvironment environmentIn(const QString& locale)
     environment.remove("LANGUAGE");
     environment.insert("LC_ALL", locale);
     return environment;
-}
-
-QString extensionFolder(const QString& name)
-{
-    return QString(EXTENSIONS_DIR "/") + name;
 }
 
 } // namespace
@@ -73,7 +36,7 @@ class tst_ViewerProgram : public QObject
 
     Outcome runViewer(const QStringList& arguments)
     {
-        return run(arguments, quietEnvironment(), folder.path());
+        return runViewerProgram(arguments, quietEnvironment(), folder.path());
     }
 
     Outcome shoot(const QStringList& arguments)
@@ -99,7 +62,8 @@ private slots:
     {
         QFETCH(QString, argument);
         QFETCH(QString, output);
-        const Outcome outcome = run({argument}, environmentWithoutDisplay(), folder.path());
+        const Outcome outcome =
+            runViewerProgram({argument}, environmentWithoutDisplay(), folder.path());
         QVERIFY(!outcome.crashed);
         QCOMPARE(outcome.exitCode, int(ExitSuccess));
         QVERIFY2(outcome.output.contains(output), qPrintable(outcome.output));
@@ -137,15 +101,6 @@ private slots:
         QCOMPARE(outcome.output, QString());
     }
 
-    void windowWithoutADisplayIsRefused()
-    {
-        const Outcome outcome = run({}, environmentWithoutDisplay(), folder.path());
-        QVERIFY(!outcome.crashed);
-        QCOMPARE(outcome.exitCode, int(ExitNoDisplay));
-        QVERIFY2(outcome.complaint.startsWith("ZalViewer: There is no display"),
-                 qPrintable(outcome.complaint));
-    }
-
     void screenshotShowsTheLiveImageOfTheSimulatedCamera()
     {
         const Outcome outcome = shoot({});
@@ -154,17 +109,6 @@ private slots:
         QCOMPARE(outcome.complaint, QString());
         const QImage image(folder.filePath("shot.png"), "PNG");
         QCOMPARE(image.size(), QSize(800, 600));
-    }
-
-    void screenshotNeedsNoDisplay()
-    {
-        const QString file = folder.filePath("shot.png");
-        const Outcome outcome = run({"--screenshot", file, "--delay", "0", "--size", "640x480",
-                                     "--plugins", extensionFolder("GoodTab")},
-                                    environmentWithoutDisplay(), folder.path());
-        QVERIFY(!outcome.crashed);
-        QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
-        QCOMPARE(QImage(file).size(), QSize(640, 480));
     }
 
     void paletteShowsInTheScreenshot_data()
@@ -246,7 +190,7 @@ private slots:
         QFETCH(QString, desktop);
         QFETCH(QStringList, arguments);
         QFETCH(QString, sentence);
-        const Outcome outcome = run(arguments, environmentIn(desktop), folder.path());
+        const Outcome outcome = runViewerProgram(arguments, environmentIn(desktop), folder.path());
         QCOMPARE(outcome.exitCode, int(ExitBadArguments));
         QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
     }
@@ -268,10 +212,10 @@ private slots:
         QFETCH(QStringList, option);
         QFETCH(QString, heard);
         const Outcome outcome =
-            run(QStringList{"--screenshot", "shot.png", "--delay", "0", "--acquire", "off",
-                            "--plugins", extensionFolder("SpeakingTab")} +
-                    option,
-                environmentIn(desktop), folder.path());
+            runViewerProgram(QStringList{"--screenshot", "shot.png", "--delay", "0", "--acquire",
+                                         "off", "--plugins", extensionFolder("SpeakingTab")} +
+                                 option,
+                             environmentIn(desktop), folder.path());
         QCOMPARE(outcome.exitCode, int(ExitBrokenExtension));
         QVERIFY2(outcome.complaint.contains(heard), qPrintable(outcome.complaint));
     }

@@ -1,0 +1,92 @@
+#include "host/Display.h"
+
+#include "host/CommandLine.h"
+
+#include <QGuiApplication>
+#include <QStringList>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr char PLATFORM[] = "QT_QPA_PLATFORM";
+// Enough for a display at the other end of a slow network.
+constexpr unsigned PATIENCE_S = 20;
+
+void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
+{
+    if (type == QtFatalMsg)
+        ::_exit(1);
+}
+
+/// The part of the child: ends the process with 0 when Qt can connect to the display.
+[[noreturn]] void tryDisplay()
+{
+    std::signal(SIGALRM, SIG_DFL);
+    ::alarm(PATIENCE_S);
+    qInstallMessageHandler(endQuietly);
+    QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
+    char name[] = "ZalViewer";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    const QGuiApplication application(count, arguments);
+    ::_exit(0);
+}
+
+/// Qt does not tell whether it can use a display, it ends the process when it cannot: a child finds
+/// out.
+bool isUsable()
+{
+    std::signal(SIGCHLD, SIG_DFL); // Otherwise nothing may be left to wait for.
+    const pid_t child = ::fork();
+    if (child == 0)
+        tryDisplay();
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+/// What the environment says about displays, as "NAME=value".
+QStringList namedDisplays()
+{
+    QStringList named;
+    for (const char* variable : {PLATFORM, "DISPLAY", "WAYLAND_DISPLAY"}) {
+        if (!qEnvironmentVariableIsEmpty(variable))
+            named.append(QString::fromLatin1(variable) + '=' + qEnvironmentVariable(variable));
+    }
+    return named;
+}
+
+} // namespace
+
+bool Display::prepare(const ViewerOptions& options)
+{
+    if (isUsable())
+        return true;
+    // Who names a platform wants no other one.
+    if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PLATFORM))
+        return false;
+    qputenv(PLATFORM, "offscreen");
+    return true;
+}
+
+QString Display::complaint(const ViewerOptions& options)
+{
+    const QStringList named = namedDisplays();
+    if (named.isEmpty())
+        return QCoreApplication::translate("Viewer", "There is no display to open the window on. "
+                                                     "Use --screenshot FILE to save a picture of "
+                                                     "it.");
+    const QString sentence =
+        options.screenshotFile.isEmpty()
+            ? QCoreApplication::translate(
+                  "Viewer", "There is no usable display to open the window on (%1). Use "
+                            "--screenshot FILE to save a picture of it.")
+            : QCoreApplication::translate("Viewer",
+                                          "There is no usable display to open the window on (%1).");
+    return sentence.arg(named.join(QStringLiteral(", ")));
+}
