@@ -2,6 +2,7 @@
 
 #include "features/TwoCallRead.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -28,6 +29,8 @@ ZalErrorType readArray(const Feature& feature,
 
 ZalErrorType copyTexts(const std::vector<const char*>& texts, std::vector<std::string>& output)
 {
+    if (std::find(texts.begin(), texts.end(), nullptr) != texts.end())
+        return ZalErrorUnknown;
     try {
         output = std::vector<std::string>(texts.begin(), texts.end());
         return ZalErrorSuccess;

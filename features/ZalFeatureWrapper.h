@@ -11,8 +11,9 @@
 /// virtual, so that a subclass may replace any of them; their order is part of the interface.
 ///
 /// Operations forward to the SDK and pass its status on unchanged (0 success, negative failure).
-/// Texts and lists are read whole: ZalErrorOutOfResources when no buffer can be had. Outputs are
-/// filled on success only. Nothing throws.
+/// Texts and lists are read whole: ZalErrorOutOfResources when no buffer can be had,
+/// ZalErrorUnknown for a list with an entry that has no name. Outputs are filled on success only.
+/// Nothing throws.
 ///
 /// The wrapper shares ownership of the feature and adds no locking: it may be used wherever the
 /// feature may, and the plugin uses it on the GUI thread only.

@@ -1,20 +1,44 @@
 // Loading the presets for the camera and applying the one that the user picks.
 #include "features/FeatureManager.h"
+#include "features/RichText.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/PresetFile.h"
 #include "trigger/SettingsTreeModel.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QMessageBox>
 #include <QPointer>
+#include <QStandardItemModel>
 
 namespace {
 
-void AddPreset(QComboBox& box, const PresetFile::Preset& preset, int position)
+/// A preset in its box. The tooltip is a file's text, so that it must not open anything; it is
+/// looked through when it is shown, not for each of thousands of presets.
+class PresetItem : public QStandardItem
 {
-    box.addItem(preset.name, preset.members.toVariantMap());
-    box.setItemData(position, preset.toolTip, Qt::ToolTipRole);
+public:
+    explicit PresetItem(const PresetFile::Preset& preset) : QStandardItem(preset.name)
+    {
+        setData(preset.members.toVariantMap(), Qt::UserRole);
+        setData(preset.toolTip, Qt::ToolTipRole);
+    }
+
+    QVariant data(int role) const override
+    {
+        const QVariant value = QStandardItem::data(role);
+        return role == Qt::ToolTipRole ? RichText::withoutResources(value.toString()) : value;
+    }
+};
+
+/// All at once: one signal of the model, on which the box and its list go to work, instead of two
+/// for each preset.
+void AppendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
+{
+    QList<QStandardItem*> items;
+    for (const PresetFile::Preset& preset : presets)
+        items.append(new PresetItem(preset));
+    // The model of a box that was given no other.
+    static_cast<QStandardItemModel*>(box.model())->invisibleRootItem()->appendRows(items);
 }
 
 PresetFile::Plan PlanAt(const QComboBox& presets, int index)
@@ -28,17 +52,16 @@ void AdvTriggerBase::LoadPresets(QComboBox* box, const QString& applicationDir)
 {
     box->clear();
     const QString family = m_featureManager->GetStringValue(QStringLiteral("DeviceFamilyName"));
-    QFile file(PresetFile::PathFor(applicationDir, family));
-    if (!file.open(QIODevice::ReadOnly)) {
+    const PresetFile::Bytes file = PresetFile::Read(PresetFile::PathFor(applicationDir, family));
+    if (!file.error.isEmpty()) {
         // Which of the files was tried says less than where the camera's files are looked for.
         qWarning("WARN: Couldn't open file with presets: '%s'", qUtf8Printable(applicationDir));
         return;
     }
-    const PresetFile::Content content = PresetFile::Parse(file.readAll());
+    const PresetFile::Content content = PresetFile::Parse(file.content);
     if (!content.parseError.isEmpty())
         qWarning("JSON parse error: '%s'", qUtf8Printable(content.parseError));
-    for (int i = 0; i < content.presets.size(); ++i)
-        AddPreset(*box, content.presets[i], i);
+    AppendPresets(*box, content.presets);
 }
 
 void AdvTriggerBase::OnSelectPreset(int index)

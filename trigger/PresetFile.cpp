@@ -2,12 +2,27 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 using namespace PresetFile;
 
 namespace {
+
+constexpr int MostMegabytes = 16;
+constexpr int MostBytes = MostMegabytes * 1024 * 1024;
+
+bool isRegularFile(int descriptor)
+{
+    struct stat facts = {};
+    return ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode);
+}
 
 /// Numbers and booleans too, unlike QJsonValue::toString().
 QString TextOf(const QJsonValue& value)
@@ -109,8 +124,32 @@ QString PresetFile::PathFor(const QString& applicationDir, const QString& family
     const QString folder = applicationDir + QStringLiteral("/plugins/");
     const QString family = QString(familyName).remove(QLatin1Char(' '));
     const QString familyFile = folder + QStringLiteral("AdvTrigger_%1_Presets.json").arg(family);
-    return QFile::exists(familyFile) ? familyFile
-                                     : folder + QStringLiteral("AdvTrigger_Presets.json");
+    // The camera says its family: it has no say in where files are looked for.
+    const bool staysInFolder = !family.contains(QLatin1Char('/'));
+    return staysInFolder && QFile::exists(familyFile)
+               ? familyFile
+               : folder + QStringLiteral("AdvTrigger_Presets.json");
+}
+
+PresetFile::Bytes PresetFile::Read(const QString& path)
+{
+    const QString notRegular = QStringLiteral("Not a regular file");
+    // Some devices act as soon as they are opened.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return {QByteArray(), notRegular};
+    // What lies there may have changed since: a pipe is opened without waiting, and found out then.
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    QFile file;
+    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
+        return {QByteArray(), qt_error_string(errno)};
+    if (!isRegularFile(descriptor))
+        return {QByteArray(), notRegular};
+    const QByteArray content = file.read(MostBytes + 1);
+    if (content.size() > MostBytes)
+        return {QByteArray(), QStringLiteral("Larger than %1 MB").arg(MostMegabytes)};
+    return {content, file.error() == QFile::NoError ? QString() : file.errorString()};
 }
 
 PresetFile::Content PresetFile::Parse(const QByteArray& json)

@@ -8,8 +8,8 @@
 
 /// The presets file, free of widgets and cameras: where it lies, what it offers, what the tooltip
 /// of a preset says and what applying it does, step by step. Whoever shows, applies or checks
-/// presets goes by this reading of the file. Nothing here fails: what cannot be understood is left
-/// out.
+/// presets goes by this reading of the file. What cannot be understood is left out; only a file
+/// that cannot be read is a failure.
 ///
 /// All functions may be called from any thread.
 namespace PresetFile {
@@ -28,7 +28,8 @@ struct Preset
     QString name;
     /// The preset's members without "#tooltip".
     QJsonObject members;
-    /// HTML: the bold name, the author's text, the settings.
+    /// HTML: the bold name, the author's text, the settings. As the file has it: show it through
+    /// RichText::withoutResources().
     QString toolTip;
 };
 
@@ -67,8 +68,20 @@ struct Plan
 };
 
 /// The path of the presets file for a camera: the one of its family when it exists, otherwise the
-/// generic one, which may be missing.
+/// generic one, which may be missing. A family name with a "/" has no file.
 QString PathFor(const QString& applicationDir, const QString& familyName);
+
+/// What a file holds, or why it cannot be read.
+struct Bytes
+{
+    QByteArray content;
+    /// In English, for example "No such file or directory"; empty for a file that was read.
+    QString error;
+};
+
+/// Reads a regular file of at most 16 MB; anything else counts as a file that cannot be opened.
+/// Never waits for somebody at the other end of a pipe.
+Bytes Read(const QString& path);
 
 /// Reads the content of a file.
 Content Parse(const QByteArray& json);

@@ -166,13 +166,21 @@ void SettingsTreeModel::followStatus(const QString& selector, const QString& sta
             appendInactive(title);
         return;
     }
-    // A camera that does not answer any more has nothing selected.
-    if (branch >= 0 || entry.isEmpty())
+    if (branch >= 0 || (entry.isEmpty() && !hasNoSelector(selector)))
         return;
     addSelectorBranch(selector, entry);
     const int inactive = rowOfInactive(title);
     if (inactive >= 0)
         m_model->removeRow(inactive);
+}
+
+/// A counter without a selector has no entry and is in use all the same; a selector without entry
+/// is one that cannot be read. On a camera that does not answer any more nothing can be found at
+/// all.
+bool SettingsTreeModel::hasNoSelector(const QString& selector) const
+{
+    return !m_featureManager->GetIsFeatureAvailable(selector) &&
+           m_featureManager->GetIsFeatureAvailable(BRANCHES.value(selector).second);
 }
 
 int SettingsTreeModel::rowOfBranch(const QString& title, const QString& entry) const

@@ -46,7 +46,9 @@ public:
     QStandardItem* findItem(const QString& featureName) const;
 
 public slots:
-    /// Follows a change of a feature that the camera reported. Only reads from the camera.
+    /// Follows a change of a feature that the camera reported. Only reads from the camera. A
+    /// counter or timer without selector gets its branch here, with no entry: InitData() goes by
+    /// entries.
     void OnFeatureChanged(const QString& featureName, const QVariant& value);
 
 private:
@@ -57,6 +59,7 @@ private:
     void recordSelection(const QString& selector);
     void showValue(const QString& featureName, const QVariant& value);
     void followStatus(const QString& selector, const QString& status);
+    bool hasNoSelector(const QString& selector) const;
 
     int rowOfBranch(const QString& title, const QString& entry) const;
     int rowOfInactive(const QString& title) const;

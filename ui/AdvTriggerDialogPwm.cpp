@@ -61,8 +61,10 @@ void AdvTriggerDialog::calculatePWM()
         return;
     const double duration = dutyCycle / (WholePercent * frequency * SecondsPerMicrosecond);
     m_featureManager->SetValue(QStringLiteral("TimerDuration"), rounded(duration).toDouble());
-    // From the exact duration: its rounding error would come on top of the delay's own.
-    const double delay = duration * WholePercent / dutyCycle - duration;
+    // From the exact duration: its rounding error would come on top of the delay's own. A full duty
+    // cycle leaves nothing, where the subtraction would leave the error of the multiplication.
+    const bool isFull = dutyCycle == WholePercent;
+    const double delay = isFull ? 0.0 : duration * WholePercent / dutyCycle - duration;
     m_featureManager->SetValue(QStringLiteral("TimerDelay"), rounded(delay).toDouble());
 }
 

@@ -2,6 +2,7 @@
 
 #include "features/FeatureManager.h"
 #include "features/PluginFeatureObserver.h"
+#include "features/RichText.h"
 #include "features/TwoCallRead.h"
 #include "features/ZalFeatureWrapper.h"
 #include "plugin/TABMessageHandler.h"
@@ -15,6 +16,8 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <algorithm>
+
 static const QString TARSEL_IMAGING_VENDOR_NAME = QStringLiteral("Tarsel Imaging");
 
 namespace {
@@ -27,10 +30,18 @@ Q_NEVER_INLINE FeatureManager* newFeatureManager(const ZalCPP::FeatureList& feat
 {
     const auto wrappers = QSharedPointer<QVector<ZalFeatureWrapperPtr>>::create();
     if (features) {
-        for (const ZalCPP::FeaturePtr& feature : *features)
-            wrappers->append(std::make_shared<ZalFeatureWrapper>(feature));
+        for (const ZalCPP::FeaturePtr& feature : *features) {
+            if (feature)
+                wrappers->append(std::make_shared<ZalFeatureWrapper>(feature));
+        }
     }
     return new FeatureManager(wrappers);
+}
+
+bool holdsFeatures(const ZalCPP::FeatureList& features)
+{
+    return features && std::any_of(features->begin(), features->end(),
+                                   [](const ZalCPP::FeaturePtr& feature) { return bool(feature); });
 }
 
 void logStatus(const char* text, ZalErrorType status)
@@ -109,7 +120,7 @@ bool BaseTabPluginWidget::updateComboBox(const QString& featureName, QComboBox* 
     combo->clear();
     combo->insertItems(combo->count(), entries);
     for (int i = 0; setToolTips && i < entries.size(); ++i)
-        combo->setItemData(i, entries[i], Qt::ToolTipRole);
+        combo->setItemData(i, RichText::withoutResources(entries[i]), Qt::ToolTipRole);
     selectText(combo, value);
 
     const bool writable = m_featureManager->GetIsWritable(featureName);
@@ -143,13 +154,15 @@ int BaseTabPluginWidget::UnRegisterFeatureObserver(bool tolerateNotOpen)
 int BaseTabPluginWidget::forEachObservedFeature(
     const std::function<ZalErrorType(ZalCPP::Feature&, const QString&)>& action)
 {
-    if (!m_features || m_features->empty()) {
+    if (!holdsFeatures(m_features)) {
         logStatus("Could not get features. Error code: ", ZalErrorNotFound);
         return ZalErrorNotFound;
     }
 
     ZalErrorType status = ZalErrorSuccess;
     for (const ZalCPP::FeaturePtr& feature : *m_features) {
+        if (!feature)
+            continue;
         std::string text;
         status = TwoCallRead::readText(
             [&](char* buffer, std::uint32_t& count) { return feature->GetName(buffer, count); },

@@ -25,7 +25,7 @@ class BaseTabPluginWidget : public QWidget
     Q_OBJECT
 
 public:
-    /// Shares the feature list; a null list counts as an empty one.
+    /// Shares the feature list; a null list counts as an empty one, null features are skipped.
     /// Throws TENotSupported for cameras of other vendors.
     BaseTabPluginWidget(const ZalCPP::FeatureList& features, QWidget* parent);
     ~BaseTabPluginWidget() override;

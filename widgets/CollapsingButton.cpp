@@ -30,6 +30,9 @@ void CollapsingButton::setText(const QString& text)
 void CollapsingButton::setContent(QWidget* content)
 {
     m_content = content;
+    setArrowType(isChecked() ? Qt::DownArrow : Qt::RightArrow);
+    if (!content)
+        return;
 
     auto* height = new QPropertyAnimation(content, "maximumHeight");
     height->setStartValue(0);
@@ -38,7 +41,6 @@ void CollapsingButton::setContent(QWidget* content)
     height->setEndValue(content->height() + SpareHeight);
     m_animation.addAnimation(height);
 
-    setArrowType(isChecked() ? Qt::DownArrow : Qt::RightArrow);
     if (!isChecked()) {
         content->setMaximumHeight(0);
         hideIfFolded();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QParallelAnimationGroup>
+#include <QPointer>
 #include <QToolButton>
 
 /// Header of a folding section: checked, its content is unfolded; unchecked, it is folded away.
@@ -16,8 +17,8 @@ public:
     /// Shows the text with a blank before it, off the arrow.
     void setText(const QString& text);
 
-    /// Sets the widget to fold, which the button does not own and which must outlive it or be
-    /// destroyed together with it. An unchecked button folds it at once. Call it once.
+    /// Sets the widget to fold, which the button does not own; without one, or once it is
+    /// destroyed, only the arrow turns. An unchecked button folds it at once. Call it once.
     void setContent(QWidget* content);
 
     /// Unfolds the content, animated.
@@ -37,6 +38,6 @@ private:
     void onToggled(bool checked);
     void hideIfFolded();
 
-    QWidget* m_content = nullptr;
+    QPointer<QWidget> m_content;
     QParallelAnimationGroup m_animation;
 };

@@ -56,6 +56,23 @@ public:
     }
 };
 
+/// Has two entries, but tells the name of the first one only.
+class NamelessEntryFeature : public FakeFeature
+{
+public:
+    using FakeFeature::FakeFeature;
+
+    ZalErrorType GetEnumNames(const char** buffer, std::uint32_t& count) const override
+    {
+        count = 2;
+        if (buffer) {
+            buffer[0] = "On";
+            buffer[1] = nullptr;
+        }
+        return ZalErrorSuccess;
+    }
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Operation)
@@ -73,6 +90,7 @@ private slots:
     void bufferThatCannotBeAllocatedIsOutOfResources_data();
     void bufferThatCannotBeAllocatedIsOutOfResources();
     void entryNamesThatCannotBeCopiedAreOutOfResources();
+    void entryWithoutNameIsAFailureOfItsOwn();
 
 private:
     std::unique_ptr<FakeCamera> camera;
@@ -239,6 +257,15 @@ void tst_ZalFeatureWrapperCalls::entryNamesThatCannotBeCopiedAreOutOfResources()
         const AllocationLimit limit(1U << 19U);
         QCOMPARE(wrapper.GetValues(names), -14);
     }
+    QCOMPARE(toList(names), QStringList{"before"});
+}
+
+void tst_ZalFeatureWrapperCalls::entryWithoutNameIsAFailureOfItsOwn()
+{
+    ZalFeatureWrapper wrapper(
+        std::make_shared<NamelessEntryFeature>(*camera, "Any", ZalFeatureEnum));
+    std::vector<std::string> names{"before"};
+    QCOMPARE(wrapper.GetValues(names), ZalErrorUnknown);
     QCOMPARE(toList(names), QStringList{"before"});
 }
 

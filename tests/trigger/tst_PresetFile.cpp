@@ -55,6 +55,8 @@ private slots:
     void aFamilyNameOfTwoWordsIsJoinedInTheFileName_data();
     void aFamilyNameOfTwoWordsIsJoinedInTheFileName();
     void theGenericFileServesWhereTheFamilyHasNone();
+    void aFamilyNameLeadsNowhereElse_data();
+    void aFamilyNameLeadsNowhereElse();
 
     void offersWhatIsListedInListOrder();
     void leavesOutWhatIsNotUsable_data();
@@ -111,6 +113,26 @@ void tst_PresetFile::theGenericFileServesWhereTheFamilyHasNone()
     const QTemporaryDir folder;
     QCOMPARE(PresetFile::PathFor(folder.path(), QStringLiteral("A B")),
              folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"));
+}
+
+void tst_PresetFile::aFamilyNameLeadsNowhereElse_data()
+{
+    QTest::addColumn<QString>("family");
+    QTest::newRow("beside the folder") << "Sim/../../Outside";
+    QTest::newRow("below the folder") << "Sim/Inside";
+    QTest::newRow("the folder itself") << "Sim/../AdvTrigger_Other";
+}
+
+void tst_PresetFile::aFamilyNameLeadsNowhereElse()
+{
+    QFETCH(QString, family);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("plugins/AdvTrigger_Sim")));
+    const QString plugins = folder.path() + QStringLiteral("/plugins/");
+    const QString path = plugins + QStringLiteral("AdvTrigger_%1_Presets.json").arg(family);
+    QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    QCOMPARE(PresetFile::PathFor(folder.path(), family),
+             plugins + QStringLiteral("AdvTrigger_Presets.json"));
 }
 
 void tst_PresetFile::offersWhatIsListedInListOrder()

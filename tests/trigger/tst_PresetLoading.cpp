@@ -4,6 +4,10 @@
 
 #include <QtTest>
 
+#include <functional>
+
+#include <sys/stat.h>
+
 namespace {
 
 const QByteArray Generic = R"({"#presets": ["Generic"], "Generic": {}})";
@@ -24,7 +28,20 @@ QStringList itemsOf(const QComboBox& box)
     return items;
 }
 
+constexpr int SixteenMegabytes = 16 * 1024 * 1024;
+
+/// A file that offers one preset and is filled up with blanks.
+void putOneOfSize(const QString& path, int size)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(Generic.leftJustified(size, ' ')), qint64(size));
+}
+
 } // namespace
+
+using PutFile = std::function<void(const QString& path)>;
+Q_DECLARE_METATYPE(PutFile)
 
 class tst_PresetLoading : public QObject
 {
@@ -39,6 +56,9 @@ private slots:
 
     void withoutAFileTheBoxIsEmptyAndTheFolderIsLogged();
     void aFamilyFileThatCannotBeOpenedIsNotReplacedByTheGenericOne();
+    void whatIsNoFileOfPresetsSizeCannotBeOpened_data();
+    void whatIsNoFileOfPresetsSizeCannotBeOpened();
+    void aFileOf16MegabytesIsRead();
     void malformedJsonIsLoggedWithTheParsersText_data();
     void malformedJsonIsLoggedWithTheParsersText();
     void aRootThatIsNoObjectIsNotLogged();
@@ -49,6 +69,7 @@ private slots:
     void itemsCarryTheToolTipAndNoIcon();
     void theFileIsReadAnewForEveryCall();
     void loadingWritesNothing();
+    void presetsEnterTheBoxAtOnce();
 };
 
 void tst_PresetLoading::loadsTheFileOfTheCamerasFamily()
@@ -132,6 +153,48 @@ void tst_PresetLoading::aFamilyFileThatCannotBeOpenedIsNotReplacedByTheGenericOn
         log.lines(),
         QStringList{QStringLiteral("default/warning WARN: Couldn't open file with presets: '%1'")
                         .arg(folder.path())});
+}
+
+void tst_PresetLoading::whatIsNoFileOfPresetsSizeCannotBeOpened_data()
+{
+    QTest::addColumn<PutFile>("put");
+    QTest::newRow("pipe") << PutFile([](const QString& path) {
+        QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+    });
+    QTest::newRow("device without content")
+        << PutFile([](const QString& path) { QVERIFY(QFile::link("/dev/null", path)); });
+    QTest::newRow("device without end")
+        << PutFile([](const QString& path) { QVERIFY(QFile::link("/dev/zero", path)); });
+    QTest::newRow("folder") << PutFile([](const QString& path) { QVERIFY(QDir().mkdir(path)); });
+    QTest::newRow("more than 16 MB")
+        << PutFile([](const QString& path) { putOneOfSize(path, SixteenMegabytes + 1); });
+}
+
+void tst_PresetLoading::whatIsNoFileOfPresetsSizeCannotBeOpened()
+{
+    QFETCH(PutFile, put);
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    put(folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"));
+    const LogCapture log;
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(form.box.count(), 0);
+    QCOMPARE(
+        log.lines(),
+        QStringList{QStringLiteral("default/warning WARN: Couldn't open file with presets: '%1'")
+                        .arg(folder.path())});
+}
+
+void tst_PresetLoading::aFileOf16MegabytesIsRead()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    putOneOfSize(folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"),
+                 SixteenMegabytes);
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
 }
 
 void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText_data()
@@ -243,6 +306,23 @@ void tst_PresetLoading::loadingWritesNothing()
     form.LoadPresets(&form.box, folder.path());
     QCOMPARE(form.box.count(), 1);
     QCOMPARE(writesOf(*camera), QStringList());
+}
+
+// Each signal of the model is work for the box, its list and whoever else listens.
+void tst_PresetLoading::presetsEnterTheBoxAtOnce()
+{
+    const auto camera = acceptedCamera();
+    PresetForm form(*camera);
+    const PresetFolder folder;
+    folder.putGeneric(R"({"#presets": ["A", "B", "C"], "A": {}, "B": {}, "C": {}})");
+    const QSignalSpy inserted(form.box.model(), &QAbstractItemModel::rowsInserted);
+    const QSignalSpy changed(form.box.model(), &QAbstractItemModel::dataChanged);
+    const QSignalSpy selected(&form.box, SIGNAL(currentIndexChanged(int)));
+    form.LoadPresets(&form.box, folder.path());
+    QCOMPARE(form.box.count(), 3);
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(selected.count(), 1);
 }
 
 QTEST_MAIN(tst_PresetLoading)

@@ -61,6 +61,7 @@ private slots:
     void featuresOfAnUnknownSelectorHaveNoTitle();
     void selectorThatIsNotTakenLeavesTheSelection();
     void resetBuildsTheTreeAnew();
+    void counterWithoutSelectorHasNoEntriesToStartWith();
     void cameraWithoutFeaturesIsInactive();
     void modelOutlivesNothing();
 };
@@ -325,6 +326,16 @@ void tst_SettingsTree::resetBuildsTheTreeAnew()
     QCOMPARE(writesOf(*camera),
              (QStringList{"TriggerSelector=FrameStart", "TriggerSelector=LineStart",
                           "TriggerSelector=LineStart"}));
+}
+
+void tst_SettingsTree::counterWithoutSelectorHasNoEntriesToStartWith()
+{
+    Fake::FakeCamera camera;
+    camera.addEnum("CounterEventSource", {"Off", "Line0"}, "Line0");
+    const TreeForm form(camera);
+    // Its branch comes with the first report of what it counts.
+    QCOMPARE(form.branches().first(), QString("Counter: inactive"));
+    QVERIFY(camera.writes().empty());
 }
 
 void tst_SettingsTree::cameraWithoutFeaturesIsInactive()

@@ -48,6 +48,9 @@ private slots:
     void statusOnShowsItsValueInTheExistingBranch();
     void statusSwitchedOffAndOnIsCurrent();
     void statusWithoutSelectedEntryAddsNothing();
+    void statusUnderAnUnreadableSelectorAddsNothing();
+    void statusOfACounterWithoutSelectorAddsItsBranch();
+    void statusOffOfACounterWithoutSelectorRemovesItsBranch();
     void everyKindFollowsItsStatus_data();
     void everyKindFollowsItsStatus();
     void selectionInOneReportAppliesToTheNext();
@@ -65,6 +68,14 @@ private:
     {
         (*camera)["TriggerMode"].state().text = mode;
         form->tree.OnFeatureChanged("TriggerMode", mode);
+    }
+    /// A camera that has a single counter and no selector for it.
+    void onCameraWithOneCounter()
+    {
+        form.reset();
+        camera = std::make_unique<Fake::FakeCamera>();
+        camera->addEnum("CounterEventSource", {"Off", "Line0"}, "Line0");
+        form = std::make_unique<TreeForm>(*camera);
     }
     QStringList triggerLines() const { return form->lines().mid(2); }
 
@@ -243,6 +254,36 @@ void tst_SettingsTreeChanges::statusWithoutSelectedEntryAddsNothing()
     form->tree.OnFeatureChanged("TriggerSelector", QString());
     form->tree.OnFeatureChanged("TriggerMode", QString());
     QCOMPARE(triggerLines(), QStringList{"Trigger: inactive"});
+}
+
+void tst_SettingsTreeChanges::statusUnderAnUnreadableSelectorAddsNothing()
+{
+    select("FrameStart");
+    switchTo("Off");
+    (*camera)["TriggerSelector"].state().readable = false;
+    form->tree.OnFeatureChanged("TriggerSelector", QString());
+    form->tree.OnFeatureChanged("TriggerMode", "On");
+    QCOMPARE(triggerLines(), QStringList{"Trigger: inactive"});
+}
+
+void tst_SettingsTreeChanges::statusOfACounterWithoutSelectorAddsItsBranch()
+{
+    onCameraWithOneCounter();
+    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    // Nothing is selected where there is nothing to select by.
+    QCOMPARE(form->lines(), (QStringList{"Timer: inactive", "Trigger: inactive", "Counter: "}));
+    QCOMPARE(form->model().item(2, 0)->font().weight(), 75);
+    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    QCOMPARE(form->branches().size(), 3);
+}
+
+void tst_SettingsTreeChanges::statusOffOfACounterWithoutSelectorRemovesItsBranch()
+{
+    onCameraWithOneCounter();
+    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    form->tree.OnFeatureChanged("CounterEventSource", "Off");
+    QCOMPARE(form->lines(),
+             (QStringList{"Timer: inactive", "Trigger: inactive", "Counter: inactive"}));
 }
 
 void tst_SettingsTreeChanges::everyKindFollowsItsStatus_data()

@@ -14,6 +14,7 @@ private slots:
     void writesDurationThenDelay_data();
     void writesDurationThenDelay();
     void delayComesFromTheExactDuration();
+    void fullDutyCycleLeavesNoDelayAtAnyFrequency();
     void unusableInputWritesNothing_data();
     void unusableInputWritesNothing();
     void failedWritesAreNotReported();
@@ -133,6 +134,22 @@ void tst_AdvTriggerDialogPwm::writesDurationThenDelay()
     built->content->calculatePWM();
     QCOMPARE(built->writes(), (QStringList{"SetFloatValue TimerDuration=" + high,
                                            "SetFloatValue TimerDelay=" + low}));
+}
+
+void tst_AdvTriggerDialogPwm::fullDutyCycleLeavesNoDelayAtAnyFrequency()
+{
+    constexpr int highest = 2000;
+    Fake::State& delayOfTimer = built->feature("TimerDelay").state();
+    QStringList frequenciesWithDelay;
+    dutyCycle().setText("100");
+    for (int hertz = 1; hertz <= highest; ++hertz) {
+        delayOfTimer.real = 5;
+        frequency().setText(QString::number(hertz));
+        built->content->calculatePWM();
+        if (delayOfTimer.real != 0.0)
+            frequenciesWithDelay.append(QString::number(hertz));
+    }
+    QCOMPARE(frequenciesWithDelay, QStringList());
 }
 
 void tst_AdvTriggerDialogPwm::delayComesFromTheExactDuration()

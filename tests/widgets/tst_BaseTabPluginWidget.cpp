@@ -47,6 +47,14 @@ std::optional<TabExtensionException> refusalOf(const ZalCPP::FeatureList& featur
     return std::nullopt;
 }
 
+/// The list with null pointers before, among and behind its features.
+ZalCPP::FeatureList withNullFeatures(std::vector<ZalCPP::FeaturePtr> features)
+{
+    for (const std::size_t position : {features.size(), features.size() / 2, std::size_t(0)})
+        features.insert(features.begin() + std::ptrdiff_t(position), nullptr);
+    return std::make_shared<std::vector<ZalCPP::FeaturePtr>>(std::move(features));
+}
+
 QStringList namesOf(const Fake::FakeCamera& camera)
 {
     QStringList names;
@@ -70,6 +78,7 @@ private slots:
     void takesParentAndDefaultFlags();
     void sharesTheFeatureList();
     void managerKeepsTheHostsOrder();
+    void nullFeaturesOfTheHostAreSkipped();
     void managerOutlivesTheWidget();
     void constructionOnlyReadsTheVendor();
     void vendorRule_data();
@@ -133,6 +142,13 @@ void tst_BaseTabPluginWidget::managerKeepsTheHostsOrder()
 {
     const TestTabWidget widget(camera->features());
     QCOMPARE(widget.m_featureManager->GetFeaturesList(), namesOf(*camera));
+}
+
+void tst_BaseTabPluginWidget::nullFeaturesOfTheHostAreSkipped()
+{
+    const QStringList names = namesOf(*camera);
+    const TestTabWidget widget(withNullFeatures(*camera->features()));
+    QCOMPARE(widget.m_featureManager->GetFeaturesList(), names);
 }
 
 void tst_BaseTabPluginWidget::managerOutlivesTheWidget()

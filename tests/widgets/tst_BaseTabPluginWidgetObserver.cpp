@@ -43,6 +43,8 @@ private slots:
     void pausingToleratesNoFailure();
     void noFeaturesIsMinusThreeWithALogLine_data();
     void noFeaturesIsMinusThreeWithALogLine();
+    void nullFeaturesAreSkipped();
+    void listOfNullFeaturesHoldsNone();
     void widgetsOwnHandlerHidesTheLogLines();
     void lostCameraEndsQuietly();
 
@@ -263,6 +265,24 @@ void tst_BaseTabPluginWidgetObserver::noFeaturesIsMinusThreeWithALogLine()
     QCOMPARE(log.lines(), QStringList({line, line}));
     QCOMPARE(*widget->m_changedFeatures, QStringList());
     QVERIFY(camera->calls().empty());
+}
+
+void tst_BaseTabPluginWidgetObserver::nullFeaturesAreSkipped()
+{
+    camera->features()->insert(camera->features()->begin() + 1, nullptr);
+    camera->features()->push_back(nullptr);
+    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
+    QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
+    QCOMPARE(observers("TriggerDelay"), std::size_t(1));
+    QCOMPARE(widget->UnRegisterFeatureObserver(false), 0);
+    QCOMPARE(observers("TriggerDelay"), std::size_t(0));
+}
+
+void tst_BaseTabPluginWidgetObserver::listOfNullFeaturesHoldsNone()
+{
+    camera->features()->assign(2, nullptr);
+    QCOMPARE(widget->RegisterFeatureObserver(true), -3);
+    QCOMPARE(widget->UnRegisterFeatureObserver(false), -3);
 }
 
 // Without a capture the process stays silent.

@@ -102,6 +102,10 @@ private slots:
     void foldedContentIsOutOfTheTabOrder();
     void foldingTakesTheFocusOutOfTheContent();
     void formMayGoWhileItUnfolds();
+    void nullContentIsNoContent();
+    void contentMayGoBeforeItsButton_data();
+    void contentMayGoBeforeItsButton();
+    void contentMayGoWhileItUnfolds();
 };
 
 void tst_CollapsingButton::constructorSetsTheFixedProperties()
@@ -407,6 +411,55 @@ void tst_CollapsingButton::formMayGoWhileItUnfolds()
     section.reset();
     QCoreApplication::processEvents();
     QVERIFY(!button);
+}
+
+void tst_CollapsingButton::nullContentIsNoContent()
+{
+    CollapsingButton button(nullptr);
+    button.setContent(nullptr);
+    QCOMPARE(button.arrowType(), Qt::RightArrow);
+    button.toggle();
+    QCOMPARE(button.arrowType(), Qt::DownArrow);
+    button.toggle();
+    QCOMPARE(button.arrowType(), Qt::RightArrow);
+    button.showContent();
+    button.hideContent();
+    QCOMPARE(button.arrowType(), Qt::RightArrow);
+}
+
+void tst_CollapsingButton::contentMayGoBeforeItsButton_data()
+{
+    QTest::addColumn<bool>("unfolded");
+    QTest::newRow("folded") << false;
+    QTest::newRow("unfolded") << true;
+}
+
+void tst_CollapsingButton::contentMayGoBeforeItsButton()
+{
+    QFETCH(bool, unfolded);
+    Section section;
+    section.button->setChecked(unfolded);
+    section.button->setContent(section.content);
+    delete section.content;
+    section.button->toggle();
+    QCOMPARE(section.button->arrowType(), unfolded ? Qt::RightArrow : Qt::DownArrow);
+    section.button->toggle();
+    QCOMPARE(section.button->arrowType(), unfolded ? Qt::DownArrow : Qt::RightArrow);
+}
+
+void tst_CollapsingButton::contentMayGoWhileItUnfolds()
+{
+    ManualClock clock;
+    Section section;
+    section.show();
+    section.button->setContent(section.content);
+    section.button->toggle();
+    clock.advanceTo(150);
+    delete section.content;
+    clock.advanceTo(200);
+    section.button->toggle();
+    clock.advanceTo(1000);
+    QCOMPARE(section.button->arrowType(), Qt::RightArrow);
 }
 
 QTEST_MAIN(tst_CollapsingButton)

@@ -1,8 +1,8 @@
 #include "tools/presetcheck/CommandLine.h"
 #include "tools/presetcheck/Output.h"
+#include "trigger/PresetFile.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QLoggingCategory>
 
 #include <cstdio>
@@ -35,12 +35,12 @@ std::vector<Report> checkFiles(const QStringList& files, const CheckCamera* came
 {
     std::vector<Report> reports;
     for (const QString& name : files) {
-        QFile file(name);
-        if (!file.open(QIODevice::ReadOnly)) {
-            complain(QStringLiteral("%1: %2").arg(name, file.errorString()));
+        const PresetFile::Bytes file = PresetFile::Read(name);
+        if (!file.error.isEmpty()) {
+            complain(QStringLiteral("%1: %2").arg(name, file.error));
             continue;
         }
-        reports.push_back(checkPresets(file.readAll(), camera ? &camera->features() : nullptr));
+        reports.push_back(checkPresets(file.content, camera ? &camera->features() : nullptr));
         reports.back().file = name;
     }
     return reports;

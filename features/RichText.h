@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+/// Texts of cameras and files that Qt shows as rich text.
+namespace RichText {
+
+/// The text without anything that would make Qt open a file or an address to show it: pictures,
+/// backgrounds, style sheets. A text that has nothing of that kind comes back unchanged, however
+/// odd it is. In any other, only tags of plain formatting stay tags; the rest is shown as it is
+/// written. Any thread; opens nothing itself.
+QString withoutResources(const QString& text);
+
+} // namespace RichText
