@@ -19,14 +19,15 @@ QString PresetEngine::apply(const QString& preset, bool& found)
     return boxes.texts().join(QLatin1Char('\n'));
 }
 
-PresetRig::PresetRig(const QString& model, const QString& applicationDir)
+PresetRig::PresetRig(const QString& model, const QString& applicationDir, const QString& address)
 {
     ZalSim::Options options;
     options.model = model.toStdString();
     std::string error;
     simulator = ZalSim::SimulatedCamera::Start(options, error);
     if (simulator)
-        camera = ZalCPP::CameraSystem::Open(simulator->CameraId(), error);
+        camera = ZalCPP::CameraSystem::Open(
+            address.isEmpty() ? simulator->CameraId() : address.toStdString(), error);
     if (camera)
         engine = std::make_unique<PresetEngine>(camera->Features(), applicationDir);
     problem = QString::fromStdString(error);

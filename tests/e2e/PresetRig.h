@@ -34,8 +34,9 @@ protected:
 class PresetRig
 {
 public:
-    /// On failure there is no engine, and `problem` says why.
-    PresetRig(const QString& model, const QString& applicationDir);
+    /// Opens the camera under `address`, if given, as where somebody forwards to it. On failure
+    /// there is no engine, and `problem` says why.
+    PresetRig(const QString& model, const QString& applicationDir, const QString& address = {});
     ~PresetRig();
     PresetRig(const PresetRig&) = delete;
     PresetRig& operator=(const PresetRig&) = delete;

@@ -1,7 +1,5 @@
 #include "tests/e2e/SimulatorProcess.h"
 
-#include <csignal>
-
 SimulatorProcess::SimulatorProcess(const QStringList& arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -19,15 +17,14 @@ SimulatorProcess::~SimulatorProcess()
         kill();
 }
 
-void SimulatorProcess::stall()
+bool SimulatorProcess::stall()
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+    return m_process.stall();
 }
 
 void SimulatorProcess::resume()
 {
-    if (m_process.state() == QProcess::Running)
-        ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT);
+    m_process.resume();
 }
 
 void SimulatorProcess::kill()

@@ -14,7 +14,8 @@ public:
 
     bool isRunning() const { return m_listening; }
     QString address() const { return QStringLiteral("127.0.0.1"); }
-    void stall();
+    /// Returns when it has stopped.
+    bool stall();
     void resume();
     void kill();
 

@@ -1,10 +1,7 @@
 #include "tests/sdk/simulator/Client.h"
+#include "tests/support/ChildProcess.h"
 
 #include <QtTest>
-
-#include <sys/prctl.h>
-
-#include <csignal>
 
 namespace {
 
@@ -13,13 +10,6 @@ struct Outcome
     int exitCode;
     QString output;
     QString errors;
-};
-
-/// Goes down with the test, however the test ends: a camera that is left over holds the port.
-class ChildProcess : public QProcess
-{
-protected:
-    void setupChildProcess() override { ::prctl(PR_SET_PDEATHSIG, SIGKILL); }
 };
 
 QString Program()
@@ -54,7 +44,6 @@ public:
         process.waitForFinished();
     }
 
-    void Signal(int number) { ::kill(static_cast<pid_t>(process.processId()), number); }
     bool Ends() { return process.waitForFinished(); }
 
     ChildProcess process;
@@ -209,9 +198,9 @@ void tst_zalcamsim::goesOnAfterBeingStopped()
     Client client;
     client.StartAcquisition();
     QVERIFY(client.WaitForFrames(2));
-    server.Signal(SIGSTOP);
+    QVERIFY(server.process.stall());
     QTest::qWait(300);
-    server.Signal(SIGCONT);
+    server.process.resume();
     QVERIFY(client.WaitForFrames(client.Frames() + 5));
 }
 
