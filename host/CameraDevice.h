@@ -21,4 +21,5 @@ public:
     /// Called once, on a thread of the camera's own, when the camera is lost for good.
     virtual void setLostHandler(ZalCPP::Camera::LostHandler handler) = 0;
     virtual bool isLost() const = 0;
+    virtual ZalCPP::CameraLoss loss() const = 0;
 };

@@ -24,6 +24,7 @@ public:
     ZalCPP::FeatureList features() const { return m_device->features(); }
     bool isAcquiring() const { return m_acquiring; }
     bool isLost() const { return m_lost; }
+    ZalCPP::CameraLoss loss() const { return m_device->loss(); }
     /// Frames since the last start that frameArrived() has told of.
     quint64 frameCount() const { return m_frameCount; }
 

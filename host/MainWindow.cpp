@@ -6,6 +6,7 @@
 #include "host/ImageView.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
@@ -188,12 +189,23 @@ void MainWindow::onFailed(const QString& sentence)
     m_acquire->setChecked(m_session.isAcquiring());
 }
 
+QString MainWindow::lossSentence() const
+{
+    const QString camera = m_session.cameraName();
+    if (m_session.loss() != ZalCPP::CameraLoss::ControlTaken) {
+        return tr("The connection to the camera %1 is lost. Close the viewer and open it again "
+                  "when the camera is back.")
+            .arg(camera);
+    }
+    const char* reason = ZalCPP::LossText(m_session.loss());
+    return tr("The connection to the camera %1 is lost. %2 Close the viewer and open it again when "
+              "the camera is free.")
+        .arg(camera, QCoreApplication::translate("ZalCPP", reason));
+}
+
 void MainWindow::onLost()
 {
     m_acquire->setEnabled(false);
     m_state->setText(tr("Camera lost"));
-    showNotice(
-        tr("The connection to the camera %1 is lost. Close the viewer and open it again when "
-           "the camera is back.")
-            .arg(m_session.cameraName()));
+    showNotice(lossSentence());
 }

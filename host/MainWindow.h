@@ -38,6 +38,7 @@ private:
     void showNotice(const QString& sentence);
     void onFailed(const QString& sentence);
     void onLost();
+    QString lossSentence() const;
 
     CameraSession& m_session;
     QAction* m_acquire = nullptr;

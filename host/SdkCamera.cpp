@@ -39,6 +39,7 @@ public:
     }
 
     bool isLost() const override { return camera->IsLost(); }
+    ZalCPP::CameraLoss loss() const override { return camera->Loss(); }
 
 private:
     // In this order: the connection closes before the camera at its other end disappears.

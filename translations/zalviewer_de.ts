@@ -216,6 +216,10 @@ Rückgabewerte:
         <source>The connection to the camera %1 is lost. Close the viewer and open it again when the camera is back.</source>
         <translation>Die Verbindung zur Kamera %1 ist abgebrochen. Schließen Sie den Viewer und öffnen Sie ihn wieder, wenn die Kamera zurück ist.</translation>
     </message>
+    <message>
+        <source>The connection to the camera %1 is lost. %2 Close the viewer and open it again when the camera is free.</source>
+        <translation>Die Verbindung zur Kamera %1 ist abgebrochen. %2 Schließen Sie den Viewer und öffnen Sie ihn wieder, wenn die Kamera frei ist.</translation>
+    </message>
 </context>
 <context>
     <name>TabExtensions</name>
@@ -336,6 +340,14 @@ Rückgabewerte:
     <message>
         <source>The operation failed.</source>
         <translation>Die Operation ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>The camera does not answer any more.</source>
+        <translation>Die Kamera antwortet nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Another program controls the camera.</source>
+        <translation>Ein anderes Programm steuert die Kamera.</translation>
     </message>
 </context>
 </TS>

@@ -216,6 +216,10 @@ Códigos de salida:
         <source>The connection to the camera %1 is lost. Close the viewer and open it again when the camera is back.</source>
         <translation>Se ha perdido la conexión con la cámara %1. Cierre el visor y vuelva a abrirlo cuando la cámara esté disponible de nuevo.</translation>
     </message>
+    <message>
+        <source>The connection to the camera %1 is lost. %2 Close the viewer and open it again when the camera is free.</source>
+        <translation>Se ha perdido la conexión con la cámara %1. %2 Cierre el visor y vuelva a abrirlo cuando la cámara esté libre.</translation>
+    </message>
 </context>
 <context>
     <name>TabExtensions</name>
@@ -336,6 +340,14 @@ Códigos de salida:
     <message>
         <source>The operation failed.</source>
         <translation>La operación ha fallado.</translation>
+    </message>
+    <message>
+        <source>The camera does not answer any more.</source>
+        <translation>La cámara ya no responde.</translation>
+    </message>
+    <message>
+        <source>Another program controls the camera.</source>
+        <translation>Otro programa controla la cámara.</translation>
     </message>
 </context>
 </TS>

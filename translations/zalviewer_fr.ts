@@ -216,6 +216,10 @@ Codes de sortie&#xa0;:
         <source>The connection to the camera %1 is lost. Close the viewer and open it again when the camera is back.</source>
         <translation>La connexion à la caméra %1 est perdue. Fermez la visionneuse et rouvrez-la lorsque la caméra est de nouveau disponible.</translation>
     </message>
+    <message>
+        <source>The connection to the camera %1 is lost. %2 Close the viewer and open it again when the camera is free.</source>
+        <translation>La connexion à la caméra %1 est perdue. %2 Fermez la visionneuse et rouvrez-la lorsque la caméra sera libre.</translation>
+    </message>
 </context>
 <context>
     <name>TabExtensions</name>
@@ -336,6 +340,14 @@ Codes de sortie&#xa0;:
     <message>
         <source>The operation failed.</source>
         <translation>L’opération a échoué.</translation>
+    </message>
+    <message>
+        <source>The camera does not answer any more.</source>
+        <translation>La caméra ne répond plus.</translation>
+    </message>
+    <message>
+        <source>Another program controls the camera.</source>
+        <translation>Un autre programme contrôle la caméra.</translation>
     </message>
 </context>
 </TS>

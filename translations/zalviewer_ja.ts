@@ -216,6 +216,10 @@ Exit codes:
         <source>The connection to the camera %1 is lost. Close the viewer and open it again when the camera is back.</source>
         <translation>カメラ %1 との接続が切れました。ビューアーを閉じ、カメラが復帰してから開き直してください。</translation>
     </message>
+    <message>
+        <source>The connection to the camera %1 is lost. %2 Close the viewer and open it again when the camera is free.</source>
+        <translation>カメラ %1 との接続が切れました。%2ビューアーを閉じ、カメラが解放されてから開き直してください。</translation>
+    </message>
 </context>
 <context>
     <name>TabExtensions</name>
@@ -336,6 +340,14 @@ Exit codes:
     <message>
         <source>The operation failed.</source>
         <translation>操作に失敗しました。</translation>
+    </message>
+    <message>
+        <source>The camera does not answer any more.</source>
+        <translation>カメラが応答しなくなりました。</translation>
+    </message>
+    <message>
+        <source>Another program controls the camera.</source>
+        <translation>別のプログラムがカメラを制御しています。</translation>
     </message>
 </context>
 </TS>

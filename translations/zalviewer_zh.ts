@@ -216,6 +216,10 @@ Exit codes:
         <source>The connection to the camera %1 is lost. Close the viewer and open it again when the camera is back.</source>
         <translation>与相机 %1 的连接已断开。请关闭查看器，待相机恢复后重新打开。</translation>
     </message>
+    <message>
+        <source>The connection to the camera %1 is lost. %2 Close the viewer and open it again when the camera is free.</source>
+        <translation>与相机 %1 的连接已断开。%2请关闭查看器，待相机空闲后再重新打开。</translation>
+    </message>
 </context>
 <context>
     <name>TabExtensions</name>
@@ -336,6 +340,14 @@ Exit codes:
     <message>
         <source>The operation failed.</source>
         <translation>操作失败。</translation>
+    </message>
+    <message>
+        <source>The camera does not answer any more.</source>
+        <translation>相机不再响应。</translation>
+    </message>
+    <message>
+        <source>Another program controls the camera.</source>
+        <translation>另一个程序正在控制相机。</translation>
     </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include <glib.h>
 
 #include <string>
+#include <utility>
 
 namespace ZalCPP {
 
@@ -27,6 +28,9 @@ public:
     AravisError& operator=(const AravisError&) = delete;
 
     GError** out() { return &error; }
+    const GError* get() const { return error; }
+    /// The caller's to free.
+    GError* release() { return std::exchange(error, nullptr); }
     ZalErrorType status() const { return statusOf(error); }
     std::string message() const { return error ? error->message : std::string(); }
     /// True when the description does not define what was asked for; Aravis then answers with the

@@ -75,6 +75,13 @@ bool Camera::IsLost() const
     return d->core->worker().isLost();
 }
 
+CameraLoss Camera::Loss() const
+{
+    if (!IsLost())
+        return CameraLoss::None;
+    return d->core->wire().isTakenOver ? CameraLoss::ControlTaken : CameraLoss::NoAnswer;
+}
+
 WireCounts Camera::Counts() const
 {
     const WireAccess& wire = d->core->wire();

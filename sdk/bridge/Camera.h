@@ -39,6 +39,18 @@ struct WireCounts
     std::uint64_t writes = 0;
 };
 
+/// Why a camera is lost.
+enum class CameraLoss
+{
+    None,        ///< It is not.
+    NoAnswer,    ///< It does not answer any more, or its connection ended.
+    ControlTaken ///< It answers, but another program controls it.
+};
+
+/// A sentence for the user, in English; marked for translation in the context "ZalCPP". Empty where
+/// nothing is lost. Any thread.
+const char* LossText(CameraLoss loss);
+
 /// An open camera. All methods may be called from any thread and are bounded in time like those of
 /// Feature. Destroying the camera closes it, and does not wait for one that no longer answers.
 ///
@@ -78,6 +90,8 @@ public:
     /// after opening.
     void SetLostHandler(LostHandler handler);
     bool IsLost() const;
+    /// Known when the handler is called.
+    CameraLoss Loss() const;
 
     WireCounts Counts() const;
 

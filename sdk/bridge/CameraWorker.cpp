@@ -12,7 +12,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// How long closing waits, together with what the callers have waited just before.
+// How long closing waits, together with what the callers have waited just before. A lost datagram
+// fails nothing here: what closing leaves undone is done without it.
 constexpr std::chrono::milliseconds CloseTimeout{400};
 // A shorter wait is none.
 constexpr std::chrono::milliseconds NoticeableWait{50};

@@ -12,7 +12,7 @@ namespace ZalCPP {
 /// The one thread on which a camera is accessed, and the circuit breaker that keeps its callers
 /// from waiting for a camera that does not answer.
 ///
-/// A call that does not end within half a second opens the breaker: it and all further calls return
+/// A call that does not end in time opens the breaker: it and all further calls return
 /// ZalErrorTimeout, without running, until the outstanding operation ends. If that ends well the
 /// breaker closes; if it ended with a time-out the camera is probed once more, and declared lost if
 /// it fails again. A lost or closed worker answers ZalErrorNotOpen.
@@ -23,8 +23,10 @@ class CameraWorker
 public:
     using Work = std::function<ZalErrorType()>;
 
-    /// How long a caller waits. A user interface thread may be among the callers.
-    static constexpr std::chrono::milliseconds CallTimeout{500};
+    /// How long a caller waits. Aravis repeats a request after 500 ms, so that one lost datagram
+    /// fails no call. It counts from the beginning of the call, however often the camera answers
+    /// meanwhile: a user interface thread may be among the callers.
+    static constexpr std::chrono::milliseconds CallTimeout{600};
 
     /// Called with no lock held.
     struct Hooks

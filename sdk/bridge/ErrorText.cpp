@@ -1,3 +1,5 @@
+#include "sdk/bridge/Camera.h"
+
 #include <ZalCPP/ZalTypes.h>
 
 // Marks a text for the translation tools. Whoever shows it to a person looks the translation up.
@@ -40,6 +42,18 @@ const char* ErrorText(ZalErrorType status)
         return QT_TRANSLATE_NOOP("ZalCPP", "Memory or another resource ran out.");
     default:
         return QT_TRANSLATE_NOOP("ZalCPP", "The operation failed.");
+    }
+}
+
+const char* LossText(CameraLoss loss)
+{
+    switch (loss) {
+    case CameraLoss::NoAnswer:
+        return QT_TRANSLATE_NOOP("ZalCPP", "The camera does not answer any more.");
+    case CameraLoss::ControlTaken:
+        return QT_TRANSLATE_NOOP("ZalCPP", "Another program controls the camera.");
+    default:
+        return "";
     }
 }
 

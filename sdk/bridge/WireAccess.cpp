@@ -1,11 +1,17 @@
 #include "sdk/bridge/WireAccess.h"
 
+#include "sdk/bridge/AravisStatus.h"
+#include "sdk/bridge/Camera.h"
+
 #include <mutex>
 
 namespace ZalCPP {
 namespace {
 
 using WirePtr = std::shared_ptr<WireAccess>;
+
+// GigE Vision's register of who controls the camera.
+constexpr guint64 ControlPrivilege = 0x0a00;
 
 /// A class's own access functions, kept with its type for the life of the process.
 struct Originals
@@ -50,13 +56,58 @@ gboolean readThrough(ArvDevice* device, const ReadCache::Key& question, void* bu
     return answered;
 }
 
-// Nothing that was read before a write is known any more, whether the write succeeds or not.
-void aboutToWrite(ArvDevice* device)
+bool isRefused(const GError* error)
 {
-    if (WireAccess* wire = wireOf(device)) {
-        ++wire->writes;
-        wire->cache.clear();
-    }
+    return g_error_matches(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_TIMEOUT) ||
+           g_error_matches(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED);
+}
+
+// Whether somebody controls the camera; false also when it does not answer.
+bool isControlled(ArvDevice* device, guint32& privilege)
+{
+    constexpr guint32 controlOrExclusive = 3;
+    return originals(device).readRegister(device, ControlPrivilege, &privilege, nullptr) &&
+           (privilege & controlOrExclusive) != 0;
+}
+
+// The register says that somebody has control, but not who. To its owner a camera does not refuse
+// it, and writing what it holds already changes nothing.
+bool isControlledBySomebodyElse(ArvDevice* device)
+{
+    guint32 privilege = 0;
+    if (!ARV_IS_GV_DEVICE(device) || !isControlled(device, privilege))
+        return false;
+    AravisError error;
+    originals(device).writeRegister(device, ControlPrivilege, privilege, error.out());
+    // The camera may have stopped answering at just that moment.
+    return isRefused(error.get()) && isControlled(device, privilege);
+}
+
+gboolean failForTakenOver(GError** error)
+{
+    g_set_error_literal(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_NOT_CONNECTED,
+                        LossText(CameraLoss::ControlTaken));
+    return FALSE;
+}
+
+// Runs `write`. Nothing that was read before is known any more, whether it succeeds or not.
+template <typename Write> gboolean writeThrough(ArvDevice* device, GError** error, Write write)
+{
+    WireAccess* wire = wireOf(device);
+    if (!wire)
+        return write(error);
+    if (wire->isTakenOver)
+        return failForTakenOver(error);
+    ++wire->writes;
+    wire->cache.clear();
+    AravisError failure;
+    if (write(failure.out()))
+        return TRUE;
+    wire->isTakenOver = isRefused(failure.get()) && isControlledBySomebodyElse(device);
+    if (wire->isTakenOver)
+        return failForTakenOver(error);
+    g_propagate_error(error, failure.release());
+    return FALSE;
 }
 
 gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
@@ -68,8 +119,9 @@ gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buff
 
 gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    aboutToWrite(device);
-    return originals(device).writeMemory(device, address, size, buffer, error);
+    return writeThrough(device, error, [&](GError** failure) {
+        return originals(device).writeMemory(device, address, size, buffer, failure);
+    });
 }
 
 gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)
@@ -81,8 +133,9 @@ gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError
 
 gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError** error)
 {
-    aboutToWrite(device);
-    return originals(device).writeRegister(device, address, value, error);
+    return writeThrough(device, error, [&](GError** failure) {
+        return originals(device).writeRegister(device, address, value, failure);
+    });
 }
 
 void wrapClass(ArvDeviceClass* klass)

@@ -10,18 +10,22 @@
 
 namespace ZalCPP {
 
-/// Stands between Aravis and one device: counts the register accesses, and answers reads from the
-/// cache where that is good enough. Any thread may read the numbers; the cache belongs to the
-/// thread that accesses the device.
+/// Stands between Aravis and one device: counts the register accesses, answers reads from the cache
+/// where that is good enough, and looks who controls the camera when a write fails. Any thread may
+/// read the numbers; the cache belongs to the thread that accesses the device.
 ///
 /// Aravis has no hook for this, so the access functions of the device's class are wrapped, once per
 /// class; the wrappers find what is attached to the device that they are called for and then go on
 /// to the original function. Devices with nothing attached are not affected. The heartbeat of a
-/// GigE Vision connection does not pass through these functions.
+/// GigE Vision connection does not pass through these functions. It notices a camera that nobody
+/// controls any more, but takes another program's control for its own.
 struct WireAccess
 {
     std::atomic<std::uint64_t> reads{0}; ///< Those that reached the device.
     std::atomic<std::uint64_t> writes{0};
+    /// Another program controls the camera: what is written is refused, or left unanswered. From
+    /// then on every write fails as on a connection that is closed.
+    std::atomic<bool> isTakenOver{false};
     ReadCache cache;
 
     /// Works from now on and may outlive the device.

@@ -1,6 +1,7 @@
 #include "tests/e2e/PresetRig.h"
 
 #include "features/FeatureManager.h"
+#include "plugin/TabExtensionException.h"
 #include "tests/trigger/MessageBoxes.h"
 
 PresetEngine::PresetEngine(const ZalCPP::FeatureList& features, const QString& applicationDir)
@@ -28,9 +29,14 @@ PresetRig::PresetRig(const QString& model, const QString& applicationDir, const 
     if (simulator)
         camera = ZalCPP::CameraSystem::Open(
             address.isEmpty() ? simulator->CameraId() : address.toStdString(), error);
-    if (camera)
-        engine = std::make_unique<PresetEngine>(camera->Features(), applicationDir);
     problem = QString::fromStdString(error);
+    if (!camera)
+        return;
+    try {
+        engine = std::make_unique<PresetEngine>(camera->Features(), applicationDir);
+    } catch (const TENotSupported&) {
+        problem = QStringLiteral("The camera does not tell its maker in time.");
+    }
 }
 
 PresetRig::~PresetRig()

@@ -15,6 +15,7 @@ struct FakeCameraState
     ZalErrorType startStatus = ZalErrorSuccess;
     ZalErrorType stopStatus = ZalErrorSuccess;
     bool alreadyLost = false;
+    ZalCPP::CameraLoss loss = ZalCPP::CameraLoss::NoAnswer;
     QStringList calls;
     ZalCPP::Camera::FrameHandler frameHandler;
     ZalCPP::Camera::LostHandler lostHandler;
@@ -65,6 +66,7 @@ public:
         state->lostHandler = std::move(handler);
     }
     bool isLost() const override { return state->alreadyLost; }
+    ZalCPP::CameraLoss loss() const override { return state->loss; }
 
 private:
     std::shared_ptr<FakeCameraState> state;

@@ -199,6 +199,18 @@ private slots:
         QCOMPARE(heardByTheTab(), QStringList({"on", "off"}));
     }
 
+    void cameraThatAnotherProgramControlsIsExplained()
+    {
+        addExtension("GoodTab");
+        camera->loss = ZalCPP::CameraLoss::ControlTaken;
+        camera->lose();
+        QTRY_VERIFY(label("notice").isVisible());
+        QCOMPARE(label("notice").text(),
+                 QString("The connection to the camera Tarsel Imaging Fake (F001) is lost. Another "
+                         "program controls the camera. Close the viewer and open it again when the "
+                         "camera is free."));
+    }
+
     void windowOfALostCameraCloses()
     {
         addExtension("GoodTab");

@@ -19,7 +19,7 @@ using FeatureList = std::shared_ptr<std::vector<FeaturePtr>>;
 /// One GenICam feature of an open camera.
 ///
 /// Every operation returns a status and fills its output only on success. Operations may be called
-/// from any thread and block until the camera answered, half a second at most.
+/// from any thread and block until the camera answered, 600 ms at most.
 ///
 /// Data of variable length has the array form `(T* buffer, std::uint32_t& count)`: with a null
 /// buffer, `count` becomes the number of elements needed (for texts including the terminator);

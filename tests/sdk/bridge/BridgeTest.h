@@ -19,10 +19,10 @@ using ZalCPP::Feature;
 using ZalCPP::FeaturePtr;
 
 /// Opens the camera on the loopback interface; ends the program when that fails.
-inline std::unique_ptr<ZalCPP::Camera> openCamera()
+inline std::unique_ptr<ZalCPP::Camera> openCamera(const char* address = "127.0.0.1")
 {
     std::string error;
-    auto camera = ZalCPP::CameraSystem::Open("127.0.0.1", error);
+    auto camera = ZalCPP::CameraSystem::Open(address, error);
     if (!camera)
         qFatal("%s", error.c_str());
     return camera;

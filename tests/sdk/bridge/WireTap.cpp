@@ -11,7 +11,8 @@ struct State
 {
     std::mutex mutex;
     bool active = false;
-    WireTap::ReadHook hook;
+    WireTap::Hook readHook;
+    WireTap::Hook writeHook;
     std::vector<WireTap::Access> accesses;
 };
 
@@ -34,53 +35,69 @@ void record(WireTap::Access access)
         state().accesses.push_back(std::move(access));
 }
 
-// False when the read shall not be answered.
-bool passes(ArvDevice* device, guint64 address, guint32 size, GError** error)
+int errorOf(WireTap::Answer answer)
 {
-    record({false, address, {}, size, std::chrono::steady_clock::now()});
-    WireTap::ReadHook hook;
+    switch (answer) {
+    case WireTap::Answer::TimeOut:
+        return ARV_DEVICE_ERROR_TIMEOUT;
+    case WireTap::Answer::Denied:
+        return ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+    default:
+        return ARV_DEVICE_ERROR_NOT_CONNECTED;
+    }
+}
+
+// False when the access shall not reach the camera.
+bool passes(WireTap::Hook State::*which, ArvDevice* device, guint64 address, GError** error)
+{
+    WireTap::Hook hook;
     {
         const std::lock_guard<std::mutex> lock(state().mutex);
-        hook = state().hook;
+        hook = state().*which;
     }
     const auto answer = hook ? hook(device, address) : WireTap::Answer::TheCameras;
     if (answer == WireTap::Answer::TheCameras)
         return true;
-    const auto code = answer == WireTap::Answer::TimeOut ? ARV_DEVICE_ERROR_TIMEOUT
-                                                         : ARV_DEVICE_ERROR_NOT_CONNECTED;
-    g_set_error(error, ARV_DEVICE_ERROR, code, "The tap gives no answer");
+    g_set_error(error, ARV_DEVICE_ERROR, errorOf(answer), "The tap gives no answer");
     return false;
 }
 
-void recordWrite(guint64 address, const void* data, guint32 size)
+bool passesRead(ArvDevice* device, guint64 address, guint32 size, GError** error)
+{
+    record({false, address, {}, size, std::chrono::steady_clock::now()});
+    return passes(&State::readHook, device, address, error);
+}
+
+bool passesWrite(ArvDevice* device, guint64 address, const void* data, guint32 size, GError** error)
 {
     const auto* bytes = static_cast<const unsigned char*>(data);
     record({true, address, {bytes, bytes + size}, size, std::chrono::steady_clock::now()});
+    return passes(&State::writeHook, device, address, error);
 }
 
 gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    return passes(device, address, size, error) &&
+    return passesRead(device, address, size, error) &&
            original().read_memory(device, address, size, buffer, error);
 }
 
 gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    recordWrite(address, buffer, size);
-    return original().write_memory(device, address, size, buffer, error);
+    return passesWrite(device, address, buffer, size, error) &&
+           original().write_memory(device, address, size, buffer, error);
 }
 
 gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)
 {
-    return passes(device, address, sizeof *value, error) &&
+    return passesRead(device, address, sizeof *value, error) &&
            original().read_register(device, address, value, error);
 }
 
 gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError** error)
 {
     const guint32 onTheWire = GUINT32_TO_BE(value);
-    recordWrite(address, &onTheWire, sizeof onTheWire);
-    return original().write_register(device, address, value, error);
+    return passesWrite(device, address, &onTheWire, sizeof onTheWire, error) &&
+           original().write_register(device, address, value, error);
 }
 
 // The class lives as long as the process, and so does the tap in it.
@@ -109,14 +126,21 @@ WireTap::~WireTap()
 {
     const std::lock_guard<std::mutex> lock(state().mutex);
     state().active = false;
-    state().hook = nullptr;
+    state().readHook = nullptr;
+    state().writeHook = nullptr;
     state().accesses.clear();
 }
 
-void WireTap::onRead(ReadHook hook)
+void WireTap::onRead(Hook hook)
 {
     const std::lock_guard<std::mutex> lock(state().mutex);
-    state().hook = std::move(hook);
+    state().readHook = std::move(hook);
+}
+
+void WireTap::onWrite(Hook hook)
+{
+    const std::lock_guard<std::mutex> lock(state().mutex);
+    state().writeHook = std::move(hook);
 }
 
 std::vector<WireTap::Access> WireTap::takeAccesses()

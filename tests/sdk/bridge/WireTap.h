@@ -9,8 +9,8 @@
 using ArvDevice = struct _ArvDevice;
 
 /// Comes between Aravis and the GigE cameras that this process opens: sees every access that really
-/// goes out, and can leave reads unanswered. Make the first one before the first camera is opened,
-/// and one at a time.
+/// goes out, and can leave it unanswered or refuse it. Make the first one before the first camera
+/// is opened, and one at a time.
 class WireTap
 {
 public:
@@ -18,7 +18,8 @@ public:
     {
         TheCameras,
         TimeOut,
-        NotConnected
+        NotConnected,
+        Denied
     };
 
     struct Access
@@ -30,8 +31,8 @@ public:
         std::chrono::steady_clock::time_point time;
     };
 
-    /// Called before a read goes out, on the thread that reads.
-    using ReadHook = std::function<Answer(ArvDevice*, std::uint64_t address)>;
+    /// Called before an access goes out, on the thread that makes it.
+    using Hook = std::function<Answer(ArvDevice*, std::uint64_t address)>;
 
     WireTap();
     ~WireTap();
@@ -39,7 +40,8 @@ public:
     WireTap& operator=(const WireTap&) = delete;
 
     /// Set it while no camera is accessed.
-    void onRead(ReadHook hook);
+    void onRead(Hook hook);
+    void onWrite(Hook hook);
     /// Since the tap was made, or since the last call.
     std::vector<Access> takeAccesses();
 };

@@ -1,5 +1,5 @@
 // The worker thread and its circuit breaker, without a camera.
-#include "sdk/bridge/CameraWorker.h"
+#include "tests/sdk/bridge/WorkerOperations.h"
 
 #include <QtTest>
 
@@ -9,46 +9,13 @@
 #include <thread>
 #include <vector>
 
+using namespace WorkerOperations;
 using ZalCPP::CameraWorker;
 
 namespace {
 
 // What a caller's thread may be blocked for.
-constexpr qint64 LongestBlock = 600;
-
-/// An operation that goes on until it is told its result.
-class Operation
-{
-public:
-    CameraWorker::Work work()
-    {
-        return [shared = state] {
-            shared->started.release();
-            shared->ended.acquire();
-            return shared->result.load();
-        };
-    }
-    bool waitUntilStarted() { return state->started.tryAcquire(1, 5000); }
-    void end(ZalErrorType result)
-    {
-        state->result = result;
-        state->ended.release();
-    }
-
-private:
-    struct State
-    {
-        QSemaphore started;
-        QSemaphore ended;
-        std::atomic<ZalErrorType> result{ZalErrorSuccess};
-    };
-    std::shared_ptr<State> state = std::make_shared<State>();
-};
-
-ZalErrorType succeed()
-{
-    return ZalErrorSuccess;
-}
+constexpr qint64 LongestBlock = 650;
 
 } // namespace
 
@@ -64,12 +31,15 @@ private slots:
     void callReturnsTheStatusOfItsWork();
     void workRunsInOrderOnOneOtherThread();
     void overdueCallReturnsAndOpensTheBreaker();
+    void callThatTakesOneRepetitionSucceeds();
     void openBreakerRefusesWithoutRunning();
     void breakerClosesWhenTheOperationEndsWell_data();
     void breakerClosesWhenTheOperationEndsWell();
     void abandonedCallsDoNotRunLater();
     void waitingCallersAreReleasedWhenTheBreakerOpens();
     void timedOutOperationIsFollowedByAProbe();
+    void callThatNeverRanIsFollowedByAProbe_data();
+    void callThatNeverRanIsFollowedByAProbe();
     void secondTimeOutMeansLost();
     void closedConnectionMeansLost();
     void lossReleasesWaitingCallers();
@@ -80,6 +50,8 @@ private slots:
     void closingALostCameraDoesNotWaitForItsOperation();
     void slowCallAndClosingTogetherBlockNoLongerThanOneStall();
     void slowCallsThatFollowEachOtherAddUp();
+    void waitsThatLieFarApartDoNotAddUp_data();
+    void waitsThatLieFarApartDoNotAddUp();
     void noCallRunsAfterTheLastWork();
     void closedWorkerRefuses();
     void workIsReleasedOnTheWorkerThread();
@@ -91,6 +63,7 @@ private:
     std::atomic<int> recoveries{0};
     std::atomic<int> losses{0};
     std::atomic<ZalErrorType> probeResult{ZalErrorSuccess};
+    std::function<void()> onRecovery;
     std::unique_ptr<CameraWorker> worker;
 };
 
@@ -103,7 +76,11 @@ void tst_CameraWorker::init()
         ++probes;
         return probeResult.load();
     };
-    hooks.recovered = [this] { ++recoveries; };
+    onRecovery = [] {};
+    hooks.recovered = [this] {
+        ++recoveries;
+        onRecovery();
+    };
     hooks.lost = [this] { ++losses; };
     worker = std::make_unique<CameraWorker>(hooks);
 }
@@ -158,6 +135,14 @@ void tst_CameraWorker::overdueCallReturnsAndOpensTheBreaker()
     QVERIFY(!worker->isHealthy());
     QVERIFY(worker->isOpen());
     operation.end(ZalErrorSuccess);
+}
+
+// A datagram was lost, so that the question is put again after half a second.
+void tst_CameraWorker::callThatTakesOneRepetitionSucceeds()
+{
+    QCOMPARE(worker->call(lateAnswer(510)), ZalErrorSuccess);
+    QVERIFY(worker->isHealthy());
+    QCOMPARE(recoveries, 0);
 }
 
 void tst_CameraWorker::openBreakerRefusesWithoutRunning()
@@ -242,6 +227,45 @@ void tst_CameraWorker::timedOutOperationIsFollowedByAProbe()
     QCOMPARE(probes, 1);
     QCOMPARE(losses, 0);
     QCOMPARE(worker->call(succeed), ZalErrorSuccess);
+}
+
+void tst_CameraWorker::callThatNeverRanIsFollowedByAProbe_data()
+{
+    QTest::addColumn<ZalErrorType>("answer");
+    QTest::addColumn<int>("recovered");
+    QTest::addColumn<int>("lost");
+    QTest::newRow("the camera answers") << ZalErrorSuccess << 2 << 0;
+    QTest::newRow("the camera is silent") << ZalErrorTimeout << 1 << 1;
+}
+
+// The thread is held up between two operations until a call is overdue: nothing is outstanding
+// then that could end and close the breaker.
+void tst_CameraWorker::callThatNeverRanIsFollowedByAProbe()
+{
+    QFETCH(ZalErrorType, answer);
+    QFETCH(int, recovered);
+    QFETCH(int, lost);
+    Operation operation;
+    Operation holdUp;
+    onRecovery = holdUp.work();
+    open(operation);
+    operation.end(ZalErrorSuccess);
+    QVERIFY(holdUp.waitUntilStarted());
+    probeResult = answer;
+    std::atomic<bool> ran{false};
+    const auto status = worker->call([&ran] {
+        ran = true;
+        return ZalErrorSuccess;
+    });
+    QCOMPARE(status, ZalErrorTimeout);
+    QCOMPARE(probes, 0);
+    // For this recovery and the next one.
+    holdUp.end(ZalErrorSuccess);
+    holdUp.end(ZalErrorSuccess);
+    QTRY_COMPARE(recoveries + losses, recovered + lost);
+    QCOMPARE(losses, lost);
+    QVERIFY(probes > 0);
+    QVERIFY(!ran);
 }
 
 void tst_CameraWorker::secondTimeOutMeansLost()
@@ -344,20 +368,6 @@ void tst_CameraWorker::closingALostCameraDoesNotWaitForItsOperation()
     operation.end(ZalErrorTimeout);
 }
 
-namespace {
-
-/// A camera that answers, but late.
-CameraWorker::Work lateAnswer(int afterMs)
-{
-    return [afterMs] {
-        QSemaphore never;
-        never.tryAcquire(1, afterMs);
-        return ZalErrorSuccess;
-    };
-}
-
-} // namespace
-
 void tst_CameraWorker::slowCallAndClosingTogetherBlockNoLongerThanOneStall()
 {
     Operation stalled;
@@ -379,6 +389,29 @@ void tst_CameraWorker::slowCallsThatFollowEachOtherAddUp()
     worker->close(stalled.work());
     QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
     stalled.end(ZalErrorSuccess);
+}
+
+void tst_CameraWorker::waitsThatLieFarApartDoNotAddUp_data()
+{
+    QTest::addColumn<int>("pauseMs");
+    QTest::addColumn<bool>("waited");
+    QTest::newRow("just before") << 0 << false;
+    QTest::newRow("long before") << 1050 << true;
+}
+
+// Who has waited long before waits for the last work all the same.
+void tst_CameraWorker::waitsThatLieFarApartDoNotAddUp()
+{
+    QFETCH(int, pauseMs);
+    QCOMPARE(worker->call(lateAnswer(450)), ZalErrorSuccess);
+    QTest::qWait(pauseMs);
+    const auto done = std::make_shared<std::atomic<bool>>(false);
+    worker->close([done, work = lateAnswer(200)] {
+        work();
+        *done = true;
+        return ZalErrorSuccess;
+    });
+    QTEST(done->load(), "waited");
 }
 
 void tst_CameraWorker::noCallRunsAfterTheLastWork()

@@ -115,6 +115,7 @@ void tst_FeatureFacts::listsImplementedFeaturesInTheDescriptionsOrder()
                                                "Temperature",
                                                "Ticks",
                                                "ChannelStatus",
+                                               "Message",
                                                "Reset",
                                                "Latch",
                                                "Blob",

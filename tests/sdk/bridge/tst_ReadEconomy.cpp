@@ -20,6 +20,9 @@ private slots:
 
     void sizeAndTextAreOneTransaction_data();
     void sizeAndTextAreOneTransaction();
+    void textThatFollowsItsSizeIsTheOneThatWasMeasured();
+    void textThatFollowsNoSizeIsReadAnew_data();
+    void textThatFollowsNoSizeIsReadAnew();
     void repeatedReadIsOneTransaction();
     void featuresShareTheRegistersTheyDependOn();
     void writtenValueIsNeverStale();
@@ -76,6 +79,56 @@ void tst_ReadEconomy::sizeAndTextAreOneTransaction()
     std::string read;
     readsOneRegister([&] { read = text(find(name.toStdString())); });
     QCOMPARE(QString::fromStdString(read), value);
+}
+
+namespace {
+
+constexpr std::uint32_t MessageRegister = 0x4720;
+
+// Null asks for the size.
+std::string readMessage(const FeaturePtr& message, char* buffer)
+{
+    std::uint32_t count = 16;
+    const ZalErrorType status = message->GetStringValue(buffer, count);
+    return status == ZalErrorSuccess && buffer ? buffer : std::string();
+}
+
+} // namespace
+
+// The camera changes the text between the two calls. A moment later it is read anew all the same.
+void tst_ReadEconomy::textThatFollowsItsSizeIsTheOneThatWasMeasured()
+{
+    char buffer[16] = {};
+    QElapsedTimer timer;
+    do {
+        server->setText(MessageRegister, "short");
+        timer.start();
+        readMessage(find("Message"), nullptr);
+        server->setText(MessageRegister, "longer text");
+        readMessage(find("Message"), buffer);
+    } while (timer.elapsed() >= 50);
+    QCOMPARE(buffer, "short");
+}
+
+void tst_ReadEconomy::textThatFollowsNoSizeIsReadAnew_data()
+{
+    QTest::addColumn<bool>("bySize");
+    QTest::newRow("second text after one size") << false;
+    QTest::newRow("size after a size") << true;
+}
+
+void tst_ReadEconomy::textThatFollowsNoSizeIsReadAnew()
+{
+    QFETCH(bool, bySize);
+    char buffer[16] = {};
+    server->setText(MessageRegister, "first");
+    readMessage(find("Message"), nullptr);
+    if (!bySize)
+        readMessage(find("Message"), buffer);
+    server->setText(MessageRegister, "second");
+    if (bySize)
+        readMessage(find("Message"), nullptr);
+    QCOMPARE(readMessage(find("Message"), buffer), std::string("second"));
 }
 
 void tst_ReadEconomy::repeatedReadIsOneTransaction()

@@ -124,7 +124,7 @@ void tst_UnansweredFeature::isGivenUpWhenItAlwaysAnswersTooLate()
     tap->onRead([&](ArvDevice*, std::uint64_t address) {
         if (address == PlainRegister) {
             ++unanswered;
-            never.tryAcquire(1, 550);
+            never.tryAcquire(1, 650);
         }
         return WireTap::Answer::TheCameras;
     });
