@@ -2,7 +2,6 @@
 
 #include "widgets/BaseTabPluginWidget.h"
 
-#include <QLocale>
 #include <QMap>
 #include <QPointer>
 #include <QVariant>
@@ -100,10 +99,6 @@ protected:
     /// Clears the box and fills it with the presets for this camera from `applicationDir`/plugins.
     /// Without a usable file the box stays empty; that is logged only.
     void LoadPresets(QComboBox* box, const QString& applicationDir);
-
-    /// How numbers are typed into line edits, which is how they are parsed: in C notation, and
-    /// without group separators.
-    static QLocale InputLocale();
 
 protected slots:
     void OnChangeComboboxSelection(const QString& text);

@@ -2,6 +2,7 @@
 #include "features/FeatureManager.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/NumberInput.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -92,6 +93,7 @@ void AdvTriggerBase::BindDoubleSpinBox(QDoubleSpinBox& box, const QString& featu
     ShowValue(box, feature);
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ConnectEdits(box, SIGNAL(valueChanged(double)), SLOT(OnChangeDoubleSpinbox(double)));
+    NumberInput::limit(box);
 }
 
 void AdvTriggerBase::InitSpinBoxes()
@@ -111,6 +113,7 @@ void AdvTriggerBase::BindSpinBox(QSpinBox& box, const QString& feature)
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ShowValue(box, feature);
     ConnectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
+    NumberInput::limit(box);
 }
 
 void AdvTriggerBase::InitCheckBoxes()

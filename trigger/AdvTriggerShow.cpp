@@ -2,10 +2,10 @@
 #include "features/FeatureManager.h"
 #include "features/NumberConversions.h"
 #include "trigger/AdvTriggerBase.h"
+#include "trigger/NumberInput.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
-#include <QDoubleValidator>
 #include <QLineEdit>
 #include <QLocale>
 #include <QRegularExpressionValidator>
@@ -14,14 +14,14 @@
 namespace {
 
 /// Lets a number field be cleared: a field without acceptable text never finishes its editing.
-class DoubleValidator : public QDoubleValidator
+class DoubleValidator : public NumberInput::Validator
 {
 public:
-    using QDoubleValidator::QDoubleValidator;
+    using Validator::Validator;
 
     State validate(QString& input, int& position) const override
     {
-        return input.isEmpty() ? Acceptable : QDoubleValidator::validate(input, position);
+        return input.isEmpty() ? Acceptable : Validator::validate(input, position);
     }
 };
 
@@ -78,13 +78,6 @@ std::optional<QString> AdvTriggerBase::ReadableText(const QString& feature) cons
     return ValueText(feature);
 }
 
-QLocale AdvTriggerBase::InputLocale()
-{
-    QLocale locale = QLocale::c();
-    locale.setNumberOptions(QLocale::RejectGroupSeparator);
-    return locale;
-}
-
 /// Limits what may be typed to what can be written.
 void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
 {
@@ -95,9 +88,7 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
     }
     constexpr int decimals = 10;
     const Range range = RangeOf(*m_featureManager, feature);
-    auto* validator = new DoubleValidator(range.min, range.max, decimals, &edit);
-    validator->setLocale(InputLocale());
-    edit.setValidator(validator);
+    edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
 }
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)

@@ -2,6 +2,7 @@
 #include "features/FeatureManager.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/NumberInput.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -192,6 +193,7 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
     ShowTableSpinBox(*box, cell.feature);
     PlaceTableEditor(cell, *box, *box, SIGNAL(valueChanged(double)),
                      SLOT(OnChangeTableSpinbox(double)));
+    NumberInput::limit(*box);
 }
 
 /// `placed` is the editor or what contains it.

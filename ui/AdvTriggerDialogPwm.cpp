@@ -1,9 +1,8 @@
 // The calculator that sets a timer's high and low time by frequency and duty cycle.
 #include "features/FeatureManager.h"
+#include "trigger/NumberInput.h"
 #include "ui/AdvTriggerDialog.h"
 
-#include <QDoubleValidator>
-#include <QLocale>
 #include <QSignalBlocker>
 
 namespace {
@@ -25,12 +24,10 @@ double numberIn(const QLineEdit& edit)
     return valid ? number : 0.0;
 }
 
-void limit(QLineEdit& edit, double top, const QLocale& locale, QObject* owner)
+void limit(QLineEdit& edit, double top, QObject* owner)
 {
     constexpr int decimals = 2;
-    auto* validator = new QDoubleValidator(0.0, top, decimals, owner);
-    validator->setLocale(locale);
-    edit.setValidator(validator);
+    edit.setValidator(new NumberInput::Validator(0.0, top, decimals, owner));
 }
 
 } // namespace
@@ -38,8 +35,8 @@ void limit(QLineEdit& edit, double top, const QLocale& locale, QObject* owner)
 void AdvTriggerDialog::limitPwmInput()
 {
     constexpr double highestFrequency = 1000000.0;
-    limit(*txtPWMDutyCycle, WholePercent, InputLocale(), this);
-    limit(*txtPWMFrequency, highestFrequency, InputLocale(), this);
+    limit(*txtPWMDutyCycle, WholePercent, this);
+    limit(*txtPWMFrequency, highestFrequency, this);
 }
 
 void AdvTriggerDialog::connectPwm()

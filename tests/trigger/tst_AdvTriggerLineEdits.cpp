@@ -222,8 +222,8 @@ void tst_AdvTriggerLineEdits::decimalInput_data()
     QTest::newRow("above") << "2000" << int(QValidator::Intermediate);
     QTest::newRow("letters") << "abc" << int(QValidator::Invalid);
     QTest::newRow("blank") << " " << int(QValidator::Invalid);
-    QTest::newRow("decimal comma") << "1,5" << int(QValidator::Invalid);
-    QTest::newRow("group separator") << "1,000" << int(QValidator::Invalid);
+    QTest::newRow("decimal comma") << "1,5" << int(QValidator::Acceptable);
+    QTest::newRow("group separators") << "1,000.5" << int(QValidator::Invalid);
     QTest::newRow("hexadecimal") << "0x1F" << int(QValidator::Invalid);
 }
 
@@ -241,7 +241,8 @@ void tst_AdvTriggerLineEdits::decimalInputIsInCNotationEverywhere()
     QLineEdit& edit = bind("txtNumber");
     QCOMPARE(edit.text(), QString("2.5"));
     QVERIFY(edit.hasAcceptableInput());
-    QCOMPARE(judge(edit, "2,5"), QValidator::Invalid);
+    QCOMPARE(judge(edit, "2.5"), QValidator::Acceptable);
+    QCOMPARE(judge(edit, "2.000,5"), QValidator::Invalid);
 }
 
 void tst_AdvTriggerLineEdits::hexInput_data()
