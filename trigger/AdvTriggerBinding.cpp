@@ -3,6 +3,7 @@
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
 #include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -75,6 +76,7 @@ void AdvTriggerBase::BindLineEdit(QLineEdit& edit, const QString& feature)
     edit.setText(text);
     edit.setEnabled(writable);
     ConnectEdits(edit, SIGNAL(editingFinished()), SLOT(OnFinishLineEdit()));
+    TypedText::watch(edit);
 }
 
 void AdvTriggerBase::InitDoubleSpinBoxes()
@@ -94,6 +96,7 @@ void AdvTriggerBase::BindDoubleSpinBox(QDoubleSpinBox& box, const QString& featu
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ConnectEdits(box, SIGNAL(valueChanged(double)), SLOT(OnChangeDoubleSpinbox(double)));
     NumberInput::limit(box);
+    TypedText::watch(box);
 }
 
 void AdvTriggerBase::InitSpinBoxes()
@@ -114,6 +117,7 @@ void AdvTriggerBase::BindSpinBox(QSpinBox& box, const QString& feature)
     ShowValue(box, feature);
     ConnectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
     NumberInput::limit(box);
+    TypedText::watch(box);
 }
 
 void AdvTriggerBase::InitCheckBoxes()

@@ -3,6 +3,7 @@
 #include "features/NumberConversions.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
@@ -93,6 +94,7 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
 {
+    const TypedText::Keeper typed(box);
     const Range range = RangeOf(*m_featureManager, feature);
     box.setRange(range.min, range.max);
     const double value = m_featureManager->GetValue(feature);
@@ -102,6 +104,7 @@ double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
 
 double AdvTriggerBase::ShowValue(QSpinBox& box, const QString& feature)
 {
+    const TypedText::Keeper typed(box);
     const Range range = RangeOf(*m_featureManager, feature);
     box.setRange(NumberConversions::toInt(range.min), NumberConversions::toInt(range.max));
     const double value = m_featureManager->GetValue(feature);

@@ -3,6 +3,7 @@
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
 #include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -180,8 +181,6 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
 {
     constexpr int decimals = 6;
     auto* box = new QDoubleSpinBox(&cell.table);
-    // A typed number counts once it is complete, not with each of its digits.
-    box->setKeyboardTracking(false);
     // First of all: a range is rounded to the decimals there are.
     box->setDecimals(decimals);
     double min = -1.0;
@@ -194,6 +193,7 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
     PlaceTableEditor(cell, *box, *box, SIGNAL(valueChanged(double)),
                      SLOT(OnChangeTableSpinbox(double)));
     NumberInput::limit(*box);
+    TypedText::watch(*box);
 }
 
 /// `placed` is the editor or what contains it.
@@ -255,8 +255,12 @@ void AdvTriggerBase::ShowTableLed(QWidget& widget, const QString& feature)
 
 void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)
 {
-    static_cast<QDoubleSpinBox&>(widget).setValue(m_featureManager->GetValue(feature));
-    widget.setEnabled(m_featureManager->GetIsWritable(feature));
+    auto& box = static_cast<QDoubleSpinBox&>(widget);
+    {
+        const TypedText::Keeper typed(box);
+        box.setValue(m_featureManager->GetValue(feature));
+    }
+    TypedText::setEnabled(box, m_featureManager->GetIsWritable(feature));
 }
 
 QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)

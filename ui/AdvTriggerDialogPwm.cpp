@@ -1,6 +1,7 @@
 // The calculator that sets a timer's high and low time by frequency and duty cycle.
 #include "features/FeatureManager.h"
 #include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 #include "ui/AdvTriggerDialog.h"
 
 #include <QSignalBlocker>
@@ -46,6 +47,8 @@ void AdvTriggerDialog::connectPwm()
     connect(spbTimerDelay, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
     connect(spbTimerDuration, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
     connect(grpPWM, SIGNAL(toggled(bool)), SLOT(enablePWM(bool)));
+    TypedText::watch(*txtPWMDutyCycle);
+    TypedText::watch(*txtPWMFrequency);
 }
 
 void AdvTriggerDialog::calculatePWM()
@@ -75,8 +78,8 @@ void AdvTriggerDialog::reverseCalcPWM()
         frequency = 1.0 / (duration * SecondsPerMicrosecond + delay * SecondsPerMicrosecond);
         dutyCycle = duration / (delay + duration) * WholePercent;
     }
-    txtPWMFrequency->setText(rounded(frequency));
-    txtPWMDutyCycle->setText(rounded(dutyCycle));
+    TypedText::show(*txtPWMFrequency, rounded(frequency));
+    TypedText::show(*txtPWMDutyCycle, rounded(dutyCycle));
 }
 
 void AdvTriggerDialog::enablePWM(bool on)
