@@ -137,6 +137,7 @@ private:
     bool DisableUnlessAvailable(QWidget& widget);
     void AddKnownFeature(const QString& feature);
     void LimitInput(QLineEdit& edit, const QString& feature);
+    void LimitInputLate(QLineEdit& edit, const QString& feature);
     void ConnectEdits(QWidget& widget, const char* signal, const char* slot);
 
     void RefreshFeature(const QString& feature);

@@ -106,6 +106,9 @@ QVariant AdvTriggerBase::RefreshWidget(QWidget& widget, const QString& feature)
         value = ShowValue(static_cast<QCheckBox&>(widget), feature);
     else if (className != QLatin1String("QPushButton"))
         return value;
-    TypedText::setEnabled(widget, m_featureManager->GetIsWritable(feature));
+    const bool writable = m_featureManager->GetIsWritable(feature);
+    TypedText::setEnabled(widget, writable);
+    if (auto* edit = qobject_cast<QLineEdit*>(&widget); edit && writable)
+        LimitInputLate(*edit, feature);
     return value;
 }

@@ -28,8 +28,12 @@ public:
 
 struct Range
 {
-    double min = -1.0;
-    double max = -1.0;
+    double min = unknown;
+    double max = unknown;
+
+    bool isKnown() const { return min != unknown || max != unknown; }
+
+    static constexpr double unknown = -1.0;
 };
 
 /// Without the increment: the steps of a spin box stay the form's.
@@ -90,6 +94,16 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
     constexpr int decimals = 10;
     const Range range = RangeOf(*m_featureManager, feature);
     edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
+}
+
+/// A camera that gave no answer when the form was bound may give one by now. Limits that are not
+/// known would let nothing be typed.
+void AdvTriggerBase::LimitInputLate(QLineEdit& edit, const QString& feature)
+{
+    if (edit.validator() || IsTextFeature(feature))
+        return;
+    if (IsHexFeature(feature) || RangeOf(*m_featureManager, feature).isKnown())
+        LimitInput(edit, feature);
 }
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
