@@ -2,7 +2,6 @@
 
 #include "widgets/BaseTabPluginWidget.h"
 
-#include <QLocale>
 #include <QMap>
 #include <QPointer>
 #include <QVariant>
@@ -101,10 +100,6 @@ protected:
     /// Without a usable file the box stays empty; that is logged only.
     void LoadPresets(QComboBox* box, const QString& applicationDir);
 
-    /// How numbers are typed into line edits, which is how they are parsed: in C notation, and
-    /// without group separators.
-    static QLocale InputLocale();
-
 protected slots:
     void OnChangeComboboxSelection(const QString& text);
     void OnFinishLineEdit();
@@ -142,6 +137,7 @@ private:
     bool DisableUnlessAvailable(QWidget& widget);
     void AddKnownFeature(const QString& feature);
     void LimitInput(QLineEdit& edit, const QString& feature);
+    void LimitInputLate(QLineEdit& edit, const QString& feature);
     void ConnectEdits(QWidget& widget, const char* signal, const char* slot);
 
     void RefreshFeature(const QString& feature);

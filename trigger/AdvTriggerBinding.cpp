@@ -2,6 +2,8 @@
 #include "features/FeatureManager.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -74,6 +76,7 @@ void AdvTriggerBase::BindLineEdit(QLineEdit& edit, const QString& feature)
     edit.setText(text);
     edit.setEnabled(writable);
     ConnectEdits(edit, SIGNAL(editingFinished()), SLOT(OnFinishLineEdit()));
+    TypedText::watch(edit);
 }
 
 void AdvTriggerBase::InitDoubleSpinBoxes()
@@ -92,6 +95,8 @@ void AdvTriggerBase::BindDoubleSpinBox(QDoubleSpinBox& box, const QString& featu
     ShowValue(box, feature);
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ConnectEdits(box, SIGNAL(valueChanged(double)), SLOT(OnChangeDoubleSpinbox(double)));
+    NumberInput::limit(box);
+    TypedText::watch(box);
 }
 
 void AdvTriggerBase::InitSpinBoxes()
@@ -111,6 +116,8 @@ void AdvTriggerBase::BindSpinBox(QSpinBox& box, const QString& feature)
     box.setEnabled(m_featureManager->GetIsWritable(feature));
     ShowValue(box, feature);
     ConnectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
+    NumberInput::limit(box);
+    TypedText::watch(box);
 }
 
 void AdvTriggerBase::InitCheckBoxes()

@@ -1,6 +1,7 @@
 // Refreshing the form after the camera reported changes.
 #include "features/FeatureManager.h"
 #include "trigger/AdvTriggerBase.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -81,7 +82,7 @@ QVariant AdvTriggerBase::RefreshLineEdit(QLineEdit& edit, const QString& feature
     const auto text = ReadableText(feature);
     if (!text)
         return QVariant();
-    edit.setText(*text);
+    TypedText::show(edit, *text);
     return *text;
 }
 
@@ -105,6 +106,9 @@ QVariant AdvTriggerBase::RefreshWidget(QWidget& widget, const QString& feature)
         value = ShowValue(static_cast<QCheckBox&>(widget), feature);
     else if (className != QLatin1String("QPushButton"))
         return value;
-    widget.setEnabled(m_featureManager->GetIsWritable(feature));
+    const bool writable = m_featureManager->GetIsWritable(feature);
+    TypedText::setEnabled(widget, writable);
+    if (auto* edit = qobject_cast<QLineEdit*>(&widget); edit && writable)
+        LimitInputLate(*edit, feature);
     return value;
 }

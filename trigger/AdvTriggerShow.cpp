@@ -2,10 +2,11 @@
 #include "features/FeatureManager.h"
 #include "features/NumberConversions.h"
 #include "trigger/AdvTriggerBase.h"
+#include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
-#include <QDoubleValidator>
 #include <QLineEdit>
 #include <QLocale>
 #include <QRegularExpressionValidator>
@@ -14,21 +15,25 @@
 namespace {
 
 /// Lets a number field be cleared: a field without acceptable text never finishes its editing.
-class DoubleValidator : public QDoubleValidator
+class DoubleValidator : public NumberInput::Validator
 {
 public:
-    using QDoubleValidator::QDoubleValidator;
+    using Validator::Validator;
 
     State validate(QString& input, int& position) const override
     {
-        return input.isEmpty() ? Acceptable : QDoubleValidator::validate(input, position);
+        return input.isEmpty() ? Acceptable : Validator::validate(input, position);
     }
 };
 
 struct Range
 {
-    double min = -1.0;
-    double max = -1.0;
+    double min = unknown;
+    double max = unknown;
+
+    bool isKnown() const { return min != unknown || max != unknown; }
+
+    static constexpr double unknown = -1.0;
 };
 
 /// Without the increment: the steps of a spin box stay the form's.
@@ -78,13 +83,6 @@ std::optional<QString> AdvTriggerBase::ReadableText(const QString& feature) cons
     return ValueText(feature);
 }
 
-QLocale AdvTriggerBase::InputLocale()
-{
-    QLocale locale = QLocale::c();
-    locale.setNumberOptions(QLocale::RejectGroupSeparator);
-    return locale;
-}
-
 /// Limits what may be typed to what can be written.
 void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
 {
@@ -95,13 +93,22 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
     }
     constexpr int decimals = 10;
     const Range range = RangeOf(*m_featureManager, feature);
-    auto* validator = new DoubleValidator(range.min, range.max, decimals, &edit);
-    validator->setLocale(InputLocale());
-    edit.setValidator(validator);
+    edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
+}
+
+/// A camera that gave no answer when the form was bound may give one by now. Limits that are not
+/// known would let nothing be typed.
+void AdvTriggerBase::LimitInputLate(QLineEdit& edit, const QString& feature)
+{
+    if (edit.validator() || IsTextFeature(feature))
+        return;
+    if (IsHexFeature(feature) || RangeOf(*m_featureManager, feature).isKnown())
+        LimitInput(edit, feature);
 }
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
 {
+    const TypedText::Keeper typed(box);
     const Range range = RangeOf(*m_featureManager, feature);
     box.setRange(range.min, range.max);
     const double value = m_featureManager->GetValue(feature);
@@ -111,6 +118,7 @@ double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)
 
 double AdvTriggerBase::ShowValue(QSpinBox& box, const QString& feature)
 {
+    const TypedText::Keeper typed(box);
     const Range range = RangeOf(*m_featureManager, feature);
     box.setRange(NumberConversions::toInt(range.min), NumberConversions::toInt(range.max));
     const double value = m_featureManager->GetValue(feature);

@@ -2,6 +2,8 @@
 #include "features/FeatureManager.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -179,8 +181,6 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
 {
     constexpr int decimals = 6;
     auto* box = new QDoubleSpinBox(&cell.table);
-    // A typed number counts once it is complete, not with each of its digits.
-    box->setKeyboardTracking(false);
     // First of all: a range is rounded to the decimals there are.
     box->setDecimals(decimals);
     double min = -1.0;
@@ -192,6 +192,8 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
     ShowTableSpinBox(*box, cell.feature);
     PlaceTableEditor(cell, *box, *box, SIGNAL(valueChanged(double)),
                      SLOT(OnChangeTableSpinbox(double)));
+    NumberInput::limit(*box);
+    TypedText::watch(*box);
 }
 
 /// `placed` is the editor or what contains it.
@@ -253,8 +255,12 @@ void AdvTriggerBase::ShowTableLed(QWidget& widget, const QString& feature)
 
 void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)
 {
-    static_cast<QDoubleSpinBox&>(widget).setValue(m_featureManager->GetValue(feature));
-    widget.setEnabled(m_featureManager->GetIsWritable(feature));
+    auto& box = static_cast<QDoubleSpinBox&>(widget);
+    {
+        const TypedText::Keeper typed(box);
+        box.setValue(m_featureManager->GetValue(feature));
+    }
+    TypedText::setEnabled(box, m_featureManager->GetIsWritable(feature));
 }
 
 QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)

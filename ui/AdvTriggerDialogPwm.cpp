@@ -1,9 +1,9 @@
 // The calculator that sets a timer's high and low time by frequency and duty cycle.
 #include "features/FeatureManager.h"
+#include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
 #include "ui/AdvTriggerDialog.h"
 
-#include <QDoubleValidator>
-#include <QLocale>
 #include <QSignalBlocker>
 
 namespace {
@@ -25,12 +25,10 @@ double numberIn(const QLineEdit& edit)
     return valid ? number : 0.0;
 }
 
-void limit(QLineEdit& edit, double top, const QLocale& locale, QObject* owner)
+void limit(QLineEdit& edit, double top, QObject* owner)
 {
     constexpr int decimals = 2;
-    auto* validator = new QDoubleValidator(0.0, top, decimals, owner);
-    validator->setLocale(locale);
-    edit.setValidator(validator);
+    edit.setValidator(new NumberInput::Validator(0.0, top, decimals, owner));
 }
 
 } // namespace
@@ -38,8 +36,8 @@ void limit(QLineEdit& edit, double top, const QLocale& locale, QObject* owner)
 void AdvTriggerDialog::limitPwmInput()
 {
     constexpr double highestFrequency = 1000000.0;
-    limit(*txtPWMDutyCycle, WholePercent, InputLocale(), this);
-    limit(*txtPWMFrequency, highestFrequency, InputLocale(), this);
+    limit(*txtPWMDutyCycle, WholePercent, this);
+    limit(*txtPWMFrequency, highestFrequency, this);
 }
 
 void AdvTriggerDialog::connectPwm()
@@ -49,6 +47,8 @@ void AdvTriggerDialog::connectPwm()
     connect(spbTimerDelay, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
     connect(spbTimerDuration, SIGNAL(valueChanged(double)), SLOT(reverseCalcPWM()));
     connect(grpPWM, SIGNAL(toggled(bool)), SLOT(enablePWM(bool)));
+    TypedText::watch(*txtPWMDutyCycle);
+    TypedText::watch(*txtPWMFrequency);
 }
 
 void AdvTriggerDialog::calculatePWM()
@@ -80,8 +80,8 @@ void AdvTriggerDialog::reverseCalcPWM()
         frequency = 1.0 / (duration * SecondsPerMicrosecond + delay * SecondsPerMicrosecond);
         dutyCycle = duration / (delay + duration) * WholePercent;
     }
-    txtPWMFrequency->setText(rounded(frequency));
-    txtPWMDutyCycle->setText(rounded(dutyCycle));
+    TypedText::show(*txtPWMFrequency, rounded(frequency));
+    TypedText::show(*txtPWMDutyCycle, rounded(dutyCycle));
 }
 
 void AdvTriggerDialog::enablePWM(bool on)

@@ -31,6 +31,11 @@ private slots:
     void textsHaveNoValidator();
     void readOnlyFeatureHasNoValidator();
     void decimalValidatorHasTheFeaturesLimits();
+    void firstRefreshThatCanLimitsTheInput_data();
+    void firstRefreshThatCanLimitsTheInput();
+    void refreshWithoutLimitsLeavesTheInputOpen();
+    void refreshKeepsTheValidator();
+    void refreshGivesTextsNoValidator();
     void decimalInput_data();
     void decimalInput();
     void decimalInputIsInCNotationEverywhere();
@@ -210,6 +215,79 @@ void tst_AdvTriggerLineEdits::decimalValidatorHasTheFeaturesLimits()
     QCOMPARE(validator->decimals(), 10);
 }
 
+void tst_AdvTriggerLineEdits::firstRefreshThatCanLimitsTheInput_data()
+{
+    QTest::addColumn<QString>("representation");
+    QTest::addColumn<QString>("accepted");
+    QTest::addColumn<QString>("refused");
+    QTest::newRow("decimal") << ""
+                             << "12.5"
+                             << "0x1F";
+    QTest::newRow("hexadecimal") << "HexNumber"
+                                 << "0x1F"
+                                 << "12.5";
+}
+
+void tst_AdvTriggerLineEdits::firstRefreshThatCanLimitsTheInput()
+{
+    QFETCH(QString, representation);
+    QFETCH(QString, accepted);
+    QFETCH(QString, refused);
+    camera->addInteger("Number", 7, 0, 1000)->representation = representation.toStdString();
+    camera->failCall("IsWritable", "Number", ZalErrorTimeout);
+    QLineEdit& edit = bind("txtNumber");
+    QVERIFY(!edit.isEnabled());
+    engine->refresh({"Number"});
+    QVERIFY(!edit.validator());
+    camera->clearFailures();
+    engine->refresh({"Number"});
+    QVERIFY(edit.isEnabled());
+    QVERIFY(edit.validator());
+    QCOMPARE(judge(edit, accepted), QValidator::Acceptable);
+    QCOMPARE(judge(edit, refused), QValidator::Invalid);
+}
+
+// Limits that are not known would let nothing be typed.
+void tst_AdvTriggerLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
+{
+    auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    camera->failCall("IsWritable", "Number", ZalErrorTimeout);
+    QLineEdit& edit = bind("txtNumber");
+    camera->clearFailures();
+    feature->state().hasRange = false;
+    engine->refresh({"Number"});
+    QVERIFY(edit.isEnabled());
+    QVERIFY(!edit.validator());
+    feature->state().hasRange = true;
+    engine->refresh({"Number"});
+    const auto* validator = qobject_cast<const QDoubleValidator*>(edit.validator());
+    QVERIFY(validator);
+    QCOMPARE(validator->bottom(), 0.0);
+    QCOMPARE(validator->top(), 1000.0);
+    QCOMPARE(validator->decimals(), 10);
+}
+
+void tst_AdvTriggerLineEdits::refreshKeepsTheValidator()
+{
+    camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    QLineEdit& edit = bind("txtNumber");
+    const QValidator* first = edit.validator();
+    camera->clearLog();
+    engine->refresh({"Number"});
+    QCOMPARE(edit.validator(), first);
+    QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
+}
+
+void tst_AdvTriggerLineEdits::refreshGivesTextsNoValidator()
+{
+    camera->addString("Name", "x")->state().writable = false;
+    QLineEdit& edit = bind("txtName");
+    camera->find("Name")->state().writable = true;
+    engine->refresh({"Name"});
+    QVERIFY(edit.isEnabled());
+    QVERIFY(!edit.validator());
+}
+
 void tst_AdvTriggerLineEdits::decimalInput_data()
 {
     QTest::addColumn<QString>("text");
@@ -222,8 +300,8 @@ void tst_AdvTriggerLineEdits::decimalInput_data()
     QTest::newRow("above") << "2000" << int(QValidator::Intermediate);
     QTest::newRow("letters") << "abc" << int(QValidator::Invalid);
     QTest::newRow("blank") << " " << int(QValidator::Invalid);
-    QTest::newRow("decimal comma") << "1,5" << int(QValidator::Invalid);
-    QTest::newRow("group separator") << "1,000" << int(QValidator::Invalid);
+    QTest::newRow("decimal comma") << "1,5" << int(QValidator::Acceptable);
+    QTest::newRow("group separators") << "1,000.5" << int(QValidator::Invalid);
     QTest::newRow("hexadecimal") << "0x1F" << int(QValidator::Invalid);
 }
 
@@ -241,7 +319,8 @@ void tst_AdvTriggerLineEdits::decimalInputIsInCNotationEverywhere()
     QLineEdit& edit = bind("txtNumber");
     QCOMPARE(edit.text(), QString("2.5"));
     QVERIFY(edit.hasAcceptableInput());
-    QCOMPARE(judge(edit, "2,5"), QValidator::Invalid);
+    QCOMPARE(judge(edit, "2.5"), QValidator::Acceptable);
+    QCOMPARE(judge(edit, "2.000,5"), QValidator::Invalid);
 }
 
 void tst_AdvTriggerLineEdits::hexInput_data()

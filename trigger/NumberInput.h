@@ -1,0 +1,32 @@
+// What may be typed where a form asks for a number.
+#pragma once
+
+#include <QDoubleValidator>
+
+class QDoubleSpinBox;
+class QSpinBox;
+
+/// Numbers are written with a comma before the decimals in half of the world, and that is how they
+/// are typed, on a form that shows the point. A single comma or point therefore counts as the
+/// decimal point, blanks around the number are dropped, and whatever holds a group separator or a
+/// second mark is refused whole: read either way, it might become another number.
+///
+/// GUI thread only.
+namespace NumberInput {
+
+/// Lets a line edit take numbers in C notation, as which they are parsed, or with a comma.
+class Validator : public QDoubleValidator
+{
+public:
+    Validator(double bottom, double top, int decimals, QObject* parent);
+
+    State validate(QString& input, int& position) const override;
+};
+
+/// Lets a box take what a line edit takes. A box shows numbers as its own locale does.
+void limit(QDoubleSpinBox& box);
+/// Lets a box take whole numbers only: a comma or point in it keeps the text from being taken, so
+/// that the digits around it do not close up to another number.
+void limit(QSpinBox& box);
+
+} // namespace NumberInput

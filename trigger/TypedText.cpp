@@ -1,0 +1,134 @@
+#include "trigger/TypedText.h"
+
+#include <QDoubleSpinBox>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+TypedText::TypedText(QWidget& field, QLineEdit& edit)
+    : QObject(&field), m_field(field), m_edit(edit), m_shown(edit.text())
+{
+    field.installEventFilter(this);
+    connect(&edit, SIGNAL(textEdited(const QString&)), SLOT(begin()));
+    connect(&field, SIGNAL(editingFinished()), SLOT(end()));
+}
+
+void TypedText::watch(QLineEdit& field)
+{
+    auto* typed = new TypedText(field, field);
+    typed->m_restore = [typed] { typed->m_edit.setText(typed->m_shown); };
+}
+
+/// A box knows the camera's value, whatever its text says.
+template <class SpinBox> void TypedText::watchBox(SpinBox& box, const char* valueChanged)
+{
+    box.setKeyboardTracking(false);
+    auto* edit = box.template findChild<QLineEdit*>(QStringLiteral("qt_spinbox_lineedit"));
+    auto* typed = new TypedText(box, *edit);
+    typed->m_restore = [&box] { box.setValue(box.value()); };
+    typed->connect(&box, valueChanged, SLOT(end()));
+}
+
+void TypedText::watch(QDoubleSpinBox& field)
+{
+    watchBox(field, SIGNAL(valueChanged(double)));
+}
+
+void TypedText::watch(QSpinBox& field)
+{
+    watchBox(field, SIGNAL(valueChanged(int)));
+}
+
+TypedText* TypedText::of(const QWidget& field)
+{
+    return field.findChild<TypedText*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void TypedText::show(QLineEdit& field, const QString& text)
+{
+    TypedText* typed = of(field);
+    if (typed)
+        typed->m_shown = text;
+    if (!typed || !typed->isUnfinished())
+        field.setText(text);
+}
+
+void TypedText::setEnabled(QWidget& field, bool enabled)
+{
+    TypedText* typed = of(field);
+    if (typed && !enabled && typed->isUnfinished())
+        typed->giveUp();
+    field.setEnabled(enabled);
+}
+
+bool TypedText::isUnfinished() const
+{
+    return m_typed && m_field.hasFocus();
+}
+
+/// In silence: what comes back is the camera's already.
+void TypedText::giveUp()
+{
+    const QSignalBlocker silence(&m_field);
+    m_typed = false;
+    m_restore();
+}
+
+void TypedText::begin()
+{
+    m_typed = true;
+}
+
+void TypedText::end()
+{
+    m_typed = false;
+    m_shown = m_edit.text();
+}
+
+bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        // Back from its context menu, a field goes on where it was.
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+            end();
+        return false;
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (!isUnfinished() || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
+            return false;
+        if (event->type() == QEvent::KeyPress)
+            giveUp();
+        // Accepted, so that neither a shortcut nor the dialog takes it.
+        event->accept();
+        return true;
+    default:
+        return false;
+    }
+}
+
+TypedText::Keeper::Keeper(const QWidget& field)
+{
+    const TypedText* typed = of(field);
+    if (!typed || !typed->isUnfinished())
+        return;
+    m_edit = &typed->m_edit;
+    m_text = m_edit->text();
+    m_cursor = m_edit->cursorPosition();
+    m_selectionStart = m_edit->selectionStart();
+    m_selectionLength = m_edit->selectionLength();
+}
+
+TypedText::Keeper::~Keeper()
+{
+    if (!m_edit || m_edit->text() == m_text)
+        return;
+    m_edit->setText(m_text);
+    m_edit->setCursorPosition(m_cursor);
+    if (m_selectionStart == m_cursor)
+        m_edit->setSelection(m_cursor + m_selectionLength, -m_selectionLength);
+    else if (m_selectionStart >= 0)
+        m_edit->setSelection(m_selectionStart, m_selectionLength);
+}
