@@ -8,8 +8,8 @@
 
 namespace {
 
-// Room for a form of 517 pixels inside the tab widget's frame, wider with a large font, and never
-// less than a usable one.
+// Room for a form of 517 pixels and some more, wider with a large font, and never less than a
+// usable one.
 constexpr int PREFERRED_WIDTH = 540;
 constexpr int PREFERRED_WIDTH_IN_LINES = 33; // As wide as that many lines of text are high.
 constexpr int SMALLEST_WIDTH = 374;
@@ -21,6 +21,8 @@ ExtensionArea::ExtensionArea(QWidget* parent)
 {
     setMinimumWidth(SMALLEST_WIDTH);
     m_tabs->setObjectName(QStringLiteral("tabWidget"));
+    // A page reaches to the edges of the area, without a frame around it.
+    m_tabs->setDocumentMode(true);
     m_tabs->hide();
     m_notice->setObjectName(QStringLiteral("extensionNotice"));
     m_notice->setWordWrap(true);

@@ -40,6 +40,8 @@ int TabExtensionPlugin::get(const ZalCPP::FeatureList& features, QWidget& contai
         QObject::connect(host, signature.toUtf8().constData(), widget, SLOT(camIsStreaming(bool)));
 
     auto* layout = new QHBoxLayout;
+    // The host decides how far the tab stands from its frame.
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(widget);
     container.setLayout(layout);
     layout->addLayout(buildNotice(container, widget));

@@ -33,6 +33,29 @@
         <source>  Executing &apos;%1&apos; failed.</source>
         <translation>  Das Ausführen von „%1“ ist fehlgeschlagen.</translation>
     </message>
+    <message>
+        <source>Trigger features status</source>
+        <translation>Trigger-Status</translation>
+    </message>
+    <message>
+        <source>I/O lines</source>
+        <translation>E/A-Leitungen</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>line, setting</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1: high</source>
+        <comment>line</comment>
+        <translation>%1: Pegel hoch</translation>
+    </message>
+    <message>
+        <source>%1: low</source>
+        <comment>line</comment>
+        <translation>%1: Pegel niedrig</translation>
+    </message>
 </context>
 <context>
     <name>AdvTriggerDialog</name>

@@ -33,6 +33,29 @@
         <source>  Executing &apos;%1&apos; failed.</source>
         <translation>  Error al ejecutar «%1».</translation>
     </message>
+    <message>
+        <source>Trigger features status</source>
+        <translation>Estado del disparo</translation>
+    </message>
+    <message>
+        <source>I/O lines</source>
+        <translation>Líneas de E/S</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>line, setting</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1: high</source>
+        <comment>line</comment>
+        <translation>%1: nivel alto</translation>
+    </message>
+    <message>
+        <source>%1: low</source>
+        <comment>line</comment>
+        <translation>%1: nivel bajo</translation>
+    </message>
 </context>
 <context>
     <name>AdvTriggerDialog</name>

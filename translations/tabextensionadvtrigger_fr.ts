@@ -33,6 +33,29 @@
         <source>  Executing &apos;%1&apos; failed.</source>
         <translation>  L’exécution de «&#xa0;%1&#xa0;» a échoué.</translation>
     </message>
+    <message>
+        <source>Trigger features status</source>
+        <translation>État du déclenchement</translation>
+    </message>
+    <message>
+        <source>I/O lines</source>
+        <translation>Lignes d’E/S</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>line, setting</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1: high</source>
+        <comment>line</comment>
+        <translation>%1&#xa0;: niveau haut</translation>
+    </message>
+    <message>
+        <source>%1: low</source>
+        <comment>line</comment>
+        <translation>%1&#xa0;: niveau bas</translation>
+    </message>
 </context>
 <context>
     <name>AdvTriggerDialog</name>

@@ -33,6 +33,29 @@
         <source>  Executing &apos;%1&apos; failed.</source>
         <translation>  「%1」の実行に失敗しました。</translation>
     </message>
+    <message>
+        <source>Trigger features status</source>
+        <translation>トリガー機能の状態</translation>
+    </message>
+    <message>
+        <source>I/O lines</source>
+        <translation>I/O ライン</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>line, setting</comment>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>%1: high</source>
+        <comment>line</comment>
+        <translation>%1: ハイ</translation>
+    </message>
+    <message>
+        <source>%1: low</source>
+        <comment>line</comment>
+        <translation>%1: ロー</translation>
+    </message>
 </context>
 <context>
     <name>AdvTriggerDialog</name>

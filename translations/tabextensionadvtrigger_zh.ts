@@ -33,6 +33,29 @@
         <source>  Executing &apos;%1&apos; failed.</source>
         <translation>  执行“%1”失败。</translation>
     </message>
+    <message>
+        <source>Trigger features status</source>
+        <translation>触发功能状态</translation>
+    </message>
+    <message>
+        <source>I/O lines</source>
+        <translation>I/O 线路</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>line, setting</comment>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>%1: high</source>
+        <comment>line</comment>
+        <translation>%1：高电平</translation>
+    </message>
+    <message>
+        <source>%1: low</source>
+        <comment>line</comment>
+        <translation>%1：低电平</translation>
+    </message>
 </context>
 <context>
     <name>AdvTriggerDialog</name>

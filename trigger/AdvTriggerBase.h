@@ -174,6 +174,7 @@ private:
     void CreateTableSpinBox(const TableCell& cell);
     void PlaceTableEditor(const TableCell& cell, QWidget& editor, QWidget& placed,
                           const char* signal, const char* slot);
+    void NameTableEditor(const TableCell& cell, QWidget& editor);
     void RefreshTableRow(const QString& line, int columnCount);
     void ShowTableComboBox(QWidget& widget, const QString& feature);
     void ShowTableCheckBox(QWidget& widget, const QString& feature);

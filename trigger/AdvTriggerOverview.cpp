@@ -30,6 +30,7 @@ void AdvTriggerBase::SetupSettingsOverview(QTreeView* view)
     QStandardItemModel* model = m_settingsModel->model();
     view->setModel(model);
     view->setItemDelegate(new SettingsDelegate(view));
+    view->setAccessibleName(tr("Trigger features status"));
     view->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     view->header()->setStretchLastSection(true);
     connect(this, SIGNAL(FeatureChanged(const QString&, const QVariant&)), m_settingsModel,

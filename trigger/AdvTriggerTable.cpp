@@ -5,12 +5,14 @@
 #include "trigger/NumberInput.h"
 #include "trigger/TypedText.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QTableWidget>
 
@@ -44,6 +46,7 @@ namespace {
 
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
+constexpr int StatusColumn = 3;
 
 /// A table without place for the debounce columns has the first ones only.
 int ShownColumns(const QTableWidget& table)
@@ -58,6 +61,24 @@ QPixmap LedImage(const QWidget& shownOn)
                        ? QStringLiteral(":/AdvTriggerWidget/ledon@2x.png")
                        : QStringLiteral(":/AdvTriggerWidget/ledon.png"));
 }
+
+/// Stands behind a cell's widget: assistive technology that walks through the table meets cells and
+/// no widgets, and hears of the widget by the cell's text for it.
+class CellOfWidget : public QTableWidgetItem
+{
+public:
+    explicit CellOfWidget(const QWidget& widget) : m_widget(&widget) {}
+
+    QVariant data(int role) const override
+    {
+        if (role == Qt::AccessibleTextRole && m_widget)
+            return m_widget->accessibleName();
+        return QTableWidgetItem::data(role);
+    }
+
+private:
+    QPointer<const QWidget> m_widget;
+};
 
 /// The tab key goes through the cells row by row and then on to what follows the table. By default
 /// it would go round in the table for ever, and pass over the check boxes.
@@ -76,6 +97,13 @@ void ChainFocus(QTableWidget& table)
     }
 }
 
+/// What the column's header says, in one line.
+QString HeaderText(const QTableWidget& table, int column, const QString& otherwise)
+{
+    const QTableWidgetItem* header = table.horizontalHeaderItem(column);
+    return header ? header->text().simplified() : otherwise;
+}
+
 void FitToContents(QTableWidget& table)
 {
     for (QHeaderView* header : {table.horizontalHeader(), table.verticalHeader()}) {
@@ -84,6 +112,22 @@ void FitToContents(QTableWidget& table)
     }
     table.resizeColumnsToContents();
     table.resizeRowsToContents();
+}
+
+/// Assistive technology remembers what a cell is called until it is told that this has changed.
+void AnnounceCell(const QWidget& led)
+{
+    auto* table = qobject_cast<QTableWidget*>(led.parentWidget()->parentWidget());
+    if (!table || !QAccessible::isActive())
+        return;
+    auto& cells = *QAccessible::queryAccessibleInterface(table);
+    for (int row = 0; row < table->rowCount(); ++row) {
+        if (table->cellWidget(row, StatusColumn) != &led)
+            continue;
+        QAccessibleInterface* cell = cells.tableInterface()->cellAt(row, StatusColumn);
+        QAccessibleEvent event(cell, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 /// As for a widget of the form, with the feature of the cell; without one nothing happens.
@@ -115,6 +159,7 @@ void AdvTriggerBase::CreateIOTable(QTableWidget* table)
     const QStringList lines = m_featureManager->GetAvailableEnumEntries(LINE_SELECTOR);
     table->setRowCount(lines.size());
     table->setVerticalHeaderLabels(lines);
+    table->setAccessibleName(tr("I/O lines"));
     // Nothing lies behind the cells' widgets that could be typed into.
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     QList<int> hidden;
@@ -173,6 +218,7 @@ void AdvTriggerBase::CreateTableLed(const TableCell& cell)
     led->setAlignment(Qt::AlignCenter);
     led->setPixmap(LedImage(*this));
     cell.table.setCellWidget(cell.row, cell.column, led);
+    cell.table.setItem(cell.row, cell.column, new CellOfWidget(*led));
     ShowTableLed(*led, cell.feature);
     led->installEventFilter(this);
 }
@@ -204,7 +250,21 @@ void AdvTriggerBase::PlaceTableEditor(const TableCell& cell, QWidget& editor, QW
     editor.setFocusPolicy(Qt::StrongFocus);
     editor.installEventFilter(this);
     cell.table.setCellWidget(cell.row, cell.column, &placed);
+    cell.table.setItem(cell.row, cell.column, new CellOfWidget(editor));
+    NameTableEditor(cell, editor);
     ConnectEdits(editor, signal, slot);
+}
+
+/// What tells this editor from the others of its kind is where it stands.
+void AdvTriggerBase::NameTableEditor(const TableCell& cell, QWidget& editor)
+{
+    const QString line = cell.table.verticalHeaderItem(cell.row)->text();
+    const QString setting = HeaderText(cell.table, cell.column, cell.feature);
+    const QString name = tr("%1, %2", "line, setting").arg(line, setting);
+    editor.setAccessibleName(name);
+    // Where the desktop is X11 or Wayland, Qt calls a combo box by its choice instead.
+    if (qobject_cast<QComboBox*>(&editor))
+        editor.setAccessibleDescription(name);
 }
 
 void AdvTriggerBase::UpdateInitTable(QTableWidget* table)
@@ -247,10 +307,18 @@ void AdvTriggerBase::ShowTableCheckBox(QWidget& widget, const QString& feature)
     widget.setEnabled(m_featureManager->GetIsWritable(feature));
 }
 
-/// A lamp is lit while it is enabled; disabled, the style greys it.
+/// A lamp is lit while it is enabled; disabled, the style greys it. Its name says it to those who
+/// cannot see it, and is set only where it changes: each time it is set, it is announced.
 void AdvTriggerBase::ShowTableLed(QWidget& widget, const QString& feature)
 {
-    widget.setEnabled(m_featureManager->GetValue(feature) != 0.0);
+    const bool high = m_featureManager->GetValue(feature) != 0.0;
+    widget.setEnabled(high);
+    const QString line = BoundFeatureName(widget.objectName()).chopped(feature.size() + 1);
+    const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
+    if (widget.accessibleName() == name)
+        return;
+    widget.setAccessibleName(name);
+    AnnounceCell(widget);
 }
 
 void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)

@@ -1,51 +1,18 @@
 #include "ui/AdvTriggerDialog.h"
 
 #include "features/FeatureManager.h"
+#include "ui/HintRoom.h"
 
 #include <QCoreApplication>
-#include <QScreen>
-#include <QScrollBar>
-
-#include <algorithm>
-
-namespace {
-
-/// Labels stand in the even columns, what they name beside them.
-constexpr int Columns = 4;
-
-/// What the widest item of that column wants, leaving out what spans several columns.
-int widthOf(const QGridLayout& grid, int column)
-{
-    int width = 0;
-    for (int i = 0; i < grid.count(); ++i) {
-        int row = 0;
-        int first = 0;
-        int rowSpan = 0;
-        int columnSpan = 0;
-        grid.getItemPosition(i, &row, &first, &rowSpan, &columnSpan);
-        if (first == column && columnSpan == 1)
-            width = std::max(width, grid.itemAt(i)->sizeHint().width());
-    }
-    return width;
-}
-
-/// Does what the first show would do: each layout measures its widgets, the innermost first.
-void activateLayouts(const QWidget& widget)
-{
-    const auto children = widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    for (const QWidget* child : children)
-        activateLayouts(*child);
-    if (widget.layout())
-        widget.layout()->activate();
-}
-
-} // namespace
 
 AdvTriggerDialog::AdvTriggerDialog(const ZalCPP::FeatureList& features, int presetIndex,
                                    QWidget* parent)
     : AdvTriggerBase(features, parent)
 {
     setupUi(this);
+    for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
+                         lbl_noCounterTimerHint})
+        keepRoomOf(*hint);
     lbl_notAcquireHint->hide();
     hintAtMissingFeatures();
     exemptFreeWidgets();
@@ -53,7 +20,7 @@ AdvTriggerDialog::AdvTriggerDialog(const ZalCPP::FeatureList& features, int pres
     inheritPreset(presetIndex);
     limitPwmInput();
     connectPwm();
-    alignColumns();
+    layOutColumns();
     foldSections();
     connect(chkTooltips, SIGNAL(stateChanged(int)), SLOT(ActivateTooltips(int)));
     RegisterFeatureObserver(false);
@@ -94,54 +61,6 @@ void AdvTriggerDialog::inheritPreset(int presetIndex)
     connect(cmbSelectPreset, SIGNAL(currentIndexChanged(int)), SLOT(OnSelectPreset(int)));
 }
 
-// The columns of all sections have one width each, measured: it depends on language and font.
-void AdvTriggerDialog::alignColumns()
-{
-    const auto grids = {gridLayout,   gridLayout_2, gridLayout_5,
-                        gridLayout_3, gridLayout_6, gridLayout_4};
-    int widths[Columns] = {};
-    for (int column = 0; column < Columns; ++column) {
-        for (const QGridLayout* grid : grids)
-            widths[column] = std::max(widths[column], widthOf(*grid, column));
-        for (QGridLayout* grid : grids)
-            grid->setColumnMinimumWidth(column, widths[column]);
-    }
-    // One frame deeper than the others.
-    gridLayout_4->setColumnMinimumWidth(0, widths[0] - gridLayout_4->contentsMargins().left());
-    // This section is a single row; its gap stands where the others have their second labels.
-    lblSoftwareSignalSelector->setMinimumWidth(widths[0]);
-    horizontalSpacer_2->changeSize(widths[2], 0, QSizePolicy::Fixed);
-}
-
-void AdvTriggerDialog::foldSections()
-{
-    // A section unfolds to the height that it has now, and nothing has been laid out so far.
-    scrollAreaWidgetContents->ensurePolished();
-    tableWidget->doItemsLayout();
-    activateLayouts(*scrollAreaWidgetContents);
-    scrollAreaWidgetContents->adjustSize();
-    gridLayout_8->setGeometry(scrollAreaWidgetContents->rect());
-
-    widenSections();
-
-    btnConfigureTriggerSources->setContent(frmConfigureTriggerSources);
-    btnConfigureInputOutput->setContent(frmConfigureInputOutput);
-    btnConfigureAcquisitionMode->setContent(frmConfigureAcquisitionMode);
-    btnConfigureCounterTimer->setContent(frmCounterTimer);
-    btnConfigureSoftwareSignal->setContent(frmSoftwareSignal);
-    btnConfigureActionCommand->setContent(frmActionCommand);
-}
-
-// The sections get the width that they need and the overview the rest, as long as the screen has
-// enough for both.
-void AdvTriggerDialog::widenSections()
-{
-    const int around =
-        scrollArea->verticalScrollBar()->sizeHint().width() + scrollArea->frameWidth() * 2;
-    const int needed = scrollAreaWidgetContents->minimumSizeHint().width() + around;
-    scrollArea->setMinimumWidth(std::min(needed, screen()->availableSize().width() * 4 / 5));
-}
-
 int AdvTriggerDialog::getCurrentPresetIndex() const
 {
     return cmbSelectPreset->currentIndex();
@@ -180,7 +99,15 @@ void AdvTriggerDialog::updateColoredControls()
     static const QString lightBlue = QStringLiteral("color: rgba(56,111,251,255);");
     static const QString darkBlue = QStringLiteral("color: rgba(50,95,201,255);");
 
+    // As readable as a value has to be, and still not like a field to type into.
+    static const QString reported = QStringLiteral(
+        "*[reportedValue=\"true\"]:disabled, *[reportedValue=\"true\"] QLineEdit:disabled "
+        "{ color: %1 }");
+    static const QString reportedDark = reported.arg(QLatin1String("rgb(200,200,200)"));
+    static const QString reportedLight = reported.arg(QLatin1String("rgb(85,85,85)"));
+
     const bool dark = isDarkMode();
+    scrollAreaWidgetContents->setStyleSheet(dark ? reportedDark : reportedLight);
     lblSelectPreset->setStyleSheet(dark ? presetDark : presetLight);
     for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
                          lbl_noCounterTimerHint})

@@ -3,6 +3,8 @@
 #include "trigger/AdvTriggerBase.h"
 #include "ui_AdvTriggerDialog.h"
 
+#include <array>
+
 /// The content of the dialog "Advanced Trigger IO": every trigger setting of the camera on a form
 /// of folding sections, and a calculator that drives a timer as a pulse-width-modulated output.
 ///
@@ -47,9 +49,11 @@ private:
     void inheritPreset(int presetIndex);
     void limitPwmInput();
     void connectPwm();
-    void alignColumns();
+    std::array<QGridLayout*, 6> grids() const;
+    void layOutColumns();
     void foldSections();
-    void widenSections();
+    void limitWidthOfSections();
+    int widthOfWidestValue() const;
 
     bool isAnyChanged(std::initializer_list<const char*> features) const;
     QString ownActiveSignal() const;

@@ -4,6 +4,7 @@
 #include "plugin/TabExtensionException.h"
 #include "trigger/SettingsTreeModel.h"
 #include "ui/AdvTriggerDialog.h"
+#include "ui/HintRoom.h"
 #include "ui_AdvTriggerWidget.h"
 
 #include <QCoreApplication>
@@ -54,6 +55,7 @@ AdvTriggerWidget::AdvTriggerWidget(const ZalCPP::FeatureList& features, QWidget*
     nameForAccessibility();
     m_form->setupUi(this);
     exemptFreeWidgets();
+    keepRoomOf(*m_form->lbl_notAcquireHint);
     m_form->lbl_notAcquireHint->hide();
     installTranslator();
 }
@@ -109,6 +111,7 @@ void AdvTriggerWidget::showEvent(QShowEvent* event)
 
 void AdvTriggerWidget::bind()
 {
+    m_form->scrollArea->setAccessibleName(tr("Trigger IO"));
     InitBaseWidgets();
     CreateIOTable(m_form->tableWidget);
     SetupSettingsOverview(m_form->treeView);

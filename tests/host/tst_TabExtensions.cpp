@@ -210,6 +210,18 @@ private slots:
         QCOMPARE(tabs->tabText(0), QString("Good Tab"));
     }
 
+    void pageHasTheWholeWidthOfTheArea()
+    {
+        ExtensionArea area;
+        area.add(load(folderOf("GoodTab")));
+        area.resize(540, 700);
+        area.show();
+        const auto* tabs = area.findChild<QTabWidget*>("tabWidget");
+        const QWidget* page = tabs->currentWidget();
+        QCOMPARE(page->mapTo(&area, QPoint()).x(), 0);
+        QCOMPARE(page->width(), area.width());
+    }
+
     void areaShowsTabsAndSentences()
     {
         const QTemporaryDir folder;

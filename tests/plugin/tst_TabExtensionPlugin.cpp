@@ -83,6 +83,7 @@ private slots:
     void answersToItsNameAndTheInterface_data();
     void answersToItsNameAndTheInterface();
     void getBuildsTabAndNoticeSideBySide();
+    void tabFillsItsContainer();
     void noticeIsHiddenAndReady();
     void noticeFollowsTheDialog();
     void streamingReachesTheTab();
@@ -189,6 +190,15 @@ void tst_TabExtensionPlugin::getBuildsTabAndNoticeSideBySide()
     QCOMPARE(column->itemAt(0)->widget(), noticeIn(*host->container));
     QVERIFY(column->itemAt(1)->spacerItem());
     QCOMPARE(column->stretch(1), 0);
+}
+
+void tst_TabExtensionPlugin::tabFillsItsContainer()
+{
+    QCOMPARE(get(), 0);
+    host->resize(600, 800);
+    host->container->resize(600, 800);
+    host->show();
+    QCOMPARE(tabIn(*host->container)->geometry(), host->container->rect());
 }
 
 void tst_TabExtensionPlugin::noticeIsHiddenAndReady()
