@@ -38,14 +38,12 @@ if(ADVTRIGGER_SANITIZER)
     add_link_options(-fsanitize=${ADVTRIGGER_SANITIZER})
 endif()
 
-# Warnings as errors and the project root as include folder, for a target of our own code.
-# Generated code (moc, uic) is compiled with the same warnings but in Qt's own style, so the one
-# warning that it trips over is left out there.
+# Warnings as errors and the project root as include folder, for a target of our own code. Generated
+# code (moc, uic) is compiled with the same warnings.
 function(adv_target_defaults target)
     target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
         -Werror)
-    # String-encoded connects need no casts from const char*; everything else is explicit.
     target_compile_definitions(${target} PRIVATE QT_DEPRECATED_WARNINGS)
 endfunction()

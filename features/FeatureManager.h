@@ -27,8 +27,9 @@
 /// cached: each call walks the list and asks the camera. Nothing throws; failures give neutral
 /// results (null, false, -1.0, empty).
 ///
-/// Every public operation on names is virtual, in an order that is part of the interface; a shorter
-/// form calls a longer one through the virtual table. GUI thread only.
+/// Every public operation on names but the lookups is virtual, in an order that is part of the
+/// interface. A shorter form calls a longer one through the virtual table; the two-name forms of
+/// GetIsWritable and GetDisplayName stand alone. GUI thread only.
 class FeatureManager
 {
 public:
@@ -71,11 +72,12 @@ public:
     virtual QString GetDisplayName(const QString& name, const QString& altName) const;
     virtual QString GetDisplayName(const QString& name) const;
 
-    /// Value and limits of an integer or float feature. `max` is reduced to a multiple of the
-    /// increment, counted from zero; a negative `max` then wraps around to a very large number.
-    /// `inc` is 1.0 (integer) or 0.01 (float) where the camera has no increment. Unreadable limits
-    /// count as -1. Any other feature gives -1.0 all over and is not writable. A missing feature
-    /// leaves the outputs untouched.
+    /// Value and limits of an integer or float feature; limits that cannot be read count as -1.
+    /// Where the camera has an increment, `max` is reduced to a multiple of it, counted from zero:
+    /// a negative `max`, also that of unreadable limits, then becomes 0 or wraps around to a very
+    /// large number. Without one `inc` is 1.0 (integer) or 0.01 (float). Any other feature gives
+    /// -1.0 all over and is not writable. A missing feature gives -1.0 and leaves the outputs
+    /// untouched.
     virtual double GetValueIsWritableRangeIncrement(const QString& name, const QString& altName,
                                                     const QString& altName2, bool* writable,
                                                     double* min, double* max, double* inc) const;
@@ -97,7 +99,7 @@ public:
                                  double* max) const;
     virtual double GetValueRange(const QString& name, double* min, double* max) const;
 
-    /// The current entry while the enumeration can be written, otherwise empty.
+    /// The text or current entry while the feature can be written, otherwise empty.
     virtual QString GetWritableEnumValue(const QString& name) const;
 
     /// The entries that can be chosen at this moment, in the camera's order.
@@ -122,9 +124,10 @@ public:
     virtual bool GetIsFloatFeature(const QString& name) const;
 
     /// Writes a number, fitted into the range (-1 to -1 when unreadable), an integer also to the
-    /// increment, and returns what the camera holds then. A refused float is tried once more, with
-    /// the camera's own value in whole increments; a last refusal is logged. A read-only feature
-    /// is left alone; a missing or non-numeric one returns `value`.
+    /// increment, a boolean as true for more than 0, and returns what the camera holds then. A
+    /// refused float is tried once more, with the camera's own value in whole increments where it
+    /// has increments; a last refusal is logged. A read-only feature is left alone; a missing one
+    /// or one of another kind returns `value`.
     virtual double SetValue(const QString& name, const QString& altName, const QString& altName2,
                             double value) const;
     virtual double SetValue(const QString& name, const QString& altName, double value) const;
@@ -146,7 +149,7 @@ public:
     virtual ZalFeatureDataType GetDataType(const QString& name) const;
     /// The camera's hint how to show a number, for example "HexNumber".
     virtual QString GetRepresentation(const QString& name) const;
-    /// What the feature is, as HTML for a tool tip.
+    /// What the feature is, as HTML for a tool tip. Nothing in it makes Qt open a file.
     virtual QString GetInformation(const QString& name) const;
     /// Names of all features, in list order.
     virtual QStringList GetFeaturesList() const;

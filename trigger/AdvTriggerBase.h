@@ -38,12 +38,14 @@ struct Step;
 /// - The line edit inside a spin box ("qt_spinbox_lineedit") is part of the spin box.
 /// - A widget whose feature the camera lacks is disabled and left unbound, unless m_exemptWidgets
 ///   holds its object name: "cmbSelectPreset" names no feature and stays as the form has it.
-/// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software".
+/// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software"; a report of the
+///   command itself alone enables it as any button, by writability.
 /// - For its tooltip, a widget named in two parts goes by the second one: "cmbLine0_LineMode" shows
 ///   the tooltip of LineMode.
 ///
 /// GUI thread only. A camera that adjusts or refuses a value is no error: the widget shows what the
-/// camera then has. A refresh never writes to the camera.
+/// camera then has. A refresh changes no setting: where a value lies behind a selector, it steps
+/// the selector on the camera and puts it back. Building the engine does so too, for the overview.
 class AdvTriggerBase : public BaseTabPluginWidget
 {
     Q_OBJECT

@@ -16,8 +16,9 @@ class AdvTriggerWidget;
 /// The tab "Advanced Trigger IO": the camera's basic trigger settings on a fixed form, bound to the
 /// camera's features by the names of the form's widgets.
 ///
-/// The tab binds when it is shown for the first time: until then it has read no more than what
-/// decides whether the plugin takes the camera. GUI thread only.
+/// The form is bound to the camera when the tab is shown for the first time. Before that the tab
+/// reads what decides whether the plugin takes the camera, and builds the overview, for which it
+/// steps the selectors of counters, timers and triggers and puts them back. GUI thread only.
 class AdvTriggerWidget : public AdvTriggerBase
 {
     Q_OBJECT

@@ -12,7 +12,6 @@ namespace {
 
 std::vector<fs::path> SearchFolders()
 {
-    // clang-tidy has nothing better than getenv: nobody writes the environment here.
     if (const char* folder = std::getenv("ZALSIM_MODEL_DIR"))
         return {folder};
     std::error_code error;

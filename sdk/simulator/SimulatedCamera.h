@@ -25,7 +25,7 @@ class SimulatedCamera
 {
 public:
     /// Null, and a sentence for the user in `error`, when the model is unknown, its description is
-    /// missing or the port is taken.
+    /// missing, the port is taken or the address is none of this machine.
     static std::unique_ptr<SimulatedCamera> Start(const Options& options, std::string& error);
     static std::vector<std::string> Models();
 
@@ -36,8 +36,8 @@ public:
     /// Opens this camera when given to the SDK.
     std::string CameraId() const;
 
-    /// The camera's own registers, big endian as on the wire; for tests that play the outside
-    /// world.
+    /// A register of the camera as a number, whatever its order of bytes in memory and on the wire;
+    /// for tests that play the outside world.
     std::uint32_t ReadRegister(std::uint32_t address) const;
     void WriteRegister(std::uint32_t address, std::uint32_t value);
 

@@ -47,6 +47,11 @@ private slots:
         row("setting that some entries cannot take",
             "'LineSelector': {'#value': '<all>', 'LineSource': 'Off'}", "");
         row("command", "'#execute': 'TriggerSoftware'", "");
+        row("only on a camera that has timers",
+            "'TimerSelector': {'#value': '<all>_Timer0', 'TimerDelay': 5, 'TriggerMode': 'On'}",
+            "");
+        row("only on a camera that has the enumeration",
+            "'ExposureMode': {'#value': '<all>_Timed', 'TriggerMode': 'On'}", "");
         row("order by nesting", "'TriggerMode': {'#value': 'On', 'Width': 16}", "");
         row("prepared by an earlier setting",
             "'ExposureMode': {'#value': 'Timed', 'Locked': 1, 'SensorMode': 'Deep'}", "");
@@ -194,11 +199,20 @@ private slots:
         row("every entry of a number", "'ActionSelector': {'#value': '<all>', 'Width': 9}",
             "f.json:1:56: error: \"ActionSelector\" has no entries, so with \"<all>\" nothing is "
             "written [all-no-enumeration]\n");
-        row("every entry of no selector", "'ExposureMode': {'#value': '<all>_Timed', 'Width': 40}",
+        row("every entry of no selector", "'ExposureMode': {'#value': '<all>', 'Width': 40}",
             "f.json:1:54: warning: \"ExposureMode\" selects nothing; \"<all>\" writes one entry "
             "after the other to it [all-no-selector]\n"
+            "f.json:1:72: error: \"Width\" takes steps of 16, which 40 is not on "
+            "[off-increment]\n");
+        row("every entry of no selector, then one",
+            "'ExposureMode': {'#value': '<all>_Timed', 'Width': 40}",
             "f.json:1:78: error: \"Width\" takes steps of 16, which 40 is not on "
             "[off-increment]\n");
+        row("every entry of a selector of others",
+            "'TimerSelector': {'#value': '<all>', 'TriggerMode': 'On'}",
+            "f.json:1:64: warning: \"TriggerMode\" is not selected by \"TimerSelector\" and has "
+            "one "
+            "value for all of its entries [not-selected]\n");
         row("what the file alone shows is said once",
             "'LineSelector': {'#value': 'Line0', 'LineMode': '<all>'}, 'Width': {'#value': null}",
             "f.json:1:75: error: \"<all>\" has a meaning in \"#value\" only; the plugin would "

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 struct Outcome
@@ -135,6 +137,52 @@ private slots:
         const Outcome alone = run({file});
         QCOMPARE(alone.output, QByteArray());
         QCOMPARE(alone.exitCode, 0);
+    }
+
+    void theShippedPresetsHaveNoWarningsOnAnyModel_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("model");
+        const QDir presets(PRESETS);
+        for (const QString& name : presets.entryList({"*_Presets.json"})) {
+            for (const std::string& model : ZalSim::SimulatedCamera::Models())
+                QTest::addRow("%s, %s", qPrintable(name), model.c_str())
+                    << presets.filePath(name) << QString::fromStdString(model);
+        }
+    }
+    void theShippedPresetsHaveNoWarningsOnAnyModel()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, model);
+        const Outcome outcome = run({"--simulate", model, "--format", "json", file});
+        const QJsonObject all = QJsonDocument::fromJson(outcome.output).object();
+        QVERIFY2(all.value("camera").isString(), outcome.complaint.constData());
+        QCOMPARE(outcome.complaint, QByteArray());
+        QVERIFY2(all.value("warnings") == 0, outcome.output.constData());
+    }
+
+    void whatIsNoRegularFileCannotBeRead()
+    {
+        const QString pipe = folder.filePath("pipe");
+        const QString link = folder.filePath("link");
+        QVERIFY(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+        QVERIFY(QFile::link("/dev/zero", link));
+        const Outcome outcome = run({pipe, link, folder.path()});
+        QCOMPARE(outcome.exitCode, 2);
+        QCOMPARE(QString::fromUtf8(outcome.complaint),
+                 QString("advtrigger-preset-check: %1: Not a regular file\n"
+                         "advtrigger-preset-check: %2: Not a regular file\n"
+                         "advtrigger-preset-check: %3: Not a regular file\n")
+                     .arg(pipe, link, folder.path()));
+    }
+
+    void aFileOfMoreThan16MegabytesCannotBeRead()
+    {
+        const QString file = fileOf(QByteArray(16 * 1024 * 1024 + 1, ' '));
+        const Outcome outcome = run({file});
+        QCOMPARE(outcome.exitCode, 2);
+        QCOMPARE(QString::fromUtf8(outcome.complaint),
+                 QString("advtrigger-preset-check: %1: Larger than 16 MB\n").arg(file));
     }
 
     void aCameraIsFoundByItsIdAndItsSelectorsAreAsTheyWere()

@@ -30,6 +30,13 @@ QString situationOf(const QString& selector, const QString& entry)
     return QStringLiteral(" with %1 at %2").arg(selector, entry);
 }
 
+/// "<all>" with the entry to end at is also how settings are written only on a camera that has the
+/// feature, whatever it selects: without entries there is no turn in which to write them.
+bool isCondition(const PresetFile::Step& step)
+{
+    return step.forEveryEntry && !step.lastEntry.isEmpty();
+}
+
 /// A setting for every entry is meant for those that can take it.
 bool isPassing(const Rule& rule)
 {
@@ -148,10 +155,11 @@ void CameraChecks::checkAtEveryEntry(const Placed& placed)
 void CameraChecks::checkWithoutSelector(const Placed& placed)
 {
     const QString& feature = placed.step.feature;
-    findings.add(Rules::AllNoSelector, placed.value.at,
-                 QStringLiteral("%1 selects nothing; \"<all>\" writes one entry after the other "
-                                "to it")
-                     .arg(quoted(feature)));
+    if (!isCondition(placed.step))
+        findings.add(Rules::AllNoSelector, placed.value.at,
+                     QStringLiteral("%1 selects nothing; \"<all>\" writes one entry after the "
+                                    "other to it")
+                         .arg(quoted(feature)));
     isPrepared = true;
     checkDependents(placed, QString(), findings);
 }
@@ -175,8 +183,8 @@ void CameraChecks::checkDependents(const Placed& placed, const QString& situatio
         if (feature.startsWith(QLatin1Char('#')))
             continue;
         const JsonNode& node = placeOf(placed.object, feature);
-        if (selectors.isSelector(key) && camera.GetIsFeatureAvailable(feature) &&
-            !governs(key, feature))
+        if (!isCondition(placed.step) && selectors.isSelector(key) &&
+            camera.GetIsFeatureAvailable(feature) && !governs(key, feature))
             out.add(
                 Rules::NotSelected, node.keyAt,
                 QStringLiteral("%1 is not selected by %2 and has one value for all of its entries")
