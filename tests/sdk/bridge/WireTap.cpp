@@ -2,6 +2,7 @@
 
 #include <arv.h>
 
+#include <map>
 #include <mutex>
 #include <utility>
 
@@ -46,9 +47,11 @@ bool passes(ArvDevice* device, guint64 address, guint32 size, GError** error)
     const auto answer = hook ? hook(device, address) : WireTap::Answer::TheCameras;
     if (answer == WireTap::Answer::TheCameras)
         return true;
-    const auto code = answer == WireTap::Answer::TimeOut ? ARV_DEVICE_ERROR_TIMEOUT
-                                                         : ARV_DEVICE_ERROR_NOT_CONNECTED;
-    g_set_error(error, ARV_DEVICE_ERROR, code, "The tap gives no answer");
+    const std::map<WireTap::Answer, ArvDeviceError> codes = {
+        {WireTap::Answer::TimeOut, ARV_DEVICE_ERROR_TIMEOUT},
+        {WireTap::Answer::NotConnected, ARV_DEVICE_ERROR_NOT_CONNECTED},
+        {WireTap::Answer::Refusal, ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY}};
+    g_set_error(error, ARV_DEVICE_ERROR, codes.at(answer), "The tap gives no answer");
     return false;
 }
 

@@ -18,7 +18,8 @@ public:
     {
         TheCameras,
         TimeOut,
-        NotConnected
+        NotConnected,
+        Refusal
     };
 
     struct Access
