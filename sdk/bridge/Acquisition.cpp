@@ -2,15 +2,18 @@
 
 #include "sdk/bridge/AravisStatus.h"
 #include "sdk/bridge/GObjectPtr.h"
+#include "sdk/bridge/Guarded.h"
+#include "sdk/bridge/ImagePlace.h"
+#include "sdk/bridge/Limits.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
 namespace ZalCPP {
 namespace {
 
-constexpr int BufferCount = 8;
 // How long the grabbing thread takes to notice that it shall end.
 constexpr guint64 PopTimeoutUs = 20000;
 
@@ -32,8 +35,31 @@ ZalErrorType payloadSize(const CameraDescription& camera, std::size_t& size)
     const ZalErrorType status = NodeAccess::integerValue(*feature, value);
     if (status == ZalErrorSuccess && value <= 0)
         return ZalErrorOutOfRange;
+    if (status == ZalErrorSuccess && static_cast<std::uint64_t>(value) > Limits::Payload)
+        return ZalErrorOutOfResources;
     size = static_cast<std::size_t>(value);
     return status;
+}
+
+// Aravis ends the process where there is no memory, so that the memory is not left to it.
+ZalErrorType pushBuffer(ArvStream* stream, std::size_t size)
+{
+    void* const memory = std::malloc(size);
+    if (!memory)
+        return ZalErrorOutOfResources;
+    arv_stream_push_buffer(stream, arv_buffer_new_full(size, memory, memory, std::free));
+    return ZalErrorSuccess;
+}
+
+ZalErrorType pushBuffers(ArvStream* stream, std::size_t size)
+{
+    const std::size_t count = std::min(Limits::Buffers, Limits::PayloadOfAllBuffers / size);
+    for (std::size_t i = 0; i < count; ++i) {
+        const ZalErrorType status = pushBuffer(stream, size);
+        if (status != ZalErrorSuccess)
+            return status;
+    }
+    return ZalErrorSuccess;
 }
 
 ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
@@ -48,10 +74,8 @@ ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
         adoptObject(arv_device_create_stream(device, nullptr, nullptr, error.out()));
     if (!created)
         return error.status() == ZalErrorSuccess ? ZalErrorUnknown : error.status();
-    for (int i = 0; i < BufferCount; ++i)
-        arv_stream_push_buffer(created.get(), arv_buffer_new_allocate(size));
     stream = created;
-    return ZalErrorSuccess;
+    return pushBuffers(created.get(), size);
 }
 
 // A camera without TLParamsLocked, or with one that it handles itself, is fine.
@@ -90,34 +114,34 @@ ZalErrorType stopCamera(const CameraDescription& camera)
     return stopped == ZalErrorSuccess ? unlocked : stopped;
 }
 
-std::vector<unsigned char> pixelsOf(ArvBuffer* buffer, int height)
+// Where the image lies is what the camera says. It may say anything.
+ImagePlace placeOf(ArvBuffer* buffer)
 {
-    std::size_t size = 0;
-    int paddingX = 0;
+    std::size_t room = 0;
     int paddingY = 0;
-    const auto* data = static_cast<const unsigned char*>(arv_buffer_get_image_data(buffer, &size));
-    arv_buffer_get_image_padding(buffer, &paddingX, &paddingY);
-    if (paddingX <= 0 || height <= 0)
-        return {data, data + size};
-    const std::size_t stride = size / static_cast<std::size_t>(height);
-    const std::size_t row = stride - std::min(stride, static_cast<std::size_t>(paddingX));
-    std::vector<unsigned char> pixels;
-    for (int y = 0; y < height; ++y, data += stride)
-        pixels.insert(pixels.end(), data, data + row);
-    return pixels;
+    ImagePlace place;
+    const auto* begin = static_cast<const unsigned char*>(arv_buffer_get_data(buffer, &room));
+    const auto* image =
+        static_cast<const unsigned char*>(arv_buffer_get_image_data(buffer, &place.size));
+    place.width = arv_buffer_get_image_width(buffer);
+    place.height = arv_buffer_get_image_height(buffer);
+    place.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
+    arv_buffer_get_image_padding(buffer, &place.paddingX, &paddingY);
+    const auto offset = static_cast<std::size_t>(image - begin);
+    const bool isInside =
+        begin && image && image >= begin && offset <= room && place.size <= room - offset;
+    place.data = isInside ? image : nullptr;
+    return place;
 }
 
-Frame frameOf(ArvBuffer* buffer)
+bool fill(Frame& frame, ArvBuffer* buffer)
 {
-    const int width = arv_buffer_get_image_width(buffer);
-    const int height = arv_buffer_get_image_height(buffer);
-    Frame frame;
+    const ImagePlace place = placeOf(buffer);
     frame.id = arv_buffer_get_frame_id(buffer);
-    frame.width = static_cast<std::uint32_t>(width);
-    frame.height = static_cast<std::uint32_t>(height);
-    frame.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
-    frame.pixels = pixelsOf(buffer, height);
-    return frame;
+    frame.width = static_cast<std::uint32_t>(place.width);
+    frame.height = static_cast<std::uint32_t>(place.height);
+    frame.pixelFormat = place.pixelFormat;
+    return copyPixels(place, frame.pixels);
 }
 
 bool hasImage(ArvBuffer* buffer)
@@ -134,8 +158,12 @@ void grab(ArvStream* stream, const std::atomic<bool>& running, const Camera::Fra
         ArvBuffer* buffer = arv_stream_timeout_pop_buffer(stream, PopTimeoutUs);
         if (!buffer)
             continue;
-        if (hasImage(buffer))
-            handler(frameOf(buffer));
+        // A handler that throws loses one frame.
+        endsWell([&] {
+            Frame frame;
+            if (hasImage(buffer) && fill(frame, buffer))
+                handler(frame);
+        });
         arv_stream_push_buffer(stream, buffer);
     }
 }

@@ -36,6 +36,8 @@ public:
     /// True when the description does not define what was asked for; Aravis then answers with the
     /// default that GenICam gives.
     bool isUndefinedProperty() const;
+    /// True when a camera was found, but what it says of itself is no description.
+    bool isUnreadableDescription() const;
 
 private:
     GError* error = nullptr;

@@ -111,7 +111,8 @@ public:
 
     /// Opens the camera whose id, serial number or network address is `id`, or the first one found
     /// when `id` is empty. On failure returns null and sets `error` to a sentence for the user. A
-    /// camera that does not tell which of its features are implemented cannot be opened.
+    /// camera that does not tell which of its features are implemented cannot be opened, nor one
+    /// whose description cannot be read to its end.
     static std::unique_ptr<Camera> Open(const std::string& id, std::string& error);
 };
 

@@ -2,6 +2,7 @@
 #include "sdk/bridge/Camera.h"
 #include "sdk/bridge/CameraPrivate.h"
 #include "sdk/bridge/DescriptionReader.h"
+#include "sdk/bridge/DescriptionText.h"
 #include "sdk/bridge/GObjectPtr.h"
 
 #include <arv.h>
@@ -126,8 +127,15 @@ std::string notFound(const std::string& id)
     return id.empty() ? "No camera was found." : "No camera \"" + id + "\" was found.";
 }
 
+std::string notDescribed(const std::string& id)
+{
+    return quoted(id) + " was found, but its description cannot be read.";
+}
+
 std::string notOpened(const std::string& id, const AravisError& error)
 {
+    if (error.isUnreadableDescription())
+        return notDescribed(id);
     if (error.status() == ZalErrorNotFound || error.status() == ZalErrorSuccess)
         return notFound(id);
     return quoted(id) + " cannot be opened: " + error.message() + ".";
@@ -156,6 +164,26 @@ std::string resolve(const std::string& id)
     return found.empty() ? idOf(CameraSystem::List(), id) : found;
 }
 
+DevicePtr openNamed(const std::string& name, const std::string& id, std::string& error)
+{
+    AravisError failure;
+    DevicePtr device = openByName(name.empty() ? nullptr : name.c_str(), failure);
+    if (!device)
+        error = notOpened(id, failure);
+    return device;
+}
+
+// Of an address Aravis says only that nothing was opened there. By the id of the camera that is
+// found there it says why.
+DevicePtr openFoundAt(const std::string& address, std::string& error)
+{
+    for (const CameraInfo& info : CameraSystem::List()) {
+        if (info.address == address)
+            return openNamed(info.id, address, error);
+    }
+    return nullptr;
+}
+
 DevicePtr openDevice(const std::string& id, std::string& error)
 {
     const std::string resolved = resolve(id);
@@ -163,13 +191,11 @@ DevicePtr openDevice(const std::string& id, std::string& error)
         error = notFound(id);
         return nullptr;
     }
-    AravisError failure;
-    const char* name = resolved.empty() ? nullptr : resolved.c_str();
-    auto device = openByName(name, failure);
-    if (!device) {
-        error = notOpened(id, failure);
+    DevicePtr device = openNamed(resolved, id, error);
+    if (!device && isAddress(id))
+        device = openFoundAt(id, error);
+    if (!device)
         return nullptr;
-    }
     const bool inUse =
         ARV_IS_GV_DEVICE(device.get()) && !arv_gv_device_is_controller(ARV_GV_DEVICE(device.get()));
     if (inUse) {
@@ -177,6 +203,14 @@ DevicePtr openDevice(const std::string& id, std::string& error)
         return nullptr;
     }
     return device;
+}
+
+// Aravis has a description even where it stopped reading in the middle of the text.
+ArvGc* descriptionOf(ArvDevice* device)
+{
+    std::size_t size = 0;
+    const char* text = arv_device_get_genicam_xml(device, &size);
+    return isWholeDescription(text, size) ? arv_device_get_genicam(device) : nullptr;
 }
 
 // Aravis accepts any value and any access unless told otherwise.
@@ -200,9 +234,9 @@ std::unique_ptr<Camera> CameraSystem::Open(const std::string& id, std::string& e
     DevicePtr device = openDevice(id, error);
     if (!device)
         return nullptr;
-    ArvGc* genicam = arv_device_get_genicam(device.get());
+    ArvGc* genicam = descriptionOf(device.get());
     if (!genicam) {
-        error = quoted(id) + " has no description that can be read.";
+        error = notDescribed(id);
         return nullptr;
     }
     enableChecks(genicam);

@@ -1,5 +1,7 @@
 #include "sdk/bridge/CameraWorker.h"
 
+#include "sdk/bridge/Guarded.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -88,7 +90,7 @@ struct CameraWorker::State
 void CameraWorker::State::run()
 {
     while (const TaskPtr task = next()) {
-        const ZalErrorType result = task->work();
+        const ZalErrorType result = guarded(task->work);
         finish(task, result);
         settle(result);
     }

@@ -1,5 +1,8 @@
 #include "sdk/bridge/ChangeNotifier.h"
 
+#include "sdk/bridge/AravisStatus.h"
+#include "sdk/bridge/Guarded.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -8,6 +11,8 @@ namespace {
 
 // Writes that follow each other this closely belong together. An answer in the cache is no older.
 constexpr auto QuietWindow = ReadCache::Window;
+
+constexpr std::chrono::milliseconds PauseAfterFailure{1000};
 
 // What is known of a feature that was given up. It never changes.
 void setUnanswered(SnapshotValue& value)
@@ -143,8 +148,18 @@ void ChangeNotifier::setLostHandler(LostHandler handler)
 void ChangeNotifier::run()
 {
     Lock lock(mutex);
-    while (!stopping)
-        step(lock);
+    while (!stopping) {
+        if (!endsWell([&] { step(lock); }))
+            pause(lock);
+    }
+}
+
+// What went wrong, as when memory runs out, would go wrong again at once.
+void ChangeNotifier::pause(Lock& lock)
+{
+    if (!lock.owns_lock())
+        lock.lock();
+    wake.wait_for(lock, PauseAfterFailure);
 }
 
 // Does the one thing that is due, or waits for the next one.
@@ -168,7 +183,7 @@ void ChangeNotifier::reportLoss(Lock& lock)
     }
     LostHandler handler = std::exchange(lostHandler, nullptr);
     lock.unlock();
-    handler();
+    endsWell(handler);
     handler = nullptr;
     lock.lock();
 }
@@ -223,6 +238,8 @@ std::optional<Result> ChangeNotifier::read(Lock& lock, std::size_t feature, Read
             return guard->read(feature, access, {earliest});
         });
     lock.lock();
+    if (status != ZalErrorSuccess && !isSilent(status))
+        pause(lock);
     const bool meaningful =
         status == ZalErrorSuccess && generation == before && watches.find(feature) != watches.end();
     return meaningful ? std::optional<Result>(std::move(*result)) : std::nullopt;
@@ -271,8 +288,11 @@ void ChangeNotifier::callObservers(Lock& lock, std::size_t feature)
     for (auto& observer : observers) {
         const bool wanted = isObserving(feature, observer);
         lock.unlock();
-        if (const FeaturePtr changed = wanted ? features(feature) : nullptr)
-            observer->FeatureChanged(changed);
+        // An observer that throws is one of the application's, and the others are still called.
+        endsWell([&] {
+            if (const FeaturePtr changed = wanted ? features(feature) : nullptr)
+                observer->FeatureChanged(changed);
+        });
         observer.reset();
         lock.lock();
     }

@@ -77,6 +77,7 @@ private:
 
     void run();
     void step(Lock& lock);
+    void pause(Lock& lock);
     void reportLoss(Lock& lock);
     void readNext(Lock& lock);
     void pollNext(Lock& lock);

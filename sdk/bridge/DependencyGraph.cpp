@@ -11,6 +11,21 @@ bool isOneOf(ArvGcPropertyNodeType type, std::initializer_list<ArvGcPropertyNode
     return std::find(types.begin(), types.end(), type) != types.end();
 }
 
+// The registers that a node's value comes from.
+void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers)
+{
+    for (ArvGcNode* source : reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
+                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
+                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE})) {
+        if (ARV_IS_GC_STRUCT_ENTRY_NODE(source))
+            source = ARV_GC_NODE(arv_dom_node_get_parent_node(ARV_DOM_NODE(source)));
+        if (ARV_IS_GC_REGISTER(source))
+            registers.insert(source);
+    }
+}
+
+} // namespace
+
 bool saysVolatile(ArvGcPropertyNode* property)
 {
     const auto type = arv_gc_property_node_get_node_type(property);
@@ -19,37 +34,6 @@ bool saysVolatile(ArvGcPropertyNode* property)
                ARV_GC_CACHABLE_NO_CACHE;
     return type == ARV_GC_PROPERTY_NODE_TYPE_POLLING_TIME;
 }
-
-// The chain of nodes that a written value passes through.
-void collectWritten(ArvGcNode* node, std::unordered_set<ArvGcNode*>& written)
-{
-    if (!written.insert(node).second)
-        return;
-    const auto targets =
-        linkedNodes(ARV_DOM_NODE(node),
-                    {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE, ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                     ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
-    for (ArvGcNode* target : targets)
-        collectWritten(target, written);
-}
-
-// The registers that a node's value comes from.
-void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers)
-{
-    auto* dom = ARV_DOM_NODE(node);
-    if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
-        node = ARV_GC_NODE(arv_dom_node_get_parent_node(dom));
-    if (ARV_IS_GC_REGISTER(node)) {
-        registers.insert(node);
-        return;
-    }
-    for (ArvGcNode* source : linkedNodes(dom, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                               ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                               ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE}))
-        collectRegisters(source, registers);
-}
-
-} // namespace
 
 std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
                                     std::initializer_list<ArvGcPropertyNodeType> types)
@@ -67,10 +51,31 @@ std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
     return nodes;
 }
 
+std::vector<ArvGcNode*> reachableNodes(ArvGcNode* start,
+                                       std::initializer_list<ArvGcPropertyNodeType> types)
+{
+    std::vector<ArvGcNode*> found{start};
+    std::unordered_set<ArvGcNode*> known{start};
+    for (std::size_t next = 0; next < found.size(); ++next) {
+        for (ArvGcNode* linked : linkedNodes(ARV_DOM_NODE(found[next]), types)) {
+            if (known.insert(linked).second)
+                found.push_back(linked);
+        }
+    }
+    return found;
+}
+
+std::vector<ArvGcNode*> writtenNodes(ArvGcNode* node)
+{
+    return reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
+                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
+                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
+}
+
 DependencyGraph::DependencyGraph(ArvGc* genicam)
 {
-    auto* root = arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam));
-    forEachChild(ARV_DOM_NODE(root), [this](ArvDomNode* node) { addNode(node, nullptr); });
+    if (auto* root = arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam)))
+        forEachChild(ARV_DOM_NODE(root), [this](ArvDomNode* node) { addNode(node, nullptr); });
 }
 
 // Groups only hold nodes together. What an entry depends on counts for its enumeration, and what a
@@ -116,9 +121,8 @@ void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcNode* owner
 
 std::unordered_set<ArvGcNode*> DependencyGraph::affectedBy(ArvGcNode* node) const
 {
-    std::unordered_set<ArvGcNode*> affected;
-    collectWritten(node, affected);
-    return withDependents(std::move(affected));
+    const auto written = writtenNodes(node);
+    return withDependents({written.begin(), written.end()});
 }
 
 std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>>

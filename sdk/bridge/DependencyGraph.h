@@ -38,9 +38,19 @@ private:
     std::vector<ArvGcNode*> volatileNodes;
 };
 
+/// Whether this property says that its node changes without being written.
+bool saysVolatile(ArvGcPropertyNode* property);
+
 /// The nodes that `node` names in properties of these types, in the description's order.
 std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
                                     std::initializer_list<ArvGcPropertyNodeType> types);
+
+/// `start` and all nodes that such properties lead to from there, the nearest first.
+std::vector<ArvGcNode*> reachableNodes(ArvGcNode* start,
+                                       std::initializer_list<ArvGcPropertyNodeType> types);
+
+/// The chain of nodes that a value written to `node` passes through, itself included.
+std::vector<ArvGcNode*> writtenNodes(ArvGcNode* node);
 
 /// Calls `visit` for each child of a description node, in the description's order.
 template <typename Visitor> void forEachChild(ArvDomNode* node, Visitor visit)

@@ -2,6 +2,9 @@
 
 #include "sdk/bridge/AravisStatus.h"
 #include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/Evaluation.h"
+#include "sdk/bridge/Implementation.h"
+#include "sdk/bridge/Limits.h"
 
 #include <algorithm>
 #include <map>
@@ -113,20 +116,20 @@ gint64 ownPollingTime(ArvDomNode* node)
 }
 
 // The shortest polling time of the nodes that make up the value; 0 when none has one.
-gint64 pollingTimeOf(ArvGcNode* node, std::unordered_set<ArvGcNode*>& visited)
+std::chrono::milliseconds pollingTimeOf(ArvGcNode* node)
 {
-    if (!visited.insert(node).second)
-        return 0;
-    gint64 shortest = ownPollingTime(ARV_DOM_NODE(node));
-    const auto sources = linkedNodes(ARV_DOM_NODE(node), {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                                          ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                                          ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE});
-    for (ArvGcNode* source : sources) {
-        const gint64 time = pollingTimeOf(source, visited);
+    gint64 shortest = 0;
+    for (ArvGcNode* source : reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
+                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
+                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE})) {
+        const gint64 time = ownPollingTime(ARV_DOM_NODE(source));
         if (time > 0)
             shortest = shortest > 0 ? std::min(shortest, time) : time;
     }
-    return shortest;
+    if (shortest == 0)
+        return std::chrono::milliseconds::zero();
+    return std::clamp(std::chrono::milliseconds(shortest), Limits::ShortestPollingTime,
+                      Limits::LongestPollingTime);
 }
 
 void readNumberFacts(FeatureDescription& feature)
@@ -160,7 +163,7 @@ void readEntry(FeatureDescription& feature, ArvDomNode* child)
 void readEntries(FeatureDescription& feature)
 {
     forEachChild(ARV_DOM_NODE(feature.node), [&](ArvDomNode* child) {
-        if (ARV_IS_GC_ENUM_ENTRY(child))
+        if (ARV_IS_GC_ENUM_ENTRY(child) && feature.entries.size() < Limits::Entries)
             readEntry(feature, child);
     });
 }
@@ -181,42 +184,21 @@ void readCommandFacts(FeatureDescription& feature)
     });
 }
 
-void collectValueChain(ArvGcNode* node, std::vector<ArvGcFeatureNode*>& chain)
+std::vector<ArvGcFeatureNode*> valueChainOf(ArvGcNode* node)
 {
-    if (!ARV_IS_GC_FEATURE_NODE(node))
-        return;
-    auto* link = ARV_GC_FEATURE_NODE(node);
-    if (std::find(chain.begin(), chain.end(), link) != chain.end())
-        return;
-    chain.push_back(link);
-    for (ArvGcNode* next : linkedNodes(ARV_DOM_NODE(node), {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE}))
-        collectValueChain(next, chain);
-}
-
-// A camera that cannot be asked differs from one whose description makes no sense: there the
-// feature does not exist.
-bool isFailedRead(ZalErrorType status)
-{
-    return isSilent(status) || status == ZalErrorTransport || status == ZalErrorUnknown;
-}
-
-ZalErrorType isImplemented(const std::vector<ArvGcFeatureNode*>& valueChain, bool& implemented)
-{
-    implemented = true;
-    for (ArvGcFeatureNode* node : valueChain) {
-        AravisError error;
-        implemented = implemented && arv_gc_feature_node_is_implemented(node, error.out());
-        if (isFailedRead(error.status()))
-            return error.status();
+    std::vector<ArvGcFeatureNode*> chain;
+    for (ArvGcNode* link : reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE})) {
+        if (ARV_IS_GC_FEATURE_NODE(link))
+            chain.push_back(ARV_GC_FEATURE_NODE(link));
     }
-    return ZalErrorSuccess;
+    return chain;
 }
 
-FeatureDescription describe(ArvGcFeatureNode* node, const std::string& category)
+// The texts, and what else the node itself says.
+FeatureDescription readTexts(ArvGcFeatureNode* node, const std::string& category)
 {
     FeatureDescription feature;
     feature.node = node;
-    collectValueChain(ARV_GC_NODE(node), feature.valueChain);
     feature.name = nameOf(node);
     feature.displayName = displayNameOf(node);
     feature.category = category;
@@ -224,9 +206,16 @@ FeatureDescription describe(ArvGcFeatureNode* node, const std::string& category)
     feature.description = text(arv_gc_feature_node_get_description(node));
     feature.type = typeOf(node);
     feature.visibility = visibilityOf(node);
-    feature.flags = accessFlagsOf(node);
-    std::unordered_set<ArvGcNode*> visited;
-    feature.pollingTime = std::chrono::milliseconds(pollingTimeOf(ARV_GC_NODE(node), visited));
+    return feature;
+}
+
+// What the nodes behind it say.
+void readFacts(FeatureDescription& feature)
+{
+    auto* node = ARV_GC_NODE(feature.node);
+    feature.valueChain = valueChainOf(node);
+    feature.flags = accessFlagsOf(feature.node);
+    feature.pollingTime = pollingTimeOf(node);
     if (feature.pollingTime.count() > 0)
         feature.flags |= ZalFeatureFlagsVolatile;
     readNumberFacts(feature);
@@ -234,65 +223,141 @@ FeatureDescription describe(ArvGcFeatureNode* node, const std::string& category)
         readEntries(feature);
     if (feature.type == ZalFeatureCommand)
         readCommandFacts(feature);
-    return feature;
+}
+
+bool isAnswerable(const Evaluation& evaluation, ArvGcNode* node)
+{
+    const auto chain = reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE});
+    return std::all_of(chain.begin(), chain.end(),
+                       [&](ArvGcNode* link) { return evaluation.isAnswerable(link); });
+}
+
+std::vector<ArvGcRegister*> sizedRegistersOf(const Evaluation& evaluation, ArvGcNode* node)
+{
+    std::vector<ArvGcRegister*> registers;
+    for (ArvGcNode* source : evaluation.sourcesOf(node)) {
+        const bool isSized =
+            ARV_IS_GC_REGISTER(source) &&
+            !linkedNodes(ARV_DOM_NODE(source), {ARV_GC_PROPERTY_NODE_TYPE_P_LENGTH}).empty();
+        if (isSized)
+            registers.push_back(ARV_GC_REGISTER(source));
+    }
+    return registers;
 }
 
 /// Walks the tree of categories and collects what hangs on it.
 class Walker
 {
 public:
-    ZalErrorType walk(ArvGc* genicam, CameraDescription& description)
+    explicit Walker(ArvGc* description)
+        : genicam(description), evaluation(description), graph(description)
     {
-        ArvGcNode* root = arv_gc_get_node(genicam, "Root");
-        if (ARV_IS_GC_CATEGORY(root))
-            addCategory(root, "");
-        connect(DependencyGraph(genicam));
+    }
+
+    ZalErrorType walk(CameraDescription& description)
+    {
+        collectMembers();
+        const ZalErrorType status = addFeatures();
+        connect();
         if (status == ZalErrorSuccess)
             description = std::move(result);
         return status;
     }
 
 private:
-    void addCategory(ArvGcNode* category, const std::string& path);
-    void addMember(ArvGcNode* member, const std::string& path);
-    void connect(const DependencyGraph& graph);
+    struct Member
+    {
+        ArvGcNode* node;
+        std::string path; ///< Of the categories above it.
+        std::size_t depth;
+    };
+
+    void collectMembers();
+    void pushMembersOf(const Member& category, std::vector<Member>& pending) const;
+    ZalErrorType addFeatures();
+    ZalErrorType addFeature(const Member& member, const Implementation& implementation);
+    void connect();
     std::vector<std::size_t> positionsOf(const std::vector<ArvGcNode*>& nodes) const;
 
+    ArvGc* const genicam;
+    const Evaluation evaluation;
+    const DependencyGraph graph;
+    std::vector<Member> members; ///< The features among the categories' members, in their order.
     CameraDescription result;
-    ZalErrorType status = ZalErrorSuccess;
-    std::unordered_set<ArvGcNode*> visited;
     std::unordered_map<ArvGcNode*, std::size_t> positions;
 };
 
-void Walker::addCategory(ArvGcNode* category, const std::string& path)
+// A feature that several categories name belongs to the first of them.
+void Walker::collectMembers()
 {
-    for (ArvGcNode* member :
-         linkedNodes(ARV_DOM_NODE(category), {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE}))
-        addMember(member, path);
+    ArvGcNode* root = arv_gc_get_node(genicam, "Root");
+    if (!ARV_IS_GC_CATEGORY(root))
+        return;
+    std::vector<Member> pending;
+    std::unordered_set<ArvGcNode*> visited{root};
+    pushMembersOf({root, "", 0}, pending);
+    while (!pending.empty()) {
+        const Member member = std::move(pending.back());
+        pending.pop_back();
+        if (!ARV_IS_GC_FEATURE_NODE(member.node) || !visited.insert(member.node).second)
+            continue;
+        if (ARV_IS_GC_CATEGORY(member.node))
+            pushMembersOf(member, pending);
+        else
+            members.push_back(member);
+    }
 }
 
-// A feature that several categories name belongs to the first of them.
-void Walker::addMember(ArvGcNode* member, const std::string& path)
+// The last one goes first: it is taken from the end.
+void Walker::pushMembersOf(const Member& category, std::vector<Member>& pending) const
 {
-    if (!ARV_IS_GC_FEATURE_NODE(member) || !visited.insert(member).second)
-        return;
-    auto* node = ARV_GC_FEATURE_NODE(member);
-    if (ARV_IS_GC_CATEGORY(member)) {
-        addCategory(member, path.empty() ? nameOf(node) : path + '/' + nameOf(node));
-        return;
+    Member member{nullptr, category.path, category.depth + 1};
+    if (category.depth > 0 && category.depth <= Limits::CategoryDepth) {
+        const std::string name = nameOf(ARV_GC_FEATURE_NODE(category.node));
+        member.path += member.path.empty() ? name : '/' + name;
     }
-    FeatureDescription feature = describe(node, path);
-    bool implemented = false;
-    if (status == ZalErrorSuccess)
-        status = isImplemented(feature.valueChain, implemented);
-    if (!implemented)
-        return;
-    positions[member] = result.features.size();
+    auto nodes = linkedNodes(ARV_DOM_NODE(category.node), {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE});
+    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
+        member.node = *node;
+        pending.push_back(member);
+    }
+}
+
+ZalErrorType Walker::addFeatures()
+{
+    std::vector<ArvGcNode*> listed;
+    for (const Member& member : members) {
+        if (isAnswerable(evaluation, member.node))
+            listed.push_back(member.node);
+    }
+    const Implementation implementation(evaluation, listed);
+    for (const Member& member : members) {
+        const ZalErrorType status = addFeature(member, implementation);
+        if (status != ZalErrorSuccess)
+            return status;
+    }
+    return ZalErrorSuccess;
+}
+
+ZalErrorType Walker::addFeature(const Member& member, const Implementation& implementation)
+{
+    FeatureDescription feature = readTexts(ARV_GC_FEATURE_NODE(member.node), member.path);
+    feature.isAnswerable = isAnswerable(evaluation, member.node);
+    if (feature.isAnswerable) {
+        readFacts(feature);
+        feature.sizedRegisters = sizedRegistersOf(evaluation, member.node);
+        bool implemented = false;
+        const ZalErrorType status = implementation.decide(feature, implemented);
+        if (status != ZalErrorSuccess || !implemented)
+            return status;
+    }
+    positions[member.node] = result.features.size();
     result.positions[feature.name] = result.features.size();
     result.features.push_back(std::move(feature));
+    return ZalErrorSuccess;
 }
 
-void Walker::connect(const DependencyGraph& graph)
+void Walker::connect()
 {
     for (FeatureDescription& feature : result.features) {
         const auto selected =
@@ -304,6 +369,8 @@ void Walker::connect(const DependencyGraph& graph)
         feature.affected = positionsOf({affected.begin(), affected.end()});
     }
     for (const auto& [volatileRegister, dependents] : graph.volatileRegisters()) {
+        if (!evaluation.hasValue(ARV_GC_NODE(volatileRegister)))
+            continue;
         for (const std::size_t position : positionsOf({dependents.begin(), dependents.end()}))
             result.features[position].volatileRegisters.push_back(volatileRegister);
     }
@@ -325,7 +392,7 @@ std::vector<std::size_t> Walker::positionsOf(const std::vector<ArvGcNode*>& node
 
 ZalErrorType readDescription(ArvGc* genicam, CameraDescription& description)
 {
-    return Walker().walk(genicam, description);
+    return Walker(genicam).walk(description);
 }
 
 } // namespace ZalCPP

@@ -37,11 +37,19 @@ struct FeatureDescription
     std::vector<std::size_t>
         affected; ///< What a write to this feature may change, itself included.
 
+    /// False where Aravis would never find an end, or ask for more memory than there is: such a
+    /// feature is listed, but nothing of it may be asked.
+    bool isAnswerable = true;
+
     ArvGcFeatureNode* node = nullptr;
     /// `node` and the nodes behind it that hold its value. A feature is only available, and only
     /// unlocked, when all of them are.
     std::vector<ArvGcFeatureNode*> valueChain;
+    /// Those in `valueChain` that may be implemented at one time and not at another.
+    std::vector<ArvGcFeatureNode*> sometimesImplemented;
     std::vector<ArvGcFeatureNode*> entryNodes; ///< In step with `entries`.
+    /// Registers behind the feature whose length only the camera knows.
+    std::vector<ArvGcRegister*> sizedRegisters;
     /// What the feature depends on and the camera says, by a polling time or by forbidding to cache
     /// it, that it changes without being written.
     std::vector<ArvGcRegister*> volatileRegisters;

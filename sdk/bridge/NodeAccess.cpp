@@ -1,8 +1,10 @@
 #include "sdk/bridge/NodeAccess.h"
 
 #include "sdk/bridge/AravisStatus.h"
+#include "sdk/bridge/Evaluation.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace ZalCPP::NodeAccess {
@@ -44,11 +46,11 @@ ZalErrorType getOrDefault(Node* node, Result (*getter)(Node*, GError**), Value& 
 
 // Asks the nodes that make up the value until one answers `decisive`. Aravis itself looks at the
 // feature's own node only.
-ZalErrorType askChain(const FeatureDescription& feature,
+ZalErrorType askChain(const std::vector<ArvGcFeatureNode*>& chain,
                       gboolean (*query)(ArvGcFeatureNode*, GError**), bool decisive, bool& answer)
 {
     answer = !decisive;
-    for (ArvGcFeatureNode* node : feature.valueChain) {
+    for (ArvGcFeatureNode* node : chain) {
         const ZalErrorType status = get(node, query, answer);
         if (status != ZalErrorSuccess || answer == decisive)
             return status;
@@ -56,15 +58,44 @@ ZalErrorType askChain(const FeatureDescription& feature,
     return ZalErrorSuccess;
 }
 
+// What is not implemented at the moment, as under another selector's entry, is not available.
 ZalErrorType isAvailable(const FeatureDescription& feature, bool& available)
 {
-    return askChain(feature, arv_gc_feature_node_is_available, false, available);
+    const ZalErrorType status = askChain(feature.sometimesImplemented,
+                                         arv_gc_feature_node_is_implemented, false, available);
+    if (status != ZalErrorSuccess || !available)
+        return status;
+    return askChain(feature.valueChain, arv_gc_feature_node_is_available, false, available);
 }
 
 // A lock does not show in the access mode.
 ZalErrorType isLocked(const FeatureDescription& feature, bool& locked)
 {
-    return askChain(feature, arv_gc_feature_node_is_locked, true, locked);
+    return askChain(feature.valueChain, arv_gc_feature_node_is_locked, true, locked);
+}
+
+ZalErrorType usableLength(ArvGcRegister* node, std::size_t& length)
+{
+    guint64 bytes = 0;
+    const ZalErrorType status = get(node, arv_gc_register_get_length, bytes);
+    if (status != ZalErrorSuccess)
+        return status;
+    if (bytes == 0 || bytes > longestLength(ARV_GC_NODE(node)))
+        return ZalErrorOutOfResources;
+    length = bytes;
+    return ZalErrorSuccess;
+}
+
+// Aravis makes room for whatever length the camera names, and ends the process where there is none.
+ZalErrorType checkLengths(const FeatureDescription& feature)
+{
+    std::size_t length = 0;
+    for (ArvGcRegister* node : feature.sizedRegisters) {
+        const ZalErrorType status = usableLength(node, length);
+        if (status != ZalErrorSuccess)
+            return status;
+    }
+    return ZalErrorSuccess;
 }
 
 // Aravis does not refuse to access an unavailable or locked feature. Only what the access needs is
@@ -75,7 +106,9 @@ ZalErrorType checkReadable(const FeatureDescription& feature)
         return ZalErrorNotReadable;
     bool available = false;
     const ZalErrorType status = isAvailable(feature, available);
-    return status == ZalErrorSuccess && !available ? ZalErrorNotAvailable : status;
+    if (status != ZalErrorSuccess)
+        return status;
+    return available ? ZalErrorSuccess : ZalErrorNotAvailable;
 }
 
 ZalErrorType checkWritable(const FeatureDescription& feature)
@@ -92,24 +125,42 @@ ZalErrorType checkWritable(const FeatureDescription& feature)
     return status == ZalErrorSuccess && locked ? ZalErrorNotWritable : status;
 }
 
+ZalErrorType prepareRead(const FeatureDescription& feature)
+{
+    const ZalErrorType status = checkReadable(feature);
+    return status == ZalErrorSuccess ? checkLengths(feature) : status;
+}
+
+ZalErrorType prepareWrite(const FeatureDescription& feature)
+{
+    const ZalErrorType status = checkWritable(feature);
+    return status == ZalErrorSuccess ? checkLengths(feature) : status;
+}
+
 // Reads from a node of a readable feature.
 template <typename Node, typename Result, typename Value>
 ZalErrorType read(const FeatureDescription& feature, Node* node, Result (*getter)(Node*, GError**),
                   Value& value)
 {
-    const ZalErrorType status = checkReadable(feature);
+    const ZalErrorType status = prepareRead(feature);
     return status == ZalErrorSuccess ? get(node, getter, value) : status;
 }
 
 // Writes to a writable feature: `setter` makes the Aravis call.
 template <typename Setter> ZalErrorType write(const FeatureDescription& feature, Setter setter)
 {
-    const ZalErrorType status = checkWritable(feature);
+    const ZalErrorType status = prepareWrite(feature);
     if (status != ZalErrorSuccess)
         return status;
     AravisError error;
     setter(error.out());
     return error.status();
+}
+
+// Limits may be asked of what is neither readable nor writable, but not of everything.
+ZalErrorType checkAnswerable(const FeatureDescription& feature)
+{
+    return feature.isAnswerable ? checkLengths(feature) : ZalErrorNotReadable;
 }
 
 // Turns the outcome of a check into an answer; what is neither yes nor no remains a failure.
@@ -229,7 +280,7 @@ ZalErrorType boolValue(const FeatureDescription& feature, bool& value)
 
 ZalErrorType textValue(const FeatureDescription& feature, std::string& value)
 {
-    const ZalErrorType status = checkReadable(feature);
+    const ZalErrorType status = prepareRead(feature);
     if (status != ZalErrorSuccess)
         return status;
     return feature.type == ZalFeatureEnum ? currentEntry(feature, value)
@@ -242,7 +293,7 @@ ZalErrorType rawValue(const FeatureDescription& feature, RawData& value)
     std::size_t length = 0;
     ZalErrorType status = checkReadable(feature);
     if (status == ZalErrorSuccess)
-        status = get(node, arv_gc_register_get_length, length);
+        status = usableLength(node, length);
     if (status != ZalErrorSuccess)
         return status;
     RawData data(length);
@@ -255,7 +306,7 @@ ZalErrorType rawValue(const FeatureDescription& feature, RawData& value)
 
 ZalErrorType setInteger(const FeatureDescription& feature, long long value)
 {
-    ZalErrorType status = checkWritable(feature);
+    ZalErrorType status = prepareWrite(feature);
     if (status == ZalErrorSuccess)
         status = checkIncrement(feature, value);
     if (status != ZalErrorSuccess)
@@ -289,7 +340,7 @@ ZalErrorType setRaw(const FeatureDescription& feature, const RawData& value)
     std::size_t length = 0;
     ZalErrorType status = checkWritable(feature);
     if (status == ZalErrorSuccess)
-        status = get(node, arv_gc_register_get_length, length);
+        status = usableLength(node, length);
     if (status != ZalErrorSuccess)
         return status;
     // A register is written as a whole; Aravis would clear what a shorter write leaves out.
@@ -328,7 +379,9 @@ ZalErrorType isCommandDone(const FeatureDescription& feature, bool& done)
 ZalErrorType integerRange(const FeatureDescription& feature, Range<long long>& range)
 {
     Range<long long> found;
-    ZalErrorType status = getOrDefault(integerNode(feature), arv_gc_integer_get_min, found.min);
+    ZalErrorType status = checkAnswerable(feature);
+    if (status == ZalErrorSuccess)
+        status = getOrDefault(integerNode(feature), arv_gc_integer_get_min, found.min);
     if (status == ZalErrorSuccess)
         status = getOrDefault(integerNode(feature), arv_gc_integer_get_max, found.max);
     if (status == ZalErrorSuccess)
@@ -339,7 +392,9 @@ ZalErrorType integerRange(const FeatureDescription& feature, Range<long long>& r
 ZalErrorType floatRange(const FeatureDescription& feature, Range<double>& range)
 {
     Range<double> found;
-    ZalErrorType status = getOrDefault(floatNode(feature), arv_gc_float_get_min, found.min);
+    ZalErrorType status = checkAnswerable(feature);
+    if (status == ZalErrorSuccess)
+        status = getOrDefault(floatNode(feature), arv_gc_float_get_min, found.min);
     if (status == ZalErrorSuccess)
         status = getOrDefault(floatNode(feature), arv_gc_float_get_max, found.max);
     if (status == ZalErrorSuccess)
@@ -349,17 +404,26 @@ ZalErrorType floatRange(const FeatureDescription& feature, Range<double>& range)
 
 ZalErrorType integerIncrement(const FeatureDescription& feature, long long& increment)
 {
-    return getOrDefault(integerNode(feature), arv_gc_integer_get_inc, increment);
+    long long found = 1;
+    ZalErrorType status = checkAnswerable(feature);
+    if (status == ZalErrorSuccess)
+        status = getOrDefault(integerNode(feature), arv_gc_integer_get_inc, found);
+    if (status == ZalErrorSuccess)
+        increment = std::max(found, 1LL);
+    return status;
 }
 
 ZalErrorType floatIncrement(const FeatureDescription& feature, double& increment)
 {
     double found = 0;
-    const ZalErrorType status = getOrDefault(floatNode(feature), arv_gc_float_get_inc, found);
+    ZalErrorType status = checkAnswerable(feature);
+    if (status == ZalErrorSuccess)
+        status = getOrDefault(floatNode(feature), arv_gc_float_get_inc, found);
     if (status != ZalErrorSuccess)
         return status;
-    // Aravis' way of saying that there is none
-    if (found <= std::numeric_limits<double>::min())
+    // The smallest number is Aravis' way of saying that there is none.
+    const bool isStep = std::isfinite(found) && found > std::numeric_limits<double>::min();
+    if (!isStep)
         return ZalErrorNotImplemented;
     increment = found;
     return ZalErrorSuccess;
@@ -370,7 +434,9 @@ ZalErrorType entryAvailable(const FeatureDescription& feature, std::size_t entry
     auto* node = feature.entryNodes.at(entry);
     gboolean implemented = FALSE;
     gboolean usable = FALSE;
-    ZalErrorType status = get(node, arv_gc_feature_node_is_implemented, implemented);
+    ZalErrorType status = checkAnswerable(feature);
+    if (status == ZalErrorSuccess)
+        status = get(node, arv_gc_feature_node_is_implemented, implemented);
     if (status == ZalErrorSuccess && implemented)
         status = get(node, arv_gc_feature_node_is_available, usable);
     if (status == ZalErrorSuccess)

@@ -1,6 +1,7 @@
 #include "sdk/bridge/Snapshot.h"
 
 #include "sdk/bridge/AravisStatus.h"
+#include "sdk/bridge/Guarded.h"
 
 #include <cmath>
 #include <tuple>
@@ -24,7 +25,7 @@ ZalErrorType store(const FeatureDescription& feature,
                    ZalErrorType (*query)(const FeatureDescription&, Value&), SnapshotValue& stored)
 {
     Value value{};
-    const ZalErrorType status = query(feature, value);
+    const ZalErrorType status = guarded([&] { return query(feature, value); });
     stored = status == ZalErrorSuccess ? wrap(std::move(value)) : SnapshotValue(status);
     return isSilent(status) ? status : ZalErrorSuccess;
 }

@@ -16,7 +16,8 @@ constexpr guint32 RegisterBytes = 0x1000;
 class NastyCamera::Server
 {
 public:
-    Server() : camera(arv_gv_fake_camera_new_full(Address, Serial, NASTY_DESCRIPTION))
+    explicit Server(const std::string& description)
+        : camera(arv_gv_fake_camera_new_full(Address, Serial, description.c_str()))
     {
         if (!arv_gv_fake_camera_is_running(camera))
             qFatal("The camera cannot listen on %s", Address);
@@ -31,7 +32,12 @@ private:
     ArvGvFakeCamera* camera;
 };
 
-NastyCamera::NastyCamera() : server(std::make_unique<Server>()) {}
+NastyCamera::NastyCamera() : NastyCamera(NASTY_DESCRIPTION) {}
+
+NastyCamera::NastyCamera(const std::string& description)
+    : server(std::make_unique<Server>(description))
+{
+}
 
 NastyCamera::~NastyCamera() = default;
 

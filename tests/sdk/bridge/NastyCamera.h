@@ -10,6 +10,8 @@ class NastyCamera
 {
 public:
     NastyCamera();
+    /// Serves another description, a file that is read now.
+    explicit NastyCamera(const std::string& description);
     ~NastyCamera();
 
     /// Writes zero to all registers of the description, and the image size to its start value.

@@ -2,6 +2,7 @@
 
 #include <arv.h>
 
+#include <map>
 #include <mutex>
 #include <utility>
 
@@ -40,6 +41,8 @@ int errorOf(WireTap::Answer answer)
     switch (answer) {
     case WireTap::Answer::TimeOut:
         return ARV_DEVICE_ERROR_TIMEOUT;
+    case WireTap::Answer::Busy:
+        return ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY;
     case WireTap::Answer::Denied:
         return ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
     default:

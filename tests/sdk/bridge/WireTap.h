@@ -19,7 +19,8 @@ public:
         TheCameras,
         TimeOut,
         NotConnected,
-        Denied
+        Busy,
+        Denied,
     };
 
     struct Access

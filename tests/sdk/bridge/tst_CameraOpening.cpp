@@ -52,6 +52,8 @@ void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence_data()
     QTest::newRow("connection closed")
         << WireTap::Answer::NotConnected
         << "The camera is not open, or the connection to it is lost.";
+    QTest::newRow("refused by the camera")
+        << WireTap::Answer::Busy << "The connection to the camera reported a failure.";
 }
 
 void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence()

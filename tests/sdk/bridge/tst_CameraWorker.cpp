@@ -6,6 +6,8 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -55,6 +57,7 @@ private slots:
     void noCallRunsAfterTheLastWork();
     void closedWorkerRefuses();
     void workIsReleasedOnTheWorkerThread();
+    void exceptionOfTheWorkIsAStatus();
 
 private:
     qint64 open(Operation& operation);
@@ -463,6 +466,17 @@ void tst_CameraWorker::workIsReleasedOnTheWorkerThread()
     });
     QCOMPARE(status, ZalErrorSuccess);
     QVERIFY(released == worked);
+}
+
+void tst_CameraWorker::exceptionOfTheWorkIsAStatus()
+{
+    QCOMPARE(worker->call([]() -> ZalErrorType { throw std::bad_alloc(); }),
+             ZalErrorOutOfResources);
+    QCOMPARE(worker->call([]() -> ZalErrorType { throw std::length_error("too long"); }),
+             ZalErrorOutOfResources);
+    QCOMPARE(worker->call([]() -> ZalErrorType { throw 1; }), ZalErrorUnknown);
+    QVERIFY(worker->isHealthy());
+    QCOMPARE(worker->call(succeed), ZalErrorSuccess);
 }
 
 QTEST_GUILESS_MAIN(tst_CameraWorker)

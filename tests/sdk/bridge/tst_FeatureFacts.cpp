@@ -108,6 +108,7 @@ void tst_FeatureFacts::listsImplementedFeaturesInTheDescriptionsOrder()
                                                "ChannelSelector",
                                                "ChannelLevel",
                                                "ChannelMode",
+                                               "ChannelBoost",
                                                "BankName",
                                                "Doubled",
                                                "Halved",

@@ -1,0 +1,194 @@
+#include "sdk/bridge/Evaluation.h"
+
+#include "sdk/bridge/AravisStatus.h"
+#include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/Limits.h"
+
+#include <algorithm>
+
+namespace ZalCPP {
+namespace {
+
+bool isNode(ArvDomNode* node)
+{
+    return ARV_IS_GC_NODE(node) && !ARV_IS_GC_PROPERTY_NODE(node);
+}
+
+bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length)
+{
+    AravisError error;
+    const gint64 bytes = arv_gc_property_node_get_int64(length, error.out());
+    return bytes > 0 && static_cast<std::uint64_t>(bytes) <= longestLength(owner);
+}
+
+} // namespace
+
+std::size_t longestLength(ArvGcNode* registerNode)
+{
+    if (ARV_IS_GC_STRING_REG_NODE(registerNode))
+        return Limits::TextLength;
+    const bool isNumber =
+        ARV_IS_GC_INTEGER(registerNode) || ARV_IS_GC_FLOAT(registerNode) ||
+        g_str_equal(arv_dom_node_get_node_name(ARV_DOM_NODE(registerNode)), "StructReg");
+    return isNumber ? Limits::NumberLength : Limits::RawLength;
+}
+
+Evaluation::Evaluation(ArvGc* genicam)
+{
+    if (auto* root = arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam)))
+        addNode(ARV_DOM_NODE(root));
+    findWhatEnds();
+}
+
+// The nesting of a document's elements is limited by the parser.
+void Evaluation::addNode(ArvDomNode* node)
+{
+    if (isNode(node))
+        addProperties(ARV_GC_NODE(node), node);
+    forEachChild(node, [this](ArvDomNode* child) {
+        if (isNode(child))
+            addNode(child);
+    });
+}
+
+// Asking an enumeration asks its entries, and asking a part of a structure asks the whole.
+void Evaluation::addProperties(ArvGcNode* owner, ArvDomNode* node)
+{
+    if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
+        connect(owner, Value, ARV_GC_NODE(arv_dom_node_get_parent_node(node)), Value);
+    forEachChild(node, [&](ArvDomNode* child) {
+        if (ARV_IS_GC_ENUM_ENTRY(child)) {
+            connect(owner, Value, ARV_GC_NODE(child), Value);
+            connect(owner, Value, ARV_GC_NODE(child), Gates);
+        }
+        if (ARV_IS_GC_PROPERTY_NODE(child))
+            addReference(owner, ARV_GC_PROPERTY_NODE(child));
+    });
+}
+
+void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property)
+{
+    const auto type = arv_gc_property_node_get_node_type(property);
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_LENGTH && !isUsableLength(owner, property))
+        states[idOf(owner, Value)].isBroken = true;
+    ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
+    if (!linked)
+        return;
+    switch (type) {
+    case ARV_GC_PROPERTY_NODE_TYPE_P_MINIMUM:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_MAXIMUM:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_INCREMENT:
+        return connect(owner, Limits, linked, Value);
+    case ARV_GC_PROPERTY_NODE_TYPE_P_IS_IMPLEMENTED:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_IS_AVAILABLE:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_IS_LOCKED:
+        return connect(owner, Gates, linked, Value);
+    case ARV_GC_PROPERTY_NODE_TYPE_P_VALUE:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT:
+        // Limits that a node does not give are those of the node behind it.
+        connect(owner, Limits, linked, Limits);
+        [[fallthrough]];
+    case ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE:
+        // A converter's limits pass through its formula.
+        connect(owner, Limits, linked, Value);
+        [[fallthrough]];
+    case ARV_GC_PROPERTY_NODE_TYPE_P_ADDRESS:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_INDEX:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_LENGTH:
+    case ARV_GC_PROPERTY_NODE_TYPE_P_COMMAND_VALUE:
+        return connect(owner, Value, linked, Value);
+    default:
+        return;
+    }
+}
+
+void Evaluation::connect(ArvGcNode* owner, Question question, ArvGcNode* asked,
+                         Question askedQuestion)
+{
+    const std::size_t from = idOf(owner, question);
+    const std::size_t to = idOf(asked, askedQuestion);
+    states[from].leadsTo.push_back(to);
+    states[to].askedBy.push_back(from);
+    ++states[from].open;
+}
+
+// From the questions that lead to no other backwards: what is never reached runs in a circle, or
+// leads into one.
+void Evaluation::findWhatEnds()
+{
+    std::vector<std::size_t> settled;
+    for (std::size_t id = 0; id < states.size(); ++id) {
+        if (states[id].open == 0)
+            settled.push_back(id);
+    }
+    while (!settled.empty()) {
+        State& state = states[settled.back()];
+        settled.pop_back();
+        settle(state);
+        for (const std::size_t id : state.askedBy) {
+            if (--states[id].open == 0)
+                settled.push_back(id);
+        }
+    }
+}
+
+void Evaluation::settle(State& state) const
+{
+    state.ends = !state.isBroken;
+    for (const std::size_t id : state.leadsTo) {
+        const State& next = states[id];
+        state.ends = state.ends && next.ends;
+        state.depth = std::max(state.depth, next.depth + 1);
+        state.steps = std::min(state.steps + next.steps, Limits::EvaluationSteps + 1);
+    }
+    state.ends = state.ends && state.depth <= Limits::EvaluationDepth &&
+                 state.steps <= Limits::EvaluationSteps;
+}
+
+std::size_t Evaluation::idOf(ArvGcNode* node, Question question)
+{
+    const auto [found, isNew] = positions.emplace(node, nodes.size());
+    if (isNew) {
+        nodes.push_back(node);
+        states.resize(nodes.size() * QuestionCount);
+    }
+    return found->second * QuestionCount + question;
+}
+
+// A node without a state names no other.
+bool Evaluation::ends(ArvGcNode* node, Question question) const
+{
+    const auto found = positions.find(node);
+    return found == positions.end() || states[found->second * QuestionCount + question].ends;
+}
+
+bool Evaluation::isAnswerable(ArvGcNode* node) const
+{
+    return ends(node, Value) && ends(node, Limits) && ends(node, Gates);
+}
+
+bool Evaluation::hasValue(ArvGcNode* node) const
+{
+    return ends(node, Value);
+}
+
+std::unordered_set<ArvGcNode*> Evaluation::sourcesOf(ArvGcNode* node) const
+{
+    std::unordered_set<ArvGcNode*> sources{node};
+    std::vector<ArvGcNode*> pending{node};
+    while (!pending.empty()) {
+        const auto found = positions.find(pending.back());
+        pending.pop_back();
+        if (found == positions.end())
+            continue;
+        for (const std::size_t id : states[found->second * QuestionCount + Value].leadsTo) {
+            ArvGcNode* source = nodes[id / QuestionCount];
+            if (sources.insert(source).second)
+                pending.push_back(source);
+        }
+    }
+    return sources;
+}
+
+} // namespace ZalCPP

@@ -1,0 +1,371 @@
+// Descriptions that lead in circles, or name sizes, counts and times beyond all use. Such a feature
+// is listed but cannot be used; everything else works.
+#include "tests/sdk/bridge/BridgeTest.h"
+#include "tests/sdk/bridge/DescribedCamera.h"
+
+#include <functional>
+#include <map>
+
+using namespace BridgeTest;
+using DescribedCamera::describe;
+using DescribedCamera::reg;
+
+class tst_DescriptionLimits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    void circleIsListedWithoutAccess_data();
+    void circleIsListedWithoutAccess();
+    void limitsThatNameEachOtherAreNoCircle();
+    void chainBeyondAnyStackIsListedWithoutAccess();
+    void formulasThatDoubleEachTimeAreListedWithoutAccess();
+    void impossibleLengthIsListedWithoutAccess_data();
+    void impossibleLengthIsListedWithoutAccess();
+    void lengthFromTheCameraIsLimited();
+    void payloadIsLimited_data();
+    void payloadIsLimited();
+    void pollingTimeIsLimited_data();
+    void pollingTimeIsLimited();
+    void entriesAreLimited();
+    void deepCategoriesKeepTheirFeatures();
+    void incrementsBelowOneAreNone_data();
+    void incrementsBelowOneAreNone();
+
+private:
+    void open(const QList<QByteArray>& features, const QByteArray& nodes);
+    void verifyUnusable(const std::string& name);
+    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+
+    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<ZalCPP::Camera> camera;
+};
+
+void tst_DescriptionLimits::cleanup()
+{
+    camera.reset();
+    server.reset();
+}
+
+void tst_DescriptionLimits::open(const QList<QByteArray>& features, const QByteArray& nodes)
+{
+    server = DescribedCamera::serve(describe(features, nodes));
+    camera = openCamera();
+}
+
+// Not usable in any way, and the camera works on.
+void tst_DescriptionLimits::verifyUnusable(const std::string& name)
+{
+    const auto feature = find(name);
+    QVERIFY(feature);
+    bool possible = true;
+    QCOMPARE(feature->IsReadable(possible), ZalErrorSuccess);
+    QVERIFY(!possible);
+    possible = true;
+    QCOMPARE(feature->IsWritable(possible), ZalErrorSuccess);
+    QVERIFY(!possible);
+    const auto type = ask<ZalFeatureDataType>(feature, &Feature::GetDataType, ZalFeatureUnknown);
+    const std::map<ZalFeatureDataType, std::function<ZalErrorType()>> reads = {
+        {ZalFeatureInteger,
+         [&] {
+             long long v;
+             return feature->GetIntegerValue(v);
+         }},
+        {ZalFeatureFloat,
+         [&] {
+             double v;
+             return feature->GetFloatValue(v);
+         }},
+        {ZalFeatureBool,
+         [&] {
+             bool v;
+             return feature->GetBoolValue(v);
+         }},
+        {ZalFeatureString,
+         [&] {
+             std::uint32_t n;
+             return feature->GetStringValue(nullptr, n);
+         }},
+        {ZalFeatureEnum,
+         [&] {
+             std::uint32_t n;
+             return feature->GetStringValue(nullptr, n);
+         }},
+        {ZalFeatureRaw,
+         [&] {
+             std::uint32_t n;
+             return feature->GetRawValue(nullptr, n);
+         }},
+        {ZalFeatureCommand, [&] { return feature->RunCommand(); }}};
+    const auto expected = type == ZalFeatureCommand ? ZalErrorNotWritable : ZalErrorNotReadable;
+    QCOMPARE(reads.at(type)(), expected);
+    long long low = 0;
+    long long high = 0;
+    QVERIFY(feature->GetIntegerRange(low, high) != ZalErrorSuccess);
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(feature->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(7), ZalErrorSuccess);
+    QTRY_COMPARE(recorder->count("Plain"), 1);
+    QCOMPARE(recorder->count(name), 0);
+    QCOMPARE(integer(find("Plain")), 7LL);
+}
+
+void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+    const QByteArray polled = "<PollingTime>100</PollingTime>";
+    QTest::newRow("value of itself")
+        << QByteArray("<Integer Name=\"A\"><pValue>A</pValue></Integer>");
+    QTest::newRow("values, polled")
+        << "<Integer Name=\"A\"><pValue>B</pValue>" + polled +
+               "</Integer><Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    QTest::newRow("formulas, polled")
+        << "<IntSwissKnife Name=\"A\"><pVariable Name=\"X\">B</pVariable><Formula>X</Formula>" +
+               polled +
+               "</IntSwissKnife><SwissKnife Name=\"B\"><pVariable Name=\"X\">A</pVariable>"
+               "<Formula>X</Formula></SwissKnife>";
+    QTest::newRow("converters, not cached")
+        << QByteArray("<Converter Name=\"A\"><FormulaTo>FROM</FormulaTo><FormulaFrom>TO"
+                      "</FormulaFrom><pValue>B</pValue><Cachable>NoCache</Cachable></Converter>"
+                      "<IntConverter Name=\"B\"><FormulaTo>FROM</FormulaTo><FormulaFrom>TO"
+                      "</FormulaFrom><pValue>A</pValue></IntConverter>");
+    QTest::newRow("address") << reg("IntReg", "A", "0x4004", "4",
+                                    "<pAddress>A</pAddress>" + polled);
+    QTest::newRow("index") << reg("IntReg", "A", "0x4004", "4",
+                                  "<pIndex Offset=\"4\">B</pIndex>" + polled) +
+                                  "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    QTest::newRow("length of a text")
+        << QByteArray("<StringReg Name=\"A\"><Address>0x4004</Address><pLength>B</pLength>"
+                      "<pPort>Device</pPort></StringReg>") +
+               reg("IntReg", "B", "0x4008", "4", "<pAddress>B</pAddress>");
+    QTest::newRow("lock") << reg("IntReg", "A", "0x4004", "4", "<pIsLocked>B</pIsLocked>") +
+                                 "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("availability") << reg("IntReg", "A", "0x4004", "4",
+                                         "<pIsAvailable>B</pIsAvailable>") +
+                                         "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("implementation")
+        << reg("IntReg", "A", "0x4004", "4", "<pIsImplemented>B</pIsImplemented>") +
+               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("limit") << reg("IntReg", "R", "0x4004", "4") +
+                                  "<Integer Name=\"A\"><pValue>R</pValue><pMax>B</pMax></Integer>"
+                                  "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("availability of an entry")
+        << reg("IntReg", "R", "0x4004", "4") +
+               "<Enumeration Name=\"A\"><EnumEntry Name=\"E\"><pIsAvailable>B</pIsAvailable>"
+               "<Value>0</Value></EnumEntry><pValue>R</pValue></Enumeration>"
+               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("value of a command")
+        << reg("IntReg", "R", "0x4004", "4") +
+               "<Command Name=\"A\"><pValue>R</pValue><pCommandValue>B</pCommandValue></Command>"
+               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+}
+
+void tst_DescriptionLimits::circleIsListedWithoutAccess()
+{
+    QFETCH(QByteArray, nodes);
+    open({"A"}, nodes);
+    verifyUnusable("A");
+}
+
+// As width and offset of an image do.
+void tst_DescriptionLimits::limitsThatNameEachOtherAreNoCircle()
+{
+    const auto half = [](const QByteArray& name, const QByteArray& other, const QByteArray& place) {
+        return "<Integer Name=\"" + name + "\"><pValue>" + name + "Reg</pValue><Min>0</Min><pMax>" +
+               name + "Max</pMax></Integer><IntSwissKnife Name=\"" + name +
+               "Max\"><pVariable Name=\"X\">" + other +
+               "</pVariable><Formula>100 - X</Formula></IntSwissKnife>" +
+               reg("IntReg", name + "Reg", place, "4");
+    };
+    open({"Size", "Offset"}, half("Size", "Offset", "0x4004") + half("Offset", "Size", "0x4008"));
+    QCOMPARE(find("Size")->SetIntegerValue(60), ZalErrorSuccess);
+    QCOMPARE(find("Offset")->SetIntegerValue(41), ZalErrorOutOfRange);
+    QCOMPARE(find("Offset")->SetIntegerValue(40), ZalErrorSuccess);
+}
+
+void tst_DescriptionLimits::chainBeyondAnyStackIsListedWithoutAccess()
+{
+    constexpr int length = 30000;
+    QByteArray nodes = reg("IntReg", "N0", "0x4004", "4", "<PollingTime>100</PollingTime>");
+    for (int i = 1; i <= length; ++i)
+        nodes += "<Integer Name=\"N" + QByteArray::number(i) + "\"><pValue>N" +
+                 QByteArray::number(i - 1) + "</pValue></Integer>\n";
+    open({"N" + QByteArray::number(length), "N9"}, nodes);
+    verifyUnusable("N" + std::to_string(length));
+    QCOMPARE(integer(find("N9")), 0LL);
+}
+
+void tst_DescriptionLimits::formulasThatDoubleEachTimeAreListedWithoutAccess()
+{
+    QByteArray nodes = reg("IntReg", "F0", "0x4004", "4");
+    for (int i = 1; i <= 40; ++i) {
+        const QByteArray before = "F" + QByteArray::number(i - 1) + "</pVariable>";
+        nodes += "<IntSwissKnife Name=\"F" + QByteArray::number(i) + "\"><pVariable Name=\"X\">" +
+                 before + "<pVariable Name=\"Y\">" + before +
+                 "<Formula>X + Y</Formula></IntSwissKnife>\n";
+    }
+    open({"F40", "F4"}, nodes);
+    verifyUnusable("F40");
+    QCOMPARE(integer(find("F4")), 0LL);
+}
+
+void tst_DescriptionLimits::impossibleLengthIsListedWithoutAccess_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+    for (const char* kind : {"StringReg", "Register", "IntReg", "FloatReg"}) {
+        for (const char* length : {"-1", "0", "1099511627776", "9223372036854775807"})
+            QTest::addRow("%s of %s", kind, length) << reg(kind, "A", "0x4004", length);
+    }
+    QTest::newRow("text behind a text") << "<String Name=\"A\"><pValue>R</pValue></String>" +
+                                               reg("StringReg", "R", "0x4004", "1099511627776");
+    QTest::newRow("number behind a formula")
+        << "<SwissKnife Name=\"A\"><pVariable Name=\"X\">R</pVariable><Formula>X</Formula>"
+           "</SwissKnife>" +
+               reg("IntReg", "R", "0x4004", "1099511627776");
+}
+
+void tst_DescriptionLimits::impossibleLengthIsListedWithoutAccess()
+{
+    QFETCH(QByteArray, nodes);
+    open({"A"}, nodes);
+    verifyUnusable("A");
+}
+
+// It may be right at one time and wrong at another.
+void tst_DescriptionLimits::lengthFromTheCameraIsLimited()
+{
+    const QByteArray sized = "<Address>0x4100</Address><pLength>Size</pLength><AccessMode>RW"
+                             "</AccessMode><pPort>Device</pPort>";
+    open({"Size", "Data", "Text"},
+         reg("IntReg", "Size", "0x4010", "8", "<Sign>Signed</Sign>") + "<Register Name=\"Data\">" +
+             sized + "</Register><StringReg Name=\"Text\">" + sized + "</StringReg>");
+    const auto data = find("Data");
+    std::uint32_t count = 0;
+    for (const long long length : {-1LL, 0LL, 1LL << 40, 9223372036854775807LL}) {
+        QCOMPARE(find("Size")->SetIntegerValue(length), ZalErrorSuccess);
+        QCOMPARE(data->GetRawValue(nullptr, count), ZalErrorOutOfResources);
+        QCOMPARE(find("Text")->GetStringValue(nullptr, count), ZalErrorOutOfResources);
+        QCOMPARE(find("Text")->SetStringValue("x"), ZalErrorOutOfResources);
+    }
+    QCOMPARE(find("Size")->SetIntegerValue(8), ZalErrorSuccess);
+    QCOMPARE(data->GetRawValue(nullptr, count), ZalErrorSuccess);
+    QCOMPARE(count, 8U);
+    QCOMPARE(find("Text")->SetStringValue("x"), ZalErrorSuccess);
+    QCOMPARE(text(find("Text")), std::string("x"));
+}
+
+void tst_DescriptionLimits::payloadIsLimited_data()
+{
+    QTest::addColumn<QByteArray>("size");
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("1 TiB") << QByteArray("1099511627776") << ZalErrorOutOfResources;
+    QTest::newRow("all bits") << QByteArray("9223372036854775807") << ZalErrorOutOfResources;
+    QTest::newRow("negative") << QByteArray("-1") << ZalErrorOutOfRange;
+    QTest::newRow("none") << QByteArray("0") << ZalErrorOutOfRange;
+    QTest::newRow("an image") << QByteArray("2048") << ZalErrorSuccess;
+}
+
+void tst_DescriptionLimits::payloadIsLimited()
+{
+    QFETCH(QByteArray, size);
+    QFETCH(ZalErrorType, status);
+    open({"PayloadSize", "AcquisitionStart", "AcquisitionStop"},
+         "<Integer Name=\"PayloadSize\"><Value>" + size +
+             "</Value></Integer>"
+             "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1</CommandValue>"
+             "</Command><Command Name=\"AcquisitionStop\"><pValue>R</pValue><CommandValue>0"
+             "</CommandValue></Command>" +
+             reg("IntReg", "R", "0x124", "4"));
+    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), status);
+    QCOMPARE(camera->IsAcquiring(), status == ZalErrorSuccess);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
+}
+
+void tst_DescriptionLimits::pollingTimeIsLimited_data()
+{
+    QTest::addColumn<QByteArray>("time");
+    QTest::addColumn<int>("mostReads");
+    QTest::newRow("shortest") << QByteArray("1") << 40;
+    QTest::newRow("negative") << QByteArray("-1") << 0;
+    QTest::newRow("beyond the clock in nanoseconds") << QByteArray("9300000000000") << 0;
+    QTest::newRow("all bits") << QByteArray("9223372036854775807") << 0;
+}
+
+// Reads within half a second, when everything is known.
+void tst_DescriptionLimits::pollingTimeIsLimited()
+{
+    QFETCH(QByteArray, time);
+    QFETCH(int, mostReads);
+    open({"A"}, reg("IntReg", "A", "0x4004", "4", "<PollingTime>" + time + "</PollingTime>"));
+    const auto recorder = std::make_shared<Recorder>();
+    QCOMPARE(find("A")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(7), ZalErrorSuccess);
+    QTRY_COMPARE(recorder->count("Plain"), 1);
+    const auto before = camera->Counts().reads;
+    QTest::qWait(500);
+    const auto reads = static_cast<int>(camera->Counts().reads - before);
+    QVERIFY2(reads <= mostReads, qPrintable(QString::number(reads)));
+}
+
+void tst_DescriptionLimits::entriesAreLimited()
+{
+    QByteArray entries;
+    for (int i = 0; i < 5000; ++i)
+        entries += "<EnumEntry Name=\"E" + QByteArray::number(i) + "\"><Value>" +
+                   QByteArray::number(i) + "</Value></EnumEntry>";
+    open({"A"}, "<Enumeration Name=\"A\">" + entries + "<pValue>R</pValue></Enumeration>" +
+                    reg("IntReg", "R", "0x4004", "4"));
+    std::uint32_t count = 0;
+    QCOMPARE(find("A")->GetEnumNames(nullptr, count), ZalErrorSuccess);
+    QCOMPARE(count, 4096U);
+    QCOMPARE(find("A")->SetStringValue("E4095"), ZalErrorSuccess);
+    QCOMPARE(find("A")->SetStringValue("E4096"), ZalErrorNotFound);
+    QCOMPARE(text(find("A")), std::string("E4095"));
+}
+
+void tst_DescriptionLimits::deepCategoriesKeepTheirFeatures()
+{
+    constexpr int depth = 40000;
+    QByteArray nodes;
+    for (int i = 0; i < depth; ++i)
+        nodes += "<Category Name=\"c" + QByteArray::number(i) + "\"><pFeature>" +
+                 (i + 1 < depth ? "c" + QByteArray::number(i + 1) : QByteArray("A")) +
+                 "</pFeature></Category>\n";
+    open({"c0"}, nodes + reg("IntReg", "A", "0x4004", "4"));
+    QCOMPARE(integer(find("A")), 0LL);
+    const std::string path = text(find("A"), &Feature::GetCategory);
+    QCOMPARE(std::count(path.begin(), path.end(), '/'), 31L);
+    QCOMPARE(names(*camera->Features()), (std::vector<std::string>{"A", "Plain"}));
+}
+
+void tst_DescriptionLimits::incrementsBelowOneAreNone_data()
+{
+    QTest::addColumn<QByteArray>("increment");
+    for (const char* increment : {"0", "-4", "-9223372036854775808"})
+        QTest::newRow(increment) << QByteArray(increment);
+}
+
+void tst_DescriptionLimits::incrementsBelowOneAreNone()
+{
+    QFETCH(QByteArray, increment);
+    open({"A", "F"}, "<Integer Name=\"A\"><pValue>R</pValue><Inc>" + increment +
+                         "</Inc></Integer>" + reg("IntReg", "R", "0x4004", "4") +
+                         "<Float Name=\"F\"><pValue>G</pValue><Inc>" + increment +
+                         "</Inc></Float>" + reg("FloatReg", "G", "0x4008", "8"));
+    long long steps = 0;
+    QCOMPARE(find("A")->GetIntegerIncrement(steps), ZalErrorSuccess);
+    QCOMPARE(steps, 1LL);
+    QCOMPARE(find("A")->SetIntegerValue(3), ZalErrorSuccess);
+    bool has = true;
+    QCOMPARE(find("F")->HasIncrement(has), ZalErrorSuccess);
+    QVERIFY(!has);
+    QCOMPARE(find("F")->SetFloatValue(0.3), ZalErrorSuccess);
+}
+
+QTEST_GUILESS_MAIN(tst_DescriptionLimits)
+#include "tst_DescriptionLimits.moc"
