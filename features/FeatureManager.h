@@ -1,5 +1,6 @@
 #pragma once
 
+#include "features/Answer.h"
 #include "features/ZalFeatureWrapper.h"
 
 #include <QSharedPointer>
@@ -9,6 +10,20 @@
 
 #include <string>
 #include <type_traits>
+
+/// An entry of an enumeration, and whether it can be chosen at this moment.
+struct OfferedEntry
+{
+    QString name;
+    Answer<bool> available;
+};
+
+/// The limits of a number; -1 where there are none.
+struct FeatureRange
+{
+    double min = -1.0;
+    double max = -1.0;
+};
 
 /// The one access path to the camera's features, by name.
 ///
@@ -154,6 +169,20 @@ public:
     /// Names of all features, in list order.
     virtual QStringList GetFeaturesList() const;
 
+    // For callers to whom "no" and "no answer" are not the same: questions and writes as above, by
+    // one name, with what became of them. That there is no such feature counts as an answer, unless
+    // a feature did not tell its name.
+    Answer<bool> AskIsWritable(const QString& name) const;
+    Answer<ZalFeatureDataType> AskDataType(const QString& name) const;
+    Answer<QString> AskStringValue(const QString& name) const;
+    /// All entries, in the camera's order.
+    Answer<QVector<OfferedEntry>> AskEnumEntries(const QString& name) const;
+    /// As of GetValueRange().
+    Answer<FeatureRange> AskRange(const QString& name) const;
+    /// As SetValue(), but writes nothing that rests on an answer that did not come.
+    Written<double> TrySetValue(const QString& name, double value) const;
+    Written<QString> TrySetValue(const QString& name, const QString& value) const;
+
     // Lookups: null when there is no such feature.
     ZalFeatureWrapperPtr GetFeatureByName(const std::string& name) const;
     ZalFeatureWrapperPtr GetFeatureByName(const QString& name) const;
@@ -173,6 +202,9 @@ public:
     template <typename T> static void GetValue(ZalFeatureWrapperPtr wrapper, T* value);
 
 private:
+    Answer<ZalFeatureWrapperPtr> FindFeature(const std::string& name) const;
+    Answer<ZalFeatureWrapperPtr> FindFeature(const QString& name) const;
+
     QSharedPointer<QVector<ZalFeatureWrapperPtr>> wrappers;
 };
 

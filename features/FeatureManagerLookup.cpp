@@ -1,6 +1,24 @@
 // FeatureManager: how names become features, and what can be done with a feature.
 #include "features/FeatureManager.h"
 
+#include "features/FeatureQuestions.h"
+
+namespace Ask = FeatureQuestions;
+
+namespace {
+
+Answer<QVector<OfferedEntry>> offeredEntries(ZalFeatureWrapper& feature)
+{
+    const Answer<QStringList> names = Ask::entries(feature);
+    Answer<QVector<OfferedEntry>> entries;
+    entries.status = names.status;
+    for (const QString& name : names.value)
+        entries.value.append({name, Ask::isValueAvailable(feature, name)});
+    return entries;
+}
+
+} // namespace
+
 FeatureManager::FeatureManager(const QSharedPointer<QVector<ZalFeatureWrapperPtr>>& sharedWrappers)
     : wrappers(sharedWrappers)
 {
@@ -8,16 +26,31 @@ FeatureManager::FeatureManager(const QSharedPointer<QVector<ZalFeatureWrapperPtr
 
 FeatureManager::~FeatureManager() = default;
 
-ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const std::string& name) const
+Answer<ZalFeatureWrapperPtr> FeatureManager::FindFeature(const std::string& name) const
 {
     // A copy, so that a change of the shared list during the walk does no harm.
     const QVector<ZalFeatureWrapperPtr> snapshot = *wrappers;
+    Answer<ZalFeatureWrapperPtr> result;
     for (const ZalFeatureWrapperPtr& wrapper : snapshot) {
         std::string found;
-        if (wrapper->GetName(found) == ZalErrorSuccess && found == name)
-            return wrapper;
+        const ZalErrorType status = wrapper->GetName(found);
+        if (status == ZalErrorSuccess && found == name)
+            return {wrapper, ZalErrorSuccess};
+        // It may have been this one.
+        if (IsUnanswered(status))
+            result.status = status;
     }
-    return nullptr;
+    return result;
+}
+
+Answer<ZalFeatureWrapperPtr> FeatureManager::FindFeature(const QString& name) const
+{
+    return FindFeature(name.toUtf8().toStdString());
+}
+
+ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const std::string& name) const
+{
+    return FindFeature(name).value;
 }
 
 ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const QString& name) const
@@ -51,14 +84,12 @@ ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const QString& name, const
 // NOLINTBEGIN(performance-unnecessary-value-param): these take their own reference by contract.
 ZalFeatureDataType FeatureManager::GetDataType(ZalFeatureWrapperPtr wrapper)
 {
-    ZalFeatureDataType type = ZalFeatureUnknown;
-    return wrapper->GetDataType(type) == ZalErrorSuccess ? type : ZalFeatureUnknown;
+    return Ask::dataType(*wrapper).value;
 }
 
 bool FeatureManager::GetIsWritable(ZalFeatureWrapperPtr wrapper)
 {
-    bool writable = false;
-    return wrapper->IsWritable(writable) == ZalErrorSuccess && writable;
+    return Ask::isWritable(*wrapper).value;
 }
 
 bool FeatureManager::GetIsReadable(ZalFeatureWrapperPtr wrapper)
@@ -69,20 +100,12 @@ bool FeatureManager::GetIsReadable(ZalFeatureWrapperPtr wrapper)
 
 bool FeatureManager::GetIsValueAvailable(ZalFeatureWrapperPtr wrapper, QString entry)
 {
-    bool available = false;
-    const QByteArray name = entry.toUtf8();
-    return wrapper->IsValueAvailable(name.constData(), available) == ZalErrorSuccess && available;
+    return Ask::isValueAvailable(*wrapper, entry).value;
 }
 
 QStringList FeatureManager::GetEnumEntries(ZalFeatureWrapperPtr wrapper)
 {
-    std::vector<std::string> names;
-    if (wrapper->GetValues(names) != ZalErrorSuccess)
-        return QStringList();
-    QStringList entries;
-    for (const std::string& name : names)
-        entries.append(QString::fromStdString(name));
-    return entries;
+    return Ask::entries(*wrapper).value;
 }
 // NOLINTEND(performance-unnecessary-value-param)
 
@@ -153,12 +176,12 @@ QStringList FeatureManager::GetAvailableEnumEntries(const QString& name,
                                                     const QString& altName) const
 {
     const ZalFeatureWrapperPtr wrapper = GetFeatureByName(name, altName);
-    if (!wrapper)
-        return QStringList();
     QStringList available;
-    for (const QString& entry : GetEnumEntries(wrapper)) {
-        if (GetIsValueAvailable(wrapper, entry))
-            available.append(entry);
+    if (!wrapper)
+        return available;
+    for (const OfferedEntry& entry : offeredEntries(*wrapper).value) {
+        if (entry.available.value)
+            available.append(entry.name);
     }
     return available;
 }
@@ -193,4 +216,26 @@ QStringList FeatureManager::GetFeaturesList() const
             names.append(QString::fromStdString(name));
     }
     return names;
+}
+
+Answer<bool> FeatureManager::AskIsWritable(const QString& name) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    return found.value ? Ask::isWritable(*found.value) : Answer<bool>{false, found.status};
+}
+
+Answer<ZalFeatureDataType> FeatureManager::AskDataType(const QString& name) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    if (!found.value)
+        return {ZalFeatureUnknown, found.status};
+    return Ask::dataType(*found.value);
+}
+
+Answer<QVector<OfferedEntry>> FeatureManager::AskEnumEntries(const QString& name) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    if (!found.value)
+        return {QVector<OfferedEntry>(), found.status};
+    return offeredEntries(*found.value);
 }

@@ -1,37 +1,13 @@
 // FeatureManager: values, ranges, writes and commands.
 #include "features/FeatureManager.h"
 
+#include "features/FeatureQuestions.h"
 #include "features/NumberConversions.h"
+#include "features/NumberWrite.h"
 
-#include <QDebug>
+namespace Ask = FeatureQuestions;
 
 namespace {
-
-template <typename T> struct Range
-{
-    T min = T(-1);
-    T max = T(-1);
-};
-
-template <typename T> Range<T> readRange(const ZalFeatureWrapperPtr& wrapper)
-{
-    Range<T> range;
-    const bool known = wrapper->GetRange(range.min, range.max) == ZalErrorSuccess;
-    return known ? range : Range<T>();
-}
-
-template <typename T> T readIncrement(const ZalFeatureWrapperPtr& wrapper)
-{
-    T increment = T(-1);
-    return wrapper->GetIncrement(increment) == ZalErrorSuccess ? increment : T(-1);
-}
-
-template <typename T> T readValue(const ZalFeatureWrapperPtr& wrapper)
-{
-    T value = T(-1);
-    FeatureManager::GetValue<T>(wrapper, &value);
-    return value;
-}
 
 /// What the range operations report.
 struct Limits
@@ -41,18 +17,21 @@ struct Limits
     double max = -1.0;
     double increment = -1.0;
     bool numeric = false;
+    /// Of the questions for the limits, one without an answer first of all.
+    ZalErrorType status = ZalErrorSuccess;
 };
 
-template <typename T>
-Limits readLimits(const ZalFeatureWrapperPtr& wrapper, double incrementForNone)
+template <typename T> Limits readLimits(const ZalFeatureWrapper& feature, double incrementForNone)
 {
     Limits limits;
     limits.numeric = true;
-    limits.value = static_cast<double>(readValue<T>(wrapper));
-    const Range<T> range = readRange<T>(wrapper);
-    limits.min = static_cast<double>(range.min);
-    limits.max = static_cast<double>(range.max);
-    limits.increment = static_cast<double>(readIncrement<T>(wrapper));
+    limits.value = static_cast<double>(Ask::value<T>(feature).value);
+    const auto range = Ask::range<T>(feature);
+    limits.min = static_cast<double>(range.value.min);
+    limits.max = static_cast<double>(range.value.max);
+    const Answer<T> increment = Ask::increment<T>(feature);
+    limits.increment = static_cast<double>(increment.value);
+    limits.status = increment.isMissing() ? increment.status : range.status;
     // The multiple counts from zero, not from the minimum, and wraps around for a negative maximum.
     if (limits.increment > 0.0)
         limits.max = NumberConversions::reduceToMultiple(limits.max, limits.increment);
@@ -61,82 +40,19 @@ Limits readLimits(const ZalFeatureWrapperPtr& wrapper, double incrementForNone)
     return limits;
 }
 
-Limits readLimits(const ZalFeatureWrapperPtr& wrapper)
+Limits readLimits(const ZalFeatureWrapper& feature)
 {
-    switch (FeatureManager::GetDataType(wrapper)) {
+    const Answer<ZalFeatureDataType> type = Ask::dataType(feature);
+    switch (type.value) {
     case ZalFeatureInteger:
-        return readLimits<long long>(wrapper, 1.0);
+        return readLimits<long long>(feature, 1.0);
     case ZalFeatureFloat:
-        return readLimits<double>(wrapper, 0.01);
+        return readLimits<double>(feature, 0.01);
     default:
-        return Limits();
+        Limits limits;
+        limits.status = type.status;
+        return limits;
     }
-}
-
-void logRefusal(const char* prefix, const QString& name, ZalErrorType status)
-{
-    qDebug() << prefix << name << " : " << status;
-}
-
-/// A value outside the range becomes the nearer limit. An unreadable range is -1 to -1.
-template <typename T> T clamped(T value, const Range<T>& range)
-{
-    if (range.min > value)
-        return range.min;
-    return value > range.max ? range.max : value;
-}
-
-/// The second attempt: what the camera holds now, reduced to a multiple of the increment.
-void writeFloatAgain(const ZalFeatureWrapperPtr& wrapper, const QString& name, double requested,
-                     double current)
-{
-    const double step = readIncrement<double>(wrapper);
-    const double value =
-        step > 0.0 ? NumberConversions::reduceToMultiple(current, step) : requested;
-    const ZalErrorType status = wrapper->SetValue(value);
-    if (status != ZalErrorSuccess)
-        logRefusal("Error: FeatureManager::SetValue:Double: ", name, status);
-}
-
-double writeFloat(const ZalFeatureWrapperPtr& wrapper, const QString& name, double value)
-{
-    const double requested = clamped(value, readRange<double>(wrapper));
-    if (FeatureManager::GetIsWritable(wrapper)) {
-        const ZalErrorType status = wrapper->SetValue(requested);
-        const double current = readValue<double>(wrapper);
-        if (status != ZalErrorSuccess)
-            writeFloatAgain(wrapper, name, requested, current);
-    }
-    return readValue<double>(wrapper);
-}
-
-double writeBool(const ZalFeatureWrapperPtr& wrapper, const QString& name, double value)
-{
-    if (FeatureManager::GetIsWritable(wrapper)) {
-        const ZalErrorType status = wrapper->SetValue(value > 0.0);
-        if (status != ZalErrorSuccess)
-            logRefusal("Error: FeatureManager::SetValue:Bool: ", name, status);
-    }
-    return readValue<bool>(wrapper) ? 1.0 : 0.0;
-}
-
-double writeInteger(const ZalFeatureWrapperPtr& wrapper, const QString& name, double value)
-{
-    long long requested = NumberConversions::toInt64(value);
-    Range<long long> range = readRange<long long>(wrapper);
-    const long long step = readIncrement<long long>(wrapper);
-    // Multiples count from zero, not from the minimum.
-    if (step > 0) {
-        range.max = range.max / step * step;
-        requested = requested / step * step;
-    }
-    requested = clamped(requested, range);
-    if (FeatureManager::GetIsWritable(wrapper)) {
-        const ZalErrorType status = wrapper->SetValue(requested);
-        if (status != ZalErrorSuccess)
-            logRefusal("Error: FeatureManager::SetValue:Int: ", name, status);
-    }
-    return static_cast<double>(readValue<long long>(wrapper));
 }
 
 } // namespace
@@ -149,11 +65,11 @@ double FeatureManager::GetValue(const QString& name, const QString& altName,
         return -1.0;
     switch (GetDataType(wrapper)) {
     case ZalFeatureFloat:
-        return readValue<double>(wrapper);
+        return Ask::value<double>(*wrapper).value;
     case ZalFeatureBool:
-        return readValue<bool>(wrapper) ? 1.0 : 0.0;
+        return Ask::value<bool>(*wrapper).value ? 1.0 : 0.0;
     case ZalFeatureInteger:
-        return static_cast<double>(readValue<long long>(wrapper));
+        return static_cast<double>(Ask::value<long long>(*wrapper).value);
     default:
         return -1.0;
     }
@@ -172,10 +88,7 @@ double FeatureManager::GetValue(const QString& name) const
 // NOLINTNEXTLINE(performance-unnecessary-value-param): takes its own reference by contract.
 QString FeatureManager::GetStringValue(ZalFeatureWrapperPtr wrapper)
 {
-    std::string text;
-    if (!wrapper || wrapper->GetValue(text) != ZalErrorSuccess)
-        return QString();
-    return QString::fromStdString(text);
+    return wrapper ? Ask::text(*wrapper).value : QString();
 }
 
 QString FeatureManager::GetStringValue(const QString& name, const QString& altName) const
@@ -212,9 +125,9 @@ double FeatureManager::GetIncrement(const QString& name, const QString& altName)
         return -1.0;
     switch (GetDataType(wrapper)) {
     case ZalFeatureInteger:
-        return static_cast<double>(readIncrement<long long>(wrapper));
+        return static_cast<double>(Ask::increment<long long>(*wrapper).value);
     case ZalFeatureFloat:
-        return readIncrement<double>(wrapper);
+        return Ask::increment<double>(*wrapper).value;
     default:
         return -1.0;
     }
@@ -233,7 +146,7 @@ double FeatureManager::GetValueIsWritableRangeIncrement(const QString& name, con
     if (!wrapper)
         return -1.0;
     *writable = GetIsWritable(wrapper);
-    const Limits limits = readLimits(wrapper);
+    const Limits limits = readLimits(*wrapper);
     *writable = *writable && limits.numeric;
     *min = limits.min;
     *max = limits.max;
@@ -261,7 +174,7 @@ double FeatureManager::GetValueRangeIncrement(const QString& name, const QString
     const ZalFeatureWrapperPtr wrapper = GetFeatureByName(name, altName, altName2);
     if (!wrapper)
         return -1.0;
-    const Limits limits = readLimits(wrapper);
+    const Limits limits = readLimits(*wrapper);
     *min = limits.min;
     *max = limits.max;
     *inc = limits.increment;
@@ -286,7 +199,7 @@ double FeatureManager::GetValueRange(const QString& name, const QString& altName
     const ZalFeatureWrapperPtr wrapper = GetFeatureByName(name, altName, altName2);
     if (!wrapper)
         return -1.0;
-    const Limits limits = readLimits(wrapper);
+    const Limits limits = readLimits(*wrapper);
     *min = limits.min;
     *max = limits.max;
     return limits.value;
@@ -315,19 +228,8 @@ double FeatureManager::SetValue(const QString& name, const QString& altName,
     const ZalFeatureWrapperPtr wrapper = GetFeatureByName(name, altName, altName2);
     if (!wrapper)
         return value;
-    // The answer is not used; asking belongs to the defined sequence of camera calls.
-    std::string ownName;
-    wrapper->GetName(ownName);
-    switch (GetDataType(wrapper)) {
-    case ZalFeatureFloat:
-        return writeFloat(wrapper, name, value);
-    case ZalFeatureBool:
-        return writeBool(wrapper, name, value);
-    case ZalFeatureInteger:
-        return writeInteger(wrapper, name, value);
-    default:
-        return value;
-    }
+    NumberWrite write(wrapper, name, NumberWrite::Silence::CountsAsNeutral);
+    return write.run(value).value.value_or(value);
 }
 
 double FeatureManager::SetValue(const QString& name, const QString& altName, double value) const
@@ -366,4 +268,43 @@ bool FeatureManager::RunCommand(const QString& name) const
 {
     const ZalFeatureWrapperPtr wrapper = GetFeatureByName(name);
     return wrapper && wrapper->RunCommand() == ZalErrorSuccess;
+}
+
+Answer<QString> FeatureManager::AskStringValue(const QString& name) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    return found.value ? Ask::text(*found.value) : Answer<QString>{QString(), found.status};
+}
+
+Answer<FeatureRange> FeatureManager::AskRange(const QString& name) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    if (!found.value)
+        return {FeatureRange(), found.status};
+    const Limits limits = readLimits(*found.value);
+    return {{limits.min, limits.max}, limits.status};
+}
+
+Written<double> FeatureManager::TrySetValue(const QString& name, double value) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    if (found.isMissing())
+        return {std::nullopt, true};
+    if (!found.value)
+        return {value, false};
+    return NumberWrite(found.value, name, NumberWrite::Silence::Ends).run(value);
+}
+
+Written<QString> FeatureManager::TrySetValue(const QString& name, const QString& value) const
+{
+    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    if (found.isMissing())
+        return {std::nullopt, true};
+    if (!found.value)
+        return {QString(), false};
+    const ZalErrorType status = found.value->SetValue(value.toUtf8().constData());
+    const Answer<QString> current = AskStringValue(name);
+    if (current.isMissing())
+        return {std::nullopt, true};
+    return {current.value, IsUnanswered(status)};
 }

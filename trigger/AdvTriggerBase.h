@@ -16,11 +16,6 @@ class QTableWidget;
 class QTreeView;
 class SettingsTreeModel;
 
-namespace PresetFile {
-struct Plan;
-struct Step;
-} // namespace PresetFile
-
 /// The engine below the trigger tab and the advanced dialog: binds the widgets of a form to camera
 /// features by their object names, so that the forms need no code per feature.
 ///
@@ -95,7 +90,8 @@ protected:
 
     /// Writes one feature and compares what the camera then has. Numbers are clamped to the
     /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
-    /// nothing on success and where the camera lacks the feature or does not let it be written.
+    /// nothing on success and where the camera lacks the feature or does not let it be written. A
+    /// question that the camera left unanswered is a line too, without a current value.
     QString SetFeatureValue(const QString& feature, const QVariant& value);
 
     /// Clears the box and fills it with the presets for this camera from `applicationDir`/plugins.
@@ -160,12 +156,8 @@ private:
     double ShowValue(QCheckBox& box, const QString& feature);
 
     double WriteNumber(const QWidget& widget, double value);
-    double WithinRange(const QString& feature, const QVariant& value) const;
 
     void ApplyTurnOffBefore(const QComboBox& presets, int index);
-    QString ApplyPlan(const PresetFile::Plan& plan);
-    QString ApplyStep(const PresetFile::Step& step);
-    QString ApplyValue(const PresetFile::Step& step, const QString& value);
     void ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors);
 
     static const TableColumn& TableColumnAt(int column);

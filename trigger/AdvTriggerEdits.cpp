@@ -3,6 +3,7 @@
 #include "features/NumberConversions.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/BoundWidget.h"
+#include "trigger/PresetRunner.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -65,41 +66,5 @@ double AdvTriggerBase::WriteNumber(const QWidget& widget, double value)
 
 QString AdvTriggerBase::SetFeatureValue(const QString& feature, const QVariant& value)
 {
-    if (!m_featureManager->GetIsFeatureAvailable(feature) ||
-        !m_featureManager->GetIsWritable(feature))
-        return QString();
-    QVariant requested = value;
-    QVariant actual;
-    switch (m_featureManager->GetDataType(feature)) {
-    case ZalFeatureBool:
-        requested = value.toBool();
-        actual = m_featureManager->SetValue(feature, requested.toBool() ? 1.0 : 0.0);
-        break;
-    case ZalFeatureInteger:
-    case ZalFeatureFloat:
-        requested = WithinRange(feature, value);
-        actual = m_featureManager->SetValue(feature, requested.toDouble());
-        break;
-    default:
-        actual = m_featureManager->SetValue(feature, value.toString());
-    }
-    if (actual == requested)
-        return QString();
-    return tr("  Failed to set %1 = %2, Current value: '%3'\n")
-        .arg(feature, value.toString(), actual.toString());
-}
-
-double AdvTriggerBase::WithinRange(const QString& feature, const QVariant& value) const
-{
-    double min = -1.0;
-    double max = -1.0;
-    m_featureManager->GetValueRange(feature, &min, &max);
-    if (value.toString() == QLatin1String("<max>"))
-        return max;
-    if (value.toString() == QLatin1String("<min>"))
-        return min;
-    const double number = value.toDouble();
-    if (number < min)
-        return min;
-    return number > max ? max : number;
+    return PresetRunner(*m_featureManager).SetFeatureValue(feature, value);
 }

@@ -3,6 +3,7 @@
 #include "features/RichText.h"
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/PresetFile.h"
+#include "trigger/PresetRunner.h"
 #include "trigger/SettingsTreeModel.h"
 
 #include <QComboBox>
@@ -75,7 +76,7 @@ void AdvTriggerBase::OnSelectPreset(int index)
     // Whoever owns the form may have destroyed it while an error box was open.
     if (!engine || !presets)
         return;
-    const QString errors = ApplyPlan(PlanAt(*presets, index));
+    const QString errors = PresetRunner(*m_featureManager).Run(PlanAt(*presets, index));
     if (!errors.isEmpty())
         ShowPresetErrors(presets, errors);
     if (engine)
@@ -91,43 +92,6 @@ void AdvTriggerBase::ApplyTurnOffBefore(const QComboBox& presets, int index)
     const bool keepsState = preset == CUSTOM_PRESET || preset == RESET_PRESET;
     if (turnOff >= 0 && turnOff != index && !keepsState)
         OnSelectPreset(turnOff);
-}
-
-QString AdvTriggerBase::ApplyPlan(const PresetFile::Plan& plan)
-{
-    QString errors;
-    for (const PresetFile::Step& step : plan.steps)
-        errors += ApplyStep(step);
-    if (!plan.command.isEmpty() && !m_featureManager->RunCommand(plan.command))
-        errors += tr("  Executing '%1' failed.").arg(plan.command);
-    return errors;
-}
-
-QString AdvTriggerBase::ApplyStep(const PresetFile::Step& step)
-{
-    if (!step.forEveryEntry)
-        return ApplyValue(step, step.value);
-    const QStringList entries = m_featureManager->GetAvailableEnumEntries(step.feature);
-    const QString lastEntry =
-        step.namesLastEntry ? step.lastEntry : m_featureManager->GetStringValue(step.feature);
-    QString errors;
-    for (const QString& entry : entries)
-        errors += ApplyValue(step, entry);
-    // Its failure is no news: the entry was, or was not, reached on the way.
-    if (!lastEntry.isEmpty())
-        SetFeatureValue(step.feature, lastEntry);
-    return errors;
-}
-
-/// What depends on a value that the camera did not take would end up under another one.
-QString AdvTriggerBase::ApplyValue(const PresetFile::Step& step, const QString& value)
-{
-    QString errors = SetFeatureValue(step.feature, value);
-    if (!errors.isEmpty())
-        return errors;
-    for (auto it = step.dependents.begin(); it != step.dependents.end(); ++it)
-        errors += SetFeatureValue(it.key(), it.value());
-    return errors;
 }
 
 void AdvTriggerBase::ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors)

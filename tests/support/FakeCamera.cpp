@@ -158,6 +158,14 @@ void FakeCamera::failNthCall(int n, ZalErrorType status)
     const std::lock_guard<std::mutex> lock(mutex);
     failCountdown = n;
     failCountdownStatus = status;
+    failAfterCountdown = false;
+}
+
+void FakeCamera::failFromNthCall(int n, ZalErrorType status)
+{
+    failNthCall(n, status);
+    const std::lock_guard<std::mutex> lock(mutex);
+    failAfterCountdown = true;
 }
 
 void FakeCamera::failEverything(ZalErrorType status)
@@ -184,8 +192,11 @@ ZalErrorType FakeCamera::enter(const std::string& operation, const std::string& 
     }
     if (failAll)
         return failAll;
-    if (failCountdown > 0 && --failCountdown == 0)
+    if (failCountdown > 0 && --failCountdown == 0) {
+        if (failAfterCountdown)
+            failAll = failCountdownStatus;
         return failCountdownStatus;
+    }
     if (failing.empty())
         return ZalErrorSuccess;
     const auto it = failing.find({operation, feature});

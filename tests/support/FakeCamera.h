@@ -56,6 +56,8 @@ public:
                   ZalErrorType status = ZalErrorTransport);
     /// The n-th call from now on (1 is the next one), whatever it is, fails.
     void failNthCall(int n, ZalErrorType status = ZalErrorTransport);
+    /// The n-th call from now on and every one after it fail.
+    void failFromNthCall(int n, ZalErrorType status = ZalErrorNotOpen);
     /// From now on every call fails, as after the loss of the camera.
     void failEverything(ZalErrorType status = ZalErrorNotOpen);
     void clearFailures();
@@ -90,6 +92,7 @@ private:
     std::map<std::pair<std::string, std::string>, ZalErrorType> failing;
     int failCountdown = 0;
     ZalErrorType failCountdownStatus = 0;
+    bool failAfterCountdown = false;
     ZalErrorType failAll = 0;
     ZalCPP::FeatureList list;
     std::vector<FakeFeaturePtr> fakes;

@@ -63,6 +63,7 @@ private slots:
     void removedFeatureLeavesNoTrace();
     void failCallHitsOneOperationOnly();
     void failNthCallHitsExactlyOneCall();
+    void failFromNthCallHitsThatCallAndAllAfterIt();
     void failEverythingLastsUntilCleared();
     void logHoldsCallsAndWritesInOrder();
     void writeHookMayChangeOtherFeatures();
@@ -327,6 +328,19 @@ void tst_FakeCamera::failNthCallHitsExactlyOneCall()
     long long value = 0;
     QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
     QCOMPARE(feature->GetIntegerValue(value), ZalErrorTransport);
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+}
+
+void tst_FakeCamera::failFromNthCallHitsThatCallAndAllAfterIt()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    camera.failFromNthCall(2, ZalErrorTimeout);
+    long long value = 0;
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorTimeout);
+    QCOMPARE(feature->SetIntegerValue(4), ZalErrorTimeout);
+    camera.clearFailures();
     QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
 }
 

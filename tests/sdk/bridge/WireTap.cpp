@@ -2,7 +2,6 @@
 
 #include <arv.h>
 
-#include <map>
 #include <mutex>
 #include <utility>
 

@@ -1,0 +1,121 @@
+#include "trigger/PresetRunner.h"
+
+#include "features/FeatureManager.h"
+
+PresetRunner::PresetRunner(const FeatureManager& featureManager) : m_features(featureManager) {}
+
+QString PresetRunner::Run(const PresetFile::Plan& plan) const
+{
+    QString errors;
+    for (const PresetFile::Step& step : plan.steps)
+        errors += step.forEveryEntry ? RunForEveryEntry(step) : RunValue(step, step.value);
+    if (!plan.command.isEmpty() && !m_features.RunCommand(plan.command))
+        errors += tr("  Executing '%1' failed.").arg(plan.command);
+    return errors;
+}
+
+QString PresetRunner::RunForEveryEntry(const PresetFile::Step& step) const
+{
+    const auto entries = m_features.AskEnumEntries(step.feature);
+    Answer<QString> lastEntry{step.lastEntry};
+    if (!step.namesLastEntry)
+        lastEntry = m_features.AskStringValue(step.feature);
+    // Without the way back the feature had better stay where it is.
+    if (lastEntry.isMissing())
+        return ErrorLine(step.feature, step.value);
+    QString errors;
+    if (entries.isMissing())
+        errors = ErrorLine(step.feature, step.value);
+    for (const OfferedEntry& entry : entries.value) {
+        if (entry.available.isMissing())
+            errors += ErrorLine(step.feature, entry.name);
+        else if (entry.available.value)
+            errors += RunValue(step, entry.name);
+    }
+    return errors + PutBack(step.feature, lastEntry.value);
+}
+
+/// A refusal is no news: the entry was, or was not, reached on the way. A write that got lost
+/// leaves another entry selected than anybody expects.
+QString PresetRunner::PutBack(const QString& feature, const QString& entry) const
+{
+    if (entry.isEmpty())
+        return QString();
+    const Outcome outcome = Write(feature, entry);
+    return outcome.unanswered ? outcome.error : QString();
+}
+
+/// What depends on a value that the camera did not take would end up under another one.
+QString PresetRunner::RunValue(const PresetFile::Step& step, const QString& value) const
+{
+    QString errors = SetFeatureValue(step.feature, value);
+    if (!errors.isEmpty())
+        return errors;
+    for (auto it = step.dependents.begin(); it != step.dependents.end(); ++it)
+        errors += SetFeatureValue(it.key(), it.value());
+    return errors;
+}
+
+QString PresetRunner::SetFeatureValue(const QString& feature, const QVariant& value) const
+{
+    return Write(feature, value).error;
+}
+
+PresetRunner::Outcome PresetRunner::Write(const QString& feature, const QVariant& value) const
+{
+    const Answer<bool> writable = m_features.AskIsWritable(feature);
+    if (writable.isMissing())
+        return {ErrorLine(feature, value), true};
+    if (!writable.value)
+        return {};
+    const Answer<ZalFeatureDataType> type = m_features.AskDataType(feature);
+    if (type.isMissing())
+        return {ErrorLine(feature, value), true};
+    switch (type.value) {
+    case ZalFeatureBool:
+        return Compared({feature, value, value.toBool()},
+                        m_features.TrySetValue(feature, value.toBool() ? 1.0 : 0.0));
+    case ZalFeatureInteger:
+    case ZalFeatureFloat:
+        return WriteNumber(feature, value);
+    default:
+        return Compared({feature, value, value}, m_features.TrySetValue(feature, value.toString()));
+    }
+}
+
+PresetRunner::Outcome PresetRunner::WriteNumber(const QString& feature, const QVariant& value) const
+{
+    const Answer<FeatureRange> range = m_features.AskRange(feature);
+    if (range.isMissing())
+        return {ErrorLine(feature, value), true};
+    const double requested = WithinRange(value, range.value);
+    return Compared({feature, value, requested}, m_features.TrySetValue(feature, requested));
+}
+
+double PresetRunner::WithinRange(const QVariant& value, const FeatureRange& range)
+{
+    if (value.toString() == QLatin1String("<max>"))
+        return range.max;
+    if (value.toString() == QLatin1String("<min>"))
+        return range.min;
+    const double number = value.toDouble();
+    if (number < range.min)
+        return range.min;
+    return number > range.max ? range.max : number;
+}
+
+template <typename T>
+PresetRunner::Outcome PresetRunner::Compared(const Wish& wish, const Written<T>& written)
+{
+    const QVariant actual = written.value ? QVariant(*written.value) : QVariant();
+    if (written.value && actual == wish.requested)
+        return {QString(), written.unanswered};
+    return {ErrorLine(wish.feature, wish.value, actual), written.unanswered};
+}
+
+QString PresetRunner::ErrorLine(const QString& feature, const QVariant& value,
+                                const QVariant& current)
+{
+    return tr("  Failed to set %1 = %2, Current value: '%3'\n")
+        .arg(feature, value.toString(), current.toString());
+}
