@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
 namespace {
 
 constexpr quint16 X11_PORT = 6000; // Of display 0; the others follow.
@@ -67,6 +69,13 @@ public:
 private:
     ChildProcess server;
     QByteArray number;
+};
+
+/// Hands its own deafness to ended children on to the program.
+class HeedlessProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override { std::signal(SIGCHLD, SIG_IGN); }
 };
 
 /// Lets in only who shows the cookie that nobody has.
@@ -135,6 +144,16 @@ private slots:
         QCOMPARE(outcome.exitCode, int(ExitNoDisplay));
         QCOMPARE(outcome.complaint, "ZalViewer: " + complaint);
         QCOMPARE(outcome.output, QString());
+    }
+
+    void launcherThatIgnoresItsChildrenMakesNoDifference()
+    {
+        HeedlessProcess process;
+        process.setProcessEnvironment(environmentWith({{"DISPLAY", ":98765"}}));
+        process.start(VIEWER, QStringList());
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), int(ExitNoDisplay));
     }
 
     void displayThatNeverAnswersIsGivenUp()

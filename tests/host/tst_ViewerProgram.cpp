@@ -124,7 +124,9 @@ private slots:
         const int emptyWithImage = pixelsWithoutImage(image);
         shoot({"--acquire", "off"});
         const int emptyWithoutImage = pixelsWithoutImage(QImage(folder.filePath("shot.png")));
-        QVERIFY(emptyWithImage < emptyWithoutImage / 2);
+        constexpr int smallImage = 160 * 120;
+        QVERIFY2(emptyWithImage + smallImage < emptyWithoutImage,
+                 qPrintable(QString("%1 %2").arg(emptyWithImage).arg(emptyWithoutImage)));
     }
 
     void paletteShowsInTheScreenshot_data()
@@ -265,7 +267,7 @@ private slots:
         QCOMPARE(outcome.exitCode, int(ExitSuccess));
         const QStringList columns = outcome.output.trimmed().split('\t');
         QCOMPARE(columns.size(), 5);
-        QCOMPARE(columns[0], QString::fromStdString(simulator->CameraId()));
+        QVERIFY2(columns[0].endsWith("-SIM0042"), qPrintable(outcome.output));
         QCOMPARE(columns[1], QString("Tarsel Imaging GmbH"));
         QVERIFY(!columns[2].isEmpty());
         QCOMPARE(columns[3], QString("SIM0042"));
