@@ -124,8 +124,8 @@ private slots:
         const int emptyWithImage = pixelsWithoutImage(image);
         shoot({"--acquire", "off"});
         const int emptyWithoutImage = pixelsWithoutImage(QImage(folder.filePath("shot.png")));
-        constexpr int smallImage = 160 * 120;
-        QVERIFY2(emptyWithImage + smallImage < emptyWithoutImage,
+        // The view is narrow in this window, and the image low.
+        QVERIFY2(emptyWithImage < emptyWithoutImage * 9 / 10,
                  qPrintable(QString("%1 %2").arg(emptyWithImage).arg(emptyWithoutImage)));
     }
 
