@@ -9,7 +9,6 @@ namespace {
 void writeLine(FILE* stream, const QString& text)
 {
     std::fprintf(stream, "%s\n", qPrintable(text));
-    std::fflush(stream);
 }
 
 } // namespace

@@ -25,10 +25,8 @@ void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
 /// The part of the child: ends the process with 0 when Qt can connect to the display.
 [[noreturn]] void tryDisplay()
 {
-    std::signal(SIGALRM, SIG_DFL);
     ::alarm(PATIENCE_S);
     qInstallMessageHandler(endQuietly);
-    QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
     char name[] = "ZalViewer";
     char* arguments[] = {name, nullptr};
     int count = 1;

@@ -78,12 +78,10 @@ QImage copyPixels(const ZalCPP::Frame& frame, const Layout& layout)
 
 bool isComplete(const ZalCPP::Frame& frame, const Layout& layout)
 {
-    constexpr std::uint32_t largestSide = 65536;
     if (frame.width == 0 || frame.height == 0)
         return false;
-    if (frame.width > largestSide || frame.height > largestSide)
-        return false;
-    return frame.pixels.size() >= std::size_t{frame.width} * frame.height * layout.bytesPerPixel;
+    // The product of all three may be more than a number can hold.
+    return frame.pixels.size() / (frame.width * layout.bytesPerPixel) >= frame.height;
 }
 
 } // namespace

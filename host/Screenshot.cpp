@@ -24,8 +24,8 @@ Screenshot::Screenshot(QWidget& window, const CameraSession& session, const QStr
     QTimer::singleShot(delay, this, [this] {
         m_delayOver = true;
         takeWhenReady();
+        QTimer::singleShot(LONGEST_WAIT_FOR_FRAMES, this, &Screenshot::take);
     });
-    QTimer::singleShot(delay + LONGEST_WAIT_FOR_FRAMES, this, &Screenshot::take);
 }
 
 void Screenshot::takeWhenReady()

@@ -151,6 +151,14 @@ private slots:
         QVERIFY(!session->isAcquiring());
     }
 
+    void lossOfAnIdleCameraIsNoChangeOfTheAcquisition()
+    {
+        const QSignalSpy changes(session.get(), &CameraSession::acquisitionChanged);
+        camera->lose();
+        QTRY_VERIFY(session->isLost());
+        QCOMPARE(changes.count(), 0);
+    }
+
     void lostCameraIsNotAskedToStartOrStop()
     {
         session->setAcquiring(true);

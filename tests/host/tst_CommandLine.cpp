@@ -147,6 +147,14 @@ private slots:
         QVERIFY2(line.text.contains(text), qPrintable(line.text));
     }
 
+    void printedTextsEndWithoutAnEmptyLine()
+    {
+        for (const char* option : {"--help", "--version"}) {
+            const QString text = read({option}).text;
+            QCOMPARE(text, text.trimmed());
+        }
+    }
+
     void helpBeatsOtherFaults()
     {
         QCOMPARE(read({"--help", "--size", "huge"}).action, Action::ShowText);
@@ -197,6 +205,20 @@ private slots:
         QTEST(line.text, "sentence");
     }
 
+    void delayLimitsThemselvesAreAllowed_data()
+    {
+        QTest::addColumn<int>("delay");
+        QTest::newRow("shortest") << 0;
+        QTest::newRow("longest") << 60000;
+    }
+    void delayLimitsThemselvesAreAllowed()
+    {
+        QFETCH(int, delay);
+        const CommandLine line = read({"--screenshot", "a.png", "--delay", QString::number(delay)});
+        QCOMPARE(line.action, Action::Run);
+        QCOMPARE(line.options.screenshotDelay, delay);
+    }
+
     void sizeLimitsThemselvesAreAllowed_data()
     {
         QTest::addColumn<QSize>("size");
@@ -207,7 +229,9 @@ private slots:
     {
         QFETCH(QSize, size);
         const QString text = QString("%1x%2").arg(size.width()).arg(size.height());
-        QCOMPARE(read({"--size", text}).options.windowSize, size);
+        const CommandLine line = read({"--size", text});
+        QCOMPARE(line.action, Action::Run);
+        QCOMPARE(line.options.windowSize, size);
     }
 };
 

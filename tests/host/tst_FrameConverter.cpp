@@ -131,6 +131,9 @@ private slots:
         QTest::newRow("no height") << 0x01080001U << 2U << 0U << 4;
         QTest::newRow("absurd width") << 0x01080001U << 0xFFFFFFFFU << 1U << 4;
         QTest::newRow("absurd height") << 0x01080001U << 1U << 0xFFFFFFFFU << 4;
+        // 2^64 and 5492 bytes.
+        QTest::newRow("more bytes than can be counted")
+            << 0x02180014U << 3000124093U << 2049553452U << 5493;
     }
     void incompleteImageIsRefused()
     {

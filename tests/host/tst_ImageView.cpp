@@ -16,6 +16,20 @@ QImage paint(ImageView& view)
     return view.grab().toImage();
 }
 
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
 } // namespace
 
 class tst_ImageView : public QObject
@@ -78,6 +92,65 @@ private slots:
         const QImage second = paint(view);
         QCOMPARE(second.pixel(1, 1), ImageView::backgroundColour().rgb());
         QVERIFY(second != first);
+    }
+
+    void newContentIsPaintedByItself_data()
+    {
+        QTest::addColumn<bool>("image");
+        QTest::newRow("image") << true;
+        QTest::newRow("text") << false;
+    }
+    void newContentIsPaintedByItself()
+    {
+        QFETCH(bool, image);
+        PaintCounter paints;
+        ImageView view;
+        view.installEventFilter(&paints);
+        view.show();
+        QTRY_VERIFY(paints.count > 0);
+        QCoreApplication::processEvents();
+        const int before = paints.count;
+        if (image)
+            view.showImage(plainImage({20, 20}, Qt::red));
+        else
+            view.showText("Text");
+        QTRY_VERIFY(paints.count > before);
+    }
+
+    void textIsWhite()
+    {
+        ImageView view;
+        view.resize(200, 200);
+        view.showText("\u2588\u2588\u2588\u2588");
+        const QImage painted = paint(view);
+        bool white = false;
+        for (int x = 0; x < painted.width(); ++x)
+            white = white || painted.pixelColor(x, 100) == QColor(Qt::white);
+        QVERIFY(white);
+    }
+
+    void enlargedImageIsSmooth()
+    {
+        QImage image(2, 1, QImage::Format_RGB888);
+        image.setPixelColor(0, 0, Qt::black);
+        image.setPixelColor(1, 0, Qt::white);
+        ImageView view;
+        view.resize(200, 200);
+        view.showImage(image);
+        const int grey = paint(view).pixelColor(99, 100).lightness();
+        QVERIFY2(grey > 20 && grey < 235, qPrintable(QString::number(grey)));
+    }
+
+    void hasRoomFromTheStart()
+    {
+        const ImageView view;
+        QCOMPARE(view.sizeHint(), QSize(640, 480));
+        QCOMPARE(view.minimumSize(), QSize(160, 120));
+    }
+
+    void isNotErasedBeforeItIsPainted()
+    {
+        QVERIFY(ImageView().testAttribute(Qt::WA_OpaquePaintEvent));
     }
 
     void screenReadersFindIt() { QCOMPARE(ImageView().accessibleName(), QString("Live image")); }

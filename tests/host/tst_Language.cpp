@@ -33,7 +33,8 @@ void choose(const QList<QByteArray>& arguments)
     std::vector<const char*> argv{"ZalViewer"};
     for (const QByteArray& argument : arguments)
         argv.push_back(argument.constData());
-    Language::choose(int(argv.size()), argv.data());
+    argv.push_back("de"); // Not an argument any more.
+    Language::choose(int(argv.size()) - 1, argv.data());
 }
 
 } // namespace

@@ -8,10 +8,22 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
+#include <QSplitter>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+
+namespace {
+
+/// Whether the icon fills the corner that a triangle pointing to the right leaves free.
+bool isSquare(const QIcon& icon)
+{
+    return icon.pixmap(32, 32).toImage().pixelColor(24, 8).alpha() == 255;
+}
+
+} // namespace
 
 class tst_MainWindow : public QObject
 {
@@ -181,6 +193,8 @@ private slots:
         clickAcquire();
         QVERIFY(!acquire().isChecked());
         QVERIFY(label("notice").isVisible());
+        QCOMPARE(label("notice").text(), QString("The acquisition did not stop cleanly. "
+                                                 "The camera did not answer in time."));
         QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
     }
 
@@ -269,6 +283,73 @@ private slots:
         QVERIFY(imageView().width() >= imageView().minimumWidth());
     }
 
+    void roomOfALargerWindowGoesToTheImage()
+    {
+        addExtension("NamelessTab");
+        const auto* area = window->findChild<QWidget*>("extensionArea");
+        QTRY_VERIFY(area->width() > 0);
+        const int tabs = area->width();
+        const int image = imageView().width();
+        window->resize(window->width() + 300, window->height());
+        QTRY_COMPARE(imageView().width(), image + 300);
+        QCOMPARE(area->width(), tabs);
+    }
+
+    void neitherImageNorTabsCanBeDraggedAway()
+    {
+        auto* splitter = window->findChild<QSplitter*>();
+        splitter->setSizes({0, 5000});
+        QVERIFY(splitter->sizes().at(0) >= 160);
+        splitter->setSizes({5000, 0});
+        QVERIFY(splitter->sizes().at(1) >= 374);
+    }
+
+    void toolBarStaysWhereItIs()
+    {
+        const auto* bar = window->findChild<QToolBar*>("toolBar");
+        QVERIFY(!bar->isMovable());
+        QCOMPARE(bar->contextMenuPolicy(), Qt::PreventContextMenu);
+    }
+
+    void buttonShowsWhatItDoes()
+    {
+        const auto* bar = window->findChild<QToolBar*>("toolBar");
+        QCOMPARE(bar->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+        QCOMPARE(acquire().toolTip(), QString("Start the acquisition (F5)"));
+        QVERIFY(!isSquare(acquire().icon()));
+        clickAcquire();
+        QCOMPARE(acquire().toolTip(), QString("Stop the acquisition (F5)"));
+        QVERIFY(isSquare(acquire().icon()));
+    }
+
+    void statusBarEndsWithTheCamera()
+    {
+        const int right = label("cameraName").mapTo(window.get(), QPoint()).x();
+        QVERIFY(right > window->width() / 2);
+        QVERIFY(label("frameCounter").mapTo(window.get(), QPoint()).x() < window->width() / 2);
+    }
+
+    void textsOfTheCameraAreShownAsTheyAre_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"acquisitionState", "frameCounter", "cameraName", "notice"})
+            QTest::newRow(name) << QString(name);
+    }
+    void textsOfTheCameraAreShownAsTheyAre()
+    {
+        QFETCH(QString, name);
+        QCOMPARE(label(name.toLatin1()).textFormat(), Qt::PlainText);
+    }
+
+    void noticeStandsOut()
+    {
+        camera->startStatus = ZalErrorTimeout;
+        clickAcquire();
+        const QImage bar = label("notice").grab().toImage();
+        QCOMPARE(bar.pixelColor(1, 1), QColor(0xf6, 0xc3, 0x43));
+        QVERIFY(label("notice").wordWrap());
+    }
+
     void tabsGrowWithTheFont()
     {
         addExtension("NamelessTab");
@@ -293,6 +374,25 @@ private slots:
         applyPalette("light");
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 200);
         QVERIFY(QApplication::palette().color(QPalette::Text).lightness() < 60);
+        QApplication::setPalette(desktop);
+    }
+
+    void ownPaletteIsCompleteAndOfOneStyle()
+    {
+        const QPalette desktop = QApplication::palette();
+        applyPalette("light");
+        const QPalette light = QApplication::palette();
+        QApplication::setPalette(desktop);
+        QCOMPARE(QApplication::style()->objectName(), QString("fusion"));
+        QCOMPARE(light.color(QPalette::Disabled, QPalette::Text), QColor(Qt::gray));
+        QCOMPARE(light.color(QPalette::Disabled, QPalette::WindowText), QColor(Qt::gray));
+        QCOMPARE(light.color(QPalette::Disabled, QPalette::ButtonText), QColor(Qt::gray));
+        QCOMPARE(light.color(QPalette::Highlight), QColor("#2a6fc4"));
+        QCOMPARE(light.color(QPalette::Link), QColor("#2a6fc4"));
+        QCOMPARE(light.color(QPalette::HighlightedText), QColor(Qt::white));
+        QCOMPARE(light.color(QPalette::ToolTipBase), QColor("#ffffff"));
+        QCOMPARE(light.color(QPalette::ToolTipText), QColor("#1c1c1c"));
+        QCOMPARE(light.color(QPalette::AlternateBase), QColor("#f0f0f0"));
     }
 };
 

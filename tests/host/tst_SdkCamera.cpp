@@ -53,7 +53,8 @@ private slots:
         CameraChoice choice;
         choice.model = "nonexistent";
         QVERIFY(!openCamera(choice, error));
-        QVERIFY(error.endsWith('.'));
+        QVERIFY2(error.contains("nonexistent"), qPrintable(error));
+        QVERIFY2(error.endsWith('.'), qPrintable(error));
     }
 
     void cameraThatIsNotThereGivesASentence()
@@ -101,6 +102,27 @@ private slots:
         acquire->trigger();
         QTRY_VERIFY(session.frameCount() >= 2);
         QVERIFY(count >= 3);
+    }
+
+    void nameIsMakerModelAndSerialNumber()
+    {
+        const std::unique_ptr<CameraDevice> camera = openCamera(CameraChoice(), error);
+        QVERIFY2(camera, qPrintable(error));
+        const QStringList words = camera->name().split(' ');
+        QVERIFY2(camera->name().startsWith("Tarsel Imaging GmbH "), qPrintable(camera->name()));
+        QVERIFY2(words.size() > 4 && !words.contains(QString()), qPrintable(camera->name()));
+    }
+
+    void lostCameraSaysSo()
+    {
+        std::string reason;
+        auto simulator = ZalSim::SimulatedCamera::Start({}, reason);
+        QVERIFY2(simulator, reason.c_str());
+        const std::unique_ptr<CameraDevice> camera =
+            openCamera(byId(QString::fromStdString(simulator->CameraId())), error);
+        QVERIFY2(camera, qPrintable(error));
+        simulator.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(camera->isLost(), 30000);
     }
 
     void windowSaysThatTheCameraIsLostAndStillCloses()

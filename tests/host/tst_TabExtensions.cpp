@@ -90,6 +90,7 @@ private slots:
         QCOMPARE(loaded[0].outcome, Outcome::Broken);
         QVERIFY2(loaded[0].sentence.startsWith("\"liar\" is not a plugin. "),
                  qPrintable(loaded[0].sentence));
+        QVERIFY2(loaded[0].sentence.contains(file.fileName()), qPrintable(loaded[0].sentence));
     }
 
     void extensionWithAMissingSymbolIsBrokenAndSaysWhich()
@@ -116,6 +117,14 @@ private slots:
         QCOMPARE(tab->property("features").toInt(), 5);
         QCOMPARE(tab->property("options").toStringList(), QStringList{"connectWidgetToSignal"});
         QVERIFY(tab->property("containerWasEmpty").toBool());
+    }
+
+    /// It chooses its colours then.
+    void newTabIsToldOfThePalette()
+    {
+        const std::vector<TabExtension> loaded = load(folderOf("GoodTab"));
+        QWidget* tab = loaded[0].page->findChild<QWidget*>("goodTab");
+        QCOMPARE(tab->property("paletteChanges").toInt(), 1);
     }
 
     void containersParentTellsTheTabOfTheAcquisition()
@@ -193,10 +202,34 @@ private slots:
     void areaWithoutExtensionsSaysSo()
     {
         ExtensionArea area;
+        QVERIFY(area.findChild<QTabWidget*>("tabWidget")->isHidden());
         area.add({});
         QCOMPARE(area.findChild<QLabel*>("extensionNotice")->text(),
                  QString("No tab extension was found."));
         QVERIFY(area.findChild<QTabWidget*>("tabWidget")->isHidden());
+    }
+
+    void longSentencesOfTheAreaCanBeReadAndCopied()
+    {
+        const ExtensionArea area;
+        const auto* notice = area.findChild<QLabel*>("extensionNotice");
+        QVERIFY(notice->wordWrap());
+        QCOMPARE(notice->textFormat(), Qt::PlainText);
+        QCOMPARE(notice->textInteractionFlags(), Qt::TextSelectableByMouse);
+        QCOMPARE(notice->alignment(), Qt::AlignCenter);
+    }
+
+    void tabFillsAreaAndPage()
+    {
+        ExtensionArea area;
+        area.add(load(folderOf("GoodTab")));
+        area.resize(600, 700);
+        area.show();
+        auto* tabs = area.findChild<QTabWidget*>("tabWidget");
+        QTRY_COMPARE(tabs->geometry(), area.rect());
+        auto* page = qobject_cast<TabPage*>(tabs->currentWidget());
+        QVERIFY(page);
+        QTRY_COMPARE(page->container().geometry(), page->rect());
     }
 
     void areaWithTabsOnlyHasNoNotice()

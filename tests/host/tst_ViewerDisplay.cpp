@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
 namespace {
 
 constexpr quint16 X11_PORT = 6000; // Of display 0; the others follow.
@@ -44,10 +46,10 @@ private:
 class WorkingDisplay
 {
 public:
-    explicit WorkingDisplay(const QStringList& options)
+    explicit WorkingDisplay(const QStringList& options, const QSize& size = {1280, 1024})
     {
-        const QStringList base{"-displayfd",   "1",         "-screen", "0",
-                               "1280x1024x24", "-nolisten", "tcp"};
+        const QString screen = QString("%1x%2x24").arg(size.width()).arg(size.height());
+        const QStringList base{"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"};
         server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         server.start("Xvfb", base + options);
         server.waitForReadyRead();
@@ -67,6 +69,13 @@ public:
 private:
     ChildProcess server;
     QByteArray number;
+};
+
+/// Hands its own deafness to ended children on to the program.
+class HeedlessProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override { std::signal(SIGCHLD, SIG_IGN); }
 };
 
 /// Lets in only who shows the cookie that nobody has.
@@ -137,6 +146,16 @@ private slots:
         QCOMPARE(outcome.output, QString());
     }
 
+    void launcherThatIgnoresItsChildrenMakesNoDifference()
+    {
+        HeedlessProcess process;
+        process.setProcessEnvironment(environmentWith({{"DISPLAY", ":98765"}}));
+        process.start(VIEWER, QStringList());
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), int(ExitNoDisplay));
+    }
+
     void displayThatNeverAnswersIsGivenUp()
     {
         SilentDisplay display;
@@ -174,6 +193,26 @@ private slots:
         QCOMPARE(outcome.exitCode, int(ExitBrokenExtension));
         QVERIFY2(outcome.complaint.contains("\"PlatformTab\" failed. xcb."),
                  qPrintable(outcome.complaint));
+    }
+
+    void windowIsAsLargeAsTheScreenAllows_data()
+    {
+        QTest::addColumn<QSize>("screen");
+        QTest::addColumn<QSize>("window");
+        QTest::newRow("more than enough") << QSize(1920, 1080) << QSize(1280, 860);
+        QTest::newRow("exactly enough") << QSize(1280, 860) << QSize(1280, 860);
+        QTest::newRow("too small") << QSize(1024, 768) << QSize(1024, 768);
+        QTest::newRow("too low") << QSize(1366, 768) << QSize(1280, 768);
+    }
+    void windowIsAsLargeAsTheScreenAllows()
+    {
+        QFETCH(QSize, screen);
+        const WorkingDisplay display({}, screen);
+        QVERIFY(display.isRunning());
+        open({{"DISPLAY", display.name()}},
+             {"--screenshot", "shot.png", "--delay", "0", "--acquire", "off", "--plugins",
+              extensionFolder("GoodTab")});
+        QTEST(QImage(folder.filePath("shot.png")).size(), "window");
     }
 
     void screenshotNeedsNoDisplay_data()

@@ -1,4 +1,5 @@
 #include "host/ExitCode.h"
+#include "host/ImageView.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/host/ViewerProcess.h"
 
@@ -23,6 +24,17 @@ QProcessEnvironment environmentIn(const QString& locale)
     environment.remove("LANGUAGE");
     environment.insert("LC_ALL", locale);
     return environment;
+}
+
+/// How much of a picture of the window is the image view's background.
+int pixelsWithoutImage(const QImage& picture)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixel(x, y) == ImageView::backgroundColour().rgb();
+    }
+    return count;
 }
 
 } // namespace
@@ -84,7 +96,7 @@ private slots:
         QTest::newRow("no such camera")
             << QStringList{"--camera", "no-such-camera"} << int(ExitNoCamera) << "no-such-camera";
         QTest::newRow("no camera at all")
-            << QStringList{"--camera", "first"} << int(ExitNoCamera) << "amera";
+            << QStringList{"--camera", "first"} << int(ExitNoCamera) << "No camera was found.";
         QTest::newRow("no camera to list")
             << QStringList{"--list"} << int(ExitNoCamera) << "No camera was found.";
     }
@@ -109,6 +121,12 @@ private slots:
         QCOMPARE(outcome.complaint, QString());
         const QImage image(folder.filePath("shot.png"), "PNG");
         QCOMPARE(image.size(), QSize(800, 600));
+        const int emptyWithImage = pixelsWithoutImage(image);
+        shoot({"--acquire", "off"});
+        const int emptyWithoutImage = pixelsWithoutImage(QImage(folder.filePath("shot.png")));
+        // The view is narrow in this window, and the image low.
+        QVERIFY2(emptyWithImage < emptyWithoutImage * 9 / 10,
+                 qPrintable(QString("%1 %2").arg(emptyWithImage).arg(emptyWithoutImage)));
     }
 
     void paletteShowsInTheScreenshot_data()
@@ -161,6 +179,23 @@ private slots:
         QTEST(outcome.exitCode, "exitCode");
         QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
         QVERIFY(QFile::exists(folder.filePath("shot.png")));
+    }
+
+    void extensionsBesideTheProgramAreLoadedByDefault()
+    {
+        const Outcome outcome = runViewer({"--screenshot", "shot.png", "--delay", "0", "--acquire",
+                                           "off", "--simulate", "foreign"});
+        QCOMPARE(outcome.exitCode, int(ExitSuccess));
+        QCOMPARE(outcome.complaint, QString("ZalViewer: The tab extension \"advtrigger\" does not "
+                                            "support this camera.\n"));
+    }
+
+    void openWindowSpeaksTheLanguageAskedFor()
+    {
+        const Outcome outcome =
+            shoot({"--plugins", extensionFolder("RefusingTab"), "--language", "de"});
+        QVERIFY2(outcome.complaint.contains("unterstützt diese Kamera nicht."),
+                 qPrintable(outcome.complaint));
     }
 
     void speaksTheLanguageOfTheDesktopOrTheOneAskedFor_data()
@@ -230,8 +265,13 @@ private slots:
         const Outcome outcome = runViewer({"--list"});
         QVERIFY(!outcome.crashed);
         QCOMPARE(outcome.exitCode, int(ExitSuccess));
-        QVERIFY2(outcome.output.contains("SIM0042"), qPrintable(outcome.output));
-        QVERIFY2(outcome.output.contains("127.0.0.1"), qPrintable(outcome.output));
+        const QStringList columns = outcome.output.trimmed().split('\t');
+        QCOMPARE(columns.size(), 5);
+        QVERIFY2(columns[0].endsWith("-SIM0042"), qPrintable(outcome.output));
+        QCOMPARE(columns[1], QString("Tarsel Imaging GmbH"));
+        QVERIFY(!columns[2].isEmpty());
+        QCOMPARE(columns[3], QString("SIM0042"));
+        QCOMPARE(columns[4], QString("127.0.0.1"));
     }
 
     void takenPortIsASentence()

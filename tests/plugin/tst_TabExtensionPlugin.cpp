@@ -1,5 +1,6 @@
 #include "plugin/TabExtensionPlugin.h"
 
+#include "plugin/TabExtensionException.h"
 #include "tests/plugin/HostWindow.h"
 #include "tests/support/FakeCamera.h"
 #include "tests/support/LogCapture.h"
@@ -16,20 +17,25 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
 using Options = QMap<QString, QVariant>;
 
-/// A broken SDK: its features throw.
-class ThrowingFeature : public Fake::FakeFeature
+/// Throws while a tab is under construction.
+template <class Exception> class ThrowingFeature : public Fake::FakeFeature
 {
 public:
-    using FakeFeature::FakeFeature;
-    ZalErrorType GetName(char*, std::uint32_t&) const override
+    template <typename... Arguments>
+    explicit ThrowingFeature(const Exception& toThrow, Arguments&&... arguments)
+        : FakeFeature(std::forward<Arguments>(arguments)...), exception(toThrow)
     {
-        throw std::runtime_error("broken");
     }
+    ZalErrorType GetName(char*, std::uint32_t&) const override { throw exception; }
+
+private:
+    Exception exception;
 };
 
 /// Captures the log from its first use on: a tab under construction silences the log, then looks
@@ -97,6 +103,7 @@ private slots:
     void refusedCameraLeavesTheContainerAsItWas();
     void nullFeatureListIsRefused();
     void refusalDoesNotSpoilTheNextCamera();
+    void everyRefusalGivesItsOwnCode();
     void otherExceptionsReachTheHost();
     void containerOwnsEverything();
     void eachContainerGetsItsOwnTab();
@@ -347,9 +354,19 @@ void tst_TabExtensionPlugin::refusalDoesNotSpoilTheNextCamera()
     QVERIFY(tabIn(*host->container));
 }
 
+void tst_TabExtensionPlugin::everyRefusalGivesItsOwnCode()
+{
+    const auto refusing = std::make_shared<ThrowingFeature<TabExtensionException>>(
+        TabExtensionException("Widget", "reason", 9), *camera, "Refusing", ZalFeatureInteger);
+    camera->features()->insert(camera->features()->begin(), refusing);
+    QCOMPARE(get(), 9);
+    QVERIFY(host->container->children().isEmpty());
+}
+
 void tst_TabExtensionPlugin::otherExceptionsReachTheHost()
 {
-    const auto broken = std::make_shared<ThrowingFeature>(*camera, "Broken", ZalFeatureInteger);
+    const auto broken = std::make_shared<ThrowingFeature<std::runtime_error>>(
+        std::runtime_error("broken"), *camera, "Broken", ZalFeatureInteger);
     camera->features()->insert(camera->features()->begin(), broken);
     QVERIFY_EXCEPTION_THROWN(get(), std::runtime_error);
     QVERIFY(!host->container->layout());

@@ -1,6 +1,7 @@
 // The built plugin file as a host meets it.
 #include "plugin/TabExtensionInterface.h"
 #include "tests/plugin/HostWindow.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/FakeCamera.h"
 #include "tests/support/LogCapture.h"
 
@@ -9,6 +10,7 @@
 #include <QLibrary>
 #include <QPluginLoader>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <dlfcn.h>
@@ -83,6 +85,7 @@ private slots:
     void tabIsBuiltAcrossTheLibraryBoundary();
     void refusalStaysInsideTheLibrary();
     void firstTabSilencesTheHost();
+    void silencedHostWritesNothingAtAll();
     void messageHandlerOutlivesUnloading();
     void fileIsLinkedNeverToBeUnloaded();
     void unloadedPluginCanBeLoadedAgain();
@@ -200,6 +203,24 @@ void tst_TabExtensionPluginFile::firstTabSilencesTheHost()
     qWarning("after");
     qCritical("after");
     QCOMPARE(log.lines(), QStringList{"default/warning before"});
+}
+
+// Seen from outside: a handler that passes the lines on to the console is none of ours either.
+void tst_TabExtensionPluginFile::silencedHostWritesNothingAtAll()
+{
+    const QTemporaryDir runtimeFolder; // Without one Qt has something to say, too.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_RUNTIME_DIR", runtimeFolder.path());
+    ChildProcess talkative;
+    talkative.setProcessEnvironment(environment);
+    talkative.start(TALKATIVE_HOST, QStringList());
+    QVERIFY(talkative.waitForFinished());
+    QCOMPARE(talkative.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(talkative.exitCode(), 0);
+    const QByteArray everything =
+        talkative.readAllStandardError() + talkative.readAllStandardOutput();
+    QCOMPARE(everything, QByteArray("before debug\nbefore info\nbefore warning\n"
+                                    "before critical\n"));
 }
 
 // The handler stays in use after the plugin was unloaded, so its code must stay as well.

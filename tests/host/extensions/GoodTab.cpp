@@ -1,9 +1,11 @@
 #include "tests/host/extensions/SmallTab.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QStringList>
 
-/// Keeps what it hears of the acquisition in the property "heard".
+/// Keeps what it hears of the acquisition in the property "heard", and how often it is told of
+/// another palette in the property "paletteChanges".
 class Listener : public QWidget
 {
     Q_OBJECT
@@ -16,6 +18,14 @@ public slots:
     {
         const QString word = streaming ? QStringLiteral("on") : QStringLiteral("off");
         setProperty("heard", property("heard").toStringList() + QStringList(word));
+    }
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange)
+            setProperty("paletteChanges", property("paletteChanges").toInt() + 1);
+        QWidget::changeEvent(event);
     }
 };
 
