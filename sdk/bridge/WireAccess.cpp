@@ -106,7 +106,8 @@ template <typename Write> gboolean writeThrough(ArvDevice* device, GError** erro
     wire->isTakenOver = isRefused(failure.get()) && isControlledBySomebodyElse(device);
     if (wire->isTakenOver)
         return failForTakenOver(error);
-    g_propagate_error(error, failure.release());
+    if (failure.get())
+        g_propagate_error(error, failure.release());
     return FALSE;
 }
 

@@ -111,7 +111,7 @@ void tst_zalcamsim::endsCleanlyOnSignals()
 {
     QFETCH(int, number);
     Server server;
-    server.Signal(number);
+    QVERIFY(server.process.signal(number));
     QVERIFY(server.Ends());
     QCOMPARE(server.process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(server.process.exitCode(), 0);
