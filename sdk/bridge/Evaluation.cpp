@@ -51,15 +51,16 @@ void Evaluation::addNode(ArvDomNode* node)
     });
 }
 
-// Asking an enumeration asks its entries, and asking a part of a structure asks the whole.
+// Asking a part of a structure asks the whole. The entries of an enumeration limit it: its number
+// is read without them, and they may well depend on it.
 void Evaluation::addProperties(ArvGcNode* owner, ArvDomNode* node)
 {
     if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
         connect(owner, Value, ARV_GC_NODE(arv_dom_node_get_parent_node(node)), Value);
     forEachChild(node, [&](ArvDomNode* child) {
         if (ARV_IS_GC_ENUM_ENTRY(child)) {
-            connect(owner, Value, ARV_GC_NODE(child), Value);
-            connect(owner, Value, ARV_GC_NODE(child), Gates);
+            connect(owner, Limits, ARV_GC_NODE(child), Value);
+            connect(owner, Limits, ARV_GC_NODE(child), Gates);
         }
         if (ARV_IS_GC_PROPERTY_NODE(child))
             addReference(owner, ARV_GC_PROPERTY_NODE(child));

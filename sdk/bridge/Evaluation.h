@@ -32,7 +32,7 @@ private:
     enum Question
     {
         Value,  ///< Also the address and the length of a register.
-        Limits, ///< Minimum, maximum and increment.
+        Limits, ///< Minimum, maximum, increment and entries.
         Gates,  ///< Whether it is implemented, available and locked.
         QuestionCount
     };

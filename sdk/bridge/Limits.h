@@ -30,8 +30,9 @@ constexpr std::size_t CategoryDepth = 32;
 
 /// Nodes that one question passes through one behind the other. Aravis follows them by recursion.
 constexpr std::size_t EvaluationDepth = 256;
-/// Nodes that one question visits in all. Formulas that use each other twice double it each time.
-constexpr std::size_t EvaluationSteps = 20000;
+/// Nodes that one question visits in all, for an enumeration those of all its entries. Formulas
+/// that use each other twice double it each time: thirty of them would take hours.
+constexpr std::size_t EvaluationSteps = 1000 * 1000;
 
 /// No display shows changes faster, and a camera is not to be flooded.
 constexpr std::chrono::milliseconds ShortestPollingTime{20};

@@ -409,7 +409,7 @@ ZalErrorType integerIncrement(const FeatureDescription& feature, long long& incr
     if (status == ZalErrorSuccess)
         status = getOrDefault(integerNode(feature), arv_gc_integer_get_inc, found);
     if (status == ZalErrorSuccess)
-        increment = std::max(found, 1LL);
+        increment = found < 0 ? 1 : found;
     return status;
 }
 

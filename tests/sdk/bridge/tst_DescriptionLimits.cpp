@@ -20,10 +20,12 @@ private slots:
     void circleIsListedWithoutAccess_data();
     void circleIsListedWithoutAccess();
     void limitsThatNameEachOtherAreNoCircle();
+    void entriesThatDependOnTheirEnumerationAreNoCircle();
     void chainBeyondAnyStackIsListedWithoutAccess();
     void formulasThatDoubleEachTimeAreListedWithoutAccess();
     void impossibleLengthIsListedWithoutAccess_data();
     void impossibleLengthIsListedWithoutAccess();
+    void usualLengthsAreUsable();
     void lengthFromTheCameraIsLimited();
     void payloadIsLimited_data();
     void payloadIsLimited();
@@ -31,8 +33,8 @@ private slots:
     void pollingTimeIsLimited();
     void entriesAreLimited();
     void deepCategoriesKeepTheirFeatures();
-    void incrementsBelowOneAreNone_data();
-    void incrementsBelowOneAreNone();
+    void negativeIncrementsAreNone_data();
+    void negativeIncrementsAreNone();
 
 private:
     void open(const QList<QByteArray>& features, const QByteArray& nodes);
@@ -186,6 +188,21 @@ void tst_DescriptionLimits::limitsThatNameEachOtherAreNoCircle()
     QCOMPARE(find("Offset")->SetIntegerValue(40), ZalErrorSuccess);
 }
 
+// One may leave an entry, but not come back.
+void tst_DescriptionLimits::entriesThatDependOnTheirEnumerationAreNoCircle()
+{
+    open({"A"}, "<Enumeration Name=\"A\"><EnumEntry Name=\"First\"><pIsAvailable>IsFirst"
+                "</pIsAvailable><Value>0</Value></EnumEntry><EnumEntry Name=\"Other\"><Value>1"
+                "</Value></EnumEntry><pValue>R</pValue></Enumeration><IntSwissKnife "
+                "Name=\"IsFirst\"><pVariable Name=\"X\">A</pVariable><Formula>X = 0</Formula>"
+                "</IntSwissKnife>" +
+                    reg("IntReg", "R", "0x4004", "4"));
+    QCOMPARE(text(find("A")), std::string("First"));
+    QCOMPARE(find("A")->SetStringValue("Other"), ZalErrorSuccess);
+    QCOMPARE(find("A")->SetStringValue("First"), ZalErrorNotAvailable);
+    QCOMPARE(text(find("A")), std::string("Other"));
+}
+
 void tst_DescriptionLimits::chainBeyondAnyStackIsListedWithoutAccess()
 {
     constexpr int length = 30000;
@@ -232,6 +249,18 @@ void tst_DescriptionLimits::impossibleLengthIsListedWithoutAccess()
     QFETCH(QByteArray, nodes);
     open({"A"}, nodes);
     verifyUnusable("A");
+}
+
+void tst_DescriptionLimits::usualLengthsAreUsable()
+{
+    open({"Data", "Text"},
+         reg("Register", "Data", "0x4100", "2048") + reg("StringReg", "Text", "0x4a00", "512"));
+    std::uint32_t count = 0;
+    QCOMPARE(find("Data")->GetRawValue(nullptr, count), ZalErrorSuccess);
+    QCOMPARE(count, 2048U);
+    const std::string longText(300, 'x');
+    QCOMPARE(find("Text")->SetStringValue(longText.c_str()), ZalErrorSuccess);
+    QCOMPARE(text(find("Text")), longText);
 }
 
 // It may be right at one time and wrong at another.
@@ -343,14 +372,14 @@ void tst_DescriptionLimits::deepCategoriesKeepTheirFeatures()
     QCOMPARE(names(*camera->Features()), (std::vector<std::string>{"A", "Plain"}));
 }
 
-void tst_DescriptionLimits::incrementsBelowOneAreNone_data()
+void tst_DescriptionLimits::negativeIncrementsAreNone_data()
 {
     QTest::addColumn<QByteArray>("increment");
-    for (const char* increment : {"0", "-4", "-9223372036854775808"})
+    for (const char* increment : {"-4", "-9223372036854775808"})
         QTest::newRow(increment) << QByteArray(increment);
 }
 
-void tst_DescriptionLimits::incrementsBelowOneAreNone()
+void tst_DescriptionLimits::negativeIncrementsAreNone()
 {
     QFETCH(QByteArray, increment);
     open({"A", "F"}, "<Integer Name=\"A\"><pValue>R</pValue><Inc>" + increment +
