@@ -35,7 +35,6 @@ protected:
 
 private:
     void onToggled(bool checked);
-    void hideIfFolded();
 
     QWidget* m_content = nullptr;
     QParallelAnimationGroup m_animation;
