@@ -1,4 +1,4 @@
-"""Checks that dependencies between the folders point one way."""
+"""Checks that dependencies between the folders point one way, and how the plugin connects."""
 
 import pathlib
 import re
@@ -25,8 +25,11 @@ EXTRA = {
     "host": {"plugin/TabExtensionInterface.h"},
     "tools/presetcheck": {"trigger/PresetFile.h"},
 }
+# The one connection that is no pair of SIGNAL and SLOT: a class without slots hears itself.
+FUNCTOR_CONNECTS = {"widgets/CollapsingButton.cpp": 1}
 PLUGIN_FOLDERS = {"features", "widgets", "trigger", "ui", "plugin"}
 
+FUNCTOR_CONNECT = re.compile(r"\bconnect\([^;]*?&\s*\w+(?:::\w+)+\s*,")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
@@ -36,6 +39,10 @@ def folder_of(path):
 
 def violations(path):
     folder = folder_of(path)
+    if folder in PLUGIN_FOLDERS:
+        source = pathlib.Path(path).read_text(encoding="utf-8")
+        if len(FUNCTOR_CONNECT.findall(source)) != FUNCTOR_CONNECTS.get(path, 0):
+            yield f"{path}: connects other than by SIGNAL and SLOT"
     for style, target in INCLUDE.findall(pathlib.Path(path).read_text(encoding="utf-8")):
         if style == "<":
             if folder in PLUGIN_FOLDERS and re.match(r"arv|glib|gio", target):

@@ -21,6 +21,12 @@ AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* par
                                                 "border: 1px solid lightgrey; }"));
 }
 
+AdvTriggerBase::~AdvTriggerBase()
+{
+    if (const std::shared_ptr<QWidget> shelter = m_shelter.lock())
+        MoveFormTo(*shelter);
+}
+
 void AdvTriggerBase::AddKnownFeature(const QString& feature)
 {
     m_knownFeatures.append(feature);

@@ -3,9 +3,9 @@
 #include "widgets/BaseTabPluginWidget.h"
 
 #include <QMap>
-#include <QPointer>
 #include <QVariant>
 
+#include <memory>
 #include <optional>
 
 class QCheckBox;
@@ -53,6 +53,7 @@ public:
 
     /// Shares the feature list. Throws TENotSupported for cameras of other vendors.
     AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent);
+    ~AdvTriggerBase() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -158,7 +159,9 @@ private:
     double WriteNumber(const QWidget& widget, double value);
 
     void ApplyTurnOffBefore(const QComboBox& presets, int index);
-    void ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors);
+    void ShowPresetErrors(const QString& preset, const QString& errors);
+    std::shared_ptr<QWidget> Shelter();
+    void MoveFormTo(QWidget& shelter);
 
     static const TableColumn& TableColumnAt(int column);
     QList<int> CreateTableRow(QTableWidget& table, int row, const QString& line);
@@ -181,6 +184,9 @@ private:
     bool FilterToolTip(QObject* watched);
     QString ToolTipFeature(const QString& objectName) const;
     QString ToolTipOf(const QString& feature);
+
+    /// Where the form's widgets go when the engine is destroyed with an error box open.
+    std::weak_ptr<QWidget> m_shelter;
 
 protected:
     /// Features that widgets are bound to, duplicates allowed.

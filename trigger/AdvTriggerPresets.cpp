@@ -78,7 +78,7 @@ void AdvTriggerBase::OnSelectPreset(int index)
         return;
     const QString errors = PresetRunner(*m_featureManager).Run(PlanAt(*presets, index));
     if (!errors.isEmpty())
-        ShowPresetErrors(presets, errors);
+        ShowPresetErrors(presets->currentText(), errors);
     if (engine)
         m_settingsModel->ResetData();
 }
@@ -94,22 +94,38 @@ void AdvTriggerBase::ApplyTurnOffBefore(const QComboBox& presets, int index)
         OnSelectPreset(turnOff);
 }
 
-void AdvTriggerBase::ShowPresetErrors(const QPointer<QComboBox>& presets, const QString& errors)
+void AdvTriggerBase::ShowPresetErrors(const QString& preset, const QString& errors)
 {
-    const QPointer<AdvTriggerBase> engine(this);
+    const std::shared_ptr<QWidget> shelter = Shelter();
     const QPointer<QMessageBox> message(new QMessageBox(
-        QMessageBox::Warning, tr("Select preset: %1").arg(presets->currentText()),
+        QMessageBox::Warning, tr("Select preset: %1").arg(preset),
         tr("Error(s) on setting the preset:\n\n%1").arg(errors), QMessageBox::Ok, this));
     message->setTextFormat(Qt::PlainText);
-    // The combo box is still sending its signal. If the form is destroyed while the message is
-    // open, the combo box must outlive it until that signal has returned.
-    const auto rescue =
-        connect(this, &QObject::destroyed, presets, [presets] { presets->setParent(nullptr); });
     message->exec();
-    if (engine) {
-        disconnect(rescue);
-        delete message;
-    } else if (presets) {
-        presets->deleteLater();
+    delete message;
+}
+
+/// Below an error box some widget of the form is still handling an event: the preset box, or the
+/// one whose edit turned the preset to "Custom". It must outlive that, even where the form is
+/// destroyed meanwhile. The last box to close lets the shelter go, once the event is done.
+std::shared_ptr<QWidget> AdvTriggerBase::Shelter()
+{
+    std::shared_ptr<QWidget> shelter = m_shelter.lock();
+    if (!shelter) {
+        shelter.reset(new QWidget, [](QWidget* widget) { widget->deleteLater(); });
+        m_shelter = shelter;
+    }
+    return shelter;
+}
+
+void AdvTriggerBase::MoveFormTo(QWidget& shelter)
+{
+    // Leaving its window takes the focus from a field, which then reports its last edit.
+    for (const QWidget* widget : findChildren<QWidget*>())
+        widget->disconnect(this);
+    for (QWidget* widget : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        // Windows go with the engine: the error box itself, and the tab's dialog.
+        if (!widget->isWindow())
+            widget->setParent(&shelter);
     }
 }

@@ -4,6 +4,7 @@
 #include "trigger/TypedText.h"
 #include "ui/AdvTriggerDialog.h"
 
+#include <QPointer>
 #include <QSignalBlocker>
 
 namespace {
@@ -100,8 +101,11 @@ void AdvTriggerDialog::enablePWM(bool on)
     else
         calculatePWM();
     // Chosen like a user would, so that the camera gets them.
+    const QPointer<AdvTriggerDialog> dialog(this);
     cmbTimerTriggerSource->setCurrentText(ownActiveSignal());
-    cmbTimerTriggerActivation->setCurrentText(QStringLiteral("FallingEdge"));
+    // That may have opened an error box, and whoever owns the dialog may have destroyed it then.
+    if (dialog)
+        cmbTimerTriggerActivation->setCurrentText(QStringLiteral("FallingEdge"));
 }
 
 /// The signal of the selected timer: triggered by its falling edge, the timer starts again and

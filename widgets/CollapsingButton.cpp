@@ -19,7 +19,6 @@ CollapsingButton::CollapsingButton(QWidget* parent) : QToolButton(parent)
     setIconSize(ArrowSize);
     setFont(QApplication::font());
     connect(this, &QToolButton::toggled, this, [this](bool checked) { onToggled(checked); });
-    connect(&m_animation, &QAbstractAnimation::finished, this, [this] { hideIfFolded(); });
 }
 
 void CollapsingButton::setText(const QString& text)
@@ -43,14 +42,16 @@ void CollapsingButton::setContent(QWidget* content)
 
     if (!isChecked()) {
         content->setMaximumHeight(0);
-        hideIfFolded();
+        content->hide();
     }
 }
 
 void CollapsingButton::showContent()
 {
-    if (m_content)
+    if (m_content) {
+        m_animation.disconnect(m_content);
         m_content->show();
+    }
     m_animation.setDirection(QAbstractAnimation::Forward);
     m_animation.start(QAbstractAnimation::KeepWhenStopped);
 }
@@ -61,6 +62,8 @@ void CollapsingButton::hideContent()
         auto* height = static_cast<QPropertyAnimation*>(m_animation.animationAt(0));
         if (height->endValue().toInt() <= m_content->height() - 1)
             height->setEndValue(m_content->height());
+        // Without height the content could still be reached with the Tab key.
+        connect(&m_animation, SIGNAL(finished()), m_content, SLOT(hide()), Qt::UniqueConnection);
     }
     m_animation.setDirection(QAbstractAnimation::Backward);
     m_animation.start(QAbstractAnimation::KeepWhenStopped);
@@ -89,11 +92,4 @@ void CollapsingButton::onToggled(bool checked)
         showContent();
     else
         hideContent();
-}
-
-// Without height the content could still be reached with the Tab key.
-void CollapsingButton::hideIfFolded()
-{
-    if (m_content && m_content->maximumHeight() == 0)
-        m_content->hide();
 }

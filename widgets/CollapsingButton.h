@@ -36,7 +36,6 @@ protected:
 
 private:
     void onToggled(bool checked);
-    void hideIfFolded();
 
     QPointer<QWidget> m_content;
     QParallelAnimationGroup m_animation;
