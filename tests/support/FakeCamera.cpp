@@ -190,6 +190,10 @@ ZalErrorType FakeCamera::enter(const std::string& operation, const std::string& 
         const bool assigns = write && operation != "RunCommand";
         log.push_back({operation + " " + feature + (assigns ? "=" + value : ""), write});
     }
+    if (onCall) {
+        if (const ZalErrorType status = onCall(operation, feature))
+            return status;
+    }
     if (failAll)
         return failAll;
     if (failCountdown > 0 && --failCountdown == 0) {

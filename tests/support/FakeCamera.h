@@ -2,6 +2,7 @@
 
 #include "tests/support/FakeFeature.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -11,6 +12,14 @@
 namespace Fake {
 
 using FakeFeaturePtr = std::shared_ptr<FakeFeature>;
+
+/// A write that a camera took, or a command that it ran.
+struct Accepted
+{
+    std::string feature;
+    std::string value; ///< As in the log; empty for commands.
+    std::string entry; ///< What the feature's selector held; empty without a selector.
+};
 
 /// A scripted camera: a feature list whose answers, failures and notifications the test decides.
 ///
@@ -61,6 +70,12 @@ public:
     /// From now on every call fails, as after the loss of the camera.
     void failEverything(ZalErrorType status = ZalErrorNotOpen);
     void clearFailures();
+    /// Asked about every call, on the caller's thread and with the camera locked: a status other
+    /// than 0 fails the call. It must not call the camera.
+    std::function<ZalErrorType(const std::string& operation, const std::string& feature)> onCall;
+
+    /// Told of every accepted write, on the writer's thread, before the feature's own onWrite.
+    std::function<void(const Accepted&)> onAccepted;
 
     // Log.
     std::vector<std::string> calls() const;

@@ -81,6 +81,7 @@ ZalErrorType FakeFeature::checkEnum(const char* operation) const
 ZalErrorType FakeFeature::checkWrite(const char* operation, const std::string& value,
                                      ZalFeatureDataType wanted)
 {
+    offered = value;
     if (const ZalErrorType status = camera.enter(operation, name, value, true))
         return status;
     if (type != wanted)
@@ -90,8 +91,15 @@ ZalErrorType FakeFeature::checkWrite(const char* operation, const std::string& v
     return state().writable ? ZalErrorSuccess : ZalErrorNotWritable;
 }
 
+void FakeFeature::reportAccepted() const
+{
+    if (camera.onAccepted)
+        camera.onAccepted({name, offered, selector ? selectedEntry() : std::string()});
+}
+
 ZalErrorType FakeFeature::written()
 {
+    reportAccepted();
     if (onWrite)
         onWrite(*this);
     return ZalErrorSuccess;

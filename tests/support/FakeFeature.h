@@ -146,6 +146,8 @@ private:
     ZalErrorType giveFact(const char* operation, const std::string& fact, char* buffer,
                           std::uint32_t& count) const;
     ZalErrorType acceptEntry(const std::string& entryName);
+    /// Tells the camera's listener what was just written.
+    void reportAccepted() const;
     /// Calls onWrite, as the last step of each successful write.
     ZalErrorType written();
     std::string selectedEntry() const;
@@ -153,6 +155,7 @@ private:
     FakeCamera& camera;
     State base;
     std::map<std::string, State> perEntry;
+    std::string offered; ///< The value of the write that was checked last.
     std::vector<std::shared_ptr<ZalCPP::IFeatureObserver>> registered;
 };
 

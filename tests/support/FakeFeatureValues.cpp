@@ -287,6 +287,7 @@ ZalErrorType FakeFeature::RunCommand()
 {
     if (const auto status = checkWrite("RunCommand", std::string(), ZalFeatureCommand))
         return status;
+    reportAccepted();
     if (onRun)
         onRun();
     return ZalErrorSuccess;

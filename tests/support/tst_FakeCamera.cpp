@@ -65,6 +65,8 @@ private slots:
     void failNthCallHitsExactlyOneCall();
     void failFromNthCallHitsThatCallAndAllAfterIt();
     void failEverythingLastsUntilCleared();
+    void anyCallCanBeFailedByWhoeverIsAsked();
+    void acceptedWritesAreToldWithTheEntryThatTheyWentTo();
     void logHoldsCallsAndWritesInOrder();
     void writeHookMayChangeOtherFeatures();
     void commandsRunTheirHook();
@@ -355,6 +357,39 @@ void tst_FakeCamera::failEverythingLastsUntilCleared()
     camera.clearFailures();
     QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
     QCOMPARE(value, 3LL);
+}
+
+void tst_FakeCamera::anyCallCanBeFailedByWhoeverIsAsked()
+{
+    FakeCamera camera;
+    const auto feature = camera.addInteger("Count", 3);
+    QStringList asked;
+    camera.onCall = [&](const std::string& operation, const std::string& name) {
+        asked.append(QString::fromStdString(operation + ' ' + name));
+        return operation == "SetIntegerValue" ? ZalErrorTimeout : ZalErrorSuccess;
+    };
+    long long value = 0;
+    QCOMPARE(feature->SetIntegerValue(4), ZalErrorTimeout);
+    QCOMPARE(feature->GetIntegerValue(value), ZalErrorSuccess);
+    QCOMPARE(value, 3LL);
+    QCOMPARE(asked, (QStringList{"SetIntegerValue Count", "GetIntegerValue Count"}));
+}
+
+void tst_FakeCamera::acceptedWritesAreToldWithTheEntryThatTheyWentTo()
+{
+    const auto camera = FakeCamera::standard();
+    QStringList told;
+    camera->onAccepted = [&](const Fake::Accepted& write) {
+        told.append(QString::fromStdString(write.feature + '=' + write.value + '@' + write.entry));
+    };
+    (*camera)["TriggerSelector"].SetStringValue("LineStart");
+    (*camera)["TriggerDelay"].SetFloatValue(2.5);
+    (*camera)["TriggerDelay"].SetFloatValue(-1.0); // out of range
+    camera->failCall("SetBoolValue", "PtpEnable");
+    (*camera)["PtpEnable"].SetBoolValue(true);
+    (*camera)["TriggerSoftware"].RunCommand();
+    QCOMPARE(told, (QStringList{"TriggerSelector=LineStart@", "TriggerDelay=2.5@LineStart",
+                                "TriggerSoftware=@LineStart"}));
 }
 
 void tst_FakeCamera::logHoldsCallsAndWritesInOrder()

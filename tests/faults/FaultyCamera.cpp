@@ -1,0 +1,209 @@
+#include "tests/faults/FaultyCamera.h"
+
+#include <algorithm>
+#include <sstream>
+#include <thread>
+
+namespace Faults {
+namespace {
+
+constexpr double Lowest = -100000.0;
+
+/// Numbers below zero are welcome, so that none is refused for being one.
+void widen(Fake::FakeFeature& feature)
+{
+    const auto widenState = [](Fake::State& state) {
+        state.minReal = Lowest;
+        state.minInteger = static_cast<long long>(Lowest);
+    };
+    if (feature.selector == nullptr) {
+        widenState(feature.state());
+        return;
+    }
+    const Fake::State& selector = feature.selector->state();
+    for (const Fake::Entry& entry : selector.entries)
+        widenState(feature.stateFor(entry.name));
+    for (long long i = 0; feature.selector->type == ZalFeatureInteger && i <= selector.maxInteger;
+         ++i)
+        widenState(feature.stateFor(std::to_string(i)));
+}
+
+QString qt(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+/// What the standard camera lacks for a session with an edit of each kind: a line edit with a
+/// decimal number, one with a text, and a float with an increment.
+std::unique_ptr<Fake::FakeCamera> sessionCamera()
+{
+    auto camera = Fake::FakeCamera::standard();
+    for (const char* name :
+         {"TriggerDelay", "LineDebounceDuration", "CounterDuration", "CounterValue",
+          "TimerDuration", "TimerDelay", "AcquisitionFrameCount", "ActionGroupKey",
+          "ActionGroupMask", "ActionDeviceKey", "ActionQueueSize"})
+        widen((*camera)[name]);
+    for (const char* timer : {"Timer0", "Timer1"})
+        (*camera)["TimerDuration"].stateFor(timer).incrementReal = FaultyCamera::TimerIncrement;
+    (*camera)["TriggerSource"].stateFor("LineStart").text = "Line0";
+    (*camera)["ActionQueueSize"].state().writable = true;
+    Fake::FakeFeature& accuracy = (*camera)["PtpClockAccuracy"];
+    accuracy.type = ZalFeatureString;
+    accuracy.state().writable = true;
+    accuracy.state().text = "Within 1 us";
+    for (const char* line : {"Line0", "Line1", "Line2", "Line3"})
+        (*camera)["LineDebounceDuration"].stateFor(line).real = 8.0;
+    (*camera)["DeviceFamilyName"].state().text = "Fault Sweep";
+    camera->setLogging(false);
+    return camera;
+}
+
+} // namespace
+
+bool hasFailed(const Failures& failures, const QString& feature, const QStringList& operations)
+{
+    return std::any_of(failures.begin(), failures.end(), [&](const FailedCall& failed) {
+        return failed.feature == feature && operations.contains(failed.operation);
+    });
+}
+
+FaultyCamera::FaultyCamera() : camera(sessionCamera())
+{
+    camera->onCall = [this](const std::string& operation, const std::string& feature) {
+        return onCall(operation, feature);
+    };
+    camera->onAccepted = [this](const Fake::Accepted& write) { onAccepted(write); };
+    reportChanges();
+}
+
+ZalErrorType FaultyCamera::onCall(const std::string& operation, const std::string& feature)
+{
+    if (aside)
+        return ZalErrorSuccess;
+    if (operation == "GetName") {
+        countName(feature);
+        return judge(operation, feature, fault.series == Series::Names && names == fault.call);
+    }
+    endWalk();
+    ++calls;
+    list.append(QStringLiteral("%1: %2 %3").arg(step, qt(operation), qt(feature)));
+    return judge(operation, feature, fault.series == Series::Calls && calls == fault.call);
+}
+
+ZalErrorType FaultyCamera::judge(const std::string& operation, const std::string& feature,
+                                 bool isTarget)
+{
+    if (isTarget) {
+        struck = true;
+        failing = fault.mode == Mode::Lasting;
+    }
+    if (!isTarget && !failing)
+        return ZalErrorSuccess;
+    const QString name = qt(feature);
+    failures.push_back({qt(operation), name, entryOf(selectorOf(name))});
+    return fault.status;
+}
+
+/// A walk through the features starts at the first one, and each name is read in two calls.
+void FaultyCamera::countName(const std::string& feature)
+{
+    static const std::string first = "DeviceVendorName";
+    if (feature == first && (lastName != first || lastReads.size() == 2))
+        endWalk();
+    if (feature != lastName)
+        lastReads.clear();
+    lastName = feature;
+    lastReads.append(++names);
+}
+
+void FaultyCamera::endWalk()
+{
+    decisive += lastReads;
+    lastReads.clear();
+    lastName.clear();
+}
+
+void FaultyCamera::beginStep(const QString& name)
+{
+    step = name;
+    for (const char* timer : {"Timer0", "Timer1"})
+        before[QString("TimerDuration") + timer] =
+            QString::number((*camera)["TimerDuration"].stateFor(timer).real);
+    before["ActionQueueSize"] = QString::number((*camera)["ActionQueueSize"].state().integer);
+}
+
+void FaultyCamera::onAccepted(const Fake::Accepted& write)
+{
+    if (aside)
+        return;
+    const QString entry = qt(write.entry);
+    const QString feature = qt(write.feature);
+    writes.push_back({feature, qt(write.value), entry, before.value(feature + entry)});
+}
+
+QString FaultyCamera::entryOf(const QString& selector) const
+{
+    const auto feature = camera->find(selector.toStdString());
+    if (!feature)
+        return QString();
+    const Fake::State& state = feature->state();
+    return feature->type == ZalFeatureInteger ? QString::number(state.integer) : qt(state.text);
+}
+
+QString FaultyCamera::selectorOf(const QString& feature) const
+{
+    const auto found = camera->find(feature.toStdString());
+    return found && found->selector ? qt(found->selector->name) : QString();
+}
+
+std::string FaultyCamera::digestOf(const Fake::FakeFeature& feature) const
+{
+    const Fake::State& state = feature.state();
+    std::ostringstream digest;
+    digest.precision(17);
+    digest << state.integer << ' ' << state.real << ' ' << state.boolean << ' ' << state.text << ' '
+           << state.minInteger << ' ' << state.maxInteger << ' ' << state.minReal << ' '
+           << state.maxReal << ' ' << state.readable << state.writable << state.implemented;
+    return digest.str();
+}
+
+void FaultyCamera::reportChanges()
+{
+    std::vector<std::shared_ptr<Fake::FakeFeature>> changed;
+    for (const ZalCPP::FeaturePtr& listed : *camera->features()) {
+        const auto feature = std::static_pointer_cast<Fake::FakeFeature>(listed);
+        std::string digest = digestOf(*feature);
+        std::string& known = reported[feature.get()];
+        if (digest != known && feature->observerCount() > 0)
+            changed.push_back(feature);
+        known = std::move(digest);
+    }
+    if (changed.empty())
+        return;
+    std::thread notifier([&] {
+        for (const auto& feature : changed) {
+            for (const auto& observer : feature->observers())
+                observer->FeatureChanged(feature);
+        }
+    });
+    notifier.join();
+}
+
+FaultyCamera::Aside::Aside(FaultyCamera& ownerCamera) : camera(ownerCamera)
+{
+    camera.aside = true;
+    for (const ZalCPP::FeaturePtr& listed : *camera.fake().features()) {
+        auto& feature = static_cast<Fake::FakeFeature&>(*listed);
+        if (!feature.selectedFeatures.empty())
+            selectors[feature.name] = feature.state();
+    }
+}
+
+FaultyCamera::Aside::~Aside()
+{
+    for (const auto& [name, state] : selectors)
+        camera.fake()[name].state() = state;
+    camera.aside = false;
+}
+
+} // namespace Faults

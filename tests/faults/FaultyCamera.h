@@ -1,0 +1,113 @@
+#pragma once
+
+#include "tests/faults/Fault.h"
+#include "tests/support/FakeCamera.h"
+
+#include <QMap>
+#include <QStringList>
+
+#include <memory>
+
+namespace Faults {
+
+/// A write or command that the camera took.
+struct Write
+{
+    QString feature;
+    QString value; ///< Empty for commands.
+    QString entry; ///< Of the feature's selector; empty without one.
+    /// For TimerDuration and ActionQueueSize: what they were when the step began.
+    QString before = QString();
+};
+
+struct FailedCall
+{
+    QString operation;
+    QString feature;
+    QString entry; ///< Of the feature's selector at that moment.
+};
+using Failures = std::vector<FailedCall>;
+
+/// Whether one of these operations of that feature is among the failures.
+bool hasFailed(const Failures& failures, const QString& feature, const QStringList& operations);
+
+/// The fake camera of a session. It takes nearly every number: one that nobody chose, such as the
+/// -1 for an unreadable value, is not refused by its limits and so comes to light.
+class FaultyCamera
+{
+public:
+    /// Of TimerDuration.
+    static constexpr double TimerIncrement = 0.5;
+
+    FaultyCamera();
+
+    Fake::FakeCamera& fake() const { return *camera; }
+
+    void arm(const Fault& toCome) { fault = toCome; }
+    /// From here on no call fails any more.
+    void recover() { failing = false; }
+    bool hasStruck() const { return struck; }
+
+    int count(Series series) const { return series == Series::Calls ? calls : names; }
+    /// The reads of names that decide something: those that end a look-up or a walk.
+    QVector<int> decisiveNames() const { return decisive; }
+
+    std::vector<Write> takeWrites() { return std::exchange(writes, {}); }
+    Failures takeFailures() { return std::exchange(failures, {}); }
+
+    /// What comes now, for the list of calls.
+    void beginStep(const QString& name);
+    /// The calls of the first series so far, each as "step: operation feature".
+    QStringList callList() const { return list; }
+
+    /// The entry that a selector feature holds.
+    QString entryOf(const QString& selector) const;
+    /// The selector of a feature; empty when it has none.
+    QString selectorOf(const QString& feature) const;
+
+    /// Does what the SDK's notifier does when the writes have been quiet for a while: calls the
+    /// observers of every feature that differs from what it was at the report before.
+    void reportChanges();
+
+    /// While it lives, calls are those of a bystander: neither counted nor failed nor recorded. The
+    /// camera's selectors end as they were.
+    class Aside
+    {
+    public:
+        explicit Aside(FaultyCamera& camera);
+        ~Aside();
+        Aside(const Aside&) = delete;
+        Aside& operator=(const Aside&) = delete;
+
+    private:
+        FaultyCamera& camera;
+        std::map<std::string, Fake::State> selectors;
+    };
+
+private:
+    ZalErrorType onCall(const std::string& operation, const std::string& feature);
+    void countName(const std::string& feature);
+    void endWalk();
+    ZalErrorType judge(const std::string& operation, const std::string& feature, bool isTarget);
+    void onAccepted(const Fake::Accepted& write);
+    std::string digestOf(const Fake::FakeFeature& feature) const;
+
+    std::unique_ptr<Fake::FakeCamera> camera;
+    Fault fault;
+    bool aside = false;
+    bool failing = false;
+    bool struck = false;
+    QString step;
+    QMap<QString, QString> before; ///< By feature and entry, when the step began.
+    QStringList list;
+    int calls = 0;
+    int names = 0;
+    std::string lastName;
+    QVector<int> lastReads;
+    QVector<int> decisive;
+    std::vector<Write> writes;
+    Failures failures;
+    std::map<const Fake::FakeFeature*, std::string> reported;
+};
+
+} // namespace Faults

@@ -1,0 +1,144 @@
+#include "tests/faults/Ledger.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Faults {
+namespace {
+
+bool isAsked(const std::vector<Ask>& asks, const Write& write)
+{
+    return std::any_of(asks.begin(), asks.end(), [&](const Ask& ask) {
+        return ask.feature == write.feature && ask.entry == write.entry &&
+               isSameValue(ask.value, write.value);
+    });
+}
+
+/// Whether the user asked for some other value of that feature under that entry.
+bool isMeant(const std::vector<Ask>& asks, const Write& write)
+{
+    return std::any_of(asks.begin(), asks.end(), [&](const Ask& ask) {
+        return ask.feature == write.feature && ask.entry == write.entry;
+    });
+}
+
+/// The overview looks at every entry of the three, the table at every line; both put back what was
+/// selected.
+bool stepsThroughSelector(const Write& write, const Circumstances&)
+{
+    static const QStringList stepped = {"CounterSelector", "TimerSelector", "TriggerSelector",
+                                        "LineSelector"};
+    return stepped.contains(write.feature);
+}
+
+bool clampsToUnreadableRange(const Write& write, const Circumstances& step)
+{
+    // The application of presets writes no number that nobody chose.
+    return !step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
+           hasFailed(step.failures, write.feature, {"GetFloatRange", "GetIntegerRange"});
+}
+
+bool isMultiple(const QString& value)
+{
+    return std::fmod(value.toDouble(), FaultyCamera::TimerIncrement) == 0.0;
+}
+
+/// TimerDuration is the session's float with an increment. It only ever holds multiples of it, so
+/// that what was there is written once more.
+bool triesAgainWithMultiple(const Write& write, const Circumstances& step)
+{
+    const auto isRefused = [&](const Ask& ask) {
+        return ask.feature == write.feature && ask.entry == write.entry && !isMultiple(ask.value);
+    };
+    return write.feature == "TimerDuration" && isSameValue(write.value, write.before) &&
+           isMeant(step.asks, write) &&
+           (std::any_of(step.asks.begin(), step.asks.end(), isRefused) ||
+            hasFailed(step.failures, write.feature, {"SetFloatValue"}));
+}
+
+bool stepsUnreadableDuration(const Write& write, const Circumstances& step)
+{
+    return write.feature == "LineDebounceDuration" && isMeant(step.asks, write) &&
+           isSameValue(write.value, "0.01") &&
+           hasFailed(step.failures, write.feature, {"GetName", "GetDataType", "GetFloatValue"});
+}
+
+bool finishesFieldWithUnreadableValue(const Write& write, const Circumstances& step)
+{
+    const QStringList reads = {"GetName", "GetDataType", "GetIntegerValue"};
+    return write.feature == "ActionQueueSize" && isMeant(step.asks, write) &&
+           isSameValue(write.value, "-1") &&
+           (hasFailed(step.failures, write.feature, reads) ||
+            hasFailed(step.earlierFailures, write.feature, reads));
+}
+
+bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
+{
+    return write.feature == "ActionQueueSize" && isMeant(step.asks, write) &&
+           isSameValue(write.value, write.before) &&
+           hasFailed(step.failures, write.feature, {"IsWritable", "SetIntegerValue"});
+}
+
+QString toLine(const Write& write)
+{
+    const QString under = write.entry.isEmpty() ? QString() : " under " + write.entry;
+    return QStringLiteral("%1=%2%3").arg(write.feature, write.value, under);
+}
+
+} // namespace
+
+const std::vector<Exception>& exceptions()
+{
+    static const std::vector<Exception> all = {
+        {"The overview steps through the entries of its selectors, the table through the lines.",
+         stepsThroughSelector},
+        {"When the range of a number cannot be read, every value is clamped to -1 and written.",
+         clampsToUnreadableRange},
+        {"When the camera refuses a float with an increment, the value on the camera, reduced to a "
+         "multiple of it, is written.",
+         triesAgainWithMultiple},
+        {"A debounce duration that cannot be read counts as -1, and one of 0 or less becomes the "
+         "spin box's single step.",
+         stepsUnreadableDuration},
+        {"A number that cannot be read shows as -1, and finishing a field writes what it shows.",
+         finishesFieldWithUnreadableValue},
+        {"A field whose number was not taken shows the camera's, and finishing it once more writes "
+         "what it shows.",
+         finishesFieldWithOldValue},
+    };
+    return all;
+}
+
+bool isSameValue(const QString& left, const QString& right)
+{
+    bool leftIsNumber = false;
+    bool rightIsNumber = false;
+    const double leftNumber = left.toDouble(&leftIsNumber);
+    const double rightNumber = right.toDouble(&rightIsNumber);
+    return leftIsNumber && rightIsNumber ? leftNumber == rightNumber : left == right;
+}
+
+QStringList unaskedWrites(const std::vector<Write>& writes, const Circumstances& step)
+{
+    QStringList unasked;
+    for (const Write& write : writes) {
+        const auto covers = [&](const Exception& rule) { return rule.covers(write, step); };
+        if (!isAsked(step.asks, write) &&
+            std::none_of(exceptions().begin(), exceptions().end(), covers))
+            unasked.append(toLine(write));
+    }
+    return unasked;
+}
+
+QStringList unanswered(const std::vector<Ask>& asks, const std::vector<Write>& writes)
+{
+    QStringList lines;
+    for (const Ask& ask : asks) {
+        const auto answers = [&](const Write& write) { return isAsked({ask}, write); };
+        if (std::none_of(writes.begin(), writes.end(), answers))
+            lines.append(toLine({ask.feature, ask.value, ask.entry}));
+    }
+    return lines;
+}
+
+} // namespace Faults

@@ -1,0 +1,249 @@
+#include "tests/faults/Session.h"
+
+#include "tests/faults/Portrait.h"
+#include "tests/faults/User.h"
+#include "tests/trigger/MessageBoxes.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QTimer>
+
+#include <algorithm>
+#include <csignal>
+
+namespace Faults {
+namespace {
+
+const QStringList steppedSelectors = {"CounterSelector", "TimerSelector", "TriggerSelector"};
+
+QWidget* tabIn(const HostWindow& host)
+{
+    return host.container ? host.container->findChild<QWidget*>("AdvTriggerWidget") : nullptr;
+}
+
+QWidget* dialogIn(const HostWindow& host)
+{
+    const QWidget* tab = tabIn(host);
+    return tab ? tab->findChild<QWidget*>("AdvTriggerDialog") : nullptr;
+}
+
+void openTab(TabExtensionPlugin& plugin, HostWindow& host, const FaultyCamera& camera)
+{
+    QMap<QString, QVariant> options = {{"connectWidgetToSignal", SIGNAL(streaming(bool))}};
+    host.setUpdatesEnabled(false); // Painting asks the camera nothing, and is half of the time.
+    host.resize(700, 900);
+    host.container->resize(host.size());
+    plugin.get(camera.fake().features(), *host.container, &options);
+}
+
+void showWindow(HostWindow& host)
+{
+    host.show();
+    QApplication::setActiveWindow(&host);
+}
+
+/// The first failing call, for the reader.
+QString nameOf(const Failures& failures)
+{
+    if (failures.empty())
+        return QStringLiteral("nothing failing");
+    const FailedCall& first = failures.front();
+    return QStringLiteral("%1 %2 failing").arg(first.operation, first.feature);
+}
+
+} // namespace
+
+void Session::openDialog(QWidget& tab)
+{
+    tab.findChild<QAbstractButton*>("btnAdvancedDialog")->click();
+    if (auto* content = tab.findChild<QWidget*>("AdvTriggerDialog")) {
+        content->window()->setUpdatesEnabled(false);
+        QApplication::setActiveWindow(content->window());
+    }
+}
+
+QWidget* Session::tab() const
+{
+    return host ? tabIn(*host) : nullptr;
+}
+
+QWidget* Session::dialog() const
+{
+    return host ? dialogIn(*host) : nullptr;
+}
+
+User Session::user(QWidget& form)
+{
+    return User(form, circumstances.asks, camera);
+}
+
+QList<QTimer*> Session::refreshTimers() const
+{
+    QList<QTimer*> timers;
+    for (const QWidget* form : {tab(), dialog()}) {
+        if (form)
+            timers += form->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    return timers;
+}
+
+/// What a second would bring. The timers themselves are held, so that a slow machine sees no more
+/// of them than a fast one.
+void Session::tick()
+{
+    for (const QTimer* timer : refreshTimers()) {
+        if (timer->isActive())
+            QMetaObject::invokeMethod(timer->parent(), "updateTimer");
+    }
+}
+
+void Session::settle()
+{
+    for (QTimer* timer : refreshTimers()) {
+        if (timer->isActive())
+            timer->setInterval(24 * 60 * 60 * 1000);
+    }
+    QApplication::processEvents();
+    camera.reportChanges();
+    QApplication::processEvents();
+    tick();
+    QApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Session::step(const QString& name, const std::function<void()>& action)
+{
+    stepName = name;
+    camera.beginStep(name);
+    QMap<QString, QString> before;
+    for (const QString& selector : steppedSelectors)
+        before[selector] = camera.entryOf(selector);
+    action();
+    spring();
+    settle();
+    noteSelectors(before);
+    judge();
+}
+
+/// Lets what was planted come to light.
+void Session::spring()
+{
+    if (plant == Plant::None || !camera.hasStruck())
+        return;
+    if (plant == Plant::UnaskedWrite)
+        camera.fake()["TriggerDelay"].SetFloatValue(77.0);
+    else if (plant == Plant::Crash)
+        std::raise(SIGSEGV);
+    else if (plant == Plant::Hang)
+        std::raise(SIGSTOP);
+}
+
+/// A selector that was only looked through ought to end where it was.
+void Session::noteSelectors(const QMap<QString, QString>& before)
+{
+    for (const QString& selector : steppedSelectors) {
+        const QString now = camera.entryOf(selector);
+        const auto isNow = [&](const Ask& ask) {
+            return ask.feature == selector && ask.value == now;
+        };
+        const auto& asks = circumstances.asks;
+        if (now != before[selector] && std::none_of(asks.begin(), asks.end(), isNow))
+            notes.append(
+                QStringLiteral("%1 left at another entry in step '%2'").arg(selector, stepName));
+    }
+}
+
+void Session::judge()
+{
+    circumstances.failures = camera.takeFailures();
+    const std::vector<Write> writes = camera.takeWrites();
+    unansweredAsks += unanswered(circumstances.asks, writes);
+    for (const QString& write : unaskedWrites(writes, circumstances))
+        findings.append(QStringLiteral("unasked write %1 in step '%2', %3")
+                            .arg(write, stepName, nameOf(circumstances.failures)));
+    if (struckStep.isEmpty() && !circumstances.failures.empty())
+        struckStep = stepName;
+    failuresOfSteps[stepName] = circumstances.failures;
+    auto& earlier = circumstances.earlierFailures;
+    earlier.insert(earlier.end(), circumstances.failures.begin(), circumstances.failures.end());
+    circumstances.asks.clear();
+    circumstances.failures.clear();
+    circumstances.appliesPreset = false;
+}
+
+void Session::hideAndShow(QWidget& window)
+{
+    window.hide();
+    window.show();
+    QApplication::setActiveWindow(&window);
+}
+
+void Session::recoverAndCompare(bool dialogIsOpen)
+{
+    if (!camera.hasStruck() || compared)
+        return;
+    compared = true;
+    camera.recover();
+    QWidget* form = dialogIsOpen ? dialog() : tab();
+    step("recovery", [&] { hideAndShow(*form->window()); });
+    if (plant == Plant::StaleWidget)
+        form->findChild<QComboBox*>("cmbTriggerSource")->clear();
+    const Portrait actual = portraitOf(*form);
+    const FaultyCamera::Aside aside(camera);
+    TabExtensionPlugin freshPlugin;
+    HostWindow fresh;
+    openTab(freshPlugin, fresh, camera);
+    showWindow(fresh);
+    if (dialogIsOpen)
+        openDialog(*tabIn(fresh));
+    QWidget* freshForm = dialogIsOpen ? dialogIn(fresh) : tabIn(fresh);
+    QMetaObject::invokeMethod(freshForm, "updateTimer");
+    for (const Difference& difference :
+         unexplained(differences(actual, portraitOf(*freshForm)), lifeOf(dialogIsOpen)))
+        findings.append(QStringLiteral("after %1 in step '%2', %3 shows %4: %5, not %6")
+                            .arg(nameOf(circumstances.earlierFailures), struckStep,
+                                 dialogIsOpen ? "the dialog" : "the tab", difference.widget,
+                                 difference.actual, difference.expected));
+}
+
+/// The dialog is built in one step, the tab in those until its first show.
+FormLife Session::lifeOf(bool isDialog) const
+{
+    static const QStringList tabSteps = {"get", "get again", "show"};
+    FormLife life;
+    life.isDialog = isDialog;
+    for (auto it = failuresOfSteps.begin(); it != failuresOfSteps.end(); ++it) {
+        const bool isBuilding = isDialog ? it.key() == "open dialog" : tabSteps.contains(it.key());
+        auto& failures = isBuilding ? life.whileBuilt : life.sinceBuilt;
+        failures.insert(failures.end(), it->begin(), it->end());
+    }
+    return life;
+}
+
+/// A camera that cannot say its vendor's name, or whether it has a trigger, gets no tab. The host
+/// may ask again.
+void Session::start()
+{
+    step("get", [&] { openTab(plugin, *host, camera); });
+    if (!tab()) {
+        camera.recover();
+        step("get again", [&] { openTab(plugin, *host, camera); });
+    }
+    step("show", [&] { showWindow(*host); });
+}
+
+void Session::play()
+{
+    const MessageBoxes boxes;
+    host = std::make_unique<HostWindow>();
+    start();
+    useTab();
+    recoverAndCompare(false);
+    useDialog();
+    recoverAndCompare(false);
+    end();
+}
+
+} // namespace Faults

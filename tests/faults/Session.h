@@ -1,0 +1,89 @@
+#pragma once
+
+#include "plugin/TabExtensionPlugin.h"
+#include "tests/faults/FaultyCamera.h"
+#include "tests/faults/FormLife.h"
+#include "tests/faults/Ledger.h"
+#include "tests/plugin/HostWindow.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class QTimer;
+
+namespace Faults {
+
+class User;
+
+/// Things that go wrong on purpose, so that the sweep can be seen to find them.
+enum class Plant
+{
+    None,
+    UnaskedWrite, ///< After the fault, something writes TriggerDelay=77.
+    StaleWidget,  ///< After the fault, a box shows what the camera does not have.
+    Crash,        ///< The fault ends the process.
+    Hang,         ///< The fault stops the process.
+};
+
+/// The life of one tab from `get()` to the end of its container, in steps. What is wrong with it
+/// goes to the findings.
+class Session
+{
+public:
+    explicit Session(FaultyCamera& usedCamera, Plant planted = Plant::None)
+        : camera(usedCamera), plant(planted)
+    {
+    }
+
+    /// Plays it from end to end.
+    void play();
+
+    /// What breaks a promise, one line each.
+    QStringList findings;
+    /// What breaks none and is worth knowing all the same.
+    QStringList notes;
+    /// What the user asked for and the camera never took.
+    QStringList unansweredAsks;
+
+private:
+    void step(const QString& name, const std::function<void()>& action);
+    void settle();
+    void judge();
+    void spring();
+    void noteSelectors(const QMap<QString, QString>& before);
+    void tick();
+    QList<QTimer*> refreshTimers() const;
+
+    void start();
+    void useTab();
+    void useDialog();
+    void editInDialog();
+    void usePwm();
+    void end();
+    void applyPreset(QWidget& form, const QString& name);
+    void askForPreset(const QString& name);
+    void changeFromOutside();
+    static void openDialog(QWidget& tab);
+    void hideAndShow(QWidget& window);
+    /// Ends the faults and compares the form with the same form of a tab made new.
+    void recoverAndCompare(bool dialogIsOpen);
+    FormLife lifeOf(bool isDialog) const;
+
+    QWidget* tab() const;
+    QWidget* dialog() const;
+    User user(QWidget& form);
+
+    FaultyCamera& camera;
+    Plant plant;
+    TabExtensionPlugin plugin;
+    std::unique_ptr<HostWindow> host;
+    bool compared = false;
+    QString stepName;
+    QString struckStep; ///< In which the first call failed.
+    QMap<QString, Failures> failuresOfSteps;
+    Circumstances circumstances;
+};
+
+} // namespace Faults

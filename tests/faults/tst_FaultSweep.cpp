@@ -1,0 +1,233 @@
+// A part of the sweep that scripts/faults plays as a whole, and the proof that the sweep can fail.
+#include "tests/faults/Cases.h"
+#include "tests/faults/Sweep.h"
+
+#include <QtTest>
+
+using namespace Faults;
+
+namespace {
+
+/// A call amid the first show.
+const Fault ordinary = {Series::Calls, 700, ZalErrorTimeout, Mode::Once};
+
+Sweep sweepWith(const QStringList& arguments)
+{
+    Sweep sweep;
+    sweep.program = QStringLiteral(SWEEP_PROGRAM);
+    sweep.arguments = QStringList{"--play"} + arguments;
+    sweep.jobs = 2;
+    return sweep;
+}
+
+/// For the reader of a failed test: what is wrong, and how to see it again.
+QByteArray replays(const Groups& findings)
+{
+    QByteArray lines;
+    for (auto it = findings.begin(); it != findings.end(); ++it)
+        lines += "\n" + it.key().toUtf8() + " (scripts/faults --replay " +
+                 toText(it->first).toUtf8() + ")";
+    return lines;
+}
+
+} // namespace
+
+class tst_FaultSweep : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void faultsAreWrittenAsTheyAreRead_data();
+    void faultsAreWrittenAsTheyAreRead();
+    void whatNamesNoFaultIsRefused_data();
+    void whatNamesNoFaultIsRefused();
+    void theUndisturbedSessionGetsWhatItAsksForAndNothingElse();
+    void aDenseSweepLeavesOutNoCallAndNoStatus();
+    void anExceptionCountsInItsSituationOnly_data();
+    void anExceptionCountsInItsSituationOnly();
+    void whatIsPlantedIsFound_data();
+    void whatIsPlantedIsFound();
+    void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
+    void aCallThatTheSessionDoesNotMakeIsAFinding();
+    void noFaultBreaksAPromise_data();
+    void noFaultBreaksAPromise();
+};
+
+void tst_FaultSweep::faultsAreWrittenAsTheyAreRead_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("call") << "17 -12 once";
+    QTest::newRow("name") << "name:230 -5 lasting";
+}
+
+void tst_FaultSweep::faultsAreWrittenAsTheyAreRead()
+{
+    QFETCH(QString, text);
+    const auto fault = fromText(text);
+    QVERIFY(fault);
+    QCOMPARE(toText(*fault), text);
+}
+
+void tst_FaultSweep::whatNamesNoFaultIsRefused_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << "";
+    QTest::newRow("no call") << "0 -12 once";
+    QTest::newRow("success") << "17 0 once";
+    QTest::newRow("no status") << "17 -99 once";
+    QTest::newRow("no mode") << "17 -12 twice";
+}
+
+void tst_FaultSweep::whatNamesNoFaultIsRefused()
+{
+    QFETCH(QString, text);
+    QVERIFY(!fromText(text));
+}
+
+void tst_FaultSweep::theUndisturbedSessionGetsWhatItAsksForAndNothingElse()
+{
+    const Census census = takeCensus();
+    QCOMPARE(census.findings, QStringList());
+    QCOMPARE(census.notes, QStringList());
+    QCOMPARE(census.unansweredAsks, QStringList());
+}
+
+void tst_FaultSweep::aDenseSweepLeavesOutNoCallAndNoStatus()
+{
+    Census census;
+    census.calls = 100;
+    census.names = 50;
+    census.decisiveNames = {3, 4, 49};
+    const QVector<Fault> cases = casesOf(census, Choice());
+    QMap<Mode, QSet<int>> calls;
+    QMap<Mode, QSet<int>> statuses;
+    QSet<int> names;
+    for (const Fault& fault : cases) {
+        (fault.series == Series::Calls ? calls[fault.mode] : names).insert(fault.call);
+        statuses[fault.mode].insert(fault.status);
+    }
+    for (const Mode mode : {Mode::Once, Mode::Lasting}) {
+        QCOMPARE(calls[mode].size(), 100);
+        QCOMPARE(statuses[mode].size(), failures().size());
+    }
+    QCOMPARE(names, (QSet<int>{1, 3, 4, 49}));
+}
+
+void tst_FaultSweep::anExceptionCountsInItsSituationOnly_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("failing");
+    QTest::newRow("range") << "CounterDuration"
+                           << "9"
+                           << "-1"
+                           << "GetIntegerRange";
+    QTest::newRow("float range") << "TriggerDelay"
+                                 << "9"
+                                 << "-1"
+                                 << "GetFloatRange";
+    QTest::newRow("second attempt") << "TimerDuration"
+                                    << "7"
+                                    << "40"
+                                    << "SetFloatValue";
+    QTest::newRow("duration") << "LineDebounceDuration"
+                              << "16"
+                              << "0.01"
+                              << "GetFloatValue";
+    QTest::newRow("field") << "ActionQueueSize"
+                           << "5"
+                           << "-1"
+                           << "GetIntegerValue";
+}
+
+void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
+{
+    QFETCH(QString, feature);
+    QFETCH(QString, asked);
+    QFETCH(QString, written);
+    QFETCH(QString, failing);
+    const std::vector<Write> writes = {{feature, written, QString(), written}};
+    Circumstances step;
+    step.asks = {{feature, asked, QString()}};
+    QCOMPARE(unaskedWrites(writes, step).size(), 1);
+    step.failures = {{failing, "ExposureMode", QString()}};
+    QCOMPARE(unaskedWrites(writes, step).size(), 1);
+    step.failures = {{failing, feature, QString()}};
+    QCOMPARE(unaskedWrites(writes, step), QStringList());
+    const std::vector<Write> others = {{feature, "123", QString(), written}};
+    QCOMPARE(unaskedWrites(others, step).size(), 1);
+    step.asks.clear();
+    QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultSweep::whatIsPlantedIsFound_data()
+{
+    QTest::addColumn<QString>("planted");
+    QTest::addColumn<QString>("found");
+    QTest::newRow("write that nobody asked for") << "write"
+                                                 << "unasked write TriggerDelay=77";
+    QTest::newRow("widget that does not follow") << "stale"
+                                                 << "the tab shows cmbTriggerSource";
+    QTest::newRow("crash") << "crash"
+                           << "crash, signal 11";
+    QTest::newRow("hang") << "hang"
+                          << "hang";
+}
+
+void tst_FaultSweep::whatIsPlantedIsFound()
+{
+    QFETCH(QString, planted);
+    QFETCH(QString, found);
+    Sweep sweep = sweepWith({"--plant", planted});
+    if (planted == "hang")
+        sweep.patienceMs = 2000;
+    const Report report = sweep.run({ordinary});
+    QCOMPARE(report.played, 1);
+    const QStringList findings = report.findings.keys();
+    QVERIFY2(findings.join('\n').contains(found), qPrintable(findings.join('\n')));
+    QCOMPARE(toText(report.findings.first().first), toText(ordinary));
+}
+
+void tst_FaultSweep::aCrashIsThatOfItsFaultAndEndsNoOtherSession()
+{
+    Fault never = ordinary;
+    never.call = 1000000000;
+    const Report report = sweepWith({"--plant", "crash"}).run({never, ordinary, never});
+    QCOMPARE(report.played, 3);
+    QCOMPARE(report.findings["crash, signal 11"].count, 1);
+    QCOMPARE(toText(report.findings["crash, signal 11"].first), toText(ordinary));
+}
+
+void tst_FaultSweep::aCallThatTheSessionDoesNotMakeIsAFinding()
+{
+    Fault never = ordinary;
+    never.call = 1000000000;
+    QCOMPARE(playCase(never).findings, QStringList{"the session has no such call"});
+}
+
+void tst_FaultSweep::noFaultBreaksAPromise_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("once") << int(Mode::Once);
+    QTest::newRow("lasting") << int(Mode::Lasting);
+}
+
+void tst_FaultSweep::noFaultBreaksAPromise()
+{
+    QFETCH(int, mode);
+    Choice choice;
+    choice.callStride = 199;
+    choice.decisiveStride = 397;
+    choice.nameStride = 9973;
+    QVector<Fault> cases = casesOf(takeCensus(), choice);
+    const auto isOther = [&](const Fault& fault) { return fault.mode != Mode(mode); };
+    cases.erase(std::remove_if(cases.begin(), cases.end(), isOther), cases.end());
+    QVERIFY(cases.size() > 50);
+    const Report report = sweepWith({}).run(cases);
+    QCOMPARE(report.played, cases.size());
+    QVERIFY2(report.findings.isEmpty(), replays(report.findings).constData());
+}
+
+QTEST_MAIN(tst_FaultSweep)
+#include "tst_FaultSweep.moc"
