@@ -33,7 +33,8 @@ public:
     QVector<Fault> nextCases()
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        const QVector<Fault> batch = cases.mid(taken, CasesPerProcess);
+        const QVector<Fault> batch =
+            cases.mid(taken, qMin(CasesPerProcess, cases.size() / sweep.jobs + 1));
         taken += batch.size();
         return batch;
     }

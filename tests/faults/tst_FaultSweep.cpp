@@ -139,6 +139,10 @@ void tst_FaultSweep::anExceptionCountsInItsSituationOnly_data()
                            << "5"
                            << "-1"
                            << "GetIntegerValue";
+    QTest::newRow("field again") << "ActionQueueSize"
+                                 << "5"
+                                 << "8"
+                                 << "SetIntegerValue";
 }
 
 void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
