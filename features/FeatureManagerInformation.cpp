@@ -1,6 +1,5 @@
 // FeatureManager: what a feature is called and how it is described.
 #include "features/FeatureManager.h"
-#include "features/RichText.h"
 
 #include <QDebug>
 
@@ -156,9 +155,9 @@ QString FeatureManager::GetInformation(const QString& name) const
     }
     const QString description = descriptionPart(wrapper);
     // Two steps on purpose: a place marker in the camera's text takes part in the second one.
-    return RichText::withoutResources(QStringLiteral("<b>Feature Description:</b> %1<br/>%2")
-                                          .arg(description)
-                                          .arg(informationPart(wrapper)));
+    return QStringLiteral("<b>Feature Description:</b> %1<br/>%2")
+        .arg(description)
+        .arg(informationPart(wrapper));
 }
 
 QString FeatureManager::GetRepresentation(const QString& name) const

@@ -1,6 +1,7 @@
 #include "trigger/AdvTriggerBase.h"
 
 #include "features/FeatureManager.h"
+#include "features/RichText.h"
 #include "trigger/BoundWidget.h"
 #include "trigger/SettingsTreeModel.h"
 
@@ -88,5 +89,6 @@ QString AdvTriggerBase::ToolTipOf(const QString& feature)
 {
     if (!m_tooltipCache.contains(feature) && m_featureManager->GetIsFeatureAvailable(feature))
         m_tooltipCache.insert(feature, m_featureManager->GetInformation(feature));
-    return m_tooltipCache.value(feature);
+    // The texts are the camera's: showing them must not make Qt open what they name.
+    return RichText::withoutResources(m_tooltipCache.value(feature));
 }
