@@ -177,6 +177,7 @@ private:
     void ShowTableCheckBox(QWidget& widget, const QString& feature);
     void ShowTableLed(QWidget& widget, const QString& feature);
     void ShowTableSpinBox(QWidget& widget, const QString& feature);
+    void LimitTableSpinBox(QDoubleSpinBox& box, const QString& feature);
     QString SelectSendersFeature();
     double NextDuration(const QDoubleSpinBox& box, const QString& feature, double value) const;
 

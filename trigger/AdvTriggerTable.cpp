@@ -47,6 +47,8 @@ namespace {
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
 constexpr int StatusColumn = 3;
+/// Of a range that the camera has not told.
+constexpr double UnknownLimit = -1.0;
 
 /// A table without place for the debounce columns has the first ones only.
 int ShownColumns(const QTableWidget& table)
@@ -229,12 +231,7 @@ void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
     auto* box = new QDoubleSpinBox(&cell.table);
     // First of all: a range is rounded to the decimals there are.
     box->setDecimals(decimals);
-    double min = -1.0;
-    double max = -1.0;
-    double increment = -1.0;
-    m_featureManager->GetValueRangeIncrement(cell.feature, &min, &max, &increment);
-    box->setRange(min, max);
-    box->setSingleStep(increment);
+    box->setRange(UnknownLimit, UnknownLimit);
     ShowTableSpinBox(*box, cell.feature);
     PlaceTableEditor(cell, *box, *box, SIGNAL(valueChanged(double)),
                      SLOT(OnChangeTableSpinbox(double)));
@@ -326,9 +323,22 @@ void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)
     auto& box = static_cast<QDoubleSpinBox&>(widget);
     {
         const TypedText::Keeper typed(box);
+        if (box.minimum() == UnknownLimit && box.maximum() == UnknownLimit)
+            LimitTableSpinBox(box, feature);
         box.setValue(m_featureManager->GetValue(feature));
     }
     TypedText::setEnabled(box, m_featureManager->GetIsWritable(feature));
+}
+
+/// Once, when the table is built; again only for a camera that did not answer then.
+void AdvTriggerBase::LimitTableSpinBox(QDoubleSpinBox& box, const QString& feature)
+{
+    double min = UnknownLimit;
+    double max = UnknownLimit;
+    double increment = -1.0;
+    m_featureManager->GetValueRangeIncrement(feature, &min, &max, &increment);
+    box.setRange(min, max);
+    box.setSingleStep(increment);
 }
 
 QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)

@@ -45,6 +45,9 @@ QString untrueCell(const TableForm& form, const Fake::FakeCamera& camera)
     const auto* lamp = form.findChild<QLabel*>("lblLine0_LineStatus");
     if (lamp && lamp->isEnabled() != state("LineStatus").boolean)
         return lamp->objectName();
+    const auto* duration = form.findChild<QDoubleSpinBox*>("spbLine0_LineDebounceDuration");
+    if (duration && duration->value() != state("LineDebounceDuration").real)
+        return duration->objectName();
     return QString();
 }
 
