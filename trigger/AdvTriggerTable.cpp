@@ -323,7 +323,8 @@ void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)
     auto& box = static_cast<QDoubleSpinBox&>(widget);
     {
         const TypedText::Keeper typed(box);
-        if (box.minimum() == UnknownLimit && box.maximum() == UnknownLimit)
+        // Fitted to an increment, an unknown maximum does not stay what it was.
+        if (box.minimum() == UnknownLimit)
             LimitTableSpinBox(box, feature);
         box.setValue(m_featureManager->GetValue(feature));
     }

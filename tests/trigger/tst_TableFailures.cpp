@@ -71,6 +71,7 @@ void tst_TableFailures::anyOneFailingCallIsMendedByTheNextRefresh()
     QVERIFY(calls > 100);
     for (int n = 1; n <= calls; ++n) {
         const auto camera = tableCamera({"Line0"});
+        (*camera)["LineDebounceDuration"].state().incrementReal = 1.0;
         TableForm form(*camera);
         camera->clearLog();
         camera->failNthCall(n);
