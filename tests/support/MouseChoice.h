@@ -14,8 +14,9 @@ inline void chooseWithMouse(QComboBox& box, const QString& entry)
     QTest::mouseClick(&box, Qt::LeftButton);
     QAbstractItemView* list = box.view();
     QVERIFY(QTest::qWaitForWindowExposed(list->window()));
-    // Within this time the popup takes a release for the end of the click that opened it.
-    QTest::qWait(QApplication::doubleClickInterval());
+    // Within this time, measured coarsely, the popup takes a release for the end of the click that
+    // opened it.
+    QTest::qWait(2 * QApplication::doubleClickInterval());
     const QModelIndex index = box.model()->index(row, 0);
     list->scrollTo(index);
     // Of an entry wider than the list, only a part can be hit.
