@@ -256,6 +256,21 @@ void tst_DescriptionLimits::usualLengthsAreUsable()
     open({"Data", "Text"},
          reg("Register", "Data", "0x4100", "2048") + reg("StringReg", "Text", "0x4a00", "512"));
     std::uint32_t count = 0;
+    const QByteArray sized = "<IntReg Name=\"B\"><Address>0x4004</Address><pLength>L</pLength>"
+                             "<AccessMode>RO</AccessMode><pPort>Device</pPort></IntReg>"
+                             "<Integer Name=\"L\"><Value>1099511627776</Value></Integer>";
+    QTest::newRow("limit") << reg("IntReg", "R", "0x4008", "4") +
+                                  "<Integer Name=\"A\"><pValue>R</pValue><pMax>B</pMax></Integer>" +
+                                  sized;
+    QTest::newRow("availability") << reg("IntReg", "A", "0x4008", "4",
+                                         "<pIsAvailable>B</pIsAvailable>") +
+                                         sized;
+    QTest::newRow("implementation")
+        << reg("IntReg", "A", "0x4008", "4", "<pIsImplemented>B</pIsImplemented>") + sized;
+    QTest::newRow("index") << reg("IntReg", "A", "0x4008", "4",
+                                  "<pIndex Offset=\"4\">B</pIndex><PollingTime>100"
+                                  "</PollingTime>") +
+                                  sized;
     QCOMPARE(find("Data")->GetRawValue(nullptr, count), ZalErrorSuccess);
     QCOMPARE(count, 2048U);
     const std::string longText(300, 'x');
