@@ -69,6 +69,8 @@ ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
     const ZalErrorType status = payloadSize(camera, size);
     if (status != ZalErrorSuccess)
         return status;
+    if (!camera.canStream)
+        return ZalErrorNotImplemented;
     AravisError error;
     const auto created =
         adoptObject(arv_device_create_stream(device, nullptr, nullptr, error.out()));

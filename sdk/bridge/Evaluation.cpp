@@ -176,6 +176,16 @@ bool Evaluation::isAnswerable(ArvGcNode* node) const
     return ends(node, Value) && ends(node, Limits) && ends(node, Gates);
 }
 
+bool Evaluation::areAnswerable(const char* prefix) const
+{
+    return std::all_of(nodes.begin(), nodes.end(), [&](ArvGcNode* node) {
+        const char* name = ARV_IS_GC_FEATURE_NODE(node)
+                               ? arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node))
+                               : nullptr;
+        return !name || !g_str_has_prefix(name, prefix) || isAnswerable(node);
+    });
+}
+
 bool Evaluation::hasValue(ArvGcNode* node) const
 {
     return ends(node, Value);
