@@ -410,7 +410,7 @@ void tst_CameraWorker::waitsThatLieFarApartDoNotAddUp()
     QCOMPARE(worker->call(lateAnswer(450)), ZalErrorSuccess);
     QTest::qWait(pauseMs);
     const auto done = std::make_shared<std::atomic<bool>>(false);
-    worker->close([done, work = lateAnswer(200)] {
+    worker->close([done, work = lateAnswer(400)] {
         work();
         *done = true;
         return ZalErrorSuccess;
