@@ -22,10 +22,21 @@ void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
         ::_exit(1);
 }
 
+/// Whoever started the program may have made it deaf to alarms.
+void setAlarm()
+{
+    std::signal(SIGALRM, SIG_DFL);
+    sigset_t alarms;
+    ::sigemptyset(&alarms);
+    ::sigaddset(&alarms, SIGALRM);
+    ::sigprocmask(SIG_UNBLOCK, &alarms, nullptr);
+    ::alarm(PATIENCE_S);
+}
+
 /// The part of the child: ends the process with 0 when Qt can connect to the display.
 [[noreturn]] void tryDisplay()
 {
-    ::alarm(PATIENCE_S);
+    setAlarm();
     qInstallMessageHandler(endQuietly);
     char name[] = "ZalViewer";
     char* arguments[] = {name, nullptr};
@@ -42,6 +53,8 @@ bool isUsable()
     const pid_t child = ::fork();
     if (child == 0)
         tryDisplay();
+    if (child < 0)
+        return false;
     int status = 0;
     while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }

@@ -100,5 +100,11 @@ QImage convertFrame(const ZalCPP::Frame& frame, QString& problem)
                                               "The camera delivered an incomplete image.");
         return {};
     }
-    return copyPixels(frame, *layout);
+    QImage image = copyPixels(frame, *layout);
+    if (image.isNull())
+        problem = QCoreApplication::translate("FrameConverter",
+                                              "Images of %1 x %2 pixels cannot be shown.")
+                      .arg(frame.width)
+                      .arg(frame.height);
+    return image;
 }

@@ -154,6 +154,10 @@ Rückgabewerte:
         <source>The camera delivered an incomplete image.</source>
         <translation>Die Kamera hat ein unvollständiges Bild geliefert.</translation>
     </message>
+    <message>
+        <source>Images of %1 x %2 pixels cannot be shown.</source>
+        <translation>Bilder mit %1 x %2 Pixeln können nicht angezeigt werden.</translation>
+    </message>
 </context>
 <context>
     <name>ImageView</name>
@@ -340,10 +344,6 @@ Rückgabewerte:
     <message>
         <source>The operation failed.</source>
         <translation>Die Operation ist fehlgeschlagen.</translation>
-    </message>
-    <message>
-        <source>The camera does not answer any more.</source>
-        <translation>Die Kamera antwortet nicht mehr.</translation>
     </message>
     <message>
         <source>Another program controls the camera.</source>

@@ -154,6 +154,10 @@ Códigos de salida:
         <source>The camera delivered an incomplete image.</source>
         <translation>La cámara entregó una imagen incompleta.</translation>
     </message>
+    <message>
+        <source>Images of %1 x %2 pixels cannot be shown.</source>
+        <translation>No se pueden mostrar imágenes de %1 x %2 píxeles.</translation>
+    </message>
 </context>
 <context>
     <name>ImageView</name>
@@ -340,10 +344,6 @@ Códigos de salida:
     <message>
         <source>The operation failed.</source>
         <translation>La operación ha fallado.</translation>
-    </message>
-    <message>
-        <source>The camera does not answer any more.</source>
-        <translation>La cámara ya no responde.</translation>
     </message>
     <message>
         <source>Another program controls the camera.</source>

@@ -154,6 +154,10 @@ Codes de sortie&#xa0;:
         <source>The camera delivered an incomplete image.</source>
         <translation>La caméra a livré une image incomplète.</translation>
     </message>
+    <message>
+        <source>Images of %1 x %2 pixels cannot be shown.</source>
+        <translation>Les images de %1 x %2 pixels ne peuvent pas être affichées.</translation>
+    </message>
 </context>
 <context>
     <name>ImageView</name>
@@ -340,10 +344,6 @@ Codes de sortie&#xa0;:
     <message>
         <source>The operation failed.</source>
         <translation>L’opération a échoué.</translation>
-    </message>
-    <message>
-        <source>The camera does not answer any more.</source>
-        <translation>La caméra ne répond plus.</translation>
     </message>
     <message>
         <source>Another program controls the camera.</source>

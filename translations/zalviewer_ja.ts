@@ -154,6 +154,10 @@ Exit codes:
         <source>The camera delivered an incomplete image.</source>
         <translation>カメラから不完全な画像が届きました。</translation>
     </message>
+    <message>
+        <source>Images of %1 x %2 pixels cannot be shown.</source>
+        <translation>%1 x %2 ピクセルの画像は表示できません。</translation>
+    </message>
 </context>
 <context>
     <name>ImageView</name>
@@ -340,10 +344,6 @@ Exit codes:
     <message>
         <source>The operation failed.</source>
         <translation>操作に失敗しました。</translation>
-    </message>
-    <message>
-        <source>The camera does not answer any more.</source>
-        <translation>カメラが応答しなくなりました。</translation>
     </message>
     <message>
         <source>Another program controls the camera.</source>

@@ -154,6 +154,10 @@ Exit codes:
         <source>The camera delivered an incomplete image.</source>
         <translation>相机传来的图像不完整。</translation>
     </message>
+    <message>
+        <source>Images of %1 x %2 pixels cannot be shown.</source>
+        <translation>无法显示 %1 x %2 像素的图像。</translation>
+    </message>
 </context>
 <context>
     <name>ImageView</name>
@@ -340,10 +344,6 @@ Exit codes:
     <message>
         <source>The operation failed.</source>
         <translation>操作失败。</translation>
-    </message>
-    <message>
-        <source>The camera does not answer any more.</source>
-        <translation>相机不再响应。</translation>
     </message>
     <message>
         <source>Another program controls the camera.</source>

@@ -69,6 +69,8 @@ ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
     const ZalErrorType status = payloadSize(camera, size);
     if (status != ZalErrorSuccess)
         return status;
+    if (!camera.canStream)
+        return ZalErrorNotImplemented;
     AravisError error;
     const auto created =
         adoptObject(arv_device_create_stream(device, nullptr, nullptr, error.out()));
@@ -118,7 +120,6 @@ ZalErrorType stopCamera(const CameraDescription& camera)
 ImagePlace placeOf(ArvBuffer* buffer)
 {
     std::size_t room = 0;
-    int paddingY = 0;
     ImagePlace place;
     const auto* begin = static_cast<const unsigned char*>(arv_buffer_get_data(buffer, &room));
     const auto* image =
@@ -126,7 +127,8 @@ ImagePlace placeOf(ArvBuffer* buffer)
     place.width = arv_buffer_get_image_width(buffer);
     place.height = arv_buffer_get_image_height(buffer);
     place.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
-    arv_buffer_get_image_padding(buffer, &place.paddingX, &paddingY);
+    // Rows of padding lie behind the image, where nobody looks.
+    arv_buffer_get_image_padding(buffer, &place.paddingX, nullptr);
     const auto offset = static_cast<std::size_t>(image - begin);
     const bool isInside =
         begin && image && image >= begin && offset <= room && place.size <= room - offset;
@@ -192,14 +194,23 @@ ZalErrorType Acquisition::start(Camera::FrameHandler handler)
         [device = core->device(), opened = stream](const CameraDescription& camera) {
             return startCamera(device, camera, *opened);
         });
-    if (status != ZalErrorSuccess) {
+    const ZalErrorType result =
+        status == ZalErrorSuccess ? startGrabbing(std::move(handler)) : status;
+    if (result != ZalErrorSuccess)
         cleanUp(true);
-        return status;
-    }
+    return result;
+}
+
+ZalErrorType Acquisition::startGrabbing(Camera::FrameHandler handler)
+{
     running = true;
-    grabber = std::thread(
-        [this, raw = stream->get(), handler = std::move(handler)] { grab(raw, running, handler); });
-    return ZalErrorSuccess;
+    const bool started = endsWell([&] {
+        grabber = std::thread([this, raw = stream->get(), handler = std::move(handler)] {
+            grab(raw, running, handler);
+        });
+    });
+    running = started;
+    return started ? ZalErrorSuccess : ZalErrorOutOfResources;
 }
 
 ZalErrorType Acquisition::stop()

@@ -26,6 +26,7 @@ public:
 private:
     using StreamPtr = std::shared_ptr<ArvStream>;
 
+    ZalErrorType startGrabbing(Camera::FrameHandler handler);
     void endGrabbing();
     void cleanUp(bool stopCameraFirst);
 

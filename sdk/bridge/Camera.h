@@ -47,8 +47,8 @@ enum class CameraLoss
     ControlTaken ///< It answers, but another program controls it.
 };
 
-/// A sentence for the user, in English; marked for translation in the context "ZalCPP". Empty where
-/// nothing is lost. Any thread.
+/// A reason for the user, one sentence in English; marked for translation in the context "ZalCPP".
+/// Empty where there is none beyond the loss itself. Any thread.
 const char* LossText(CameraLoss loss);
 
 /// An open camera. All methods may be called from any thread and are bounded in time like those of

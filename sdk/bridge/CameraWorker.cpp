@@ -14,9 +14,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// How long closing waits, together with what the callers have waited just before. A lost datagram
-// fails nothing here: what closing leaves undone is done without it.
-constexpr std::chrono::milliseconds CloseTimeout{400};
+// How long closing waits, together with what the callers have waited just before: long enough for
+// one repetition, because a camera that is not told stays ours for seconds, and is in use for
+// whoever opens it again.
+constexpr std::chrono::milliseconds CloseTimeout = CameraWorker::CallTimeout;
 // A shorter wait is none.
 constexpr std::chrono::milliseconds NoticeableWait{50};
 // Waits that lie further apart do not add up.
@@ -131,13 +132,13 @@ void CameraWorker::State::settle(ZalErrorType result)
 {
     if (result == ZalErrorTimeout) {
         worsen(Health::Overdue);
-        result = has(Health::Overdue) && hooks.probe() == ZalErrorSuccess ? ZalErrorSuccess
-                                                                          : ZalErrorNotOpen;
+        const bool answers = has(Health::Overdue) && guarded(hooks.probe) == ZalErrorSuccess;
+        result = answers ? ZalErrorSuccess : ZalErrorNotOpen;
     }
     if (result != ZalErrorNotOpen)
         recover();
     else if (worsen(Health::Lost))
-        hooks.lost();
+        endsWell(hooks.lost);
 }
 
 void CameraWorker::State::recover()
@@ -148,7 +149,7 @@ void CameraWorker::State::recover()
             return;
         health = Health::Good;
     }
-    hooks.recovered();
+    endsWell(hooks.recovered);
 }
 
 bool CameraWorker::State::has(Health wanted) const

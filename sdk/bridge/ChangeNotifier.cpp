@@ -159,7 +159,7 @@ void ChangeNotifier::pause(Lock& lock)
 {
     if (!lock.owns_lock())
         lock.lock();
-    wake.wait_for(lock, PauseAfterFailure);
+    wake.wait_for(lock, PauseAfterFailure, [this] { return stopping || isLost; });
 }
 
 // Does the one thing that is due, or waits for the next one.

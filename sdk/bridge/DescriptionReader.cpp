@@ -14,6 +14,10 @@
 namespace ZalCPP {
 namespace {
 
+// Of the nodes that Aravis asks on its own account when it opens a stream. It brings them along,
+// but a camera may describe them itself.
+constexpr char StreamPrefix[] = "ArvGev";
+
 std::string text(const char* string)
 {
     return string ? string : "";
@@ -257,6 +261,7 @@ public:
     ZalErrorType walk(CameraDescription& description)
     {
         collectMembers();
+        result.canStream = evaluation.areAnswerable(StreamPrefix);
         const ZalErrorType status = addFeatures();
         connect();
         if (status == ZalErrorSuccess)

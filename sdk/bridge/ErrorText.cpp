@@ -47,14 +47,9 @@ const char* ErrorText(ZalErrorType status)
 
 const char* LossText(CameraLoss loss)
 {
-    switch (loss) {
-    case CameraLoss::NoAnswer:
-        return QT_TRANSLATE_NOOP("ZalCPP", "The camera does not answer any more.");
-    case CameraLoss::ControlTaken:
+    if (loss == CameraLoss::ControlTaken)
         return QT_TRANSLATE_NOOP("ZalCPP", "Another program controls the camera.");
-    default:
-        return "";
-    }
+    return "";
 }
 
 } // namespace ZalCPP

@@ -14,8 +14,15 @@ bool isNode(ArvDomNode* node)
     return ARV_IS_GC_NODE(node) && !ARV_IS_GC_PROPERTY_NODE(node);
 }
 
+// A length that only the camera knows is asked before the access, but that is too late for numbers:
+// Aravis reads one on its own account wherever another node depends on it.
 bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length)
 {
+    const auto type = arv_gc_property_node_get_node_type(length);
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_P_LENGTH)
+        return longestLength(owner) > Limits::NumberLength;
+    if (type != ARV_GC_PROPERTY_NODE_TYPE_LENGTH)
+        return true;
     AravisError error;
     const gint64 bytes = arv_gc_property_node_get_int64(length, error.out());
     return bytes > 0 && static_cast<std::uint64_t>(bytes) <= longestLength(owner);
@@ -70,7 +77,7 @@ void Evaluation::addProperties(ArvGcNode* owner, ArvDomNode* node)
 void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property)
 {
     const auto type = arv_gc_property_node_get_node_type(property);
-    if (type == ARV_GC_PROPERTY_NODE_TYPE_LENGTH && !isUsableLength(owner, property))
+    if (!isUsableLength(owner, property))
         states[idOf(owner, Value)].isBroken = true;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)
@@ -167,6 +174,16 @@ bool Evaluation::ends(ArvGcNode* node, Question question) const
 bool Evaluation::isAnswerable(ArvGcNode* node) const
 {
     return ends(node, Value) && ends(node, Limits) && ends(node, Gates);
+}
+
+bool Evaluation::areAnswerable(const char* prefix) const
+{
+    return std::all_of(nodes.begin(), nodes.end(), [&](ArvGcNode* node) {
+        const char* name = ARV_IS_GC_FEATURE_NODE(node)
+                               ? arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node))
+                               : nullptr;
+        return !name || !g_str_has_prefix(name, prefix) || isAnswerable(node);
+    });
 }
 
 bool Evaluation::hasValue(ArvGcNode* node) const

@@ -22,6 +22,8 @@ public:
 
     /// Whether value, limits, lock, availability and implementation of `node` can be asked.
     bool isAnswerable(ArvGcNode* node) const;
+    /// As isAnswerable(), for all nodes whose names begin so.
+    bool areAnswerable(const char* prefix) const;
     /// Whether the value can.
     bool hasValue(ArvGcNode* node) const;
 

@@ -63,6 +63,8 @@ struct CameraDescription
 {
     std::vector<FeatureDescription> features;
     std::unordered_map<std::string, std::size_t> positions; ///< By feature name.
+    /// False where Aravis would never find an end when it opens a stream of images.
+    bool canStream = true;
 };
 
 } // namespace ZalCPP

@@ -1,19 +1,28 @@
 #include "sdk/bridge/ImagePlace.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace ZalCPP {
 namespace {
 
-// PFNC keeps the bits of a pixel in the third byte of its format. 64 bits, because width and height
-// may be any numbers.
+// PFNC keeps the bits of a pixel in the third byte of its format.
+std::uint64_t bitsOfPixel(const ImagePlace& place)
+{
+    return (place.pixelFormat >> 16) & 0xff;
+}
+
+// 64 bits, because width and height may be any numbers.
 std::uint64_t bytesOf(const ImagePlace& place)
 {
-    const std::uint64_t bits = (place.pixelFormat >> 16) & 0xff;
     const auto pixels =
         static_cast<std::uint64_t>(place.width) * static_cast<std::uint64_t>(place.height);
-    return pixels / 8 * bits + pixels % 8 * bits / 8;
+    return pixels / 8 * bitsOfPixel(place) + pixels % 8 * bitsOfPixel(place) / 8;
+}
+
+// Padding begins with a whole byte.
+std::size_t bytesOfRow(const ImagePlace& place)
+{
+    return (static_cast<std::uint64_t>(place.width) * bitsOfPixel(place) + 7) / 8;
 }
 
 } // namespace
@@ -28,9 +37,10 @@ bool copyPixels(const ImagePlace& place, std::vector<unsigned char>& pixels)
         return true;
     }
     const auto rows = static_cast<std::size_t>(place.height);
-    const std::size_t stride = place.size / rows;
-    const std::size_t row = stride - std::min(stride, static_cast<std::size_t>(place.paddingX));
-    if (bytesOf(place) > row * rows)
+    const std::size_t row = bytesOfRow(place);
+    const std::size_t stride = row + static_cast<std::size_t>(place.paddingX);
+    // The last row may come without its padding, and anything may lie behind it.
+    if (row > place.size || (place.size - row) / stride < rows - 1)
         return false;
     std::vector<unsigned char> copied;
     copied.reserve(row * rows);

@@ -51,11 +51,17 @@ Implementation::Implementation(const Evaluation& descriptionEvaluation,
     : evaluation(descriptionEvaluation)
 {
     for (ArvGcNode* feature : features) {
-        if (!canBeWritten(feature))
-            continue;
-        const auto nodes = writtenNodes(feature);
-        written.insert(nodes.begin(), nodes.end());
+        if (canBeWritten(feature))
+            addAll(writtenNodes(feature));
+        for (ArvGcNode* selected :
+             linkedNodes(ARV_DOM_NODE(feature), {ARV_GC_PROPERTY_NODE_TYPE_P_SELECTED}))
+            addAll(writtenNodes(selected));
     }
+}
+
+void Implementation::addAll(const std::vector<ArvGcNode*>& nodes)
+{
+    changing.insert(nodes.begin(), nodes.end());
 }
 
 ZalErrorType Implementation::decide(FeatureDescription& feature, bool& implemented) const
@@ -79,7 +85,7 @@ bool Implementation::canChange(ArvGcFeatureNode* node) const
          linkedNodes(ARV_DOM_NODE(node), {ARV_GC_PROPERTY_NODE_TYPE_P_IS_IMPLEMENTED})) {
         const auto sources = evaluation.sourcesOf(condition);
         const bool changes = std::any_of(sources.begin(), sources.end(), [this](ArvGcNode* source) {
-            return written.count(source) > 0 || changesByItself(source);
+            return changing.count(source) > 0 || changesByItself(source);
         });
         if (changes)
             return true;

@@ -13,13 +13,13 @@ namespace ZalCPP {
 /// selector, has to be asked each time.
 ///
 /// A register cannot change where the description says so: it is only read, may be cached, has no
-/// polling time and no invalidator, and lies where nothing that can change puts it. A family of
-/// cameras that shares one description tells its members apart by such registers. A value in the
-/// description itself changes only where a feature writes it.
+/// polling time and no invalidator, no selector selects it, and it lies where nothing that can
+/// change puts it. A family of cameras that shares one description tells its members apart by such
+/// registers. A value in the description itself changes only where a feature writes it.
 class Implementation
 {
 public:
-    /// `features` are all nodes that a program can write.
+    /// `features` are all nodes that a program can use.
     Implementation(const Evaluation& evaluation, const std::vector<ArvGcNode*>& features);
 
     /// Asks the camera where the answer is for good. Otherwise counts as implemented and notes in
@@ -28,10 +28,12 @@ public:
     ZalErrorType decide(FeatureDescription& feature, bool& implemented) const;
 
 private:
+    void addAll(const std::vector<ArvGcNode*>& nodes);
     bool canChange(ArvGcFeatureNode* node) const;
 
     const Evaluation& evaluation;
-    std::unordered_set<ArvGcNode*> written; ///< What a write to some feature passes through.
+    /// What a write to some feature passes through, and what lies behind a selector.
+    std::unordered_set<ArvGcNode*> changing;
 };
 
 } // namespace ZalCPP

@@ -147,6 +147,15 @@ private slots:
         QCOMPARE(problem, QString("The camera delivered an incomplete image."));
     }
 
+    void imageTooLargeToShowIsRefused()
+    {
+        constexpr uint width = 1U << 28;
+        QString problem;
+        const Bytes pixels(width);
+        QVERIFY(convertFrame(makeFrame(0x01080001, width, 1, pixels), problem).isNull());
+        QCOMPARE(problem, QString("Images of 268435456 x 1 pixels cannot be shown."));
+    }
+
     void surplusBytesAreIgnored()
     {
         QString problem;

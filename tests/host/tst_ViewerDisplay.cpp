@@ -78,6 +78,20 @@ protected:
     void setupChildProcess() override { std::signal(SIGCHLD, SIG_IGN); }
 };
 
+/// Hands on that alarms do not reach the program.
+class UnalarmedProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override
+    {
+        std::signal(SIGALRM, SIG_IGN);
+        sigset_t alarms;
+        ::sigemptyset(&alarms);
+        ::sigaddset(&alarms, SIGALRM);
+        ::sigprocmask(SIG_BLOCK, &alarms, nullptr);
+    }
+};
+
 /// Lets in only who shows the cookie that nobody has.
 QByteArray authorityFile()
 {
@@ -152,6 +166,18 @@ private slots:
         process.setProcessEnvironment(environmentWith({{"DISPLAY", ":98765"}}));
         process.start(VIEWER, QStringList());
         QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), int(ExitNoDisplay));
+    }
+
+    void launcherThatIgnoresAlarmsMakesNoDifference()
+    {
+        SilentDisplay display;
+        UnalarmedProcess process;
+        process.setProcessEnvironment(environmentWith({{"DISPLAY", display.name()}}));
+        process.start(VIEWER, QStringList());
+        QVERIFY(process.waitForFinished(60000));
+        QVERIFY(display.wasAsked());
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), int(ExitNoDisplay));
     }

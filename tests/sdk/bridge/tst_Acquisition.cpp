@@ -3,10 +3,28 @@
 #include "tests/sdk/bridge/NastyCamera.h"
 #include "tests/sdk/bridge/WireTap.h"
 
+#include <cerrno>
+#include <dlfcn.h>
+#include <pthread.h>
 #include <thread>
 
 using namespace BridgeTest;
 using ZalCPP::Frame;
+
+namespace {
+
+thread_local bool noMoreThreads = false; // For the calls of this thread.
+
+} // namespace
+
+// In place of the function of the library.
+extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                              void* (*start)(void*), void* argument) noexcept
+{
+    using Create = decltype(&pthread_create);
+    static const auto create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
+    return noMoreThreads ? EAGAIN : create(thread, attributes, start, argument);
+}
 
 class tst_Acquisition : public QObject
 {
@@ -39,6 +57,7 @@ private slots:
     void imageSizeIsTakenAtTheStart();
     void refusedStopUnlocksTheParametersAllTheSame();
     void slowStartTakesNoLongerThanOneCall();
+    void startWithoutAThreadIsTakenBack();
 
 private:
     FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
@@ -214,6 +233,19 @@ void tst_Acquisition::slowStartTakesNoLongerThanOneCall()
     QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
     QCOMPARE(server->reg(0x124), 0U);
     QCOMPARE(frames, 0);
+}
+
+void tst_Acquisition::startWithoutAThreadIsTakenBack()
+{
+    noMoreThreads = true;
+    const ZalErrorType status = start();
+    noMoreThreads = false;
+    QCOMPARE(status, ZalErrorOutOfResources);
+    QVERIFY(!camera->IsAcquiring());
+    QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
+    QCOMPARE(server->reg(0x124), 0U);
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
 }
 
 QTEST_GUILESS_MAIN(tst_Acquisition)

@@ -54,6 +54,7 @@ private slots:
     void slowCallsThatFollowEachOtherAddUp();
     void waitsThatLieFarApartDoNotAddUp_data();
     void waitsThatLieFarApartDoNotAddUp();
+    void closingWaitsForOneRepetition();
     void noCallRunsAfterTheLastWork();
     void closedWorkerRefuses();
     void workIsReleasedOnTheWorkerThread();
@@ -409,12 +410,24 @@ void tst_CameraWorker::waitsThatLieFarApartDoNotAddUp()
     QCOMPARE(worker->call(lateAnswer(450)), ZalErrorSuccess);
     QTest::qWait(pauseMs);
     const auto done = std::make_shared<std::atomic<bool>>(false);
-    worker->close([done, work = lateAnswer(200)] {
+    worker->close([done, work = lateAnswer(400)] {
         work();
         *done = true;
         return ZalErrorSuccess;
     });
     QTEST(done->load(), "waited");
+}
+
+// Giving up control is such a work: left undone, the camera would be in use for a while.
+void tst_CameraWorker::closingWaitsForOneRepetition()
+{
+    const auto done = std::make_shared<std::atomic<bool>>(false);
+    worker->close([done, work = lateAnswer(510)] {
+        work();
+        *done = true;
+        return ZalErrorSuccess;
+    });
+    QVERIFY(*done);
 }
 
 void tst_CameraWorker::noCallRunsAfterTheLastWork()

@@ -29,6 +29,8 @@ private slots:
     void lengthFromTheCameraIsLimited();
     void payloadIsLimited_data();
     void payloadIsLimited();
+    void streamThatLeadsInACircleIsNotStarted_data();
+    void streamThatLeadsInACircleIsNotStarted();
     void pollingTimeIsLimited_data();
     void pollingTimeIsLimited();
     void entriesAreLimited();
@@ -38,6 +40,7 @@ private slots:
 
 private:
     void open(const QList<QByteArray>& features, const QByteArray& nodes);
+    void openWithImages(const QByteArray& payloadSize, const QByteArray& nodes = {});
     void verifyUnusable(const std::string& name);
     FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
 
@@ -55,6 +58,17 @@ void tst_DescriptionLimits::open(const QList<QByteArray>& features, const QByteA
 {
     server = DescribedCamera::serve(describe(features, nodes));
     camera = openCamera();
+}
+
+void tst_DescriptionLimits::openWithImages(const QByteArray& payloadSize, const QByteArray& nodes)
+{
+    open({"PayloadSize", "AcquisitionStart", "AcquisitionStop"},
+         "<Integer Name=\"PayloadSize\"><Value>" + payloadSize +
+             "</Value></Integer>"
+             "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1</CommandValue>"
+             "</Command><Command Name=\"AcquisitionStop\"><pValue>R</pValue><CommandValue>0"
+             "</CommandValue></Command>" +
+             reg("IntReg", "R", "0x124", "4") + nodes);
 }
 
 // Not usable in any way, and the camera works on.
@@ -242,6 +256,21 @@ void tst_DescriptionLimits::impossibleLengthIsListedWithoutAccess_data()
         << "<SwissKnife Name=\"A\"><pVariable Name=\"X\">R</pVariable><Formula>X</Formula>"
            "</SwissKnife>" +
                reg("IntReg", "R", "0x4004", "1099511627776");
+    const QByteArray sized = "<IntReg Name=\"B\"><Address>0x4004</Address><pLength>L</pLength>"
+                             "<AccessMode>RO</AccessMode><pPort>Device</pPort></IntReg>"
+                             "<Integer Name=\"L\"><Value>1099511627776</Value></Integer>";
+    QTest::newRow("limit") << reg("IntReg", "R", "0x4008", "4") +
+                                  "<Integer Name=\"A\"><pValue>R</pValue><pMax>B</pMax></Integer>" +
+                                  sized;
+    QTest::newRow("availability") << reg("IntReg", "A", "0x4008", "4",
+                                         "<pIsAvailable>B</pIsAvailable>") +
+                                         sized;
+    QTest::newRow("implementation")
+        << reg("IntReg", "A", "0x4008", "4", "<pIsImplemented>B</pIsImplemented>") + sized;
+    QTest::newRow("index") << reg("IntReg", "A", "0x4008", "4",
+                                  "<pIndex Offset=\"4\">B</pIndex><PollingTime>100"
+                                  "</PollingTime>") +
+                                  sized;
 }
 
 void tst_DescriptionLimits::impossibleLengthIsListedWithoutAccess()
@@ -301,16 +330,39 @@ void tst_DescriptionLimits::payloadIsLimited()
 {
     QFETCH(QByteArray, size);
     QFETCH(ZalErrorType, status);
-    open({"PayloadSize", "AcquisitionStart", "AcquisitionStop"},
-         "<Integer Name=\"PayloadSize\"><Value>" + size +
-             "</Value></Integer>"
-             "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1</CommandValue>"
-             "</Command><Command Name=\"AcquisitionStop\"><pValue>R</pValue><CommandValue>0"
-             "</CommandValue></Command>" +
-             reg("IntReg", "R", "0x124", "4"));
+    openWithImages(size);
     QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), status);
     QCOMPARE(camera->IsAcquiring(), status == ZalErrorSuccess);
     QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
+}
+
+// Aravis brings these nodes along where a camera does not describe them itself.
+void tst_DescriptionLimits::streamThatLeadsInACircleIsNotStarted_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("address")
+        << QByteArray("<IntSwissKnife Name=\"ArvGevSCPAddrCalc\"><pVariable Name=\"X\">"
+                      "ArvGevSCPAddrCalc</pVariable><Formula>X</Formula></IntSwissKnife>")
+        << ZalErrorNotImplemented;
+    QTest::newRow("number of channels")
+        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><pValue>"
+                      "ArvGevStreamChannelCount</pValue></Integer>")
+        << ZalErrorNotImplemented;
+    QTest::newRow("none")
+        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><Value>1</Value></Integer>"
+                      "<Integer Name=\"B\"><pValue>B</pValue></Integer>")
+        << ZalErrorSuccess;
+}
+
+void tst_DescriptionLimits::streamThatLeadsInACircleIsNotStarted()
+{
+    QFETCH(QByteArray, nodes);
+    QFETCH(ZalErrorType, status);
+    openWithImages("2048", nodes);
+    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), status);
+    QCOMPARE(camera->IsAcquiring(), status == ZalErrorSuccess);
     QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
 }
 

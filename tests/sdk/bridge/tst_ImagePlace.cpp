@@ -7,6 +7,8 @@
 
 using ZalCPP::copyPixels;
 using ZalCPP::ImagePlace;
+using Bytes = std::vector<unsigned char>;
+Q_DECLARE_METATYPE(Bytes)
 
 namespace {
 
@@ -23,6 +25,7 @@ class tst_ImagePlace : public QObject
 private slots:
     void imageNeedsItsBytes_data();
     void imageNeedsItsBytes();
+    void rowsLoseTheirPadding_data();
     void rowsLoseTheirPadding();
     void bufferWithoutDataHasNoImage();
 };
@@ -48,6 +51,7 @@ void tst_ImagePlace::imageNeedsItsBytes_data()
     QTest::newRow("padding beyond the row") << 4 << 3 << 9 << Mono8 << false;
     QTest::newRow("negative padding") << 4 << 3 << -1 << Mono8 << false;
     QTest::newRow("more rows than bytes") << 1 << 100 << 1 << Mono8 << false;
+    QTest::newRow("largest measures, padded") << INT_MAX << INT_MAX << 1 << 0x02ff0001U << false;
 }
 
 void tst_ImagePlace::imageNeedsItsBytes()
@@ -64,12 +68,32 @@ void tst_ImagePlace::imageNeedsItsBytes()
     QCOMPARE(pixels, fits ? memory : std::vector<unsigned char>{1});
 }
 
+void tst_ImagePlace::rowsLoseTheirPadding_data()
+{
+    QTest::addColumn<Bytes>("memory");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<std::uint32_t>("pixelFormat");
+    QTest::addColumn<Bytes>("rows");
+    QTest::newRow("two rows") << Bytes{1, 2, 0, 3, 4, 0} << 2 << Mono8 << Bytes{1, 2, 3, 4};
+    QTest::newRow("no padding behind the last one")
+        << Bytes{1, 2, 0, 3, 4} << 2 << Mono8 << Bytes{1, 2, 3, 4};
+    QTest::newRow("rows of padding behind them")
+        << Bytes{1, 2, 0, 3, 4, 0, 0, 0, 0} << 2 << Mono8 << Bytes{1, 2, 3, 4};
+    QTest::newRow("other data behind them")
+        << Bytes{1, 2, 0, 3, 4, 0, 9, 9} << 2 << Mono8 << Bytes{1, 2, 3, 4};
+    QTest::newRow("rows that end within a byte")
+        << Bytes{1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10, 0} << 3 << Mono12Packed
+        << Bytes{1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+}
+
 void tst_ImagePlace::rowsLoseTheirPadding()
 {
-    const std::vector<unsigned char> memory{1, 2, 0, 3, 4, 0};
-    std::vector<unsigned char> pixels;
-    QVERIFY(copyPixels({memory.data(), memory.size(), 2, 2, 1, Mono8}, pixels));
-    QCOMPARE(pixels, (std::vector<unsigned char>{1, 2, 3, 4}));
+    QFETCH(Bytes, memory);
+    QFETCH(int, width);
+    QFETCH(std::uint32_t, pixelFormat);
+    Bytes pixels;
+    QVERIFY(copyPixels({memory.data(), memory.size(), width, 2, 1, pixelFormat}, pixels));
+    QTEST(pixels, "rows");
 }
 
 void tst_ImagePlace::bufferWithoutDataHasNoImage()

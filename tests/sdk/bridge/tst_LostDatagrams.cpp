@@ -65,6 +65,7 @@ private slots:
     void lossAmongManyTransactionsFailsNoCall_data();
     void lossAmongManyTransactionsFailsNoCall();
     void twoLostDatagramsAreAStallThatEnds();
+    void closingGivesControlBack();
     void answerThatComesTwiceIsNoAnswerToTheNextQuestion_data();
     void answerThatComesTwiceIsNoAnswerToTheNextQuestion();
     void lateAnswerIsNoAnswerToTheNextQuestion();
@@ -176,6 +177,16 @@ void tst_LostDatagrams::twoLostDatagramsAreAStallThatEnds()
     QTRY_COMPARE(integer(find("Plain")), 5LL);
     QTRY_COMPARE(recorder->count("Note"), 2);
     QVERIFY(!camera->IsLost());
+}
+
+// A program that ends then would leave the camera in use for seconds.
+void tst_LostDatagrams::closingGivesControlBack()
+{
+    QVERIFY(server->reg(ControlPrivilege) != 0U);
+    proxy->setJudge(judge(Direction::ToCamera, Fate::Drop, 0));
+    camera.reset();
+    QCOMPARE(server->reg(ControlPrivilege), 0U);
+    QCOMPARE(proxy->counts().dropped, std::uint64_t(1));
 }
 
 void tst_LostDatagrams::answerThatComesTwiceIsNoAnswerToTheNextQuestion_data()

@@ -127,6 +127,14 @@ void tst_SometimesImplemented::whatCanChangeIsListed_data()
     QTest::newRow("invalidated register") << readOnly("C", "<pInvalidator>Plain</pInvalidator>");
     QTest::newRow("register of the selected one")
         << readOnly("C", "<pIndex Offset=\"4\">Plain</pIndex>");
+    QTest::newRow("register that a selector selects")
+        << readOnly("C") + "<Integer Name=\"W\"><pValue>Plain</pValue><pSelected>C</pSelected>"
+                           "</Integer>";
+    QTest::newRow("register behind what a selector selects")
+        << readOnly("D") + "<Integer Name=\"C\"><pValue>D</pValue></Integer>"
+                           "<Integer Name=\"E\"><pValue>D</pValue></Integer>"
+                           "<Integer Name=\"W\"><pValue>Plain</pValue><pSelected>E</pSelected>"
+                           "</Integer>";
     QTest::newRow("formula over a writable register")
         << QByteArray("<SwissKnife Name=\"C\"><pVariable Name=\"X\">Plain</pVariable>"
                       "<Formula>X &gt; 0</Formula></SwissKnife>");

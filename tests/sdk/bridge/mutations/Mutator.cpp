@@ -90,7 +90,8 @@ void Mutator::mutateOnce()
         &Mutator::removeElement,    &Mutator::duplicateElement, &Mutator::swapElements,
         &Mutator::renameNode,       &Mutator::changeTag,        &Mutator::setExtremeNumber,
         &Mutator::setExtremeNumber, &Mutator::linkElsewhere,    &Mutator::linkElsewhere,
-        &Mutator::linkInACircle,    &Mutator::linkInACircle,    &Mutator::changeFormula};
+        &Mutator::linkInACircle,    &Mutator::linkInACircle,    &Mutator::linkLength,
+        &Mutator::changeFormula};
     // A text that is cut off or damaged is refused: most of the others are to be opened.
     const std::size_t damage = below(20);
     if (damage == 0)
@@ -200,6 +201,15 @@ void Mutator::linkInACircle()
     const Element* leaf = anyLeaf([](const Element& element) { return isLink(element.tag); });
     if (leaf && !leaf->node.empty())
         setContent(*leaf, leaf->node);
+}
+
+// A length that is some other node's value.
+void Mutator::linkLength()
+{
+    const Element* leaf = anyLeaf([](const Element& element) { return element.tag == "Length"; });
+    if (leaf)
+        text.replace(leaf->begin, leaf->end - leaf->begin,
+                     "<pLength>" + anyNodeName() + "</pLength>");
 }
 
 void Mutator::changeFormula()

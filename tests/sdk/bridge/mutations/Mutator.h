@@ -44,6 +44,7 @@ private:
     void setExtremeNumber();
     void linkElsewhere();
     void linkInACircle();
+    void linkLength();
     void changeFormula();
     void truncate();
     void flipBytes();
