@@ -45,6 +45,8 @@ private slots:
     void aDenseSweepLeavesOutNoCallAndNoStatus();
     void anExceptionCountsInItsSituationOnly_data();
     void anExceptionCountsInItsSituationOnly();
+    void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
+    void aPresetIsClampedToLimitsThatTheCameraRefuses();
     void whatIsPlantedIsFound_data();
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
@@ -155,13 +157,43 @@ void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
     Circumstances step;
     step.asks = {{feature, asked, QString()}};
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, "ExposureMode", QString()}};
+    step.failures = {{failing, "ExposureMode", QString(), ZalErrorTimeout}};
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, feature, QString()}};
+    step.failures = {{failing, feature, QString(), ZalErrorTimeout}};
     QCOMPARE(unaskedWrites(writes, step), QStringList());
     const std::vector<Write> others = {{feature, "123", QString(), written}};
     QCOMPARE(unaskedWrites(others, step).size(), 1);
     step.asks.clear();
+    QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
+{
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isPrescribed");
+    for (const char* question : {"GetFloatRange", "GetIntegerRange", "GetDataType"}) {
+        QTest::addRow("%s refused", question) << question << int(ZalErrorNotReadable) << true;
+        QTest::addRow("%s unknown", question) << question << int(ZalErrorUnknown) << true;
+        QTest::addRow("%s timed out", question) << question << int(ZalErrorTimeout) << false;
+        QTest::addRow("%s lost", question) << question << int(ZalErrorTransport) << false;
+        QTest::addRow("%s not open", question) << question << int(ZalErrorNotOpen) << false;
+    }
+    QTest::newRow("another question") << "IsWritable" << int(ZalErrorNotReadable) << false;
+}
+
+void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses()
+{
+    QFETCH(QString, failing);
+    QFETCH(int, status);
+    QFETCH(bool, isPrescribed);
+    const std::vector<Write> writes = {{"TimerDelay", "-1", "Timer0"}};
+    Circumstances step;
+    step.appliesPreset = true;
+    step.asks = {{"TimerDelay", "60", "Timer0"}};
+    step.failures = {{failing, "TimerDelay", "Timer0", status}};
+    QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
+    step.failures.front().entry = "Timer1";
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
 }
 
