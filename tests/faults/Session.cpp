@@ -182,13 +182,14 @@ void Session::hideAndShow(QWidget& window)
 
 void Session::recoverAndCompare(bool dialogIsOpen)
 {
-    if (!camera.hasStruck() || compared)
+    bool& isCompared = dialogIsOpen ? isDialogCompared : isTabCompared;
+    if (!camera.hasStruck() || isCompared)
         return;
-    compared = true;
+    isCompared = true;
     camera.recover();
     QWidget* form = dialogIsOpen ? dialog() : tab();
     step("recovery", [&] { hideAndShow(*form->window()); });
-    if (plant == Plant::StaleWidget)
+    if (plant == Plant::StaleWidget && !dialogIsOpen)
         form->findChild<QComboBox*>("cmbTriggerSource")->clear();
     const Portrait actual = portraitOf(*form);
     const FaultyCamera::Aside aside(camera);

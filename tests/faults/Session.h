@@ -79,7 +79,8 @@ private:
     Plant plant;
     TabExtensionPlugin plugin;
     std::unique_ptr<HostWindow> host;
-    bool compared = false;
+    bool isTabCompared = false;
+    bool isDialogCompared = false;
     QString stepName;
     QString struckStep; ///< In which the first call failed.
     QMap<QString, Failures> failuresOfSteps;
