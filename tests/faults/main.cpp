@@ -44,13 +44,15 @@ void print(const char* kind, const Groups& groups)
                   .arg(it.key(), toText(it->first)));
 }
 
-void playAndSay(const Fault& fault, Plant plant)
+/// Whether there was nothing to find.
+bool playAndSay(const Fault& fault, Plant plant)
 {
     const Outcome outcome = playCase(fault, plant);
     for (const QString& text : outcome.findings)
         sayFinding(text);
     for (const QString& text : outcome.notes)
         sayNote(text);
+    return outcome.findings.isEmpty();
 }
 
 int sweepAll(const Choice& choice, int jobs)
@@ -133,8 +135,7 @@ int main(int argc, char** argv)
         const auto fault = fromText(parser.positionalArguments().join(' '));
         if (!fault)
             parser.showHelp(2);
-        playAndSay(*fault, plant);
-        return 0;
+        return playAndSay(*fault, plant) ? 0 : 1;
     }
     Choice choice;
     choice.callStride = choice.decisiveStride = positive(parser, "stride");
