@@ -2,13 +2,16 @@
 #include "tests/faults/Cases.h"
 #include "tests/faults/Sweep.h"
 
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QProcess>
 #include <QtTest>
 
 using namespace Faults;
 
 namespace {
 
-/// A call amid the first show.
+/// A call amid the edits in the tab.
 const Fault ordinary = {Series::Calls, 700, ZalErrorTimeout, Mode::Once};
 
 Sweep sweepWith(const QStringList& arguments)
@@ -51,6 +54,10 @@ private slots:
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
     void aCallThatTheSessionDoesNotMakeIsAFinding();
+    void aFaultBesideTheDialogIsSoughtInTheTabToo();
+    void whatAValidatorSaysBelongsToThePortrait();
+    void aReplayFailsWithAFinding_data();
+    void aReplayFailsWithAFinding();
     void noFaultBreaksAPromise_data();
     void noFaultBreaksAPromise();
 };
@@ -240,6 +247,50 @@ void tst_FaultSweep::aCallThatTheSessionDoesNotMakeIsAFinding()
     Fault never = ordinary;
     never.call = 1000000000;
     QCOMPARE(playCase(never).findings, QStringList{"the session has no such call"});
+}
+
+void tst_FaultSweep::aFaultBesideTheDialogIsSoughtInTheTabToo()
+{
+    const QStringList calls = takeCensus().callList;
+    const int call = calls.indexOf(QRegularExpression("choose counter: .*")) + 1;
+    QVERIFY(call > 0);
+    const Fault fault = {Series::Calls, call, ZalErrorTimeout, Mode::Once};
+    const QStringList findings = playCase(fault, Plant::StaleWidget).findings;
+    QCOMPARE(findings.size(), 1);
+    QVERIFY2(findings[0].contains("the tab shows cmbTriggerSource"), qPrintable(findings[0]));
+}
+
+void tst_FaultSweep::whatAValidatorSaysBelongsToThePortrait()
+{
+    QWidget form;
+    QLineEdit edit("7", &form);
+    edit.setObjectName("txtActionQueueSize");
+    const Portrait bare = portraitOf(form);
+    QIntValidator validator(0, 10);
+    edit.setValidator(&validator);
+    const Portrait content = portraitOf(form);
+    QVERIFY(content != bare);
+    validator.setRange(-1, -1);
+    const auto found = differences(portraitOf(form), content);
+    QCOMPARE(int(found.size()), 1);
+    QCOMPARE(found[0].widget, QString("txtActionQueueSize"));
+}
+
+void tst_FaultSweep::aReplayFailsWithAFinding_data()
+{
+    QTest::addColumn<QString>("planted");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("finding") << "write" << 1;
+    QTest::newRow("none") << "none" << 0;
+}
+
+void tst_FaultSweep::aReplayFailsWithAFinding()
+{
+    QFETCH(QString, planted);
+    QFETCH(int, exitCode);
+    const QStringList fault = toText(ordinary).split(' ');
+    QCOMPARE(QProcess::execute(SWEEP_PROGRAM, QStringList{"--plant", planted, "--replay"} + fault),
+             exitCode);
 }
 
 void tst_FaultSweep::noFaultBreaksAPromise_data()
