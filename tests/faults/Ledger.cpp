@@ -24,8 +24,8 @@ bool isMeant(const std::vector<Ask>& asks, const Write& write)
     });
 }
 
-/// The overview looks at every entry of the three, the table at every line; both put back what was
-/// selected.
+/// The overview looks at every entry of the three, the table at every line. That they put back what
+/// was selected is judged apart.
 bool stepsThroughSelector(const Write& write, const Circumstances&)
 {
     static const QStringList stepped = {"CounterSelector", "TimerSelector", "TriggerSelector",

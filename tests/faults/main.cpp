@@ -23,11 +23,9 @@ const char* const description =
     "through the features, and every hundredth of the other GetNames; each once and lasting. The\n"
     "14 statuses take turns from call to call; --all-statuses tries each of them at every call.";
 
-const QMap<QString, Plant> plants = {{"none", Plant::None},
-                                     {"write", Plant::UnaskedWrite},
-                                     {"stale", Plant::StaleWidget},
-                                     {"crash", Plant::Crash},
-                                     {"hang", Plant::Hang}};
+const QMap<QString, Plant> plants = {{"none", Plant::None},         {"write", Plant::UnaskedWrite},
+                                     {"stale", Plant::StaleWidget}, {"crash", Plant::Crash},
+                                     {"hang", Plant::Hang},         {"line", Plant::LostLine}};
 
 void print(const QString& text)
 {
@@ -116,7 +114,8 @@ int main(int argc, char** argv)
         {"list", "Tell what the calls are, GetName left out."},
         {"replay", "Play one session: --replay CALL STATUS MODE, as a finding names it."},
         {"play", "Play what stands on the standard input, a session a line."},
-        {"plant", "Do something wrong on purpose: write, stale, crash, hang.", "what", "none"},
+        {"plant", "Do something wrong on purpose: write, stale, crash, hang, line.", "what",
+         "none"},
     });
     parser.addPositionalArgument("fault", "CALL STATUS MODE of the session to replay.", "[fault]");
     // A status is negative, and no option.

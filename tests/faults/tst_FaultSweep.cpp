@@ -50,6 +50,8 @@ private slots:
     void anExceptionCountsInItsSituationOnly();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
+    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
+    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void whatIsPlantedIsFound_data();
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
@@ -204,6 +206,34 @@ void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses()
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
 }
 
+void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
+{
+    QTest::addColumn<bool>("isDialog");
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<bool>("isSinceOverview");
+    QTest::addColumn<bool>("isExplained");
+    QTest::newRow("timer") << true << "TimerDelay" << true << true;
+    QTest::newRow("selector") << true << "TriggerSelector" << true << true;
+    QTest::newRow("line") << true << "LineInverter" << true << false;
+    QTest::newRow("before it was read") << true << "TimerDelay" << false << false;
+    QTest::newRow("tab") << false << "TimerDelay" << true << false;
+}
+
+void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
+{
+    QFETCH(bool, isDialog);
+    QFETCH(QString, feature);
+    QFETCH(bool, isSinceOverview);
+    QFETCH(bool, isExplained);
+    const Failures failures = {{"GetFloatValue", feature, QString(), ZalErrorTimeout}};
+    FormLife life;
+    life.isDialog = isDialog;
+    life.sinceBuilt = failures;
+    if (isSinceOverview)
+        life.sinceOverview = failures;
+    QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
+}
+
 void tst_FaultSweep::whatIsPlantedIsFound_data()
 {
     QTest::addColumn<QString>("planted");
@@ -212,6 +242,8 @@ void tst_FaultSweep::whatIsPlantedIsFound_data()
                                                  << "unasked write TriggerDelay=77";
     QTest::newRow("widget that does not follow") << "stale"
                                                  << "the tab shows cmbTriggerSource";
+    QTest::newRow("line that nobody selected") << "line"
+                                               << "LineSelector left at another entry";
     QTest::newRow("crash") << "crash"
                            << "crash, signal 11";
     QTest::newRow("hang") << "hang"
