@@ -100,7 +100,7 @@ ZalErrorType FaultyCamera::judge(const std::string& operation, const std::string
     if (!isTarget && !failing)
         return ZalErrorSuccess;
     const QString name = qt(feature);
-    failures.push_back({qt(operation), name, entryOf(selectorOf(name))});
+    failures.push_back({qt(operation), name, entryOf(selectorOf(name)), fault.status});
     return fault.status;
 }
 

@@ -25,6 +25,7 @@ struct FailedCall
     QString operation;
     QString feature;
     QString entry; ///< Of the feature's selector at that moment.
+    ZalErrorType status = ZalErrorSuccess;
 };
 using Failures = std::vector<FailedCall>;
 

@@ -11,6 +11,7 @@ struct FormLife
     bool isDialog = false;
     Failures whileBuilt; ///< While its widgets were bound and its table made.
     Failures sinceBuilt;
+    Failures sinceOverview; ///< Since the step in which its overview was last read as a whole.
 };
 
 /// A widget that may show something else than that of a new form, because a rule has it made or

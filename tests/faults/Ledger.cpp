@@ -1,5 +1,7 @@
 #include "tests/faults/Ledger.h"
 
+#include "features/Answer.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -22,8 +24,8 @@ bool isMeant(const std::vector<Ask>& asks, const Write& write)
     });
 }
 
-/// The overview looks at every entry of the three, the table at every line; both put back what was
-/// selected.
+/// The overview looks at every entry of the three, the table at every line. That they put back what
+/// was selected is judged apart.
 bool stepsThroughSelector(const Write& write, const Circumstances&)
 {
     static const QStringList stepped = {"CounterSelector", "TimerSelector", "TriggerSelector",
@@ -33,9 +35,20 @@ bool stepsThroughSelector(const Write& write, const Circumstances&)
 
 bool clampsToUnreadableRange(const Write& write, const Circumstances& step)
 {
-    // The application of presets writes no number that nobody chose.
     return !step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
            hasFailed(step.failures, write.feature, {"GetFloatRange", "GetIntegerRange"});
+}
+
+/// Of a feature whose type is not known nobody asks the limits.
+bool clampsPresetToRefusedRange(const Write& write, const Circumstances& step)
+{
+    static const QStringList questions = {"GetFloatRange", "GetIntegerRange", "GetDataType"};
+    const auto isRefusal = [&](const FailedCall& failed) {
+        return failed.feature == write.feature && failed.entry == write.entry &&
+               questions.contains(failed.operation) && !IsUnanswered(failed.status);
+    };
+    return step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
+           std::any_of(step.failures.begin(), step.failures.end(), isRefusal);
 }
 
 bool isMultiple(const QString& value)
@@ -94,6 +107,10 @@ const std::vector<Exception>& exceptions()
          stepsThroughSelector},
         {"When the range of a number cannot be read, every value is clamped to -1 and written.",
          clampsToUnreadableRange},
+        {"So it is in a preset where the camera refuses to tell the range. One that it does not "
+         "answer "
+         "about is not written.",
+         clampsPresetToRefusedRange},
         {"When the camera refuses a float with an increment, the value on the camera, reduced to a "
          "multiple of it, is written.",
          triesAgainWithMultiple},

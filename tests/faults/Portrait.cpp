@@ -12,6 +12,7 @@
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTreeView>
+#include <QValidator>
 
 namespace Faults {
 namespace {
@@ -25,6 +26,20 @@ QString textOf(const QComboBox& box)
         entries.append(box.itemText(i));
     return QStringLiteral("'%1' of %2")
         .arg(isPresetBox ? QString() : box.currentText(), entries.join(','));
+}
+
+/// What may be typed belongs to what a form shows: the shown text is judged by it.
+QString textOf(const QLineEdit& edit)
+{
+    static const QMap<QValidator::State, QString> verdicts = {
+        {QValidator::Invalid, "invalid"},
+        {QValidator::Intermediate, "intermediate"},
+        {QValidator::Acceptable, "acceptable"}};
+    QString text = edit.text();
+    int cursor = text.size();
+    const QString verdict =
+        edit.validator() ? verdicts[edit.validator()->validate(text, cursor)] : "unjudged";
+    return QStringLiteral("'%1' %2").arg(edit.text(), verdict);
 }
 
 template <class SpinBox> QString rangeOf(const SpinBox& box)
@@ -75,7 +90,7 @@ QString contentOf(const QWidget& widget)
     if (const auto* box = qobject_cast<const QComboBox*>(&widget))
         return textOf(*box);
     if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
-        return '\'' + edit->text() + '\'';
+        return textOf(*edit);
     if (const auto* box = qobject_cast<const QSpinBox*>(&widget))
         return rangeOf(*box);
     if (const auto* box = qobject_cast<const QDoubleSpinBox*>(&widget))

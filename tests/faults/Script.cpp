@@ -22,6 +22,12 @@ void askEverywhere(std::vector<Ask>& asks, const QStringList& entries, const QSt
         asks.push_back({feature, value, entry});
 }
 
+/// Whose row a table makes last; it leaves that line selected.
+void askLastLine(std::vector<Ask>& asks)
+{
+    asks.push_back({"LineSelector", lines.last(), QString()});
+}
+
 /// What presets.json says, setting by setting.
 void askTurnOff(std::vector<Ask>& asks)
 {
@@ -32,7 +38,9 @@ void askTurnOff(std::vector<Ask>& asks)
 void askPulse(std::vector<Ask>& asks)
 {
     asks.push_back({"AcquisitionFrameCount", "3", QString()});
+    asks.push_back({"LineSelector", "Line1", QString()});
     asks.push_back({"LineInverter", "true", "Line1"});
+    asks.push_back({"LineSelector", "Line2", QString()});
     asks.push_back({"LineMode", "Output", "Line2"});
     asks.push_back({"LineSource", "Timer0Active", "Line2"});
     asks.push_back({"CounterDuration", "65535", "Counter0"});
@@ -123,7 +131,10 @@ void Session::useTab()
 
 void Session::useDialog()
 {
-    step("open dialog", [&] { openDialog(*tab()); });
+    step("open dialog", [&] {
+        askLastLine(circumstances.asks);
+        openDialog(*tab());
+    });
     if (!dialog())
         return;
     step("unfold sections", [&] { user(*dialog()).unfoldSections(); });
@@ -170,6 +181,21 @@ void Session::usePwm()
     step("type duty cycle", [&] { hand.typePwm("txtPWMDutyCycle", "25"); });
     step("switch PWM off", [&] { hand.switchPwm(false); });
     step("type timer delay", [&] { hand.typeNumber("spbTimerDelay", "80"); });
+}
+
+/// A camera that cannot say its vendor's name, or whether it has a trigger, gets no tab. The host
+/// may ask again.
+void Session::start()
+{
+    step("get", [&] { openTab(plugin, *host, camera); });
+    if (!tab()) {
+        camera.recover();
+        step("get again", [&] { openTab(plugin, *host, camera); });
+    }
+    step("show", [&] {
+        askLastLine(circumstances.asks);
+        showWindow(*host);
+    });
 }
 
 void Session::end()

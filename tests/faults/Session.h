@@ -25,6 +25,7 @@ enum class Plant
     StaleWidget,  ///< After the fault, a box shows what the camera does not have.
     Crash,        ///< The fault ends the process.
     Hang,         ///< The fault stops the process.
+    LostLine,     ///< After the fault, something selects another line.
 };
 
 /// The life of one tab from `get()` to the end of its container, in steps. What is wrong with it
@@ -52,7 +53,8 @@ private:
     void settle();
     void judge();
     void spring();
-    void noteSelectors(const QMap<QString, QString>& before);
+    void judgeSelectors();
+    void remember(const Failures& failures);
     void tick();
     QList<QTimer*> refreshTimers() const;
 
@@ -65,6 +67,8 @@ private:
     void applyPreset(QWidget& form, const QString& name);
     void askForPreset(const QString& name);
     void changeFromOutside();
+    static void openTab(TabExtensionPlugin& plugin, HostWindow& host, const FaultyCamera& camera);
+    static void showWindow(HostWindow& host);
     static void openDialog(QWidget& tab);
     void hideAndShow(QWidget& window);
     /// Ends the faults and compares the form with the same form of a tab made new.
@@ -79,10 +83,13 @@ private:
     Plant plant;
     TabExtensionPlugin plugin;
     std::unique_ptr<HostWindow> host;
-    bool compared = false;
+    bool isTabCompared = false;
+    bool isDialogCompared = false;
     QString stepName;
-    QString struckStep; ///< In which the first call failed.
+    QMap<QString, QString> selectedBefore; ///< By selector, when the step began.
+    QString struckStep;                    ///< In which the first call failed.
     QMap<QString, Failures> failuresOfSteps;
+    Failures sinceDialogOverview;
     Circumstances circumstances;
 };
 

@@ -68,6 +68,7 @@ void User::askNumber(const QString& feature, const QString& text)
 
 void User::askCell(const QString& line, const QString& feature, const QString& value)
 {
+    asks.push_back({"LineSelector", line, QString()});
     asks.push_back({feature, value, line});
 }
 

@@ -23,11 +23,9 @@ const char* const description =
     "through the features, and every hundredth of the other GetNames; each once and lasting. The\n"
     "14 statuses take turns from call to call; --all-statuses tries each of them at every call.";
 
-const QMap<QString, Plant> plants = {{"none", Plant::None},
-                                     {"write", Plant::UnaskedWrite},
-                                     {"stale", Plant::StaleWidget},
-                                     {"crash", Plant::Crash},
-                                     {"hang", Plant::Hang}};
+const QMap<QString, Plant> plants = {{"none", Plant::None},         {"write", Plant::UnaskedWrite},
+                                     {"stale", Plant::StaleWidget}, {"crash", Plant::Crash},
+                                     {"hang", Plant::Hang},         {"line", Plant::LostLine}};
 
 void print(const QString& text)
 {
@@ -44,13 +42,15 @@ void print(const char* kind, const Groups& groups)
                   .arg(it.key(), toText(it->first)));
 }
 
-void playAndSay(const Fault& fault, Plant plant)
+/// Whether there was nothing to find.
+bool playAndSay(const Fault& fault, Plant plant)
 {
     const Outcome outcome = playCase(fault, plant);
     for (const QString& text : outcome.findings)
         sayFinding(text);
     for (const QString& text : outcome.notes)
         sayNote(text);
+    return outcome.findings.isEmpty();
 }
 
 int sweepAll(const Choice& choice, int jobs)
@@ -114,7 +114,8 @@ int main(int argc, char** argv)
         {"list", "Tell what the calls are, GetName left out."},
         {"replay", "Play one session: --replay CALL STATUS MODE, as a finding names it."},
         {"play", "Play what stands on the standard input, a session a line."},
-        {"plant", "Do something wrong on purpose: write, stale, crash, hang.", "what", "none"},
+        {"plant", "Do something wrong on purpose: write, stale, crash, hang, line.", "what",
+         "none"},
     });
     parser.addPositionalArgument("fault", "CALL STATUS MODE of the session to replay.", "[fault]");
     // A status is negative, and no option.
@@ -133,8 +134,7 @@ int main(int argc, char** argv)
         const auto fault = fromText(parser.positionalArguments().join(' '));
         if (!fault)
             parser.showHelp(2);
-        playAndSay(*fault, plant);
-        return 0;
+        return playAndSay(*fault, plant) ? 0 : 1;
     }
     Choice choice;
     choice.callStride = choice.decisiveStride = positive(parser, "stride");

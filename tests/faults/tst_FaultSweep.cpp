@@ -2,13 +2,16 @@
 #include "tests/faults/Cases.h"
 #include "tests/faults/Sweep.h"
 
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QProcess>
 #include <QtTest>
 
 using namespace Faults;
 
 namespace {
 
-/// A call amid the first show.
+/// A call amid the edits in the tab.
 const Fault ordinary = {Series::Calls, 700, ZalErrorTimeout, Mode::Once};
 
 Sweep sweepWith(const QStringList& arguments)
@@ -45,10 +48,18 @@ private slots:
     void aDenseSweepLeavesOutNoCallAndNoStatus();
     void anExceptionCountsInItsSituationOnly_data();
     void anExceptionCountsInItsSituationOnly();
+    void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
+    void aPresetIsClampedToLimitsThatTheCameraRefuses();
+    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
+    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void whatIsPlantedIsFound_data();
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
     void aCallThatTheSessionDoesNotMakeIsAFinding();
+    void aFaultBesideTheDialogIsSoughtInTheTabToo();
+    void whatAValidatorSaysBelongsToThePortrait();
+    void aReplayFailsWithAFinding_data();
+    void aReplayFailsWithAFinding();
     void noFaultBreaksAPromise_data();
     void noFaultBreaksAPromise();
 };
@@ -155,14 +166,72 @@ void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
     Circumstances step;
     step.asks = {{feature, asked, QString()}};
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, "ExposureMode", QString()}};
+    step.failures = {{failing, "ExposureMode", QString(), ZalErrorTimeout}};
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, feature, QString()}};
+    step.failures = {{failing, feature, QString(), ZalErrorTimeout}};
     QCOMPARE(unaskedWrites(writes, step), QStringList());
     const std::vector<Write> others = {{feature, "123", QString(), written}};
     QCOMPARE(unaskedWrites(others, step).size(), 1);
     step.asks.clear();
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
+{
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isPrescribed");
+    for (const char* question : {"GetFloatRange", "GetIntegerRange", "GetDataType"}) {
+        QTest::addRow("%s refused", question) << question << int(ZalErrorNotReadable) << true;
+        QTest::addRow("%s unknown", question) << question << int(ZalErrorUnknown) << true;
+        QTest::addRow("%s timed out", question) << question << int(ZalErrorTimeout) << false;
+        QTest::addRow("%s lost", question) << question << int(ZalErrorTransport) << false;
+        QTest::addRow("%s not open", question) << question << int(ZalErrorNotOpen) << false;
+    }
+    QTest::newRow("another question") << "IsWritable" << int(ZalErrorNotReadable) << false;
+}
+
+void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses()
+{
+    QFETCH(QString, failing);
+    QFETCH(int, status);
+    QFETCH(bool, isPrescribed);
+    const std::vector<Write> writes = {{"TimerDelay", "-1", "Timer0"}};
+    Circumstances step;
+    step.appliesPreset = true;
+    step.asks = {{"TimerDelay", "60", "Timer0"}};
+    step.failures = {{failing, "TimerDelay", "Timer0", status}};
+    QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
+    step.failures.front().entry = "Timer1";
+    QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
+{
+    QTest::addColumn<bool>("isDialog");
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<bool>("isSinceOverview");
+    QTest::addColumn<bool>("isExplained");
+    QTest::newRow("timer") << true << "TimerDelay" << true << true;
+    QTest::newRow("selector") << true << "TriggerSelector" << true << true;
+    QTest::newRow("line") << true << "LineInverter" << true << false;
+    QTest::newRow("before it was read") << true << "TimerDelay" << false << false;
+    QTest::newRow("tab") << false << "TimerDelay" << true << false;
+}
+
+void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
+{
+    QFETCH(bool, isDialog);
+    QFETCH(QString, feature);
+    QFETCH(bool, isSinceOverview);
+    QFETCH(bool, isExplained);
+    const Failures failures = {{"GetFloatValue", feature, QString(), ZalErrorTimeout}};
+    FormLife life;
+    life.isDialog = isDialog;
+    life.sinceBuilt = failures;
+    if (isSinceOverview)
+        life.sinceOverview = failures;
+    QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
 }
 
 void tst_FaultSweep::whatIsPlantedIsFound_data()
@@ -173,6 +242,8 @@ void tst_FaultSweep::whatIsPlantedIsFound_data()
                                                  << "unasked write TriggerDelay=77";
     QTest::newRow("widget that does not follow") << "stale"
                                                  << "the tab shows cmbTriggerSource";
+    QTest::newRow("line that nobody selected") << "line"
+                                               << "LineSelector left at another entry";
     QTest::newRow("crash") << "crash"
                            << "crash, signal 11";
     QTest::newRow("hang") << "hang"
@@ -208,6 +279,50 @@ void tst_FaultSweep::aCallThatTheSessionDoesNotMakeIsAFinding()
     Fault never = ordinary;
     never.call = 1000000000;
     QCOMPARE(playCase(never).findings, QStringList{"the session has no such call"});
+}
+
+void tst_FaultSweep::aFaultBesideTheDialogIsSoughtInTheTabToo()
+{
+    const QStringList calls = takeCensus().callList;
+    const int call = calls.indexOf(QRegularExpression("choose counter: .*")) + 1;
+    QVERIFY(call > 0);
+    const Fault fault = {Series::Calls, call, ZalErrorTimeout, Mode::Once};
+    const QStringList findings = playCase(fault, Plant::StaleWidget).findings;
+    QCOMPARE(findings.size(), 1);
+    QVERIFY2(findings[0].contains("the tab shows cmbTriggerSource"), qPrintable(findings[0]));
+}
+
+void tst_FaultSweep::whatAValidatorSaysBelongsToThePortrait()
+{
+    QWidget form;
+    QLineEdit edit("7", &form);
+    edit.setObjectName("txtActionQueueSize");
+    const Portrait bare = portraitOf(form);
+    QIntValidator validator(0, 10);
+    edit.setValidator(&validator);
+    const Portrait content = portraitOf(form);
+    QVERIFY(content != bare);
+    validator.setRange(-1, -1);
+    const auto found = differences(portraitOf(form), content);
+    QCOMPARE(int(found.size()), 1);
+    QCOMPARE(found[0].widget, QString("txtActionQueueSize"));
+}
+
+void tst_FaultSweep::aReplayFailsWithAFinding_data()
+{
+    QTest::addColumn<QString>("planted");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("finding") << "write" << 1;
+    QTest::newRow("none") << "none" << 0;
+}
+
+void tst_FaultSweep::aReplayFailsWithAFinding()
+{
+    QFETCH(QString, planted);
+    QFETCH(int, exitCode);
+    const QStringList fault = toText(ordinary).split(' ');
+    QCOMPARE(QProcess::execute(SWEEP_PROGRAM, QStringList{"--plant", planted, "--replay"} + fault),
+             exitCode);
 }
 
 void tst_FaultSweep::noFaultBreaksAPromise_data()
