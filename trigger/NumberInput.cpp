@@ -17,11 +17,41 @@ QLocale inputLocale()
     return locale;
 }
 
-bool isSign(QChar character)
+/// Input methods and other scripts have marks, signs and digits of their own on the same keys.
+bool isMark(QChar character)
 {
-    constexpr ushort minusSign = 0x2212;
-    return character == QLatin1Char('-') || character == QLatin1Char('+') ||
-           character == QChar(minusSign);
+    return QStringLiteral(u",.\u060c\u066b\u3001\u3002\uff0c\uff0e\uff61\uff64")
+        .contains(character);
+}
+
+bool isMinus(QChar character)
+{
+    return QStringLiteral(u"-\u2212\u30fc\uff0d").contains(character);
+}
+
+bool isPlus(QChar character)
+{
+    return QStringLiteral(u"+\uff0b").contains(character);
+}
+
+/// As Qt's own validators read it; they refuse the digits of most scripts.
+QChar plain(QChar character, QChar point)
+{
+    if (isMark(character))
+        return point;
+    if (isMinus(character))
+        return QLatin1Char('-');
+    if (isPlus(character))
+        return QLatin1Char('+');
+    if (character.isDigit())
+        return QLatin1Char(static_cast<char>('0' + character.digitValue()));
+    return character;
+}
+
+bool isPartOfNumber(QChar character)
+{
+    return character.isLetterOrNumber() || character == QLatin1Char('-') ||
+           character == QLatin1Char('+');
 }
 
 /// A text from another program comes with what stood around it, the end of a line for example.
@@ -42,12 +72,11 @@ bool normalise(QString& text, int& position, QChar point)
     dropBlanksAround(text, position);
     int marks = 0;
     for (QChar& character : text) {
-        if (character == QLatin1Char(',') || character == QLatin1Char('.') || character == point) {
-            character = point;
+        character = plain(character, point);
+        if (character == point)
             ++marks;
-        } else if (!character.isLetterOrNumber() && !isSign(character)) {
+        else if (!isPartOfNumber(character))
             return false;
-        }
     }
     return marks <= 1;
 }

@@ -37,6 +37,12 @@ private slots:
     void fractionIsNoWholeNumber();
     void commaOfAnInputMethodActsAsThePoint_data();
     void commaOfAnInputMethodActsAsThePoint();
+    void keysOfOtherScripts_data();
+    void keysOfOtherScripts();
+    void commitOfOtherScripts_data() { keysOfOtherScripts_data(); }
+    void commitOfOtherScripts();
+    void foreignMarkEndsAWholeNumber_data();
+    void foreignMarkEndsAWholeNumber();
     void pastedNumber_data();
     void pastedNumber();
     void pastedWholeNumber_data();
@@ -221,6 +227,80 @@ void tst_NumberInput::commaOfAnInputMethodActsAsThePoint()
     QTEST(form->textOf(kind).text(), "text");
 }
 
+void tst_NumberInput::keysOfOtherScripts_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("writes");
+    const auto row = [](const char* name, const char* typed, const char* write) {
+        for (const char* kind : {"double spin box", "line edit"})
+            QTest::addRow("%s, %s", kind, name)
+                << kind << QString::fromUtf8(typed) << QStringList(write);
+    };
+    row("full-width comma", "2，5", "Real=2.5");
+    row("full-width point", "2．5", "Real=2.5");
+    row("ideographic comma", "2、5", "Real=2.5");
+    row("ideographic point", "2。5", "Real=2.5");
+    row("half-width ideographic comma", "2､5", "Real=2.5");
+    row("half-width ideographic point", "2｡5", "Real=2.5");
+    row("Arabic comma", "2،5", "Real=2.5");
+    row("Arabic decimal mark", "2٫5", "Real=2.5");
+    row("minus sign", "−3", "Real=-3");
+    row("full-width minus", "－3", "Real=-3");
+    row("long vowel on the key of the minus", "ー3", "Real=-3");
+    row("full-width plus", "＋3", "Real=3");
+    row("full-width digits", "１２", "Real=12");
+    row("Arabic digits", "١٢", "Real=12");
+    row("Persian digits", "۱۲", "Real=12");
+    row("Devanagari digits", "१२", "Real=12");
+}
+
+/// Key by key, as a keyboard of that script sends them.
+void tst_NumberInput::keysOfOtherScripts()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    build();
+    form->textOf(kind).selectAll();
+    for (const QChar character : typed)
+        QTest::sendKeyEvent(QTest::Click, &form->field(kind), Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+    QTEST(finish(kind), "writes");
+}
+
+void tst_NumberInput::commitOfOtherScripts()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    build();
+    emptyField(form->textOf(kind));
+    for (const QChar character : typed) {
+        QInputMethodEvent event;
+        event.setCommitString(QString(character));
+        QCoreApplication::sendEvent(&form->field(kind), &event);
+    }
+    QTEST(finish(kind), "writes");
+}
+
+void tst_NumberInput::foreignMarkEndsAWholeNumber_data()
+{
+    QTest::addColumn<QString>("typed");
+    for (const char* typed : {"2，5", "2．5", "2。5", "2、5", "2،5", "2٫5", "２．５"})
+        QTest::newRow(typed) << QString::fromUtf8(typed);
+}
+
+void tst_NumberInput::foreignMarkEndsAWholeNumber()
+{
+    QFETCH(QString, typed);
+    build();
+    form->textOf("spin box").selectAll();
+    for (const QChar character : typed)
+        QTest::sendKeyEvent(QTest::Click, &form->field("spin box"), Qt::Key_unknown,
+                            QString(character), Qt::NoModifier);
+    QCOMPARE(finish("spin box"), QStringList());
+    QCOMPARE(form->textOf("spin box").text(), QString("5"));
+}
+
 void tst_NumberInput::pastedNumber_data()
 {
     QTest::addColumn<QString>("pasted");
@@ -257,9 +337,10 @@ void tst_NumberInput::pastedNumber_data()
     row("blanks only", " \n", refused);
     row("text", "abc", refused);
     row("unit", "2,5 s", refused);
-    row("Arabic digits", QString::fromUtf8("٢٫٥"), refused);
-    row("full-width digits", QString::fromUtf8("２．５"), refused);
-    row("full-width comma", QString::fromUtf8("2，5"), refused);
+    row("Arabic digits", QString::fromUtf8("٢٫٥"), 2.5);
+    row("full-width digits", QString::fromUtf8("２．５"), 2.5);
+    row("full-width comma", QString::fromUtf8("2，5"), 2.5);
+    row("full-width groups", QString::fromUtf8("1，234．5"), refused);
     row("mark of direction", QString::fromUtf8("\u200e25"), refused);
 }
 
@@ -301,7 +382,8 @@ void tst_NumberInput::pastedWholeNumber_data()
     row("groups of narrow no-break spaces", QString::fromUtf8("1\u202f234"), "");
     row("groups of apostrophes", "1'234", "");
     row("exponent", "1e3", "");
-    row("full-width digits", QString::fromUtf8("２５"), "");
+    row("full-width digits", QString::fromUtf8("２５"), "25");
+    row("full-width comma", QString::fromUtf8("2，5"), "");
 }
 
 void tst_NumberInput::pastedWholeNumber()
