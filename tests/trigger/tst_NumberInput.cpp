@@ -31,18 +31,10 @@ private slots:
     void typedCommaActsAsThePoint();
     void commaIsShownAsThePoint_data();
     void commaIsShownAsThePoint();
-    void secondMarkIsRefused_data();
-    void secondMarkIsRefused();
     void fractionIsNoWholeNumber_data();
     void fractionIsNoWholeNumber();
     void commaOfAnInputMethodActsAsThePoint_data();
     void commaOfAnInputMethodActsAsThePoint();
-    void keysOfOtherScripts_data();
-    void keysOfOtherScripts();
-    void commitOfOtherScripts_data() { keysOfOtherScripts_data(); }
-    void commitOfOtherScripts();
-    void foreignMarkEndsAWholeNumber_data();
-    void foreignMarkEndsAWholeNumber();
     void pastedNumber_data();
     void pastedNumber();
     void pastedWholeNumber_data();
@@ -164,25 +156,6 @@ void tst_NumberInput::commaIsShownAsThePoint()
     QCOMPARE(edit.cursorPosition(), 3);
 }
 
-void tst_NumberInput::secondMarkIsRefused_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("typed");
-    for (const char* kind : {"double spin box", "line edit", "table cell"})
-        for (const char* typed : {"1.2,", "1,2.", "1,2,", "1.2."})
-            QTest::addRow("%s, %s", kind, typed) << kind << typed;
-}
-
-void tst_NumberInput::secondMarkIsRefused()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, typed);
-    build();
-    form->textOf(kind).selectAll();
-    QTest::keyClicks(&form->field(kind), typed);
-    QCOMPARE(form->textOf(kind).text(), QString("1.2"));
-}
-
 void tst_NumberInput::fractionIsNoWholeNumber_data()
 {
     QTest::addColumn<QString>("desktop");
@@ -225,80 +198,6 @@ void tst_NumberInput::commaOfAnInputMethodActsAsThePoint()
     event.setCommitString(typed);
     QCoreApplication::sendEvent(&form->field(kind), &event);
     QTEST(form->textOf(kind).text(), "text");
-}
-
-void tst_NumberInput::keysOfOtherScripts_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("writes");
-    const auto row = [](const char* name, const char* typed, const char* write) {
-        for (const char* kind : {"double spin box", "line edit"})
-            QTest::addRow("%s, %s", kind, name)
-                << kind << QString::fromUtf8(typed) << QStringList(write);
-    };
-    row("full-width comma", "2，5", "Real=2.5");
-    row("full-width point", "2．5", "Real=2.5");
-    row("ideographic comma", "2、5", "Real=2.5");
-    row("ideographic point", "2。5", "Real=2.5");
-    row("half-width ideographic comma", "2､5", "Real=2.5");
-    row("half-width ideographic point", "2｡5", "Real=2.5");
-    row("Arabic comma", "2،5", "Real=2.5");
-    row("Arabic decimal mark", "2٫5", "Real=2.5");
-    row("minus sign", "−3", "Real=-3");
-    row("full-width minus", "－3", "Real=-3");
-    row("long vowel on the key of the minus", "ー3", "Real=-3");
-    row("full-width plus", "＋3", "Real=3");
-    row("full-width digits", "１２", "Real=12");
-    row("Arabic digits", "١٢", "Real=12");
-    row("Persian digits", "۱۲", "Real=12");
-    row("Devanagari digits", "१२", "Real=12");
-}
-
-/// Key by key, as a keyboard of that script sends them.
-void tst_NumberInput::keysOfOtherScripts()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, typed);
-    build();
-    form->textOf(kind).selectAll();
-    for (const QChar character : typed)
-        QTest::sendKeyEvent(QTest::Click, &form->field(kind), Qt::Key_unknown, QString(character),
-                            Qt::NoModifier);
-    QTEST(finish(kind), "writes");
-}
-
-void tst_NumberInput::commitOfOtherScripts()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, typed);
-    build();
-    emptyField(form->textOf(kind));
-    for (const QChar character : typed) {
-        QInputMethodEvent event;
-        event.setCommitString(QString(character));
-        QCoreApplication::sendEvent(&form->field(kind), &event);
-    }
-    QTEST(finish(kind), "writes");
-}
-
-void tst_NumberInput::foreignMarkEndsAWholeNumber_data()
-{
-    QTest::addColumn<QString>("typed");
-    for (const char* typed : {"2，5", "2．5", "2。5", "2、5", "2،5", "2٫5", "２．５"})
-        QTest::newRow(typed) << QString::fromUtf8(typed);
-}
-
-void tst_NumberInput::foreignMarkEndsAWholeNumber()
-{
-    QFETCH(QString, typed);
-    build();
-    form->textOf("spin box").selectAll();
-    for (const QChar character : typed)
-        QTest::sendKeyEvent(QTest::Click, &form->field("spin box"), Qt::Key_unknown,
-                            QString(character), Qt::NoModifier);
-    QCOMPARE(finish("spin box"), QStringList());
-    QCOMPARE(form->textOf("spin box").text(), QString("5"));
 }
 
 void tst_NumberInput::pastedNumber_data()
