@@ -6,6 +6,7 @@
 #include <QSpinBox>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -17,11 +18,41 @@ QLocale inputLocale()
     return locale;
 }
 
-bool isSign(QChar character)
+/// Input methods and other scripts have marks, signs and digits of their own on the same keys.
+bool isMark(QChar character)
 {
-    constexpr ushort minusSign = 0x2212;
-    return character == QLatin1Char('-') || character == QLatin1Char('+') ||
-           character == QChar(minusSign);
+    return QStringLiteral(u",.\u060c\u066b\u3001\u3002\uff0c\uff0e\uff61\uff64")
+        .contains(character);
+}
+
+bool isMinus(QChar character)
+{
+    return QStringLiteral(u"-\u2212\u30fc\uff0d").contains(character);
+}
+
+bool isPlus(QChar character)
+{
+    return QStringLiteral(u"+\uff0b").contains(character);
+}
+
+/// As Qt's own validators read it; they refuse the digits of most scripts.
+QChar plain(QChar character, QChar point)
+{
+    if (isMark(character))
+        return point;
+    if (isMinus(character))
+        return QLatin1Char('-');
+    if (isPlus(character))
+        return QLatin1Char('+');
+    if (character.isDigit())
+        return QLatin1Char(static_cast<char>('0' + character.digitValue()));
+    return character;
+}
+
+bool isPartOfNumber(QChar character)
+{
+    return character.isLetterOrNumber() || character == QLatin1Char('-') ||
+           character == QLatin1Char('+');
 }
 
 /// A text from another program comes with what stood around it, the end of a line for example.
@@ -35,31 +66,38 @@ void dropBlanksAround(QString& text, int& position)
     text = number;
 }
 
-/// Writes a single decimal mark as `point`. False for texts that are no single number: what is
-/// neither digit, letter, sign nor mark separates groups or numbers.
-bool normalise(QString& text, int& position, QChar point)
+/// Writes decimal marks as `point` and counts them. Nothing for texts that are no single number:
+/// what is neither digit, letter, sign nor mark separates groups or numbers.
+std::optional<int> normalise(QString& text, int& position, QChar point)
 {
     dropBlanksAround(text, position);
     int marks = 0;
     for (QChar& character : text) {
-        if (character == QLatin1Char(',') || character == QLatin1Char('.') || character == point) {
-            character = point;
+        character = plain(character, point);
+        if (character == point)
             ++marks;
-        } else if (!character.isLetterOrNumber() && !isSign(character)) {
-            return false;
-        }
+        else if (!isPartOfNumber(character))
+            return std::nullopt;
     }
-    return marks <= 1;
+    return marks;
 }
 
-bool takesDecimals(const QDoubleSpinBox&)
+/// Of a text with a mark too many. As long as the mark is what was typed last, it stays in sight
+/// and keeps the field from taking the digits around it; a paste ends behind digits.
+QValidator::State judgeSurplusMark(const QString& text, int position, QChar point)
 {
-    return true;
+    const bool isTyped = position > 0 && text.at(position - 1) == point;
+    return isTyped ? QValidator::Intermediate : QValidator::Invalid;
 }
 
-bool takesDecimals(const QSpinBox&)
+constexpr int marksIn(const QDoubleSpinBox& /*box*/)
 {
-    return false;
+    return 1;
+}
+
+constexpr int marksIn(const QSpinBox& /*box*/)
+{
+    return 0;
 }
 
 /// Stands before a spin box's own validator, which swallows commas in large numbers.
@@ -78,14 +116,14 @@ public:
         QString number = input.mid(front, input.size() - front - back);
         int within = position - front;
         const QChar point = m_box.locale().decimalPoint();
-        if (!normalise(number, within, point))
+        const auto marks = normalise(number, within, point);
+        if (!marks)
             return Invalid;
         input = input.left(front) + number + input.right(back);
         position = within + front;
-        if (takesDecimals(m_box) || !number.contains(point))
-            return m_own.validate(input, position);
-        // Typed, it stays in sight and keeps the box from taking the digits before it.
-        return number.endsWith(point) ? Intermediate : Invalid;
+        if (*marks > marksIn(m_box))
+            return judgeSurplusMark(number, within, point);
+        return m_own.validate(input, position);
     }
 
     void fixup(QString& input) const override { m_own.fixup(input); }
@@ -111,9 +149,18 @@ NumberInput::Validator::Validator(double bottom, double top, int decimals, QObje
 
 QValidator::State NumberInput::Validator::validate(QString& input, int& position) const
 {
-    if (!normalise(input, position, locale().decimalPoint()))
+    const QChar point = locale().decimalPoint();
+    const auto marks = normalise(input, position, point);
+    if (!marks)
         return Invalid;
+    if (*marks > 1)
+        return judgeSurplusMark(input, position, point);
     return QDoubleValidator::validate(input, position);
+}
+
+bool NumberInput::Validator::hasSurplusMark(const QString& text) const
+{
+    return text.count(locale().decimalPoint()) > 1;
 }
 
 void NumberInput::limit(QDoubleSpinBox& box)

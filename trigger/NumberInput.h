@@ -8,8 +8,9 @@ class QSpinBox;
 
 /// Numbers are written with a comma before the decimals in half of the world, and that is how they
 /// are typed, on a form that shows the point. A single comma or point therefore counts as the
-/// decimal point, blanks around the number are dropped, and whatever holds a group separator or a
-/// second mark is refused whole: read either way, it might become another number.
+/// decimal point, in any script, and blanks around the number are dropped. A paste that holds a
+/// group separator or a second mark is refused whole: read either way, it might become another
+/// number. A second mark that is typed stays in sight and keeps the text from being taken.
 ///
 /// GUI thread only.
 namespace NumberInput {
@@ -21,6 +22,9 @@ public:
     Validator(double bottom, double top, int decimals, QObject* parent);
 
     State validate(QString& input, int& position) const override;
+
+    /// Whether a text of the field holds a second mark, and so can be no number.
+    bool hasSurplusMark(const QString& text) const;
 };
 
 /// Lets a box take what a line edit takes. A box shows numbers as its own locale does.

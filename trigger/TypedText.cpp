@@ -1,11 +1,28 @@
 #include "trigger/TypedText.h"
 
+#include "trigger/NumberInput.h"
+
 #include <QDoubleSpinBox>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
+
+namespace {
+
+/// Return, and going elsewhere but to the field's own menu.
+bool finishes(const QEvent& event)
+{
+    if (event.type() == QEvent::FocusOut)
+        return static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason;
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
 
 TypedText::TypedText(QWidget& field, QLineEdit& edit)
     : QObject(&field), m_field(field), m_edit(edit), m_shown(edit.text())
@@ -87,8 +104,21 @@ void TypedText::end()
     m_shown = m_edit.text();
 }
 
+/// Where the text can be no number, it has nothing to finish.
+bool TypedText::isGivenUpBy(const QEvent& event) const
+{
+    const auto* numbers = dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
+    return m_typed && finishes(event) && numbers && numbers->hasSurplusMark(m_edit.text());
+}
+
 bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
 {
+    if (isGivenUpBy(*event)) {
+        // The field first, which does not finish its editing with such a text.
+        static_cast<QObject&>(m_field).event(event);
+        giveUp();
+        return true;
+    }
     switch (event->type()) {
     case QEvent::FocusIn:
         // Back from its context menu, a field goes on where it was.

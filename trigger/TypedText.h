@@ -64,6 +64,7 @@ private:
     static TypedText* of(const QWidget& field);
 
     bool isUnfinished() const;
+    bool isGivenUpBy(const QEvent& event) const;
     void giveUp();
 
     QWidget& m_field;

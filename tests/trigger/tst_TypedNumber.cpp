@@ -1,0 +1,236 @@
+// Keys that a field cannot take as they are, or that make no number of its own range: none of them
+// may turn what is typed into another number.
+#include "tests/trigger/NumberForm.h"
+
+#include <QInputMethodEvent>
+#include <QTest>
+
+namespace {
+
+/// Key by key, as a keyboard of another script sends them.
+void sendCharacters(QWidget& field, const QString& typed)
+{
+    for (const QChar character : typed)
+        QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+}
+
+const QStringList fieldsWithDecimals = {"double spin box", "line edit", "table cell"};
+
+} // namespace
+
+class tst_TypedNumber : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void keysOfOtherScripts_data();
+    void keysOfOtherScripts();
+    void commitOfOtherScripts_data() { keysOfOtherScripts_data(); }
+    void commitOfOtherScripts();
+    void foreignMarkEndsAWholeNumber_data();
+    void foreignMarkEndsAWholeNumber();
+
+    void secondMarkStaysInSight_data();
+    void secondMarkStaysInSight();
+    void typedGroupsAreNotTaken_data();
+    void typedGroupsAreNotTaken();
+    void markTypedBetweenDigitsKeepsThemApart();
+    void markThatIsDeletedAgainDoesNoHarm();
+
+private:
+    /// Goes to the field and selects its text, for a key to replace it.
+    void enter(const QString& kind);
+    void type(const QString& kind, const QString& typed);
+    void leave() { form->findChild<QLineEdit*>("txtElsewhere")->setFocus(); }
+    void press(const QString& kind, Qt::Key key) { QTest::keyClick(&form->field(kind), key); }
+    QString text(const QString& kind) const { return form->textOf(kind).text(); }
+    /// What was written beside the selected lines.
+    QStringList writes() const;
+    QStringList finish(const QString& kind, const QString& way = "Return");
+
+    std::unique_ptr<Fake::FakeCamera> camera;
+    std::unique_ptr<NumberForm> form;
+};
+
+void tst_TypedNumber::init()
+{
+    camera = numberCamera();
+    form = std::make_unique<NumberForm>(*camera);
+    form->add<QLineEdit>("txtElsewhere");
+    form->show();
+    form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(form.get()));
+}
+
+void tst_TypedNumber::cleanup()
+{
+    form.reset();
+    camera.reset();
+}
+
+void tst_TypedNumber::enter(const QString& kind)
+{
+    form->field(kind).setFocus();
+    form->textOf(kind).selectAll();
+}
+
+void tst_TypedNumber::type(const QString& kind, const QString& typed)
+{
+    enter(kind);
+    QTest::keyClicks(&form->field(kind), typed);
+}
+
+QStringList tst_TypedNumber::writes() const
+{
+    return tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector)"));
+}
+
+/// By the return key, or by going elsewhere.
+QStringList tst_TypedNumber::finish(const QString& kind, const QString& way)
+{
+    if (way == "Return")
+        press(kind, Qt::Key_Return);
+    else
+        leave();
+    return writes();
+}
+
+void tst_TypedNumber::keysOfOtherScripts_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("writes");
+    const auto row = [](const char* name, const char* typed, const char* write) {
+        for (const char* kind : {"double spin box", "line edit"})
+            QTest::addRow("%s, %s", kind, name)
+                << kind << QString::fromUtf8(typed) << QStringList(write);
+    };
+    row("full-width comma", "2，5", "Real=2.5");
+    row("full-width point", "2．5", "Real=2.5");
+    row("ideographic comma", "2、5", "Real=2.5");
+    row("ideographic point", "2。5", "Real=2.5");
+    row("half-width ideographic comma", "2､5", "Real=2.5");
+    row("half-width ideographic point", "2｡5", "Real=2.5");
+    row("Arabic comma", "2،5", "Real=2.5");
+    row("Arabic decimal mark", "2٫5", "Real=2.5");
+    row("minus sign", "−3", "Real=-3");
+    row("full-width minus", "－3", "Real=-3");
+    row("long vowel on the key of the minus", "ー3", "Real=-3");
+    row("full-width plus", "＋3", "Real=3");
+    row("full-width digits", "１２", "Real=12");
+    row("Arabic digits", "١٢", "Real=12");
+    row("Persian digits", "۱۲", "Real=12");
+    row("Devanagari digits", "१२", "Real=12");
+}
+
+/// Key by key, as a keyboard of that script sends them.
+void tst_TypedNumber::keysOfOtherScripts()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    enter(kind);
+    sendCharacters(form->field(kind), typed);
+    QTEST(finish(kind), "writes");
+}
+
+void tst_TypedNumber::commitOfOtherScripts()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    enter(kind);
+    for (const QChar character : typed) {
+        QInputMethodEvent event;
+        event.setCommitString(QString(character));
+        QCoreApplication::sendEvent(&form->field(kind), &event);
+    }
+    QTEST(finish(kind), "writes");
+}
+
+void tst_TypedNumber::foreignMarkEndsAWholeNumber_data()
+{
+    QTest::addColumn<QString>("typed");
+    for (const char* typed : {"2，5", "2．5", "2。5", "2、5", "2،5", "2٫5", "２．５"})
+        QTest::newRow(typed) << QString::fromUtf8(typed);
+}
+
+void tst_TypedNumber::foreignMarkEndsAWholeNumber()
+{
+    QFETCH(QString, typed);
+    enter("spin box");
+    sendCharacters(form->field("spin box"), typed);
+    QCOMPARE(finish("spin box"), QStringList());
+    QCOMPARE(form->textOf("spin box").text(), QString("5"));
+}
+
+void tst_TypedNumber::secondMarkStaysInSight_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    for (const QString& kind : fieldsWithDecimals)
+        for (const char* typed : {"1.2,", "1,2.", "1,2,", "1.2."})
+            QTest::addRow("%s, %s", qPrintable(kind), typed) << kind << typed;
+}
+
+void tst_TypedNumber::secondMarkStaysInSight()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    type(kind, typed);
+    QCOMPARE(text(kind), QString("1.2."));
+    press(kind, Qt::Key_5);
+    QCOMPARE(text(kind), QString("1.2."));
+}
+
+void tst_TypedNumber::typedGroupsAreNotTaken_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("way");
+    for (const QString& kind : fieldsWithDecimals)
+        for (const char* typed : {"1,000.5", "1.234,5", "1,234,567", "1..5"})
+            for (const char* way : {"Return", "focus"})
+                QTest::addRow("%s, %s, %s", qPrintable(kind), typed, way) << kind << typed << way;
+}
+
+void tst_TypedNumber::typedGroupsAreNotTaken()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    QFETCH(QString, way);
+    const QString before = text(kind);
+    type(kind, typed);
+    QCOMPARE(finish(kind, way), QStringList());
+    QCOMPARE(text(kind), before);
+    QCOMPARE(form->customPresets, 0);
+}
+
+void tst_TypedNumber::markTypedBetweenDigitsKeepsThemApart()
+{
+    for (const char* kind : {"double spin box", "line edit"}) {
+        form->field(kind).setFocus();
+        form->textOf(kind).setText("12.5");
+        form->textOf(kind).setCursorPosition(1);
+        QTest::keyClicks(&form->field(kind), ",3");
+        QCOMPARE(text(kind), QString("1.2.5"));
+        QCOMPARE(finish(kind), QStringList());
+    }
+}
+
+void tst_TypedNumber::markThatIsDeletedAgainDoesNoHarm()
+{
+    for (const char* kind : {"double spin box", "line edit"}) {
+        camera->find("Real")->state().real = 5.0;
+        camera->clearLog();
+        type(kind, "1,2.");
+        press(kind, Qt::Key_Backspace);
+        QTest::keyClicks(&form->field(kind), "5");
+        QCOMPARE(finish(kind), QStringList("Real=1.25"));
+    }
+}
+
+QTEST_MAIN(tst_TypedNumber)
+#include "tst_TypedNumber.moc"
