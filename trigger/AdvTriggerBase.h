@@ -3,6 +3,7 @@
 #include "widgets/BaseTabPluginWidget.h"
 
 #include <QMap>
+#include <QPointer>
 #include <QVariant>
 
 #include <memory>
@@ -158,7 +159,9 @@ private:
 
     double WriteNumber(const QWidget& widget, double value);
 
-    void ApplyTurnOffBefore(const QComboBox& presets, int index);
+    bool ApplyTurnOffBefore(const QPointer<QComboBox>& presets, int index);
+    bool ApplyPreset(const QPointer<QComboBox>& presets, int index);
+    QString ResetOverview();
     void ShowPresetErrors(const QString& preset, const QString& errors);
     std::shared_ptr<QWidget> Shelter();
     void MoveFormTo(QWidget& shelter);

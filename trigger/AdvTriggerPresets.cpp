@@ -8,7 +8,6 @@
 
 #include <QComboBox>
 #include <QMessageBox>
-#include <QPointer>
 #include <QStandardItemModel>
 
 namespace {
@@ -71,27 +70,48 @@ void AdvTriggerBase::OnSelectPreset(int index)
     if (!sent)
         return;
     const QPointer<QComboBox> presets(sent);
-    const QPointer<AdvTriggerBase> engine(this);
-    ApplyTurnOffBefore(*presets, index);
-    // Whoever owns the form may have destroyed it while an error box was open.
-    if (!engine || !presets)
-        return;
-    const QString errors = PresetRunner(*m_featureManager).Run(PlanAt(*presets, index));
-    if (!errors.isEmpty())
-        ShowPresetErrors(presets->currentText(), errors);
-    if (engine)
-        m_settingsModel->ResetData();
+    if (ApplyTurnOffBefore(presets, index))
+        ApplyPreset(presets, index);
 }
 
-/// Every ordinary preset starts from a clean state, where the file says what that is.
-void AdvTriggerBase::ApplyTurnOffBefore(const QComboBox& presets, int index)
+/// Every ordinary preset starts from a clean state, where the file says what that is. False where
+/// it cannot start at all.
+bool AdvTriggerBase::ApplyTurnOffBefore(const QPointer<QComboBox>& presets, int index)
 {
     const int turnOff =
-        presets.findText(TURN_OFF_PRESET, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    const QString preset = presets.itemText(index);
+        presets->findText(TURN_OFF_PRESET, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const QString preset = presets->itemText(index);
     const bool keepsState = preset == CUSTOM_PRESET || preset == RESET_PRESET;
-    if (turnOff >= 0 && turnOff != index && !keepsState)
-        OnSelectPreset(turnOff);
+    return turnOff < 0 || turnOff == index || keepsState || ApplyPreset(presets, turnOff);
+}
+
+/// False where nothing may follow: a selector went astray, so that settings would end up under
+/// another entry, or whoever owns the form destroyed it while an error box was open.
+bool AdvTriggerBase::ApplyPreset(const QPointer<QComboBox>& presets, int index)
+{
+    const QPointer<AdvTriggerBase> engine(this);
+    const QString chosen = presets->currentText();
+    PresetRunner runner(*m_featureManager);
+    const QString errors = runner.Run(PlanAt(*presets, index));
+    if (!errors.isEmpty())
+        ShowPresetErrors(chosen, errors);
+    if (!engine)
+        return false;
+    const QString astray = ResetOverview();
+    if (!astray.isEmpty())
+        ShowPresetErrors(chosen, astray);
+    return engine && presets && astray.isEmpty() && !runner.LeftSelectorAstray();
+}
+
+/// The overview steps selectors: a line for each that the camera did not put back.
+QString AdvTriggerBase::ResetOverview()
+{
+    m_settingsModel->ResetData();
+    const QMap<QString, QString>& astray = m_settingsModel->selectorsAstray();
+    QString errors;
+    for (auto it = astray.begin(); it != astray.end(); ++it)
+        errors += PresetRunner::ErrorLine(it.key(), it.value());
+    return errors;
 }
 
 void AdvTriggerBase::ShowPresetErrors(const QString& preset, const QString& errors)

@@ -75,7 +75,7 @@ QString PathFor(const QString& applicationDir, const QString& familyName);
 struct Bytes
 {
     QByteArray content;
-    /// In English, for example "No such file or directory"; empty for a file that was read.
+    /// For example "No such file or directory"; empty for a file that was read.
     QString error;
 };
 

@@ -4,17 +4,26 @@
 
 PresetRunner::PresetRunner(const FeatureManager& featureManager) : m_features(featureManager) {}
 
-QString PresetRunner::Run(const PresetFile::Plan& plan) const
+QString PresetRunner::Run(const PresetFile::Plan& plan)
 {
+    m_selectorAstray = false;
     QString errors;
     for (const PresetFile::Step& step : plan.steps)
-        errors += step.forEveryEntry ? RunForEveryEntry(step) : RunValue(step, step.value);
+        errors += step.forEveryEntry ? RunForEveryEntry(step) : RunOnce(step);
     if (!plan.command.isEmpty() && !m_features.RunCommand(plan.command))
         errors += tr("  Executing '%1' failed.").arg(plan.command);
     return errors;
 }
 
-QString PresetRunner::RunForEveryEntry(const PresetFile::Step& step) const
+QString PresetRunner::RunOnce(const PresetFile::Step& step)
+{
+    const Outcome outcome = Write(step.feature, step.value);
+    if (outcome.isLost() && !m_features.GetSelectedFeatures(step.feature).isEmpty())
+        m_selectorAstray = true;
+    return WriteDependents(step, outcome.error);
+}
+
+QString PresetRunner::RunForEveryEntry(const PresetFile::Step& step)
 {
     const auto entries = m_features.AskEnumEntries(step.feature);
     Answer<QString> lastEntry{step.lastEntry};
@@ -30,27 +39,33 @@ QString PresetRunner::RunForEveryEntry(const PresetFile::Step& step) const
         if (entry.available.isMissing())
             errors += ErrorLine(step.feature, entry.name);
         else if (entry.available.value)
-            errors += RunValue(step, entry.name);
+            errors += WriteDependents(step, SetFeatureValue(step.feature, entry.name));
     }
     return errors + PutBack(step.feature, lastEntry.value);
 }
 
 /// A refusal is no news: the entry was, or was not, reached on the way. A write that got lost
-/// leaves another entry selected than anybody expects.
-QString PresetRunner::PutBack(const QString& feature, const QString& entry) const
+/// leaves another entry selected than anybody expects, and is worth another attempt.
+QString PresetRunner::PutBack(const QString& feature, const QString& entry)
 {
     if (entry.isEmpty())
         return QString();
+    if (!Write(feature, entry).isLost())
+        return QString();
     const Outcome outcome = Write(feature, entry);
-    return outcome.unanswered ? outcome.error : QString();
+    if (!outcome.isLost())
+        return QString();
+    m_selectorAstray = true;
+    return outcome.error;
 }
 
 /// What depends on a value that the camera did not take would end up under another one.
-QString PresetRunner::RunValue(const PresetFile::Step& step, const QString& value) const
+QString PresetRunner::WriteDependents(const PresetFile::Step& step,
+                                      const QString& errorOfValue) const
 {
-    QString errors = SetFeatureValue(step.feature, value);
-    if (!errors.isEmpty())
-        return errors;
+    if (!errorOfValue.isEmpty())
+        return errorOfValue;
+    QString errors;
     for (auto it = step.dependents.begin(); it != step.dependents.end(); ++it)
         errors += SetFeatureValue(it.key(), it.value());
     return errors;

@@ -24,7 +24,16 @@ public:
 
     /// Does the steps in their order, then the command. Returns the error text, one line for each
     /// setting that the camera did not take; empty when there is none.
-    QString Run(const PresetFile::Plan& plan) const;
+    QString Run(const PresetFile::Plan& plan);
+
+    /// Whether the last run left a selector at another entry than the plan says, since the camera
+    /// did not answer. What relies on that entry must not be written.
+    bool LeftSelectorAstray() const { return m_selectorAstray; }
+
+    /// The line about one setting. Without a current value where the camera left a question
+    /// unanswered.
+    static QString ErrorLine(const QString& feature, const QVariant& value,
+                             const QVariant& current = QVariant());
 
     /// Writes one feature and compares what the camera then has. Numbers are clamped to the
     /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
@@ -39,6 +48,8 @@ private:
     {
         QString error;           ///< Empty for none.
         bool unanswered = false; ///< The camera left a question or the write unanswered.
+
+        bool isLost() const { return unanswered && !error.isEmpty(); }
     };
     struct Wish
     {
@@ -47,16 +58,15 @@ private:
         QVariant requested; ///< As it was sent to the camera.
     };
 
-    QString RunForEveryEntry(const PresetFile::Step& step) const;
-    QString RunValue(const PresetFile::Step& step, const QString& value) const;
-    QString PutBack(const QString& feature, const QString& entry) const;
+    QString RunOnce(const PresetFile::Step& step);
+    QString RunForEveryEntry(const PresetFile::Step& step);
+    QString WriteDependents(const PresetFile::Step& step, const QString& errorOfValue) const;
+    QString PutBack(const QString& feature, const QString& entry);
     Outcome Write(const QString& feature, const QVariant& value) const;
     Outcome WriteNumber(const QString& feature, const QVariant& value) const;
     static double WithinRange(const QVariant& value, const FeatureRange& range);
     template <typename T> static Outcome Compared(const Wish& wish, const Written<T>& written);
-    /// Without a current value where the camera left a question unanswered.
-    static QString ErrorLine(const QString& feature, const QVariant& value,
-                             const QVariant& current = QVariant());
 
     const FeatureManager& m_features;
+    bool m_selectorAstray = false;
 };

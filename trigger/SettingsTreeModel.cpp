@@ -53,6 +53,7 @@ QStandardItemModel* SettingsTreeModel::model() const
 
 void SettingsTreeModel::InitData()
 {
+    m_selectorsAstray.clear();
     for (const QString& selector : BRANCHES.keys()) {
         if (appendActiveBranches(selector) == 0)
             appendInactive(BRANCHES.value(selector).first);
@@ -65,12 +66,21 @@ void SettingsTreeModel::ResetData()
     InitData();
 }
 
-/// Settings can only be read of the entry that is selected on the camera.
+const QMap<QString, QString>& SettingsTreeModel::selectorsAstray() const
+{
+    return m_selectorsAstray;
+}
+
+/// Settings can only be read of the entry that is selected on the camera. Without the way back the
+/// selector had better stay where it is: presets go on from there.
 int SettingsTreeModel::appendActiveBranches(const QString& selector)
 {
     const QString status = BRANCHES.value(selector).second;
     const QStringList entries = m_featureManager->GetAvailableEnumEntries(selector);
-    const QString selected = m_featureManager->GetStringValue(selector);
+    const Answer<QString> selected = m_featureManager->AskStringValue(selector);
+    m_currentEntries.insert(selector, selected.value);
+    if (selected.isMissing())
+        return 0;
     int count = 0;
     for (const QString& entry : entries) {
         m_featureManager->SetValue(selector, entry);
@@ -79,9 +89,19 @@ int SettingsTreeModel::appendActiveBranches(const QString& selector)
         addSelectorBranch(selector, entry);
         ++count;
     }
-    m_featureManager->SetValue(selector, selected);
-    m_currentEntries.insert(selector, selected);
+    if (!putBack(selector, selected.value) && !entries.isEmpty())
+        m_selectorsAstray.insert(selector, selected.value);
     return count;
+}
+
+/// A refusal counts as done: only what was lost on the way is worth another attempt.
+bool SettingsTreeModel::putBack(const QString& selector, const QString& entry) const
+{
+    const auto isDone = [&] {
+        const Written<QString> written = m_featureManager->TrySetValue(selector, entry);
+        return !written.unanswered || written.value == entry;
+    };
+    return isDone() || isDone();
 }
 
 void SettingsTreeModel::addSelectorBranch(const QString& selector, const QString& entry)

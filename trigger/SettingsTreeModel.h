@@ -38,6 +38,10 @@ public:
     /// Builds the tree anew, as InitData() does.
     void ResetData();
 
+    /// Selectors that the last building stepped and could not put back, since the camera did not
+    /// answer, with the entries that they had before.
+    const QMap<QString, QString>& selectorsAstray() const;
+
     /// Appends the branch of one entry, with the settings of whatever entry the camera has selected
     /// at this moment.
     void addSelectorBranch(const QString& selector, const QString& entry);
@@ -55,6 +59,7 @@ private:
     void appendSetting(QStandardItem& branch, const QString& feature, const QString& key);
     QString valueText(const QString& feature) const;
     int appendActiveBranches(const QString& selector);
+    bool putBack(const QString& selector, const QString& entry) const;
 
     void recordSelection(const QString& selector);
     void showValue(const QString& featureName, const QVariant& value);
@@ -69,4 +74,5 @@ private:
     FeatureManager* m_featureManager;
     /// Entry of each selector that the camera had selected when last seen.
     QMap<QString, QString> m_currentEntries;
+    QMap<QString, QString> m_selectorsAstray;
 };
