@@ -44,6 +44,8 @@ int errorOf(WireTap::Answer answer)
         return ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY;
     case WireTap::Answer::Denied:
         return ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+    case WireTap::Answer::Unknown:
+        return 1000;
     default:
         return ARV_DEVICE_ERROR_NOT_CONNECTED;
     }

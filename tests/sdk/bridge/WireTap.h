@@ -21,6 +21,7 @@ public:
         NotConnected,
         Busy,
         Denied,
+        Unknown, ///< A failure that is not one of those that Aravis has today.
     };
 
     struct Access

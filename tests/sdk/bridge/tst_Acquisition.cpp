@@ -13,6 +13,7 @@ using ZalCPP::Frame;
 
 namespace {
 
+constexpr std::uint32_t AcquisitionRegister = 0x124;
 thread_local bool noMoreThreads = false; // For the calls of this thread.
 
 } // namespace
@@ -41,6 +42,7 @@ private slots:
     {
         camera.reset();
         tap->onRead(nullptr);
+        tap->onWrite(nullptr);
     }
     void cleanupTestCase() { server.reset(); }
 
@@ -55,6 +57,9 @@ private slots:
     void stoppingAnIdleCameraChangesNothing();
     void destroyingAnAcquiringCameraStopsIt();
     void imageSizeIsTakenAtTheStart();
+    void imageSizeIsReadFromTheCamera();
+    void cameraIsStoppedOnce();
+    void unansweredStopIsDoneLater();
     void refusedStopUnlocksTheParametersAllTheSame();
     void slowStartTakesNoLongerThanOneCall();
     void startWithoutAThreadIsTakenBack();
@@ -62,6 +67,7 @@ private slots:
 private:
     FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     ZalErrorType start();
+    int commands() const;
 
     std::unique_ptr<WireTap> tap;
     std::unique_ptr<NastyCamera> server;
@@ -87,6 +93,16 @@ ZalErrorType tst_Acquisition::start()
         thread = std::this_thread::get_id();
         ++frames;
     });
+}
+
+// Starts and stops that went over the wire since the last call.
+int tst_Acquisition::commands() const
+{
+    const auto accesses = tap->takeAccesses();
+    return static_cast<int>(
+        std::count_if(accesses.begin(), accesses.end(), [](const WireTap::Access& access) {
+            return access.isWrite && access.address == AcquisitionRegister;
+        }));
 }
 
 void tst_Acquisition::framesArriveOnAnotherThread()
@@ -199,6 +215,42 @@ void tst_Acquisition::imageSizeIsTakenAtTheStart()
     QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
     QCOMPARE(last.width, 256U);
     QCOMPARE(last.pixels.size(), std::size_t(256 * 32));
+}
+
+// Somebody asked for it just before it changed.
+void tst_Acquisition::imageSizeIsReadFromTheCamera()
+{
+    QCOMPARE(integer(find("PayloadSize")), 64LL * 32);
+    server->setReg(0x100, 128);
+    QCOMPARE(start(), ZalErrorSuccess);
+    QTRY_VERIFY(frames >= 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(last.width, 128U);
+}
+
+void tst_Acquisition::cameraIsStoppedOnce()
+{
+    tap->takeAccesses();
+    QCOMPARE(start(), ZalErrorSuccess);
+    QCOMPARE(commands(), 1);
+    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    camera.reset();
+    QCOMPARE(commands(), 1);
+}
+
+// It neither reached the camera nor unlocked the parameters.
+void tst_Acquisition::unansweredStopIsDoneLater()
+{
+    QCOMPARE(start(), ZalErrorSuccess);
+    std::atomic<int> attempts{0};
+    tap->onWrite([&attempts](ArvDevice*, std::uint64_t address) {
+        const bool isFirst = address == AcquisitionRegister && ++attempts == 1;
+        return isFirst ? WireTap::Answer::TimeOut : WireTap::Answer::TheCameras;
+    });
+    QCOMPARE(camera->StopAcquisition(), ZalErrorTimeout);
+    QTRY_COMPARE(attempts, 2);
+    QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
+    QCOMPARE(server->reg(AcquisitionRegister), 0U);
 }
 
 void tst_Acquisition::refusedStopUnlocksTheParametersAllTheSame()

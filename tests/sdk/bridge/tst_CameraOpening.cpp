@@ -54,6 +54,7 @@ void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence_data()
         << "The camera is not open, or the connection to it is lost.";
     QTest::newRow("refused by the camera")
         << WireTap::Answer::Busy << "The connection to the camera reported a failure.";
+    QTest::newRow("unknown failure") << WireTap::Answer::Unknown << "The operation failed.";
 }
 
 void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence()

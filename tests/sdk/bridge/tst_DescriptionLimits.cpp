@@ -173,6 +173,10 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
                "<Enumeration Name=\"A\"><EnumEntry Name=\"E\"><pIsAvailable>B</pIsAvailable>"
                "<Value>0</Value></EnumEntry><pValue>R</pValue></Enumeration>"
                "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    QTest::newRow("value of an entry")
+        << reg("IntReg", "R", "0x4004", "4") +
+               "<Enumeration Name=\"A\"><EnumEntry Name=\"E\"><pValue>B</pValue></EnumEntry>"
+               "<pValue>R</pValue></Enumeration><Integer Name=\"B\"><pValue>B</pValue></Integer>";
     QTest::newRow("value of a command")
         << reg("IntReg", "R", "0x4004", "4") +
                "<Command Name=\"A\"><pValue>R</pValue><pCommandValue>B</pCommandValue></Command>"
@@ -302,7 +306,7 @@ void tst_DescriptionLimits::lengthFromTheCameraIsLimited()
              sized + "</Register><StringReg Name=\"Text\">" + sized + "</StringReg>");
     const auto data = find("Data");
     std::uint32_t count = 0;
-    for (const long long length : {-1LL, 0LL, 1LL << 40, 9223372036854775807LL}) {
+    for (const long long length : {-1LL, 0LL, (1LL << 20) + 1, 1LL << 40, 9223372036854775807LL}) {
         QCOMPARE(find("Size")->SetIntegerValue(length), ZalErrorSuccess);
         QCOMPARE(data->GetRawValue(nullptr, count), ZalErrorOutOfResources);
         QCOMPARE(find("Text")->GetStringValue(nullptr, count), ZalErrorOutOfResources);

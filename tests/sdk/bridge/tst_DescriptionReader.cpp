@@ -1,5 +1,6 @@
 // What is taken from a description before anything is asked of the camera.
 #include "sdk/bridge/DescriptionReader.h"
+#include "sdk/bridge/DescriptionText.h"
 #include "tests/sdk/bridge/DescribedCamera.h"
 
 #include <QtTest>
@@ -22,6 +23,11 @@ private slots:
     void shortestPollingTimeOfAChainCounts();
     void pollingTimeIsLimited_data();
     void pollingTimeIsLimited();
+    void lengthIsLimited_data();
+    void lengthIsLimited();
+    void depthIsLimited();
+    void onlyAWholeDescriptionIsOne_data();
+    void onlyAWholeDescriptionIsOne();
     void writeAffects_data();
     void writeAffects();
     void volatileRegisters_data();
@@ -139,6 +145,64 @@ void tst_DescriptionReader::pollingTimeIsLimited()
     QFETCH(QByteArray, time);
     read({"A"}, reg("IntReg", "A", "0x4010", "4", "<PollingTime>" + time + "</PollingTime>"));
     QTEST(static_cast<long long>(feature("A").pollingTime.count()), "limited");
+}
+
+void tst_DescriptionReader::lengthIsLimited_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("answerable");
+    const auto row = [](const char* kind, int length, bool answerable) {
+        QTest::addRow("%s of %d", kind, length) << QByteArray(kind) << length << answerable;
+    };
+    for (const char* kind : {"IntReg", "FloatReg"}) {
+        row(kind, 8, true);
+        row(kind, 9, false);
+    }
+    row("StringReg", 64 * 1024, true);
+    row("StringReg", 64 * 1024 + 1, false);
+    row("Register", 1024 * 1024, true);
+    row("Register", 1024 * 1024 + 1, false);
+}
+
+void tst_DescriptionReader::lengthIsLimited()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(int, length);
+    read({"A"}, reg(kind, "A", "0x4010", QByteArray::number(length)));
+    QTEST(feature("A").isAnswerable, "answerable");
+}
+
+// The register is the first of the nodes that a question passes through.
+void tst_DescriptionReader::depthIsLimited()
+{
+    QByteArray nodes = reg("IntReg", "N1", "0x4010", "4");
+    for (int i = 2; i <= 257; ++i)
+        nodes += integerOf("N" + QByteArray::number(i), "N" + QByteArray::number(i - 1));
+    read({"N255", "N256", "N257"}, nodes);
+    QVERIFY(feature("N255").isAnswerable);
+    QVERIFY(!feature("N257").isAnswerable);
+}
+
+void tst_DescriptionReader::onlyAWholeDescriptionIsOne_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("whole");
+    QTest::newRow("whole") << describe({}, {}) << true;
+    QTest::newRow("padded") << describe({}, {}) + QByteArray(100, '\0') << true;
+    QTest::newRow("cut off") << describe({}, {}).chopped(5) << false;
+    QTest::newRow("another document") << QByteArray("<Description/>") << false;
+    QTest::newRow("in another document")
+        << QByteArray("<Other><RegisterDescription></RegisterDescription></Other>") << false;
+    QTest::newRow("nothing") << QByteArray("") << false;
+}
+
+void tst_DescriptionReader::onlyAWholeDescriptionIsOne()
+{
+    QFETCH(QByteArray, text);
+    const auto size = static_cast<std::size_t>(text.size());
+    QTEST(ZalCPP::isWholeDescription(text.constData(), size), "whole");
+    QVERIFY(!ZalCPP::isWholeDescription(nullptr, size));
 }
 
 void tst_DescriptionReader::writeAffects_data()

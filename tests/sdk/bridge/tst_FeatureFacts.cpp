@@ -341,6 +341,10 @@ void tst_FeatureFacts::entryOfUnknownNameIsNotFound()
     QCOMPARE(find("Mode")->GetEntry(entry, "Nope"), ZalErrorNotFound);
     QCOMPARE(find("Mode")->GetEntry(entry, nullptr), ZalErrorBadParameter);
     QCOMPARE(entry.name, std::string("untouched"));
+    bool available = true;
+    QCOMPARE(find("Mode")->IsValueAvailable("Nope", available), ZalErrorNotFound);
+    QCOMPARE(find("Mode")->IsValueAvailable(nullptr, available), ZalErrorBadParameter);
+    QCOMPARE(find("Mode")->IsValueAvailable(99, available), ZalErrorNotFound);
 }
 
 void tst_FeatureFacts::enumerationWithoutEntriesIsEmpty()

@@ -131,6 +131,7 @@ private slots:
     void oneThreadAtATimeLooksIntoTheList_data();
     void oneThreadAtATimeLooksIntoTheList();
     void cameraThatIsKnownIsOpenedWithoutADiscovery();
+    void cameraThatIsNotKnownIsDiscovered();
 
 private:
     void open(const std::string& id);
@@ -184,6 +185,15 @@ void tst_OpeningByName::cameraThatIsKnownIsOpenedWithoutADiscovery()
     open(NastyCamera::Serial);
     QCOMPARE(opened.size(), std::size_t(1));
     QCOMPARE(visitors().count(), devices + 2);
+}
+
+void tst_OpeningByName::cameraThatIsNotKnownIsDiscovered()
+{
+    server.reset();
+    QVERIFY(CameraSystem::List().empty());
+    server = std::make_unique<NastyCamera>();
+    open(NastyCamera::Serial);
+    QCOMPARE(opened.size(), std::size_t(1));
 }
 
 QTEST_GUILESS_MAIN(tst_OpeningByName)

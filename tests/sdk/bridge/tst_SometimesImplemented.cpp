@@ -142,6 +142,11 @@ void tst_SometimesImplemented::whatCanChangeIsListed_data()
         << QByteArray("<Integer Name=\"C\"><pValue>D</pValue></Integer>"
                       "<Integer Name=\"D\"><Value>0</Value></Integer>"
                       "<Integer Name=\"W\"><pValue>D</pValue></Integer>");
+    QTest::newRow("value that a feature writes but does not read")
+        << QByteArray("<Integer Name=\"C\"><pValue>D</pValue></Integer>"
+                      "<Integer Name=\"D\"><Value>0</Value></Integer>"
+                      "<Integer Name=\"W\"><ImposedAccessMode>WO</ImposedAccessMode>"
+                      "<pValue>D</pValue></Integer>");
     QTest::newRow("value of a feature") << QByteArray("<Integer Name=\"C\"><pValue>W</pValue>"
                                                       "</Integer><Integer Name=\"W\">"
                                                       "<Value>0</Value></Integer>");
@@ -169,6 +174,12 @@ void tst_SometimesImplemented::whatCannotChangeIsDecidedAtOpening_data()
                       "<Integer Name=\"D\"><Value>1</Value></Integer>")
         << false;
     QTest::newRow("register that is only read") << readOnly("C") << false;
+    QTest::newRow("value that a feature only reads")
+        << QByteArray("<Integer Name=\"C\"><ImposedAccessMode>RO</ImposedAccessMode>"
+                      "<pValue>D</pValue></Integer><Integer Name=\"D\"><Value>0</Value></Integer>"
+                      "<Integer Name=\"W\"><ImposedAccessMode>RO</ImposedAccessMode>"
+                      "<pValue>D</pValue></Integer>")
+        << false;
     QTest::newRow("missing node") << QByteArray() << false;
 }
 
@@ -176,7 +187,7 @@ void tst_SometimesImplemented::whatCannotChangeIsDecidedAtOpening()
 {
     QFETCH(QByteArray, nodes);
     QFETCH(bool, listed);
-    server = DescribedCamera::serve(DescribedCamera::describe({"A"}, Condition + nodes));
+    server = DescribedCamera::serve(DescribedCamera::describe({"A", "W"}, Condition + nodes));
     camera = openCamera();
     QCOMPARE(find("A") != nullptr, listed);
     if (listed)

@@ -19,6 +19,7 @@ private slots:
     void onlyWhatIsVolatileIsReadAnew();
     void volatileRegisterUnderASelectorIsReadAnew();
     void polledFormulaIsReported();
+    void dataThatFollowsItsSizeIsWhatWasMeasured();
 
 private:
     void open(const QList<QByteArray>& features, const QByteArray& nodes);
@@ -155,6 +156,25 @@ void tst_VolatileFeatures::polledFormulaIsReported()
     server->setReg(Source, 7);
     QTRY_COMPARE(recorder->count("A"), 1);
     QCOMPARE(integer(find("A")), 7LL);
+}
+
+// As with texts. Asked once more, the camera answers.
+void tst_VolatileFeatures::dataThatFollowsItsSizeIsWhatWasMeasured()
+{
+    open({"A"}, reg("Register", "A", "0x4010", "4", NoCache));
+    std::vector<unsigned char> bytes(4);
+    std::uint32_t count = 4;
+    QElapsedTimer timer;
+    do {
+        server->setReg(Source, 1);
+        timer.start();
+        QCOMPARE(find("A")->GetRawValue(nullptr, count), ZalErrorSuccess);
+        server->setReg(Source, 2);
+        QCOMPARE(find("A")->GetRawValue(bytes.data(), count), ZalErrorSuccess);
+    } while (timer.elapsed() >= 50);
+    QCOMPARE(static_cast<int>(bytes[3]), 1);
+    QCOMPARE(find("A")->GetRawValue(bytes.data(), count), ZalErrorSuccess);
+    QCOMPARE(static_cast<int>(bytes[3]), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_VolatileFeatures)

@@ -1,0 +1,136 @@
+// Values whose nodes are put together in ways that few cameras use.
+#include "tests/sdk/bridge/BridgeTest.h"
+#include "tests/sdk/bridge/DescribedCamera.h"
+
+using namespace BridgeTest;
+using DescribedCamera::describe;
+using DescribedCamera::reg;
+
+class tst_DescribedValues : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    void commandIsDoneByTheValueOfAnotherNode();
+    void unavailableDataIsNotAccessed();
+    void limitsOfANumberWhoseLengthIsImpossible();
+    void stepsCountFromTheMinimum_data();
+    void stepsCountFromTheMinimum();
+    void stepThatIsNoNumberIsNone_data();
+    void stepThatIsNoNumberIsNone();
+    void indexedValueIsReadAndWritten();
+
+private:
+    void open(const QByteArray& nodes);
+    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+
+    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<ZalCPP::Camera> camera;
+};
+
+void tst_DescribedValues::cleanup()
+{
+    camera.reset();
+    server.reset();
+}
+
+void tst_DescribedValues::open(const QByteArray& nodes)
+{
+    server = DescribedCamera::serve(describe({"A", "B"}, nodes));
+    camera = openCamera();
+}
+
+void tst_DescribedValues::commandIsDoneByTheValueOfAnotherNode()
+{
+    open("<Command Name=\"A\"><pValue>R</pValue><pCommandValue>B</pCommandValue></Command>" +
+         reg("IntReg", "R", "0x4010", "4") + reg("IntReg", "B", "0x4014", "4"));
+    QCOMPARE(find("B")->SetIntegerValue(6), ZalErrorSuccess);
+    QCOMPARE(find("A")->RunCommand(), ZalErrorSuccess);
+    QCOMPARE(server->reg(0x4010), 6U);
+    QCOMPARE(ask<bool>(find("A"), &Feature::IsCommandDone, true), false);
+    server->setReg(0x4010, 0);
+    QCOMPARE(ask<bool>(find("A"), &Feature::IsCommandDone, false), true);
+}
+
+void tst_DescribedValues::unavailableDataIsNotAccessed()
+{
+    open(reg("Register", "A", "0x4010", "4", "<pIsAvailable>B</pIsAvailable>") +
+         reg("IntReg", "B", "0x4014", "4"));
+    const unsigned char bytes[] = {1, 2, 3, 4};
+    std::uint32_t count = 0;
+    QCOMPARE(find("A")->GetRawValue(nullptr, count), ZalErrorNotAvailable);
+    QCOMPARE(find("A")->SetRawValue(bytes, 4), ZalErrorNotAvailable);
+    QCOMPARE(server->reg(0x4010), 0U);
+    QCOMPARE(find("B")->SetIntegerValue(1), ZalErrorSuccess);
+    QCOMPARE(find("A")->SetRawValue(bytes, 4), ZalErrorSuccess);
+    QCOMPARE(server->reg(0x4010), 0x01020304U);
+}
+
+// The limits of a register without any are those of its length.
+void tst_DescribedValues::limitsOfANumberWhoseLengthIsImpossible()
+{
+    open("<IntReg Name=\"A\"><Address>0x4010</Address><pLength>B</pLength><AccessMode>RW"
+         "</AccessMode><pPort>Device</pPort><Endianess>BigEndian</Endianess></IntReg>" +
+         reg("IntReg", "B", "0x4020", "4"));
+    long long min = 0;
+    long long max = 0;
+    QCOMPARE(find("B")->SetIntegerValue(9), ZalErrorSuccess);
+    QCOMPARE(find("A")->GetIntegerRange(min, max), ZalErrorOutOfResources);
+    QCOMPARE(find("A")->GetIntegerIncrement(min), ZalErrorOutOfResources);
+    QCOMPARE(find("B")->SetIntegerValue(4), ZalErrorSuccess);
+    QCOMPARE(find("A")->GetIntegerRange(min, max), ZalErrorSuccess);
+}
+
+void tst_DescribedValues::stepsCountFromTheMinimum_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("minimum") << 2 << ZalErrorSuccess;
+    QTest::newRow("second step") << 8 << ZalErrorSuccess;
+    QTest::newRow("multiple of the step alone") << 6 << ZalErrorOutOfRange;
+    QTest::newRow("a step below the minimum") << -1 << ZalErrorOutOfRange;
+}
+
+void tst_DescribedValues::stepsCountFromTheMinimum()
+{
+    QFETCH(int, value);
+    open("<Integer Name=\"A\"><pValue>R</pValue><Min>2</Min><Inc>3</Inc></Integer>" +
+         reg("IntReg", "R", "0x4010", "4"));
+    QTEST(find("A")->SetIntegerValue(value), "status");
+}
+
+void tst_DescribedValues::stepThatIsNoNumberIsNone_data()
+{
+    QTest::addColumn<QByteArray>("step");
+    for (const char* step : {"INF", "NAN", "0", "-0.5", "2.2250738585072014e-308"})
+        QTest::newRow(step) << QByteArray(step);
+}
+
+void tst_DescribedValues::stepThatIsNoNumberIsNone()
+{
+    QFETCH(QByteArray, step);
+    open("<Float Name=\"A\"><pValue>R</pValue><Inc>" + step + "</Inc></Float>" +
+         reg("FloatReg", "R", "0x4010", "8"));
+    double increment = 7;
+    QCOMPARE(find("A")->GetFloatIncrement(increment), ZalErrorNotImplemented);
+    QCOMPARE(increment, 7.0);
+}
+
+void tst_DescribedValues::indexedValueIsReadAndWritten()
+{
+    open("<Integer Name=\"A\"><pIndex>Plain</pIndex><pValueIndexed Index=\"0\">B</pValueIndexed>"
+         "<pValueDefault>R</pValueDefault></Integer>" +
+         reg("IntReg", "B", "0x4010", "4") + reg("IntReg", "R", "0x4014", "4"));
+    QCOMPARE(find("A")->SetIntegerValue(5), ZalErrorSuccess);
+    QCOMPARE(server->reg(0x4010), 5U);
+    QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorSuccess);
+    QCOMPARE(find("A")->SetIntegerValue(6), ZalErrorSuccess);
+    QCOMPARE(server->reg(0x4014), 6U);
+    QCOMPARE(integer(find("A")), 6LL);
+    QCOMPARE(integer(find("B")), 5LL);
+}
+
+QTEST_GUILESS_MAIN(tst_DescribedValues)
+#include "tst_DescribedValues.moc"
