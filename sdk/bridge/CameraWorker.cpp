@@ -124,6 +124,8 @@ void CameraWorker::State::finish(const TaskPtr& task, ZalErrorType result)
     const std::lock_guard<std::mutex> lock(mutex);
     task->result = result;
     task->done = true;
+    // After a time-out the camera is asked once more.
+    busy = result == ZalErrorTimeout;
     changed.notify_all();
 }
 

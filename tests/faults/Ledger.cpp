@@ -92,6 +92,21 @@ bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
            hasFailed(step.failures, write.feature, {"IsWritable", "SetIntegerValue"});
 }
 
+/// What the form shows of such a selector is not the camera's.
+bool goesByUnboundSelector(const Write& write, const Circumstances& step)
+{
+    static const QStringList kinds = {"Action", "Counter", "SoftwareSignal", "Timer", "Trigger"};
+    const auto isUnbound = [&](const QString& kind) {
+        return write.feature.startsWith(kind) &&
+               hasFailed(step.earlierFailures, kind + "Selector", {"GetName"});
+    };
+    const auto isElsewhere = [&](const Ask& ask) {
+        return ask.feature == write.feature && isSameValue(ask.value, write.value);
+    };
+    return std::any_of(kinds.begin(), kinds.end(), isUnbound) &&
+           std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
+}
+
 QString toLine(const Write& write)
 {
     const QString under = write.entry.isEmpty() ? QString() : " under " + write.entry;
@@ -122,6 +137,10 @@ const std::vector<Exception>& exceptions()
         {"A field whose number was not taken shows the camera's, and finishing it once more writes "
          "what it shows.",
          finishesFieldWithOldValue},
+        {"A feature whose name cannot be read while a form is bound counts as missing. Where that "
+         "is "
+         "a selector, the user's edits go to the entry that the camera has selected.",
+         goesByUnboundSelector},
     };
     return all;
 }

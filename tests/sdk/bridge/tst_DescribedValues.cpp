@@ -15,7 +15,6 @@ private slots:
 
     void commandIsDoneByTheValueOfAnotherNode();
     void unavailableDataIsNotAccessed();
-    void limitsOfANumberWhoseLengthIsImpossible();
     void stepsCountFromTheMinimum_data();
     void stepsCountFromTheMinimum();
     void stepThatIsNoNumberIsNone_data();
@@ -66,21 +65,6 @@ void tst_DescribedValues::unavailableDataIsNotAccessed()
     QCOMPARE(find("B")->SetIntegerValue(1), ZalErrorSuccess);
     QCOMPARE(find("A")->SetRawValue(bytes, 4), ZalErrorSuccess);
     QCOMPARE(server->reg(0x4010), 0x01020304U);
-}
-
-// The limits of a register without any are those of its length.
-void tst_DescribedValues::limitsOfANumberWhoseLengthIsImpossible()
-{
-    open("<IntReg Name=\"A\"><Address>0x4010</Address><pLength>B</pLength><AccessMode>RW"
-         "</AccessMode><pPort>Device</pPort><Endianess>BigEndian</Endianess></IntReg>" +
-         reg("IntReg", "B", "0x4020", "4"));
-    long long min = 0;
-    long long max = 0;
-    QCOMPARE(find("B")->SetIntegerValue(9), ZalErrorSuccess);
-    QCOMPARE(find("A")->GetIntegerRange(min, max), ZalErrorOutOfResources);
-    QCOMPARE(find("A")->GetIntegerIncrement(min), ZalErrorOutOfResources);
-    QCOMPARE(find("B")->SetIntegerValue(4), ZalErrorSuccess);
-    QCOMPARE(find("A")->GetIntegerRange(min, max), ZalErrorSuccess);
 }
 
 void tst_DescribedValues::stepsCountFromTheMinimum_data()
