@@ -97,11 +97,13 @@ int SettingsTreeModel::appendActiveBranches(const QString& selector)
 /// A refusal counts as done: only what was lost on the way is worth another attempt.
 bool SettingsTreeModel::putBack(const QString& selector, const QString& entry) const
 {
-    const auto isDone = [&] {
+    constexpr int attempts = 2;
+    for (int i = 0; i < attempts; ++i) {
         const Written<QString> written = m_featureManager->TrySetValue(selector, entry);
-        return !written.unanswered || written.value == entry;
-    };
-    return isDone() || isDone();
+        if (!written.unanswered || written.value == entry)
+            return true;
+    }
+    return false;
 }
 
 void SettingsTreeModel::addSelectorBranch(const QString& selector, const QString& entry)

@@ -11,9 +11,9 @@ namespace ZalCPP::Limits {
 /// A register that holds a number: no number has more than 64 bits.
 constexpr std::uint64_t NumberLength = 8;
 /// A text in a register. The longest that cameras have, such as URLs, have 512 bytes.
-constexpr std::uint64_t TextLength = 64 * 1024;
+constexpr std::uint64_t TextLength = 64ULL * 1024;
 /// Raw data in a register. Lookup tables and file buffers have up to 256 KiB.
-constexpr std::uint64_t RawLength = 1024 * 1024;
+constexpr std::uint64_t RawLength = 1024ULL * 1024;
 
 /// One image: 256 megapixels of 16 bits.
 constexpr std::size_t Payload = 512ULL * 1024 * 1024;
@@ -32,7 +32,7 @@ constexpr std::size_t CategoryDepth = 32;
 constexpr std::size_t EvaluationDepth = 256;
 /// Nodes that one question visits in all, for an enumeration those of all its entries. Formulas
 /// that use each other twice double it each time: thirty of them would take hours.
-constexpr std::size_t EvaluationSteps = 1000 * 1000;
+constexpr std::size_t EvaluationSteps = 1000ULL * 1000;
 
 /// No display shows changes faster, and a camera is not to be flooded.
 constexpr std::chrono::milliseconds ShortestPollingTime{20};
