@@ -1,11 +1,11 @@
 // A host that destroys what it owns while an error box is open below an edit.
+#include "tests/support/MouseChoice.h"
 #include "tests/trigger/MessageBoxes.h"
 #include "tests/ui/OpenedDialog.h"
 #include "tests/ui/PresetsFile.h"
 #include "ui/AdvTriggerDialog.h"
 #include "ui/AdvTriggerWidget.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QSignalBlocker>
@@ -127,38 +127,14 @@ void clickIndicator(QWidget& checkBox)
     QTest::mouseClick(&checkBox, Qt::LeftButton, Qt::NoModifier, QPoint(8, checkBox.height() / 2));
 }
 
-QAbstractItemView* openList(QWidget& comboBox)
+void chooseSecond(QWidget& comboBox)
 {
-    QTest::mouseClick(&comboBox, Qt::LeftButton);
-    QAbstractItemView* list = static_cast<QComboBox&>(comboBox).view();
-    if (!QTest::qWaitForWindowExposed(list->window()))
-        qFatal("no list");
-    // Within this time, measured coarsely, the popup takes a release for the end of the click that
-    // opened it.
-    QTest::qWait(2 * QApplication::doubleClickInterval());
-    return list;
-}
-
-/// Moves the mouse onto the entry, from elsewhere: it may rest there already, which is no move.
-bool pointAt(QAbstractItemView& list, const QModelIndex& entry)
-{
-    QTest::mouseMove(list.viewport(), QPoint(1, 1));
-    QTest::mouseMove(list.viewport(), list.visualRect(entry).center());
-    return list.currentIndex() == entry;
-}
-
-void clickInList(QWidget& comboBox)
-{
-    QAbstractItemView* list = openList(comboBox);
-    const QModelIndex entry = list->model()->index(1, 0);
-    QTRY_VERIFY(pointAt(*list, entry));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      list->visualRect(entry).center());
+    clickInList(*openList(static_cast<QComboBox&>(comboBox)), 1);
 }
 
 void enterInList(QWidget& comboBox)
 {
-    QAbstractItemView* list = openList(comboBox);
+    QAbstractItemView* list = openList(static_cast<QComboBox&>(comboBox));
     QTest::keyClick(list, Qt::Key_Down);
     QTest::keyClick(list, Qt::Key_Return);
 }
@@ -183,7 +159,7 @@ struct Kind
 
 const Kind TabKinds[] = {
     {"combo box, key", "cmbTriggerMode", key(Qt::Key_Down)},
-    {"combo box, click in the list", "cmbTriggerMode", clickInList},
+    {"combo box, click in the list", "cmbTriggerMode", chooseSecond},
     {"combo box, Return in the list", "cmbTriggerMode", enterInList},
     {"combo box, wheel", "cmbTriggerMode", turnWheel},
     {"double spin box, key", "spbTriggerDelay", key(Qt::Key_Up)},
@@ -199,7 +175,7 @@ const Kind TabKinds[] = {
 
 const Kind DialogKinds[] = {
     {"combo box, key", "cmbAcquisitionMode", key(Qt::Key_Down)},
-    {"combo box, click in the list", "cmbAcquisitionMode", clickInList},
+    {"combo box, click in the list", "cmbAcquisitionMode", chooseSecond},
     {"combo box, wheel", "cmbAcquisitionMode", turnWheel},
     {"spin box, key", "spbAcquisitionFrameCount", key(Qt::Key_Up)},
     {"spin box, typed", "spbAcquisitionFrameCount", type("17")},
