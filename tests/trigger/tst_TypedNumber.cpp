@@ -1,9 +1,8 @@
 // Keys that a field cannot take as they are, or that make no number of its own range: none of them
 // may turn what is typed into another number.
-#include "tests/trigger/NumberForm.h"
+#include "tests/trigger/TypingTest.h"
 
 #include <QInputMethodEvent>
-#include <QTest>
 
 namespace {
 
@@ -19,13 +18,13 @@ const QStringList fieldsWithDecimals = {"double spin box", "line edit", "table c
 
 } // namespace
 
-class tst_TypedNumber : public QObject
+class tst_TypedNumber : public TypingTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { openForm(); }
+    void cleanup() { closeForm(); }
 
     void keysOfOtherScripts_data();
     void keysOfOtherScripts();
@@ -40,64 +39,7 @@ private slots:
     void typedGroupsAreNotTaken();
     void markTypedBetweenDigitsKeepsThemApart();
     void markThatIsDeletedAgainDoesNoHarm();
-
-private:
-    /// Goes to the field and selects its text, for a key to replace it.
-    void enter(const QString& kind);
-    void type(const QString& kind, const QString& typed);
-    void leave() { form->findChild<QLineEdit*>("txtElsewhere")->setFocus(); }
-    void press(const QString& kind, Qt::Key key) { QTest::keyClick(&form->field(kind), key); }
-    QString text(const QString& kind) const { return form->textOf(kind).text(); }
-    /// What was written beside the selected lines.
-    QStringList writes() const;
-    QStringList finish(const QString& kind, const QString& way = "Return");
-
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<NumberForm> form;
 };
-
-void tst_TypedNumber::init()
-{
-    camera = numberCamera();
-    form = std::make_unique<NumberForm>(*camera);
-    form->add<QLineEdit>("txtElsewhere");
-    form->show();
-    form->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(form.get()));
-}
-
-void tst_TypedNumber::cleanup()
-{
-    form.reset();
-    camera.reset();
-}
-
-void tst_TypedNumber::enter(const QString& kind)
-{
-    form->field(kind).setFocus();
-    form->textOf(kind).selectAll();
-}
-
-void tst_TypedNumber::type(const QString& kind, const QString& typed)
-{
-    enter(kind);
-    QTest::keyClicks(&form->field(kind), typed);
-}
-
-QStringList tst_TypedNumber::writes() const
-{
-    return tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector)"));
-}
-
-/// By the return key, or by going elsewhere.
-QStringList tst_TypedNumber::finish(const QString& kind, const QString& way)
-{
-    if (way == "Return")
-        press(kind, Qt::Key_Return);
-    else
-        leave();
-    return writes();
-}
 
 void tst_TypedNumber::keysOfOtherScripts_data()
 {
