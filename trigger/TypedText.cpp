@@ -121,9 +121,10 @@ bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
     }
     switch (event->type()) {
     case QEvent::FocusIn:
-        // Back from its context menu, a field goes on where it was.
+        // Back from its context menu, a field goes on where it was. A text that could not be taken
+        // still stands otherwise, unless another one was shown meanwhile.
         if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-            end();
+            m_typed = m_typed && m_edit.text() != m_shown;
         return false;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:

@@ -3,6 +3,8 @@
 #include "tests/trigger/TypingTest.h"
 
 #include <QInputMethodEvent>
+#include <QShortcut>
+#include <QSignalSpy>
 
 namespace {
 
@@ -39,6 +41,10 @@ private slots:
     void typedGroupsAreNotTaken();
     void markTypedBetweenDigitsKeepsThemApart();
     void markThatIsDeletedAgainDoesNoHarm();
+
+    void escapeAfterALeftTextBringsTheCamerasValueBack_data();
+    void escapeAfterALeftTextBringsTheCamerasValueBack();
+    void escapeGivesUpALeftTextAtOnce();
 };
 
 void tst_TypedNumber::keysOfOtherScripts_data()
@@ -172,6 +178,45 @@ void tst_TypedNumber::markThatIsDeletedAgainDoesNoHarm()
         QTest::keyClicks(&form->field(kind), "5");
         QCOMPARE(finish(kind), QStringList("Real=1.25"));
     }
+}
+
+void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack_data()
+{
+    QTest::addColumn<QString>("left");
+    QTest::newRow("above the top") << "200000";
+    QTest::newRow("sign alone") << "-";
+}
+
+void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack()
+{
+    QFETCH(QString, left);
+    type("line edit", left);
+    leave();
+    QCOMPARE(text("line edit"), left);
+    type("line edit", "3");
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(text("line edit"), QString("5"));
+    QCOMPARE(writes(), QStringList());
+}
+
+/// What was left unfinished still is so when the user comes back.
+void tst_TypedNumber::escapeGivesUpALeftTextAtOnce()
+{
+    QShortcut shortcut(Qt::Key_Escape, form.get());
+    QSignalSpy taken(&shortcut, SIGNAL(activated()));
+    type("line edit", "200000");
+    leave();
+    form->field("line edit").setFocus();
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(text("line edit"), QString("5"));
+    QCOMPARE(taken.count(), 0);
+    // Unless the camera's value took its place meanwhile.
+    type("line edit", "200000");
+    leave();
+    form->refresh({"Real"});
+    form->field("line edit").setFocus();
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(taken.count(), 1);
 }
 
 QTEST_MAIN(tst_TypedNumber)
