@@ -12,6 +12,8 @@
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 
+using NumberInput::UnknownLimit;
+
 namespace {
 
 /// Lets a number field be cleared: a field without acceptable text never finishes its editing.
@@ -28,13 +30,11 @@ public:
 
 struct Range
 {
-    double min = unknown;
-    double max = unknown;
+    double min = UnknownLimit;
+    double max = UnknownLimit;
 
     /// By the minimum alone: fitted to an increment, an unknown maximum does not stay what it was.
-    bool isKnown() const { return min != unknown; }
-
-    static constexpr double unknown = -1.0;
+    bool isKnown() const { return min != UnknownLimit; }
 };
 
 /// Without the increment: the steps of a spin box stay the form's.
@@ -102,7 +102,7 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
 void AdvTriggerBase::LimitInputLate(QLineEdit& edit, const QString& feature)
 {
     const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
-    const bool isOpen = !edit.validator() || (limits && limits->bottom() == Range::unknown);
+    const bool isOpen = !edit.validator() || (limits && limits->bottom() == UnknownLimit);
     if (!isOpen || IsTextFeature(feature))
         return;
     if (!IsHexFeature(feature) && !RangeOf(*m_featureManager, feature).isKnown())

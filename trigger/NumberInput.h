@@ -12,8 +12,15 @@ class QSpinBox;
 /// group separator or a second mark is refused whole: read either way, it might become another
 /// number. A second mark that is typed stays in sight and keeps the text from being taken.
 ///
+/// Nor does a number become another one for being too large or too small: it stays in sight as it
+/// was typed. A line edit does not accept it; a box corrects it to the nearest limit, if its camera
+/// told the limits. Decimals beyond the last one of a field are refused.
+///
 /// GUI thread only.
 namespace NumberInput {
+
+/// Both limits of a field whose camera did not tell them.
+constexpr double UnknownLimit = -1.0;
 
 /// Lets a line edit take numbers in C notation, as which they are parsed, or with a comma.
 class Validator : public QDoubleValidator
@@ -27,7 +34,8 @@ public:
     bool hasSurplusMark(const QString& text) const;
 };
 
-/// Lets a box take what a line edit takes. A box shows numbers as its own locale does.
+/// Lets a box take what a line edit takes. A box shows numbers as its own locale does. Its line
+/// edit's validator corrects texts; the box itself does not ask for that, see TypedText.
 void limit(QDoubleSpinBox& box);
 /// Lets a box take whole numbers only: a comma or point in it keeps the text from being taken, so
 /// that the digits around it do not close up to another number.

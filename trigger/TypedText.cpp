@@ -11,9 +11,12 @@
 
 namespace {
 
-/// Return, and going elsewhere but to the field's own menu.
+/// Return, and going elsewhere but to the field's own menu. A box that is hidden takes its text
+/// before it loses the focus.
 bool finishes(const QEvent& event)
 {
+    if (event.type() == QEvent::Hide)
+        return true;
     if (event.type() == QEvent::FocusOut)
         return static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason;
     if (event.type() != QEvent::KeyPress)
@@ -111,8 +114,24 @@ bool TypedText::isGivenUpBy(const QEvent& event) const
     return m_typed && finishes(event) && numbers && numbers->hasSurplusMark(m_edit.text());
 }
 
+/// What a box would refuse for being beyond its limits, it takes as the limit.
+void TypedText::correct()
+{
+    if (m_edit.hasAcceptableInput())
+        return;
+    QString text = m_edit.text();
+    m_edit.validator()->fixup(text);
+    if (text != m_edit.text())
+        m_edit.setText(text);
+}
+
 bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
 {
+    // On its way to the destruction, where it loses the focus, a field is a mere widget.
+    if (m_field.metaObject() == &QWidget::staticMetaObject)
+        return false;
+    if (m_typed && finishes(*event))
+        correct();
     if (isGivenUpBy(*event)) {
         // The field first, which does not finish its editing with such a text.
         static_cast<QObject&>(m_field).event(event);

@@ -65,6 +65,7 @@ private:
 
     bool isUnfinished() const;
     bool isGivenUpBy(const QEvent& event) const;
+    void correct();
     void giveUp();
 
     QWidget& m_field;
