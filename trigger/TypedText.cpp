@@ -25,6 +25,18 @@ bool finishes(const QEvent& event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+/// A box hears of the mouse where its buttons are; its text has a line edit of its own.
+bool steps(const QEvent& event)
+{
+    if (event.type() == QEvent::MouseButtonPress)
+        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+    if (event.type() != QEvent::KeyPress)
+        return event.type() == QEvent::Wheel;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
 } // namespace
 
 TypedText::TypedText(QWidget& field, QLineEdit& edit)
@@ -125,11 +137,51 @@ void TypedText::correct()
         m_edit.setText(text);
 }
 
+/// By itself a box ends the text with a step that changes its value only. Where it has no room for
+/// one, the typed number is taken as it is.
+void TypedText::step(QAbstractSpinBox& box, QEvent& event)
+{
+    const QPointer<TypedText> self(this);
+    correct();
+    static_cast<QObject&>(box).event(&event);
+    if (self && m_typed)
+        box.interpretText();
+    if (self && m_typed)
+        end();
+}
+
+/// Back from its context menu, a field goes on where it was. A text that could not be taken still
+/// stands otherwise, unless another one was shown meanwhile.
+void TypedText::resume(const QFocusEvent& event)
+{
+    if (event.reason() != Qt::PopupFocusReason)
+        m_typed = m_typed && m_edit.text() != m_shown;
+}
+
+bool TypedText::escape(QEvent& event)
+{
+    const bool isKey = event.type() == QEvent::KeyPress;
+    if (!isKey && event.type() != QEvent::ShortcutOverride)
+        return false;
+    if (!isUnfinished() || !static_cast<QKeyEvent&>(event).matches(QKeySequence::Cancel))
+        return false;
+    if (isKey)
+        giveUp();
+    // Accepted, so that neither a shortcut nor the dialog takes it.
+    event.accept();
+    return true;
+}
+
 bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
 {
     // On its way to the destruction, where it loses the focus, a field is a mere widget.
     if (m_field.metaObject() == &QWidget::staticMetaObject)
         return false;
+    auto* box = qobject_cast<QAbstractSpinBox*>(&m_field);
+    if (box && isUnfinished() && steps(*event)) {
+        step(*box, *event);
+        return true;
+    }
     if (m_typed && finishes(*event))
         correct();
     if (isGivenUpBy(*event)) {
@@ -138,25 +190,9 @@ bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
         giveUp();
         return true;
     }
-    switch (event->type()) {
-    case QEvent::FocusIn:
-        // Back from its context menu, a field goes on where it was. A text that could not be taken
-        // still stands otherwise, unless another one was shown meanwhile.
-        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-            m_typed = m_typed && m_edit.text() != m_shown;
-        return false;
-    case QEvent::ShortcutOverride:
-    case QEvent::KeyPress:
-        if (!isUnfinished() || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
-            return false;
-        if (event->type() == QEvent::KeyPress)
-            giveUp();
-        // Accepted, so that neither a shortcut nor the dialog takes it.
-        event->accept();
-        return true;
-    default:
-        return false;
-    }
+    if (event->type() == QEvent::FocusIn)
+        resume(*static_cast<QFocusEvent*>(event));
+    return escape(*event);
 }
 
 TypedText::Keeper::Keeper(const QWidget& field)

@@ -7,7 +7,9 @@
 
 #include <functional>
 
+class QAbstractSpinBox;
 class QDoubleSpinBox;
+class QFocusEvent;
 class QLineEdit;
 class QSpinBox;
 class QWidget;
@@ -66,7 +68,10 @@ private:
     bool isUnfinished() const;
     bool isGivenUpBy(const QEvent& event) const;
     void correct();
+    void step(QAbstractSpinBox& box, QEvent& event);
     void giveUp();
+    void resume(const QFocusEvent& event);
+    bool escape(QEvent& event);
 
     QWidget& m_field;
     QLineEdit& m_edit;
