@@ -132,14 +132,31 @@ template <class SpinBox> bool hasKnownLimits(const SpinBox& box)
     return box.minimum() != NumberInput::UnknownLimit && box.minimum() != box.maximum();
 }
 
-/// Such a number stays in sight, like a sign that may begin one: refused, its last digit would
-/// leave a number of another size.
-template <class SpinBox> bool isBeyondLimits(const SpinBox& box, const QString& text)
+bool hasExponent(const QString& text)
+{
+    return text.contains(QLatin1Char('e'), Qt::CaseInsensitive);
+}
+
+/// A sign, or a number up to its exponent: "1e", "1e-".
+template <class SpinBox> bool beginsNumber(const SpinBox& box, QString text)
+{
+    if (text.endsWith(QLatin1Char('-')) || text.endsWith(QLatin1Char('+')))
+        text.chop(1);
+    if (!text.endsWith(QLatin1Char('e'), Qt::CaseInsensitive))
+        return text.isEmpty();
+    text.chop(1);
+    return numberIn(box, text).has_value();
+}
+
+/// Of a text that the box refuses. Beyond the limits, and on the way to an exponent, it stays in
+/// sight: without the last key it would be a number of another size. The decimals of a number with
+/// an exponent are not those of the box.
+template <class SpinBox> bool staysInSight(const SpinBox& box, const QString& text)
 {
     const auto number = numberIn(box, text);
     if (!number)
-        return text == QLatin1String("-") || text == QLatin1String("+");
-    return *number < box.minimum() || *number > box.maximum();
+        return beginsNumber(box, text);
+    return *number < box.minimum() || *number > box.maximum() || hasExponent(text);
 }
 
 /// What a box shows: a number between its prefix and its suffix, which may have been deleted.
@@ -183,7 +200,7 @@ public:
         if (*marks > marksIn(m_box))
             return judgeSurplusMark(text.number, within, point);
         const State state = m_own.validate(input, position);
-        return state == Invalid && isBeyondLimits(m_box, text.number) ? Intermediate : state;
+        return state == Invalid && staysInSight(m_box, text.number) ? Intermediate : state;
     }
 
     void fixup(QString& input) const override

@@ -42,6 +42,15 @@ private slots:
     void markTypedBetweenDigitsKeepsThemApart();
     void markThatIsDeletedAgainDoesNoHarm();
 
+    void exponentIsUnderstood_data();
+    void exponentIsUnderstood();
+    void exponentEndsAWholeNumber_data();
+    void exponentEndsAWholeNumber();
+    void unfinishedExponentIsNotTaken_data();
+    void unfinishedExponentIsNotTaken();
+    void typedGroupsWithoutMarksCloseUp_data();
+    void typedGroupsWithoutMarksCloseUp();
+
     void escapeAfterALeftTextBringsTheCamerasValueBack_data();
     void escapeAfterALeftTextBringsTheCamerasValueBack();
     void escapeGivesUpALeftTextAtOnce();
@@ -178,6 +187,88 @@ void tst_TypedNumber::markThatIsDeletedAgainDoesNoHarm()
         QTest::keyClicks(&form->field(kind), "5");
         QCOMPARE(finish(kind), QStringList("Real=1.25"));
     }
+}
+
+void tst_TypedNumber::exponentIsUnderstood_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("written");
+    const auto row = [](const char* kind, const char* typed, const char* write) {
+        QTest::addRow("%s, %s", kind, typed) << kind << typed << QStringList(write);
+    };
+    for (const char* kind : {"double spin box", "line edit"}) {
+        row(kind, "1e3", "Real=1000");
+        row(kind, "1E3", "Real=1000");
+        row(kind, "1,5e+2", "Real=150");
+        row(kind, "25e-1", "Real=2.5");
+        row(kind, "-1.234e3", "Real=-1234");
+    }
+    row("double spin box", "1e9", "Real=100000");
+    row("double spin box", "200000e-3", "Real=200");
+}
+
+void tst_TypedNumber::exponentIsUnderstood()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    type(kind, typed);
+    QCOMPARE(text(kind), QString(typed).replace(',', '.'));
+    QTEST(finish(kind), "written");
+}
+
+void tst_TypedNumber::exponentEndsAWholeNumber_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("1e3") << "1e";
+    QTest::newRow("1E3") << "1E";
+    QTest::newRow("1e-3") << "1e-";
+    QTest::newRow("9999999e3") << "9999999e";
+}
+
+void tst_TypedNumber::exponentEndsAWholeNumber()
+{
+    type("spin box", QTest::currentDataTag());
+    QTEST(text("spin box"), "shown");
+    QCOMPARE(finish("spin box"), QStringList());
+    QCOMPARE(text("spin box"), QString("5"));
+}
+
+void tst_TypedNumber::unfinishedExponentIsNotTaken_data()
+{
+    QTest::addColumn<bool>("unused");
+    for (const char* typed : {"12e", "12e-", "1.5e", "1.23456e"})
+        QTest::newRow(typed) << true;
+}
+
+void tst_TypedNumber::unfinishedExponentIsNotTaken()
+{
+    type("double spin box", QTest::currentDataTag());
+    QVERIFY(text("double spin box").contains('e'));
+    QCOMPARE(finish("double spin box"), QStringList());
+    QCOMPARE(text("double spin box"), QString("5.000"));
+}
+
+void tst_TypedNumber::typedGroupsWithoutMarksCloseUp_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("number");
+    for (const char* kind : {"double spin box", "spin box", "line edit", "table cell"})
+        for (const char* typed : {"1 234", "1\u00a0234", "1\u202f234", "1'234", "1’234"})
+            QTest::addRow("%s, %s", kind, typed) << kind << QString::fromUtf8(typed) << "1234";
+    for (const QString& kind : fieldsWithDecimals)
+        QTest::addRow("%s, decimals", qPrintable(kind)) << kind << "1 234,5"
+                                                        << "1234.5";
+}
+
+void tst_TypedNumber::typedGroupsWithoutMarksCloseUp()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    enter(kind);
+    sendCharacters(form->field(kind), typed);
+    QTEST(text(kind), "number");
 }
 
 void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack_data()
