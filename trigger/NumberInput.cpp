@@ -3,6 +3,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QSpinBox>
 
 #include <algorithm>
@@ -246,6 +247,15 @@ QValidator::State NumberInput::Validator::validate(QString& input, int& position
 bool NumberInput::Validator::hasSurplusMark(const QString& text) const
 {
     return text.count(locale().decimalPoint()) > 1;
+}
+
+bool NumberInput::Validator::refuses(const QString& text, int position) const
+{
+    const QRegularExpression surplus(QStringLiteral("(\\.\\d{%1})\\d+").arg(decimals()));
+    QString asTyped = text;
+    QString cut = QString(text).replace(surplus, QStringLiteral("\\1"));
+    int cutPosition = std::min(position, cut.size());
+    return validate(asTyped, position) == Invalid && validate(cut, cutPosition) == Invalid;
 }
 
 void NumberInput::limit(QDoubleSpinBox& box)

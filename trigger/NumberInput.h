@@ -32,6 +32,10 @@ public:
 
     /// Whether a text of the field holds a second mark, and so can be no number.
     bool hasSurplusMark(const QString& text) const;
+
+    /// Whether a text is refused for more than its decimals: a field may show more of them than may
+    /// be typed, and a field with a refused text refuses nothing by itself.
+    bool refuses(const QString& text, int position) const;
 };
 
 /// Lets a box take what a line edit takes. A box shows numbers as its own locale does. Its line

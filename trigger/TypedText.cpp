@@ -108,9 +108,15 @@ void TypedText::giveUp()
     m_restore();
 }
 
+/// The validator's own refusal takes an edit back only where the text before was acceptable.
 void TypedText::begin()
 {
-    m_typed = true;
+    const auto* numbers = numberValidator();
+    const bool wasRefused = numbers && numbers->refuses(m_edit.text(), m_edit.cursorPosition());
+    if (wasRefused && !numbers->refuses(m_shown, m_shown.size()))
+        giveUp();
+    else
+        m_typed = true;
 }
 
 void TypedText::end()
@@ -119,10 +125,16 @@ void TypedText::end()
     m_shown = m_edit.text();
 }
 
+/// Of a line edit for numbers.
+const NumberInput::Validator* TypedText::numberValidator() const
+{
+    return dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
+}
+
 /// Where the text can be no number, it has nothing to finish.
 bool TypedText::isGivenUpBy(const QEvent& event) const
 {
-    const auto* numbers = dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
+    const auto* numbers = numberValidator();
     return m_typed && finishes(event) && numbers && numbers->hasSurplusMark(m_edit.text());
 }
 

@@ -14,6 +14,10 @@ class QLineEdit;
 class QSpinBox;
 class QWidget;
 
+namespace NumberInput {
+class Validator;
+}
+
 /// Watches what is typed into a field: from the first key until Return, a step with the arrows, Esc
 /// or the loss of the focus, the field's text is the user's and no refresh may touch it. Esc gives
 /// the text up for the camera's value, and goes no further then; without such text it is left to
@@ -66,6 +70,7 @@ private:
     static TypedText* of(const QWidget& field);
 
     bool isUnfinished() const;
+    const NumberInput::Validator* numberValidator() const;
     bool isGivenUpBy(const QEvent& event) const;
     void correct();
     void step(QAbstractSpinBox& box, QEvent& event);
