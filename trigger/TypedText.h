@@ -18,10 +18,14 @@ namespace NumberInput {
 class Validator;
 }
 
-/// Watches what is typed into a field: from the first key until Return, a step with the arrows, Esc
-/// or the loss of the focus, the field's text is the user's and no refresh may touch it. Esc gives
-/// the text up for the camera's value, and goes no further then; without such text it is left to
-/// others, so that it closes a dialog.
+/// Watches what is typed into a field: from the first key until Return, a step (by arrow or page
+/// key, wheel or button, even if it changes nothing), Esc or the loss of the focus, the field's
+/// text is the user's and no refresh may touch it. Esc gives the text up for the camera's value,
+/// and goes no further then; without such text it is left to others, so that it closes a dialog.
+///
+/// A line edit does not finish with a text that its validator does not accept: away from the focus
+/// the text gives way to the next value shown, and until then Esc in the field gives it up. A box
+/// takes a number beyond its limits as the nearest limit, see NumberInput.
 ///
 /// The field owns its watcher. GUI thread only.
 class TypedText : public QObject
