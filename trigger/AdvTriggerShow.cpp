@@ -12,6 +12,8 @@
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 
+using NumberInput::UnknownLimit;
+
 namespace {
 
 /// Lets a number field be cleared: a field without acceptable text never finishes its editing.
@@ -28,12 +30,11 @@ public:
 
 struct Range
 {
-    double min = unknown;
-    double max = unknown;
+    double min = UnknownLimit;
+    double max = UnknownLimit;
 
-    bool isKnown() const { return min != unknown || max != unknown; }
-
-    static constexpr double unknown = -1.0;
+    /// By the minimum alone: fitted to an increment, an unknown maximum does not stay what it was.
+    bool isKnown() const { return min != UnknownLimit; }
 };
 
 /// Without the increment: the steps of a spin box stay the form's.
@@ -96,14 +97,18 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
     edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
 }
 
-/// A camera that gave no answer when the form was bound may give one by now. Limits that are not
-/// known would let nothing be typed.
+/// A camera that did not tell the limits when the form was bound, or whether there are any, may do
+/// so by now. Limits that are not known would let nothing be typed.
 void AdvTriggerBase::LimitInputLate(QLineEdit& edit, const QString& feature)
 {
-    if (edit.validator() || IsTextFeature(feature))
+    const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
+    const bool isOpen = !edit.validator() || (limits && limits->bottom() == UnknownLimit);
+    if (!isOpen || IsTextFeature(feature))
         return;
-    if (IsHexFeature(feature) || RangeOf(*m_featureManager, feature).isKnown())
-        LimitInput(edit, feature);
+    if (!IsHexFeature(feature) && !RangeOf(*m_featureManager, feature).isKnown())
+        return;
+    delete limits;
+    LimitInput(edit, feature);
 }
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)

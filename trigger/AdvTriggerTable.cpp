@@ -20,6 +20,8 @@
 
 static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
 
+using NumberInput::UnknownLimit;
+
 struct AdvTriggerBase::TableCell
 {
     QTableWidget& table;
@@ -47,8 +49,6 @@ namespace {
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
 constexpr int StatusColumn = 3;
-/// Of a range that the camera has not told.
-constexpr double UnknownLimit = -1.0;
 
 /// A table without place for the debounce columns has the first ones only.
 int ShownColumns(const QTableWidget& table)
