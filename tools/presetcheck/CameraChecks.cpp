@@ -68,7 +68,7 @@ CameraChecks::CameraChecks(const FeatureManager& manager, Findings& collected)
 bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
 {
     isPrepared = false;
-    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members);
+    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members());
     std::size_t element = 0;
     const QString* previous = nullptr;
     for (const PresetFile::Step& step : plan.steps) {
