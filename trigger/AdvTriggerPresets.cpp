@@ -29,7 +29,7 @@ public:
         case Qt::UserRole:
             return m_preset.members().toVariantMap();
         case Qt::ToolTipRole:
-            return RichText::withoutResources(m_preset.toolTip());
+            return RichText::forToolTip(m_preset.toolTip());
         default:
             return QStandardItem::data(role);
         }

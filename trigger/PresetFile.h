@@ -33,7 +33,7 @@ struct Preset
     /// The preset's members without "#tooltip".
     QJsonObject members() const;
     /// HTML: the bold name, the author's text, the settings. As the file has it: show it through
-    /// RichText::withoutResources().
+    /// RichText::forToolTip().
     QString toolTip() const;
 };
 
