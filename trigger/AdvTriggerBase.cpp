@@ -90,5 +90,5 @@ QString AdvTriggerBase::ToolTipOf(const QString& feature)
     if (!m_tooltipCache.contains(feature) && m_featureManager->GetIsFeatureAvailable(feature))
         m_tooltipCache.insert(feature, m_featureManager->GetInformation(feature));
     // The texts are the camera's: showing them must not make Qt open what they name.
-    return RichText::withoutResources(m_tooltipCache.value(feature));
+    return RichText::forToolTip(m_tooltipCache.value(feature));
 }

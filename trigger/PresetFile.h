@@ -22,15 +22,19 @@ inline const QString ValueKey = QStringLiteral("#value");
 /// What a value begins with that stands for every entry of a selector.
 inline const QString EveryEntry = QStringLiteral("<all>");
 
-/// A preset that the file offers.
+/// A preset that the file offers. Cheap to copy: all copies, and all listings of one name, share
+/// what the file holds, and what follows from it is made when it is asked for.
 struct Preset
 {
     QString name;
+    /// The preset as the file has it.
+    QJsonObject content;
+
     /// The preset's members without "#tooltip".
-    QJsonObject members;
+    QJsonObject members() const;
     /// HTML: the bold name, the author's text, the settings. As the file has it: show it through
-    /// RichText::withoutResources().
-    QString toolTip;
+    /// RichText::forToolTip().
+    QString toolTip() const;
 };
 
 /// What a file offers.

@@ -120,7 +120,7 @@ bool BaseTabPluginWidget::updateComboBox(const QString& featureName, QComboBox* 
     combo->clear();
     combo->insertItems(combo->count(), entries);
     for (int i = 0; setToolTips && i < entries.size(); ++i)
-        combo->setItemData(i, RichText::withoutResources(entries[i]), Qt::ToolTipRole);
+        combo->setItemData(i, RichText::forToolTip(entries[i]), Qt::ToolTipRole);
     selectText(combo, value);
 
     const bool writable = m_featureManager->GetIsWritable(featureName);
