@@ -138,7 +138,8 @@ void FaultyCamera::onAccepted(const Fake::Accepted& write)
         return;
     const QString entry = qt(write.entry);
     const QString feature = qt(write.feature);
-    writes.push_back({feature, qt(write.value), entry, before.value(feature + entry)});
+    writes.push_back(
+        {feature, qt(write.value), entry, before.value(feature + entry), selectorOf(feature)});
 }
 
 QString FaultyCamera::entryOf(const QString& selector) const

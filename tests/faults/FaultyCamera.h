@@ -18,6 +18,7 @@ struct Write
     QString entry; ///< Of the feature's selector; empty without one.
     /// For TimerDuration and ActionQueueSize: what they were when the step began.
     QString before = QString();
+    QString selector = QString(); ///< Which selector that is; empty without one.
 };
 
 struct FailedCall

@@ -20,6 +20,7 @@ struct Circumstances
     std::vector<Ask> asks;
     Failures failures;        ///< Of this step.
     Failures earlierFailures; ///< Of the steps before.
+    Failures whileBound;      ///< Those of them in steps in which a form is bound.
     bool appliesPreset = false;
 };
 

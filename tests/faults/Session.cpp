@@ -26,6 +26,10 @@ void crash()
 const QStringList steppedSelectors = {"CounterSelector", "TimerSelector", "TriggerSelector",
                                       "LineSelector"};
 
+/// The dialog is built and bound in one step, the tab in those until its first show.
+const QString dialogStep = "open dialog";
+const QStringList tabSteps = {"get", "get again", "show"};
+
 QWidget* tabIn(const HostWindow& host)
 {
     return host.container ? host.container->findChild<QWidget*>("AdvTriggerWidget") : nullptr;
@@ -190,9 +194,12 @@ void Session::remember(const Failures& failures)
         struckStep = stepName;
     failuresOfSteps[stepName] = failures;
     const bool isReset = stepName == "preset in dialog" && circumstances.appliesPreset;
-    if (stepName == "open dialog" || isReset)
+    if (stepName == dialogStep || isReset)
         sinceDialogOverview.clear();
-    for (Failures* list : {&circumstances.earlierFailures, &sinceDialogOverview})
+    QVector<Failures*> lists = {&circumstances.earlierFailures, &sinceDialogOverview};
+    if (tabSteps.contains(stepName) || stepName == dialogStep)
+        lists.append(&circumstances.whileBound);
+    for (Failures* list : lists)
         list->insert(list->end(), failures.begin(), failures.end());
 }
 
@@ -232,15 +239,13 @@ void Session::recoverAndCompare(bool dialogIsOpen)
                                  difference.actual, difference.expected));
 }
 
-/// The dialog is built in one step, the tab in those until its first show.
 FormLife Session::lifeOf(bool isDialog) const
 {
-    static const QStringList tabSteps = {"get", "get again", "show"};
     FormLife life;
     life.isDialog = isDialog;
     life.sinceOverview = sinceDialogOverview;
     for (auto it = failuresOfSteps.begin(); it != failuresOfSteps.end(); ++it) {
-        const bool isBuilding = isDialog ? it.key() == "open dialog" : tabSteps.contains(it.key());
+        const bool isBuilding = isDialog ? it.key() == dialogStep : tabSteps.contains(it.key());
         auto& failures = isBuilding ? life.whileBuilt : life.sinceBuilt;
         failures.insert(failures.end(), it->begin(), it->end());
     }

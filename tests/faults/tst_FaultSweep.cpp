@@ -46,12 +46,6 @@ private slots:
     void whatNamesNoFaultIsRefused();
     void theUndisturbedSessionGetsWhatItAsksForAndNothingElse();
     void aDenseSweepLeavesOutNoCallAndNoStatus();
-    void anExceptionCountsInItsSituationOnly_data();
-    void anExceptionCountsInItsSituationOnly();
-    void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
-    void aPresetIsClampedToLimitsThatTheCameraRefuses();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void whatIsPlantedIsFound_data();
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
@@ -122,116 +116,6 @@ void tst_FaultSweep::aDenseSweepLeavesOutNoCallAndNoStatus()
         QCOMPARE(statuses[mode].size(), failures().size());
     }
     QCOMPARE(names, (QSet<int>{1, 3, 4, 49}));
-}
-
-void tst_FaultSweep::anExceptionCountsInItsSituationOnly_data()
-{
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QString>("failing");
-    QTest::newRow("range") << "CounterDuration"
-                           << "9"
-                           << "-1"
-                           << "GetIntegerRange";
-    QTest::newRow("float range") << "TriggerDelay"
-                                 << "9"
-                                 << "-1"
-                                 << "GetFloatRange";
-    QTest::newRow("second attempt") << "TimerDuration"
-                                    << "7"
-                                    << "40"
-                                    << "SetFloatValue";
-    QTest::newRow("duration") << "LineDebounceDuration"
-                              << "16"
-                              << "0.01"
-                              << "GetFloatValue";
-    QTest::newRow("field") << "ActionQueueSize"
-                           << "5"
-                           << "-1"
-                           << "GetIntegerValue";
-    QTest::newRow("field again") << "ActionQueueSize"
-                                 << "5"
-                                 << "8"
-                                 << "SetIntegerValue";
-}
-
-void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
-{
-    QFETCH(QString, feature);
-    QFETCH(QString, asked);
-    QFETCH(QString, written);
-    QFETCH(QString, failing);
-    const std::vector<Write> writes = {{feature, written, QString(), written}};
-    Circumstances step;
-    step.asks = {{feature, asked, QString()}};
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, "ExposureMode", QString(), ZalErrorTimeout}};
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, feature, QString(), ZalErrorTimeout}};
-    QCOMPARE(unaskedWrites(writes, step), QStringList());
-    const std::vector<Write> others = {{feature, "123", QString(), written}};
-    QCOMPARE(unaskedWrites(others, step).size(), 1);
-    step.asks.clear();
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-}
-
-void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
-{
-    QTest::addColumn<QString>("failing");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("isPrescribed");
-    for (const char* question : {"GetFloatRange", "GetIntegerRange", "GetDataType"}) {
-        QTest::addRow("%s refused", question) << question << int(ZalErrorNotReadable) << true;
-        QTest::addRow("%s unknown", question) << question << int(ZalErrorUnknown) << true;
-        QTest::addRow("%s timed out", question) << question << int(ZalErrorTimeout) << false;
-        QTest::addRow("%s lost", question) << question << int(ZalErrorTransport) << false;
-        QTest::addRow("%s not open", question) << question << int(ZalErrorNotOpen) << false;
-    }
-    QTest::newRow("another question") << "IsWritable" << int(ZalErrorNotReadable) << false;
-}
-
-void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses()
-{
-    QFETCH(QString, failing);
-    QFETCH(int, status);
-    QFETCH(bool, isPrescribed);
-    const std::vector<Write> writes = {{"TimerDelay", "-1", "Timer0"}};
-    Circumstances step;
-    step.appliesPreset = true;
-    step.asks = {{"TimerDelay", "60", "Timer0"}};
-    step.failures = {{failing, "TimerDelay", "Timer0", status}};
-    QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
-    step.failures.front().entry = "Timer1";
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-}
-
-void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
-{
-    QTest::addColumn<bool>("isDialog");
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<bool>("isSinceOverview");
-    QTest::addColumn<bool>("isExplained");
-    QTest::newRow("timer") << true << "TimerDelay" << true << true;
-    QTest::newRow("selector") << true << "TriggerSelector" << true << true;
-    QTest::newRow("line") << true << "LineInverter" << true << false;
-    QTest::newRow("before it was read") << true << "TimerDelay" << false << false;
-    QTest::newRow("tab") << false << "TimerDelay" << true << false;
-}
-
-void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
-{
-    QFETCH(bool, isDialog);
-    QFETCH(QString, feature);
-    QFETCH(bool, isSinceOverview);
-    QFETCH(bool, isExplained);
-    const Failures failures = {{"GetFloatValue", feature, QString(), ZalErrorTimeout}};
-    FormLife life;
-    life.isDialog = isDialog;
-    life.sinceBuilt = failures;
-    if (isSinceOverview)
-        life.sinceOverview = failures;
-    QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
 }
 
 void tst_FaultSweep::whatIsPlantedIsFound_data()
