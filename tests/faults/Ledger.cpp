@@ -93,15 +93,26 @@ bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
            hasFailed(step.failures, write.feature, {"IsWritable", "SetIntegerValue"});
 }
 
-/// What the form shows of such a selector is not the camera's. A preset selects for itself.
-bool goesByUnboundSelector(const Write& write, const Circumstances& step)
+/// Whether the user asked for it under another entry, that the form shows. A preset selects for
+/// itself.
+bool isMeantElsewhere(const Write& write, const Circumstances& step)
 {
     const auto isElsewhere = [&](const Ask& ask) {
         return ask.feature == write.feature && isSameValue(ask.value, write.value);
     };
     return !write.selector.isEmpty() && !step.appliesPreset &&
-           hasFailed(step.whileBound, write.selector, {"GetName"}) &&
            std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
+}
+
+bool goesByUnboundSelector(const Write& write, const Circumstances& step)
+{
+    return isMeantElsewhere(write, step) && hasFailed(step.whileBound, write.selector, {"GetName"});
+}
+
+bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
+{
+    return isMeantElsewhere(write, step) &&
+           hasFailed(step.whileChosen, write.selector, {"GetName"});
 }
 
 QString toLine(const Write& write)
@@ -138,6 +149,9 @@ const std::vector<Exception>& exceptions()
          "is "
          "a selector, the user's edits go to the entry that the camera has selected.",
          goesByUnboundSelector},
+        {"A choice of a feature that is not found at that moment is not written or not read back, "
+         "and its box shows what the camera does not have. That may be a selector.",
+         goesByUnwrittenSelector},
     };
     return all;
 }

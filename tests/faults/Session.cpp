@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <iterator>
 
 namespace Faults {
 namespace {
@@ -202,6 +203,14 @@ void Session::remember(const Failures& failures)
         lists.append(&circumstances.whileBound);
     for (Failures* list : lists)
         list->insert(list->end(), failures.begin(), failures.end());
+    const auto isChosen = [&](const FailedCall& failed) {
+        const auto& asks = circumstances.asks;
+        return !circumstances.appliesPreset &&
+               std::any_of(asks.begin(), asks.end(),
+                           [&](const Ask& ask) { return ask.feature == failed.feature; });
+    };
+    std::copy_if(failures.begin(), failures.end(), std::back_inserter(circumstances.whileChosen),
+                 isChosen);
 }
 
 void Session::hideAndShow(QWidget& window)

@@ -13,8 +13,8 @@ class tst_FaultRules : public QObject
 private slots:
     void anExceptionCountsInItsSituationOnly_data();
     void anExceptionCountsInItsSituationOnly();
-    void editsGoElsewhereOnlyWhereTheSelectorWasNotBound_data();
-    void editsGoElsewhereOnlyWhereTheSelectorWasNotBound();
+    void editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data();
+    void editsGoElsewhereOnlyWhereTheSelectorWasNotFound();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
@@ -91,39 +91,39 @@ void tst_FaultRules::anExceptionCountsInItsSituationOnly()
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
 }
 
-void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotBound_data()
+void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data()
 {
-    QTest::addColumn<QString>("feature");
     QTest::addColumn<QString>("selector");
-    QTest::addColumn<bool>("isWhileBound");
+    QTest::addColumn<QString>("moment");
     QTest::addColumn<bool>("isPreset");
     QTest::addColumn<bool>("isPrescribed");
-    QTest::newRow("edit") << "TimerDelay"
-                          << "TimerSelector" << true << false << true;
-    QTest::newRow("preset") << "TimerDelay"
-                            << "TimerSelector" << true << true << false;
-    QTest::newRow("bound and missed later") << "TimerDelay"
-                                            << "TimerSelector" << false << false << false;
-    QTest::newRow("only the name is alike") << "TimerPause"
-                                            << "" << true << false << false;
+    const QString timers = "TimerSelector";
+    QTest::newRow("not bound") << timers << "bound" << false << true;
+    QTest::newRow("not written") << timers << "chosen" << false << true;
+    QTest::newRow("missed at another moment") << timers << "other" << false << false;
+    QTest::newRow("not bound, preset") << timers << "bound" << true << false;
+    QTest::newRow("not written, preset") << timers << "chosen" << true << false;
+    QTest::newRow("without a selector") << ""
+                                        << "bound" << false << false;
 }
 
-void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotBound()
+void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
 {
-    QFETCH(QString, feature);
     QFETCH(QString, selector);
-    QFETCH(bool, isWhileBound);
+    QFETCH(QString, moment);
     QFETCH(bool, isPreset);
     QFETCH(bool, isPrescribed);
     const Failures missed = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
     Circumstances step;
-    step.asks = {{feature, "80", "Timer1"}};
+    step.asks = {{"TimerDelay", "80", "Timer1"}};
     step.earlierFailures = missed;
     step.failures = missed;
-    if (isWhileBound)
+    if (moment == "bound")
         step.whileBound = missed;
+    else if (moment == "chosen")
+        step.whileChosen = missed;
     step.appliesPreset = isPreset;
-    QCOMPARE(unaskedWrites({{feature, "80", "Timer0", QString(), selector}}, step).isEmpty(),
+    QCOMPARE(unaskedWrites({{"TimerDelay", "80", "Timer0", QString(), selector}}, step).isEmpty(),
              isPrescribed);
 }
 
