@@ -270,8 +270,10 @@ void AdvTriggerBase::UpdateInitTable(QTableWidget* table)
     for (int row = 0; row < table->rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
-        m_featureManager->SetValue(LINE_SELECTOR, line);
-        RefreshTableRow(line, ShownColumns(*table));
+        // After a write that got lost, the camera would tell the values of another line.
+        const Written<QString> selection = m_featureManager->TrySetValue(LINE_SELECTOR, line);
+        if (!selection.unanswered || selection.value.value_or(line) == line)
+            RefreshTableRow(line, ShownColumns(*table));
     }
     m_featureManager->SetValue(LINE_SELECTOR, selected);
 }

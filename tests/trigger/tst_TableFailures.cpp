@@ -61,6 +61,7 @@ private slots:
     void anyOneFailingCallIsMendedByTheNextRefresh();
     void cameraThatDisappearsWithAnyWriteBreaksNothing();
     void refusedSelectorShowsTheOneLineAndDropsEdits();
+    void lineWhoseSelectionGotLostKeepsItsRow();
 };
 
 void tst_TableFailures::anyOneFailingCallIsMendedByTheNextRefresh()
@@ -121,6 +122,28 @@ void tst_TableFailures::refusedSelectorShowsTheOneLineAndDropsEdits()
     QCOMPARE(form.cell<QComboBox>("cmbLine1_LineMode").currentText(), QString("Input"));
     form.cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Output");
     QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=Line1"});
+}
+
+/// Filled with the values of another line, a row would show what nobody set, and the next key in
+/// its debounce box would go the wrong way.
+void tst_TableFailures::lineWhoseSelectionGotLostKeepsItsRow()
+{
+    const auto camera = tableCamera();
+    (*camera)["LineDebounceDuration"].stateFor("Line0").real = 2.0;
+    (*camera)["LineDebounceDuration"].stateFor("Line1").real = 64.0;
+    TableForm form(*camera);
+    form.build();
+    camera->onCall = [selections = 0](const std::string& operation,
+                                      const std::string& feature) mutable {
+        const bool isLost =
+            operation == "SetStringValue" && feature == "LineSelector" && ++selections == 2;
+        return isLost ? ZalErrorTimeout : ZalErrorSuccess;
+    };
+    form.refreshTable(everything);
+    auto& duration = form.cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration");
+    QCOMPARE(duration.value(), 64.0);
+    duration.stepDown();
+    QCOMPARE((*camera)["LineDebounceDuration"].stateFor("Line1").real, 32.0);
 }
 
 QTEST_MAIN(tst_TableFailures)
