@@ -10,6 +10,8 @@ namespace ZalCPP {
 namespace {
 
 constexpr std::string_view RootName = "RegisterDescription";
+constexpr char IndexName[] = "pIndex";
+constexpr char OffsetName[] = "pOffset";
 
 // Cameras keep their descriptions in memory of a fixed size and fill the rest up.
 std::string_view withoutPadding(std::string_view text)
@@ -34,6 +36,31 @@ bool isRoot(const xmlNode* node)
     return node && RootName == reinterpret_cast<const char*>(node->name);
 }
 
+bool isIndex(const xmlNode& node)
+{
+    return xmlStrEqual(node.name, reinterpret_cast<const xmlChar*>(IndexName)) == 1;
+}
+
+std::string attribute(const xmlNode* node, const char* name)
+{
+    const std::unique_ptr<xmlChar, decltype(xmlFree)> text(
+        xmlGetProp(node, reinterpret_cast<const xmlChar*>(name)), xmlFree);
+    return text ? reinterpret_cast<const char*>(text.get()) : "";
+}
+
+// The nesting of a document's elements is limited by the parser.
+void collectOffsets(const xmlNode* parent, std::vector<IndexOffset>& offsets)
+{
+    for (const xmlNode* node = parent->children; node; node = node->next) {
+        if (node->type != XML_ELEMENT_NODE)
+            continue;
+        const std::string offset = isIndex(*node) ? attribute(node, OffsetName) : "";
+        if (!offset.empty())
+            offsets.push_back({attribute(parent, "Name"), offset});
+        collectOffsets(node, offsets);
+    }
+}
+
 } // namespace
 
 bool isWholeDescription(const char* text, std::size_t size)
@@ -42,6 +69,18 @@ bool isWholeDescription(const char* text, std::size_t size)
         return false;
     const DocumentPtr document = parse(withoutPadding({text, size}));
     return document && isRoot(xmlDocGetRootElement(document.get()));
+}
+
+std::vector<IndexOffset> indexOffsetsOf(const char* text, std::size_t size)
+{
+    std::vector<IndexOffset> offsets;
+    // Hardly any camera has one, and a description may be megabytes long.
+    if (!text || size > INT_MAX ||
+        std::string_view(text, size).find(OffsetName) == std::string_view::npos)
+        return offsets;
+    if (const DocumentPtr document = parse(withoutPadding({text, size})))
+        collectOffsets(xmlDocGetRootElement(document.get()), offsets);
+    return offsets;
 }
 
 } // namespace ZalCPP

@@ -19,6 +19,7 @@ private slots:
 
     void circleIsListedWithoutAccess_data();
     void circleIsListedWithoutAccess();
+    void offsetOfAnIndexIsFollowed();
     void limitsThatNameEachOtherAreNoCircle();
     void entriesThatDependOnTheirEnumerationAreNoCircle();
     void chainBeyondAnyStackIsListedWithoutAccess();
@@ -153,6 +154,10 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
     QTest::newRow("index") << reg("IntReg", "A", "0x4004", "4",
                                   "<pIndex Offset=\"4\">B</pIndex>" + polled) +
                                   "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    QTest::newRow("offset of an index")
+        << reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"B\">I</pIndex>") +
+               "<Integer Name=\"I\"><Value>1</Value></Integer>"
+               "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
     QTest::newRow("length of a text")
         << QByteArray("<StringReg Name=\"A\"><Address>0x4004</Address><pLength>B</pLength>"
                       "<pPort>Device</pPort></StringReg>") +
@@ -191,6 +196,16 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess()
 }
 
 // As width and offset of an image do.
+void tst_DescriptionLimits::offsetOfAnIndexIsFollowed()
+{
+    open({"A", "B"}, reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"O\">I</pIndex>") +
+                         reg("IntReg", "B", "0x400c", "4") +
+                         "<Integer Name=\"I\"><Value>1</Value></Integer>"
+                         "<Integer Name=\"O\"><Value>8</Value></Integer>");
+    QCOMPARE(find("A")->SetIntegerValue(5), ZalErrorSuccess);
+    QCOMPARE(integer(find("B")), 5LL);
+}
+
 void tst_DescriptionLimits::limitsThatNameEachOtherAreNoCircle()
 {
     const auto half = [](const QByteArray& name, const QByteArray& other, const QByteArray& place) {
