@@ -13,7 +13,7 @@ bool isWholeDescription(const char* text, std::size_t size);
 /// A register whose place follows an index, in steps that another node tells.
 struct IndexOffset
 {
-    std::string registerName;
+    std::string registerName; ///< Of a structure, the name of one of its parts.
     std::string offsetName;
 };
 

@@ -122,6 +122,8 @@ void Evaluation::addIndexOffsets(ArvGc* genicam)
     const char* text = arv_device_get_genicam_xml(device, &size);
     for (const IndexOffset& index : indexOffsetsOf(text, size)) {
         ArvGcNode* owner = arv_gc_get_node(genicam, index.registerName.c_str());
+        if (ARV_IS_GC_STRUCT_ENTRY_NODE(owner))
+            owner = ARV_GC_NODE(arv_dom_node_get_parent_node(ARV_DOM_NODE(owner)));
         ArvGcNode* offset = arv_gc_get_node(genicam, index.offsetName.c_str());
         if (owner && offset)
             connect(owner, Value, offset, Value);

@@ -158,6 +158,15 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
         << reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"B\">I</pIndex>") +
                "<Integer Name=\"I\"><Value>1</Value></Integer>"
                "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    // A structure has no name; each of its parts has one.
+    for (const QByteArray offset : {"A", "B"})
+        QTest::addRow("offset of an index of a structure, %s", offset.constData())
+            << "<StructReg Comment=\"c\"><Address>0x4004</Address><Length>4</Length><AccessMode>RW"
+               "</AccessMode><pPort>Device</pPort><pIndex pOffset=\"" +
+                   offset +
+                   "\">I</pIndex><StructEntry Name=\"B\"><LSB>0</LSB><MSB>3</MSB></StructEntry>"
+                   "<StructEntry Name=\"A\"><LSB>4</LSB><MSB>7</MSB></StructEntry></StructReg>"
+                   "<Integer Name=\"I\"><Value>1</Value></Integer>";
     QTest::newRow("length of a text")
         << QByteArray("<StringReg Name=\"A\"><Address>0x4004</Address><pLength>B</pLength>"
                       "<pPort>Device</pPort></StringReg>") +
@@ -195,7 +204,6 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess()
     verifyUnusable("A");
 }
 
-// As width and offset of an image do.
 void tst_DescriptionLimits::offsetOfAnIndexIsFollowed()
 {
     open({"A", "B"}, reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"O\">I</pIndex>") +
@@ -206,6 +214,7 @@ void tst_DescriptionLimits::offsetOfAnIndexIsFollowed()
     QCOMPARE(integer(find("B")), 5LL);
 }
 
+// As width and offset of an image do.
 void tst_DescriptionLimits::limitsThatNameEachOtherAreNoCircle()
 {
     const auto half = [](const QByteArray& name, const QByteArray& other, const QByteArray& place) {
