@@ -176,7 +176,9 @@ void AdvTriggerBase::CreateIOTable(QTableWidget* table)
 /// The columns that this line has no use for.
 QList<int> AdvTriggerBase::CreateTableRow(QTableWidget& table, int row, const QString& line)
 {
-    m_featureManager->SetValue(LINE_SELECTOR, line);
+    // After a write that got lost, the camera may tell the values of another line.
+    if (m_featureManager->TrySetValue(LINE_SELECTOR, line).unanswered)
+        m_featureManager->SetValue(LINE_SELECTOR, line);
     QList<int> unavailable;
     for (int i = 0; i < ShownColumns(table); ++i) {
         const TableColumn& column = TableColumnAt(i);
@@ -270,9 +272,11 @@ void AdvTriggerBase::UpdateInitTable(QTableWidget* table)
     for (int row = 0; row < table->rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
-        // After a write that got lost, the camera would tell the values of another line.
-        const Written<QString> selection = m_featureManager->TrySetValue(LINE_SELECTOR, line);
-        if (!selection.unanswered || selection.value.value_or(line) == line)
+        // After a write that got lost, the camera may tell the values of another line.
+        const bool isLost = m_featureManager->TrySetValue(LINE_SELECTOR, line).unanswered;
+        const Answer<QString> addressed =
+            isLost ? m_featureManager->AskStringValue(LINE_SELECTOR) : Answer<QString>{line};
+        if (addressed.isMissing() || addressed.value == line)
             RefreshTableRow(line, ShownColumns(*table));
     }
     m_featureManager->SetValue(LINE_SELECTOR, selected);
