@@ -12,6 +12,8 @@
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 
+#include <limits>
+
 using NumberInput::UnknownLimit;
 
 namespace {
@@ -36,6 +38,12 @@ struct Range
     /// By the minimum alone: fitted to an increment, an unknown maximum does not stay what it was.
     bool isKnown() const { return min != UnknownLimit; }
 };
+
+void LimitNumber(QLineEdit& edit, const Range& range)
+{
+    constexpr int decimals = 10;
+    edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
+}
 
 /// Without the increment: the steps of a spin box stay the form's.
 Range RangeOf(const FeatureManager& manager, const QString& feature)
@@ -92,23 +100,28 @@ void AdvTriggerBase::LimitInput(QLineEdit& edit, const QString& feature)
         edit.setValidator(new QRegularExpressionValidator(hexNumber, &edit));
         return;
     }
-    constexpr int decimals = 10;
-    const Range range = RangeOf(*m_featureManager, feature);
-    edit.setValidator(new DoubleValidator(range.min, range.max, decimals, &edit));
+    LimitNumber(edit, RangeOf(*m_featureManager, feature));
 }
 
 /// A camera that did not tell the limits when the form was bound, or whether there are any, may do
-/// so by now. Limits that are not known would let nothing be typed.
+/// so by now. Limits that are not known, or of a text that was taken for a number, would let
+/// nothing be typed; without any, what is no number would be written as 0.
 void AdvTriggerBase::LimitInputLate(QLineEdit& edit, const QString& feature)
 {
     const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
-    const bool isOpen = !edit.validator() || (limits && limits->bottom() == UnknownLimit);
-    if (!isOpen || IsTextFeature(feature))
+    if (edit.validator() && !(limits && limits->bottom() == UnknownLimit))
         return;
-    if (!IsHexFeature(feature) && !RangeOf(*m_featureManager, feature).isKnown())
+    const bool isText = IsTextFeature(feature);
+    const bool isKnown =
+        isText || IsHexFeature(feature) || RangeOf(*m_featureManager, feature).isKnown();
+    if (!isKnown) {
+        if (!limits)
+            LimitNumber(edit, {UnknownLimit, std::numeric_limits<double>::max()});
         return;
+    }
     delete limits;
-    LimitInput(edit, feature);
+    if (!isText)
+        LimitInput(edit, feature);
 }
 
 double AdvTriggerBase::ShowValue(QDoubleSpinBox& box, const QString& feature)

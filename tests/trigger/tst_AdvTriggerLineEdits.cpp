@@ -33,9 +33,10 @@ private slots:
     void decimalValidatorHasTheFeaturesLimits();
     void firstRefreshThatCanLimitsTheInput_data();
     void firstRefreshThatCanLimitsTheInput();
-    void refreshWithoutLimitsLeavesTheInputOpen();
+    void refreshWithoutLimitsTakesAnyNumber();
     void refreshSetsLimitsThatOpeningLost_data();
     void refreshSetsLimitsThatOpeningLost();
+    void textTakenForANumberLosesItsLimits();
     void refreshKeepsTheValidator();
     void refreshGivesTextsNoValidator();
     void decimalInput_data();
@@ -250,7 +251,7 @@ void tst_AdvTriggerLineEdits::firstRefreshThatCanLimitsTheInput()
 }
 
 // Limits that are not known would let nothing be typed.
-void tst_AdvTriggerLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
+void tst_AdvTriggerLineEdits::refreshWithoutLimitsTakesAnyNumber()
 {
     auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
     camera->failCall("IsWritable", "Number", ZalErrorTimeout);
@@ -259,7 +260,10 @@ void tst_AdvTriggerLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
     feature->state().hasRange = false;
     engine->refresh({"Number"});
     QVERIFY(edit.isEnabled());
-    QVERIFY(!edit.validator());
+    // What is no number would be written as 0.
+    QCOMPARE(judge(edit, "abc"), QValidator::Invalid);
+    QCOMPARE(judge(edit, "2.5"), QValidator::Acceptable);
+    QCOMPARE(judge(edit, "1e300"), QValidator::Acceptable);
     feature->state().hasRange = true;
     engine->refresh({"Number"});
     const auto* validator = qobject_cast<const QDoubleValidator*>(edit.validator());
@@ -297,6 +301,19 @@ void tst_AdvTriggerLineEdits::refreshSetsLimitsThatOpeningLost()
     camera->clearLog();
     engine->refresh({"Number"});
     QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
+}
+
+void tst_AdvTriggerLineEdits::textTakenForANumberLosesItsLimits()
+{
+    camera->addString("Name", "x");
+    camera->failCall("GetDataType", "Name");
+    QLineEdit& edit = bind("txtName");
+    QVERIFY(edit.isEnabled());
+    QCOMPARE(judge(edit, "y"), QValidator::Invalid);
+    camera->clearFailures();
+    engine->refresh({"Name"});
+    QVERIFY(!edit.validator());
+    QCOMPARE(edit.text(), QString("x"));
 }
 
 void tst_AdvTriggerLineEdits::refreshKeepsTheValidator()
