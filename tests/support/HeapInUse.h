@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <malloc.h>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#include <sanitizer/allocator_interface.h>
-#else
-#include <malloc.h>
+// GCC ships the function, but not the header that declares it.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 /// The bytes that the program has allocated and not given back, by whichever allocator it runs on.
