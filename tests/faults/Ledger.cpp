@@ -94,13 +94,14 @@ bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
 }
 
 /// Whether the user asked for it under another entry, that the form shows. A preset selects for
-/// itself.
+/// itself, and so does each edit in the table: where the line does not read back, it is dropped.
 bool isMeantElsewhere(const Write& write, const Circumstances& step)
 {
     const auto isElsewhere = [&](const Ask& ask) {
         return ask.feature == write.feature && isSameValue(ask.value, write.value);
     };
-    return !write.selector.isEmpty() && !step.appliesPreset &&
+    const bool hasBox = !write.selector.isEmpty() && write.selector != "LineSelector";
+    return hasBox && !step.appliesPreset &&
            std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
 }
 

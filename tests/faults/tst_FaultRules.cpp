@@ -105,6 +105,8 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data()
     QTest::newRow("not written, preset") << timers << "chosen" << true << false;
     QTest::newRow("without a selector") << ""
                                         << "bound" << false << false;
+    for (const char* moment : {"bound", "chosen"})
+        QTest::addRow("line, %s", moment) << "LineSelector" << moment << false << false;
 }
 
 void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
@@ -113,7 +115,8 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
     QFETCH(QString, moment);
     QFETCH(bool, isPreset);
     QFETCH(bool, isPrescribed);
-    const Failures missed = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
+    const QString missedSelector = selector.isEmpty() ? "TimerSelector" : selector;
+    const Failures missed = {{"GetName", missedSelector, QString(), ZalErrorTimeout}};
     Circumstances step;
     step.asks = {{"TimerDelay", "80", "Timer1"}};
     step.earlierFailures = missed;
