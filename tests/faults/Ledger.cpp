@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 namespace Faults {
 namespace {
@@ -116,6 +118,29 @@ bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
            hasFailed(step.whileChosen, write.selector, {"GetName"});
 }
 
+void append(const Failures& failures, Failures& list)
+{
+    list.insert(list.end(), failures.begin(), failures.end());
+}
+
+/// A choice that failed counts until one of the same feature has not.
+void noteChoices(const std::vector<Ask>& asks, const Failures& failures, Failures& whileChosen)
+{
+    const auto isChosen = [&](const FailedCall& failed) {
+        return std::any_of(asks.begin(), asks.end(),
+                           [&](const Ask& ask) { return ask.feature == failed.feature; });
+    };
+    const auto isMadeGood = [&](const FailedCall& earlier) {
+        return isChosen(earlier) &&
+               std::none_of(failures.begin(), failures.end(), [&](const FailedCall& failed) {
+                   return failed.feature == earlier.feature;
+               });
+    };
+    whileChosen.erase(std::remove_if(whileChosen.begin(), whileChosen.end(), isMadeGood),
+                      whileChosen.end());
+    std::copy_if(failures.begin(), failures.end(), std::back_inserter(whileChosen), isChosen);
+}
+
 QString toLine(const Write& write)
 {
     const QString under = write.entry.isEmpty() ? QString() : " under " + write.entry;
@@ -155,6 +180,22 @@ const std::vector<Exception>& exceptions()
          goesByUnwrittenSelector},
     };
     return all;
+}
+
+void endStep(Circumstances& step, Binding binding)
+{
+    const Failures failures = std::exchange(step.failures, {});
+    append(failures, step.earlierFailures);
+    if (binding == Binding::Dialog) {
+        step.whileBound.clear();
+        step.whileChosen.clear();
+    }
+    if (binding != Binding::None)
+        append(failures, step.whileBound);
+    if (!step.appliesPreset)
+        noteChoices(step.asks, failures, step.whileChosen);
+    step.asks.clear();
+    step.appliesPreset = false;
 }
 
 bool isSameValue(const QString& left, const QString& right)

@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <iterator>
 
 namespace Faults {
 namespace {
@@ -31,6 +30,13 @@ const QStringList steppedSelectors = {"CounterSelector", "TimerSelector", "Trigg
 /// The dialog is built and bound in one step, the tab in those until its first show.
 const QString dialogStep = "open dialog";
 const QStringList tabSteps = {"get", "get again", "show"};
+
+Binding bindingOf(const QString& step)
+{
+    if (step == dialogStep)
+        return Binding::Dialog;
+    return tabSteps.contains(step) ? Binding::Tab : Binding::None;
+}
 
 QWidget* tabIn(const HostWindow& host)
 {
@@ -185,9 +191,7 @@ void Session::judge()
                             .arg(write, stepName, nameOf(circumstances.failures)));
     judgeSelectors();
     remember(circumstances.failures);
-    circumstances.asks.clear();
-    circumstances.failures.clear();
-    circumstances.appliesPreset = false;
+    endStep(circumstances, bindingOf(stepName));
 }
 
 void Session::remember(const Failures& failures)
@@ -198,19 +202,7 @@ void Session::remember(const Failures& failures)
     const bool isReset = stepName == "preset in dialog" && circumstances.appliesPreset;
     if (stepName == dialogStep || isReset)
         sinceDialogOverview.clear();
-    QVector<Failures*> lists = {&circumstances.earlierFailures, &sinceDialogOverview};
-    if (tabSteps.contains(stepName) || stepName == dialogStep)
-        lists.append(&circumstances.whileBound);
-    for (Failures* list : lists)
-        list->insert(list->end(), failures.begin(), failures.end());
-    const auto isChosen = [&](const FailedCall& failed) {
-        const auto& asks = circumstances.asks;
-        return !circumstances.appliesPreset &&
-               std::any_of(asks.begin(), asks.end(),
-                           [&](const Ask& ask) { return ask.feature == failed.feature; });
-    };
-    std::copy_if(failures.begin(), failures.end(), std::back_inserter(circumstances.whileChosen),
-                 isChosen);
+    sinceDialogOverview.insert(sinceDialogOverview.end(), failures.begin(), failures.end());
 }
 
 void Session::hideAndShow(QWidget& window)

@@ -15,6 +15,8 @@ private slots:
     void anExceptionCountsInItsSituationOnly();
     void editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data();
     void editsGoElsewhereOnlyWhereTheSelectorWasNotFound();
+    void aMissedSelectorExcusesUntilItIsFound_data();
+    void aMissedSelectorExcusesUntilItIsFound();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
@@ -128,6 +130,49 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
     step.appliesPreset = isPreset;
     QCOMPARE(unaskedWrites({{"TimerDelay", "80", "Timer0", QString(), selector}}, step).isEmpty(),
              isPrescribed);
+}
+
+void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound_data()
+{
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<bool>("isPrescribed");
+    QTest::newRow("tab") << "tab missed" << true;
+    QTest::newRow("tab in several steps") << "tab missed, tab" << true;
+    QTest::newRow("dialog") << "dialog missed" << true;
+    QTest::newRow("dialog after tab") << "tab missed, dialog" << false;
+    QTest::newRow("choice") << "choose missed" << true;
+    QTest::newRow("choice of something else") << "other missed" << false;
+    QTest::newRow("choice, then of something else") << "choose missed, other" << true;
+    QTest::newRow("choice, then unasked failure") << "choose missed, none missed" << true;
+    QTest::newRow("choice made good") << "choose missed, choose" << false;
+    QTest::newRow("choice missed again") << "choose missed, choose missed" << true;
+    // The box need not show what a preset selects.
+    QTest::newRow("choice, then preset") << "choose missed, preset" << true;
+    QTest::newRow("preset") << "preset missed" << false;
+    QTest::newRow("choice in the tab, dialog") << "choose missed, dialog" << false;
+}
+
+void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound()
+{
+    QFETCH(QString, steps);
+    QFETCH(bool, isPrescribed);
+    Circumstances step;
+    for (const QString& text : steps.split(", ")) {
+        const QString kind = text.section(' ', 0, 0);
+        if (text.endsWith(" missed"))
+            step.failures = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
+        step.appliesPreset = kind == "preset";
+        if (kind == "choose" || kind == "preset")
+            step.asks = {{"TimerSelector", "Timer1", QString()}};
+        else if (kind == "other")
+            step.asks = {{"CounterSelector", "Counter1", QString()}};
+        endStep(step, kind == "tab"      ? Binding::Tab
+                      : kind == "dialog" ? Binding::Dialog
+                                         : Binding::None);
+    }
+    step.asks = {{"TimerDelay", "80", "Timer1"}};
+    const Write write = {"TimerDelay", "80", "Timer0", QString(), "TimerSelector"};
+    QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
 }
 
 void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
