@@ -26,6 +26,26 @@ bool isMeant(const std::vector<Ask>& asks, const Write& write)
     });
 }
 
+/// Those of these operations that failed in the step on what the write is of, under its entry.
+Failures failuresThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    Failures there;
+    std::copy_if(step.failures.begin(), step.failures.end(), std::back_inserter(there),
+                 [&](const FailedCall& failed) {
+                     return failed.feature == write.feature && failed.entry == write.entry &&
+                            operations.contains(failed.operation);
+                 });
+    return there;
+}
+
+/// A question that is left unanswered is not refused.
+bool isRefusedThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    const Failures there = failuresThere(write, step, operations);
+    return std::any_of(there.begin(), there.end(),
+                       [](const FailedCall& failed) { return !IsUnanswered(failed.status); });
+}
+
 /// The overview looks at every entry of the three, the table at every line. That they put back what
 /// was selected is judged apart.
 bool stepsThroughSelector(const Write& write, const Circumstances&)
@@ -46,12 +66,8 @@ bool clampsPresetToRefusedRange(const Write& write, const Circumstances& step)
 {
     static const QStringList questions = {"GetFloatRange", "GetIntegerRange", "GetDataType",
                                           "GetName"};
-    const auto isRefusal = [&](const FailedCall& failed) {
-        return failed.feature == write.feature && failed.entry == write.entry &&
-               questions.contains(failed.operation) && !IsUnanswered(failed.status);
-    };
     return step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
-           std::any_of(step.failures.begin(), step.failures.end(), isRefusal);
+           isRefusedThere(write, step, questions);
 }
 
 bool isMultiple(const QString& value)
@@ -60,16 +76,19 @@ bool isMultiple(const QString& value)
 }
 
 /// TimerDuration is the session's float with an increment. It only ever holds multiples of it, so
-/// that what was there is written once more.
+/// that what was there is written once more. To an edit every failure is a refusal; a preset
+/// repeats a write that was left unanswered as it is.
 bool triesAgainWithMultiple(const Write& write, const Circumstances& step)
 {
     const auto isRefused = [&](const Ask& ask) {
         return ask.feature == write.feature && ask.entry == write.entry && !isMultiple(ask.value);
     };
+    const bool hasFailedToWrite = step.appliesPreset
+                                      ? isRefusedThere(write, step, {"SetFloatValue"})
+                                      : hasFailed(step.failures, write.feature, {"SetFloatValue"});
     return write.feature == "TimerDuration" && isSameValue(write.value, write.before) &&
            isMeant(step.asks, write) &&
-           (std::any_of(step.asks.begin(), step.asks.end(), isRefused) ||
-            hasFailed(step.failures, write.feature, {"SetFloatValue"}));
+           (hasFailedToWrite || std::any_of(step.asks.begin(), step.asks.end(), isRefused));
 }
 
 bool stepsUnreadableDuration(const Write& write, const Circumstances& step)

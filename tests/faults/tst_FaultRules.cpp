@@ -19,6 +19,8 @@ private slots:
     void aMissedSelectorExcusesUntilItIsFound();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
+    void aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data();
+    void aPresetTriesAgainWithMultipleWhereTheCameraRefuses();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
@@ -203,6 +205,34 @@ void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses()
     QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
     step.failures.front().entry = "Timer1";
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isPreset");
+    QTest::addColumn<bool>("isPrescribed");
+    QTest::newRow("preset refused") << int(ZalErrorNotWritable) << true << true;
+    QTest::newRow("preset unknown") << int(ZalErrorUnknown) << true << true;
+    QTest::newRow("preset timed out") << int(ZalErrorTimeout) << true << false;
+    QTest::newRow("preset lost") << int(ZalErrorTransport) << true << false;
+    QTest::newRow("preset not open") << int(ZalErrorNotOpen) << true << false;
+    // What an edit gets for an answer is all one to it.
+    QTest::newRow("edit refused") << int(ZalErrorNotWritable) << false << true;
+    QTest::newRow("edit timed out") << int(ZalErrorTimeout) << false << true;
+}
+
+void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses()
+{
+    QFETCH(int, status);
+    QFETCH(bool, isPreset);
+    QFETCH(bool, isPrescribed);
+    Circumstances step;
+    step.appliesPreset = isPreset;
+    step.asks = {{"TimerDuration", "40", "Timer0"}};
+    step.failures = {{"SetFloatValue", "TimerDuration", "Timer0", status}};
+    const Write write = {"TimerDuration", "10", "Timer0", "10", "TimerSelector"};
+    QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
 }
 
 void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
