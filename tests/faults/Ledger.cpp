@@ -38,6 +38,11 @@ Failures failuresThere(const Write& write, const Circumstances& step, const QStr
     return there;
 }
 
+bool hasFailedThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    return !failuresThere(write, step, operations).empty();
+}
+
 /// A question that is left unanswered is not refused.
 bool isRefusedThere(const Write& write, const Circumstances& step, const QStringList& operations)
 {
@@ -58,7 +63,7 @@ bool stepsThroughSelector(const Write& write, const Circumstances&)
 bool clampsToUnreadableRange(const Write& write, const Circumstances& step)
 {
     return !step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
-           hasFailed(step.failures, write.feature, {"GetFloatRange", "GetIntegerRange"});
+           hasFailedThere(write, step, {"GetFloatRange", "GetIntegerRange"});
 }
 
 /// Of a feature that is not found, or whose type is not known, nobody asks the limits.
@@ -85,7 +90,7 @@ bool triesAgainWithMultiple(const Write& write, const Circumstances& step)
     };
     const bool hasFailedToWrite = step.appliesPreset
                                       ? isRefusedThere(write, step, {"SetFloatValue"})
-                                      : hasFailed(step.failures, write.feature, {"SetFloatValue"});
+                                      : hasFailedThere(write, step, {"SetFloatValue"});
     return write.feature == "TimerDuration" && isSameValue(write.value, write.before) &&
            isMeant(step.asks, write) &&
            (hasFailedToWrite || std::any_of(step.asks.begin(), step.asks.end(), isRefused));
@@ -95,7 +100,7 @@ bool stepsUnreadableDuration(const Write& write, const Circumstances& step)
 {
     return write.feature == "LineDebounceDuration" && isMeant(step.asks, write) &&
            isSameValue(write.value, "0.01") &&
-           hasFailed(step.failures, write.feature, {"GetName", "GetDataType", "GetFloatValue"});
+           hasFailedThere(write, step, {"GetName", "GetDataType", "GetFloatValue"});
 }
 
 bool finishesFieldWithUnreadableValue(const Write& write, const Circumstances& step)

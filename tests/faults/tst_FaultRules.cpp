@@ -21,6 +21,8 @@ private slots:
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
     void aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data();
     void aPresetTriesAgainWithMultipleWhereTheCameraRefuses();
+    void aFailureUnderAnotherEntryExcusesNothing_data();
+    void aFailureUnderAnotherEntryExcusesNothing();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
@@ -233,6 +235,37 @@ void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses()
     step.failures = {{"SetFloatValue", "TimerDuration", "Timer0", status}};
     const Write write = {"TimerDuration", "10", "Timer0", "10", "TimerSelector"};
     QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
+}
+
+void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("failing");
+    QTest::newRow("range") << "CounterDuration"
+                           << "-1"
+                           << "GetIntegerRange";
+    QTest::newRow("float range") << "LineDebounceDuration"
+                                 << "-1"
+                                 << "GetFloatRange";
+    QTest::newRow("second attempt") << "TimerDuration"
+                                    << "10"
+                                    << "SetFloatValue";
+    QTest::newRow("duration") << "LineDebounceDuration"
+                              << "0.01"
+                              << "GetFloatValue";
+}
+
+void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing()
+{
+    QFETCH(QString, feature);
+    QFETCH(QString, written);
+    QFETCH(QString, failing);
+    Circumstances step;
+    step.asks = {{feature, "40", "first"}, {feature, "40", "second"}};
+    step.failures = {{failing, feature, "first", ZalErrorTimeout}};
+    QCOMPARE(unaskedWrites({{feature, written, "first", written}}, step), QStringList());
+    QCOMPARE(unaskedWrites({{feature, written, "second", written}}, step).size(), 1);
 }
 
 void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
