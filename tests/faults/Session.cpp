@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QTableWidget>
 #include <QTimer>
 
 #include <algorithm>
@@ -47,6 +48,14 @@ QWidget* dialogIn(const HostWindow& host)
 {
     const QWidget* tab = tabIn(host);
     return tab ? tab->findChild<QWidget*>("AdvTriggerDialog") : nullptr;
+}
+
+QStringList linesOf(const QTableWidget& table)
+{
+    QStringList lines;
+    for (int row = 0; row < table.rowCount(); ++row)
+        lines.append(table.verticalHeaderItem(row)->text());
+    return lines;
 }
 
 /// The first failing call, for the reader.
@@ -257,6 +266,8 @@ FormLife Session::lifeOf(bool isDialog) const
     FormLife life;
     life.isDialog = isDialog;
     life.sinceOverview = sinceDialogOverview;
+    const QWidget* form = isDialog ? dialog() : tab();
+    life.lines = linesOf(*form->findChild<QTableWidget*>("tableWidget"));
     for (auto it = failuresOfSteps.begin(); it != failuresOfSteps.end(); ++it) {
         const bool isBuilding = isDialog ? it.key() == dialogStep : tabSteps.contains(it.key());
         auto& failures = isBuilding ? life.whileBuilt : life.sinceBuilt;

@@ -23,6 +23,8 @@ private slots:
     void aPresetTriesAgainWithMultipleWhereTheCameraRefuses();
     void aFailureUnderAnotherEntryExcusesNothing_data();
     void aFailureUnderAnotherEntryExcusesNothing();
+    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data();
+    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
@@ -266,6 +268,55 @@ void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing()
     step.failures = {{failing, feature, "first", ZalErrorTimeout}};
     QCOMPARE(unaskedWrites({{feature, written, "first", written}}, step), QStringList());
     QCOMPARE(unaskedWrites({{feature, written, "second", written}}, step).size(), 1);
+}
+
+void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data()
+{
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<QString>("widget");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<bool>("isExplained");
+    const QString rows = "Line0,Line2,Line3";
+    const QString allRows = "Line0,Line1,Line2,Line3";
+    const QString question = "IsValueAvailable LineSelector";
+    const QString mode = "cmbLine%1_LineMode";
+    QTest::newRow("table") << rows << question << "tableWidget" << rows + " without " << true;
+    QTest::newRow("table's columns")
+        << allRows << question << "tableWidget" << allRows + " without 2" << false;
+    QTest::newRow("missing") << rows << question << mode.arg(1) << "missing" << true;
+    QTest::newRow("missing with a row") << rows << question << mode.arg(2) << "missing" << false;
+    QTest::newRow("before the last row") << rows << question << mode.arg(2) << "'Input'" << false;
+    QTest::newRow("behind the last row") << rows << question << mode.arg(3) << "'Input'" << true;
+    QTest::newRow("missing behind") << rows << question << mode.arg(3) << "missing" << false;
+    QTest::newRow("behind, lamp") << rows << question << "lblLine3_LineStatus"
+                                  << "there disabled" << true;
+    QTest::newRow("all rows") << allRows << question << mode.arg(3) << "'Input'" << false;
+    QTest::newRow("no row") << "" << question << mode.arg(0) << "missing" << true;
+    QTest::newRow("no cell") << rows << question << "cmbTriggerMode"
+                             << "missing" << false;
+    for (const char* other : {"IsValueAvailable LineMode", "GetStringValue LineSelector"}) {
+        QTest::addRow("table, %s", other)
+            << rows << other << "tableWidget" << rows + " without " << false;
+        QTest::addRow("missing, %s", other) << rows << other << mode.arg(1) << "missing" << false;
+        QTest::addRow("behind, %s", other) << rows << other << mode.arg(3) << "'Input'" << false;
+    }
+}
+
+void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly()
+{
+    QFETCH(QString, lines);
+    QFETCH(QString, failing);
+    QFETCH(QString, widget);
+    QFETCH(QString, shown);
+    QFETCH(bool, isExplained);
+    FormLife life;
+    life.lines = lines.split(',', Qt::SkipEmptyParts);
+    const QString feature = failing.section(' ', 1);
+    life.whileBuilt = {{failing.section(' ', 0, 0), feature, QString(), ZalErrorTimeout}};
+    const QString expected =
+        widget == "tableWidget" ? "Line0,Line1,Line2,Line3 without " : "'Output'";
+    QCOMPARE(unexplained({{widget, shown, expected}}, life).empty(), isExplained);
 }
 
 void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
