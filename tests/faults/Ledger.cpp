@@ -243,6 +243,14 @@ QStringList unaskedWrites(const std::vector<Write>& writes, const Circumstances&
     return unasked;
 }
 
+bool mayEndElsewhere(const QString& selector, const Failures& failures)
+{
+    QStringList operations = {"GetName", "IsWritable", "GetStringValue", "SetStringValue"};
+    if (selector == "LineSelector")
+        operations += QStringList{"GetEnumNames", "IsValueAvailable"};
+    return hasFailed(failures, selector, operations);
+}
+
 QStringList unanswered(const std::vector<Ask>& asks, const std::vector<Write>& writes)
 {
     QStringList lines;

@@ -53,6 +53,10 @@ bool isSameValue(const QString& left, const QString& right);
 /// The writes of that step that are neither asked for nor prescribed, one line each.
 QStringList unaskedWrites(const std::vector<Write>& writes, const Circumstances& step);
 
+/// Whether a selector that was only looked through may end at another entry: where it could not be
+/// read or put back. The table ends with the last line that is offered, which may be another one.
+bool mayEndElsewhere(const QString& selector, const Failures& failures);
+
 /// What was asked for and is not among the writes.
 QStringList unanswered(const std::vector<Ask>& asks, const std::vector<Write>& writes);
 

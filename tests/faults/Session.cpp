@@ -169,12 +169,9 @@ void Session::spring()
         camera.fake()["LineSelector"].SetStringValue("Line2");
 }
 
-/// A selector that was only looked through ends where it was, unless it could not be read or put
-/// back.
+/// A selector that was only looked through ends where it was, but for mayEndElsewhere().
 void Session::judgeSelectors()
 {
-    const QStringList operations = {"GetName",          "IsWritable",     "GetEnumNames",
-                                    "IsValueAvailable", "GetStringValue", "SetStringValue"};
     for (const QString& selector : steppedSelectors) {
         const QString now = camera.entryOf(selector);
         const auto isNow = [&](const Ask& ask) {
@@ -183,7 +180,7 @@ void Session::judgeSelectors()
         const auto& asks = circumstances.asks;
         if (now == selectedBefore[selector] || std::any_of(asks.begin(), asks.end(), isNow))
             continue;
-        const bool isExcused = hasFailed(circumstances.failures, selector, operations);
+        const bool isExcused = mayEndElsewhere(selector, circumstances.failures);
         (isExcused ? notes : findings)
             .append(QStringLiteral("%1 left at another entry in step '%2', %3")
                         .arg(selector, stepName, nameOf(circumstances.failures)));

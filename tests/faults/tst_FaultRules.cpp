@@ -1,4 +1,5 @@
-// What the fault sweep lets pass: each exception in the situation of its rule, and in no other.
+// What the fault sweep lets pass: each exception in the situation of its rule, and in no other, but
+// for the stepping of selectors, which is judged by where they end.
 #include "tests/faults/FormLife.h"
 #include "tests/faults/Ledger.h"
 
@@ -23,6 +24,8 @@ private slots:
     void aPresetTriesAgainWithMultipleWhereTheCameraRefuses();
     void aFailureUnderAnotherEntryExcusesNothing_data();
     void aFailureUnderAnotherEntryExcusesNothing();
+    void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data();
+    void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack();
     void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data();
     void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
@@ -268,6 +271,32 @@ void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing()
     step.failures = {{failing, feature, "first", ZalErrorTimeout}};
     QCOMPARE(unaskedWrites({{feature, written, "first", written}}, step), QStringList());
     QCOMPARE(unaskedWrites({{feature, written, "second", written}}, step).size(), 1);
+}
+
+void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data()
+{
+    QTest::addColumn<QString>("selector");
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<bool>("isExcused");
+    for (const QString selector : {"TimerSelector", "LineSelector"}) {
+        for (const char* operation : {"GetName", "IsWritable", "GetStringValue", "SetStringValue"})
+            QTest::addRow("%s, %s", qPrintable(selector), operation)
+                << selector << operation << true;
+        for (const char* operation : {"GetEnumNames", "IsValueAvailable"})
+            QTest::addRow("%s, %s", qPrintable(selector), operation)
+                << selector << operation << (selector == "LineSelector");
+        QTest::addRow("%s, type", qPrintable(selector)) << selector << "GetDataType" << false;
+    }
+}
+
+void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack()
+{
+    QFETCH(QString, selector);
+    QFETCH(QString, failing);
+    QFETCH(bool, isExcused);
+    QCOMPARE(mayEndElsewhere(selector, {{failing, selector, QString(), ZalErrorTimeout}}),
+             isExcused);
+    QVERIFY(!mayEndElsewhere(selector, {{failing, "TriggerSelector", "", ZalErrorTimeout}}));
 }
 
 void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data()
