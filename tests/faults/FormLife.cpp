@@ -13,9 +13,23 @@ QString featureOf(const QString& widget)
     return widget.contains('_') ? widget.section('_', 1, 1) : widget.mid(3);
 }
 
-bool isOfTable(const QString& widget)
+/// Empty for a widget that is not a cell's.
+QString lineOf(const QString& widget)
 {
-    return widget == "tableWidget" || featureOf(widget).startsWith("Line");
+    const QString line = widget.mid(3).section('_', 0, 0);
+    return widget.contains('_') && line.startsWith("Line") ? line : QString();
+}
+
+/// Of the portrait of a table.
+QString rowsOf(const QString& table)
+{
+    return table.section(" without ", 0, 0);
+}
+
+bool hasMissedLines(const FormLife& life)
+{
+    return hasFailed(life.whileBuilt, "LineSelector",
+                     {"GetName", "GetEnumNames", "IsValueAvailable"});
 }
 
 bool wasNotFound(const Difference& difference, const FormLife& life)
@@ -26,9 +40,20 @@ bool wasNotFound(const Difference& difference, const FormLife& life)
 
 bool lacksLines(const Difference& difference, const FormLife& life)
 {
-    return isOfTable(difference.widget) &&
-           hasFailed(life.whileBuilt, "LineSelector",
-                     {"GetName", "GetEnumNames", "IsValueAvailable"});
+    const QString line = lineOf(difference.widget);
+    const bool isMissing =
+        difference.widget == "tableWidget"
+            ? rowsOf(difference.actual) != rowsOf(difference.expected)
+            : difference.actual == "missing" && !line.isEmpty() && !life.lines.contains(line);
+    return isMissing && hasMissedLines(life);
+}
+
+/// With three rows, a refresh does not come to Line3, whichever lines they are of.
+bool liesBehindLastRow(const Difference& difference, const FormLife& life)
+{
+    const QString line = lineOf(difference.widget);
+    return difference.actual != "missing" && !line.isEmpty() &&
+           line.mid(4).toInt() >= life.lines.size() && hasMissedLines(life);
 }
 
 bool lacksColumn(const Difference& difference, const FormLife& life)
@@ -80,6 +105,8 @@ const std::vector<Remnant>& remnants()
          "is such a widget.",
          calculatesFromUnboundBox},
         {"The table gets a row for each line that is available when it is made.", lacksLines},
+        {"A refresh takes the rows to be of Line0, Line1 and so on, as many as there are.",
+         liesBehindLastRow},
         {"A column is hidden for the whole table as soon as its feature is missing for any line.",
          lacksColumn},
         {"The presets are read once, and without the family's name they are those for any camera.",

@@ -12,6 +12,7 @@ struct FormLife
     Failures whileBuilt; ///< While its widgets were bound and its table made.
     Failures sinceBuilt;
     Failures sinceOverview; ///< Since the step in which its overview was last read as a whole.
+    QStringList lines;      ///< Those that its table has rows for.
 };
 
 /// A widget that may show something else than that of a new form, because a rule has it made or

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 namespace Faults {
 namespace {
@@ -24,6 +26,31 @@ bool isMeant(const std::vector<Ask>& asks, const Write& write)
     });
 }
 
+/// Those of these operations that failed in the step on what the write is of, under its entry.
+Failures failuresThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    Failures there;
+    std::copy_if(step.failures.begin(), step.failures.end(), std::back_inserter(there),
+                 [&](const FailedCall& failed) {
+                     return failed.feature == write.feature && failed.entry == write.entry &&
+                            operations.contains(failed.operation);
+                 });
+    return there;
+}
+
+bool hasFailedThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    return !failuresThere(write, step, operations).empty();
+}
+
+/// A question that is left unanswered is not refused.
+bool isRefusedThere(const Write& write, const Circumstances& step, const QStringList& operations)
+{
+    const Failures there = failuresThere(write, step, operations);
+    return std::any_of(there.begin(), there.end(),
+                       [](const FailedCall& failed) { return !IsUnanswered(failed.status); });
+}
+
 /// The overview looks at every entry of the three, the table at every line. That they put back what
 /// was selected is judged apart.
 bool stepsThroughSelector(const Write& write, const Circumstances&)
@@ -36,7 +63,7 @@ bool stepsThroughSelector(const Write& write, const Circumstances&)
 bool clampsToUnreadableRange(const Write& write, const Circumstances& step)
 {
     return !step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
-           hasFailed(step.failures, write.feature, {"GetFloatRange", "GetIntegerRange"});
+           hasFailedThere(write, step, {"GetFloatRange", "GetIntegerRange"});
 }
 
 /// Of a feature that is not found, or whose type is not known, nobody asks the limits.
@@ -44,12 +71,8 @@ bool clampsPresetToRefusedRange(const Write& write, const Circumstances& step)
 {
     static const QStringList questions = {"GetFloatRange", "GetIntegerRange", "GetDataType",
                                           "GetName"};
-    const auto isRefusal = [&](const FailedCall& failed) {
-        return failed.feature == write.feature && failed.entry == write.entry &&
-               questions.contains(failed.operation) && !IsUnanswered(failed.status);
-    };
     return step.appliesPreset && isMeant(step.asks, write) && isSameValue(write.value, "-1") &&
-           std::any_of(step.failures.begin(), step.failures.end(), isRefusal);
+           isRefusedThere(write, step, questions);
 }
 
 bool isMultiple(const QString& value)
@@ -58,23 +81,26 @@ bool isMultiple(const QString& value)
 }
 
 /// TimerDuration is the session's float with an increment. It only ever holds multiples of it, so
-/// that what was there is written once more.
+/// that what was there is written once more. To an edit every failure is a refusal; a preset
+/// repeats a write that was left unanswered as it is.
 bool triesAgainWithMultiple(const Write& write, const Circumstances& step)
 {
     const auto isRefused = [&](const Ask& ask) {
         return ask.feature == write.feature && ask.entry == write.entry && !isMultiple(ask.value);
     };
+    const bool hasFailedToWrite = step.appliesPreset
+                                      ? isRefusedThere(write, step, {"SetFloatValue"})
+                                      : hasFailedThere(write, step, {"SetFloatValue"});
     return write.feature == "TimerDuration" && isSameValue(write.value, write.before) &&
            isMeant(step.asks, write) &&
-           (std::any_of(step.asks.begin(), step.asks.end(), isRefused) ||
-            hasFailed(step.failures, write.feature, {"SetFloatValue"}));
+           (hasFailedToWrite || std::any_of(step.asks.begin(), step.asks.end(), isRefused));
 }
 
 bool stepsUnreadableDuration(const Write& write, const Circumstances& step)
 {
     return write.feature == "LineDebounceDuration" && isMeant(step.asks, write) &&
            isSameValue(write.value, "0.01") &&
-           hasFailed(step.failures, write.feature, {"GetName", "GetDataType", "GetFloatValue"});
+           hasFailedThere(write, step, {"GetName", "GetDataType", "GetFloatValue"});
 }
 
 bool finishesFieldWithUnreadableValue(const Write& write, const Circumstances& step)
@@ -94,13 +120,14 @@ bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
 }
 
 /// Whether the user asked for it under another entry, that the form shows. A preset selects for
-/// itself.
+/// itself, and so does each edit in the table: where the line does not read back, it is dropped.
 bool isMeantElsewhere(const Write& write, const Circumstances& step)
 {
     const auto isElsewhere = [&](const Ask& ask) {
         return ask.feature == write.feature && isSameValue(ask.value, write.value);
     };
-    return !write.selector.isEmpty() && !step.appliesPreset &&
+    const bool hasBox = !write.selector.isEmpty() && write.selector != "LineSelector";
+    return hasBox && !step.appliesPreset &&
            std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
 }
 
@@ -113,6 +140,29 @@ bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
 {
     return isMeantElsewhere(write, step) &&
            hasFailed(step.whileChosen, write.selector, {"GetName"});
+}
+
+void append(const Failures& failures, Failures& list)
+{
+    list.insert(list.end(), failures.begin(), failures.end());
+}
+
+/// A choice that failed counts until one of the same feature has not.
+void noteChoices(const std::vector<Ask>& asks, const Failures& failures, Failures& whileChosen)
+{
+    const auto isChosen = [&](const FailedCall& failed) {
+        return std::any_of(asks.begin(), asks.end(),
+                           [&](const Ask& ask) { return ask.feature == failed.feature; });
+    };
+    const auto isMadeGood = [&](const FailedCall& earlier) {
+        return isChosen(earlier) &&
+               std::none_of(failures.begin(), failures.end(), [&](const FailedCall& failed) {
+                   return failed.feature == earlier.feature;
+               });
+    };
+    whileChosen.erase(std::remove_if(whileChosen.begin(), whileChosen.end(), isMadeGood),
+                      whileChosen.end());
+    std::copy_if(failures.begin(), failures.end(), std::back_inserter(whileChosen), isChosen);
 }
 
 QString toLine(const Write& write)
@@ -156,6 +206,22 @@ const std::vector<Exception>& exceptions()
     return all;
 }
 
+void endStep(Circumstances& step, Binding binding)
+{
+    const Failures failures = std::exchange(step.failures, {});
+    append(failures, step.earlierFailures);
+    if (binding == Binding::Dialog) {
+        step.whileBound.clear();
+        step.whileChosen.clear();
+    }
+    if (binding != Binding::None)
+        append(failures, step.whileBound);
+    if (!step.appliesPreset)
+        noteChoices(step.asks, failures, step.whileChosen);
+    step.asks.clear();
+    step.appliesPreset = false;
+}
+
 bool isSameValue(const QString& left, const QString& right)
 {
     bool leftIsNumber = false;
@@ -175,6 +241,14 @@ QStringList unaskedWrites(const std::vector<Write>& writes, const Circumstances&
             unasked.append(toLine(write));
     }
     return unasked;
+}
+
+bool mayEndElsewhere(const QString& selector, const Failures& failures)
+{
+    QStringList operations = {"GetName", "IsWritable", "GetStringValue", "SetStringValue"};
+    if (selector == "LineSelector")
+        operations += QStringList{"GetEnumNames", "IsValueAvailable"};
+    return hasFailed(failures, selector, operations);
 }
 
 QStringList unanswered(const std::vector<Ask>& asks, const std::vector<Write>& writes)

@@ -20,10 +20,21 @@ struct Circumstances
     std::vector<Ask> asks;
     Failures failures;        ///< Of this step.
     Failures earlierFailures; ///< Of the steps before.
-    Failures whileBound;      ///< Those of them in steps in which a form is bound.
-    Failures whileChosen;     ///< Those of features that the user asked to change in that step.
+    Failures whileBound;      ///< Those of them while the form in use was bound.
+    Failures whileChosen;     ///< Those of features whose last choice in that form failed.
     bool appliesPreset = false;
 };
+
+/// Which form a step binds.
+enum class Binding
+{
+    None,
+    Tab,    ///< In several steps, from `get()` to the first show.
+    Dialog, ///< In one step; from then on it is the form in use.
+};
+
+/// Ends the step: its failures are those of a step before from now on.
+void endStep(Circumstances& step, Binding binding);
 
 /// A write that nobody asked for and that a rule prescribes all the same. It counts only in the
 /// situation that the rule speaks of.
@@ -41,6 +52,10 @@ bool isSameValue(const QString& left, const QString& right);
 
 /// The writes of that step that are neither asked for nor prescribed, one line each.
 QStringList unaskedWrites(const std::vector<Write>& writes, const Circumstances& step);
+
+/// Whether a selector that was only looked through may end at another entry: where it could not be
+/// read or put back. The table ends with the last line that is offered, which may be another one.
+bool mayEndElsewhere(const QString& selector, const Failures& failures);
 
 /// What was asked for and is not among the writes.
 QStringList unanswered(const std::vector<Ask>& asks, const std::vector<Write>& writes);

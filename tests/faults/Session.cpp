@@ -9,11 +9,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QTableWidget>
 #include <QTimer>
 
 #include <algorithm>
 #include <csignal>
-#include <iterator>
 
 namespace Faults {
 namespace {
@@ -32,6 +32,13 @@ const QStringList steppedSelectors = {"CounterSelector", "TimerSelector", "Trigg
 const QString dialogStep = "open dialog";
 const QStringList tabSteps = {"get", "get again", "show"};
 
+Binding bindingOf(const QString& step)
+{
+    if (step == dialogStep)
+        return Binding::Dialog;
+    return tabSteps.contains(step) ? Binding::Tab : Binding::None;
+}
+
 QWidget* tabIn(const HostWindow& host)
 {
     return host.container ? host.container->findChild<QWidget*>("AdvTriggerWidget") : nullptr;
@@ -41,6 +48,14 @@ QWidget* dialogIn(const HostWindow& host)
 {
     const QWidget* tab = tabIn(host);
     return tab ? tab->findChild<QWidget*>("AdvTriggerDialog") : nullptr;
+}
+
+QStringList linesOf(const QTableWidget& table)
+{
+    QStringList lines;
+    for (int row = 0; row < table.rowCount(); ++row)
+        lines.append(table.verticalHeaderItem(row)->text());
+    return lines;
 }
 
 /// The first failing call, for the reader.
@@ -154,12 +169,9 @@ void Session::spring()
         camera.fake()["LineSelector"].SetStringValue("Line2");
 }
 
-/// A selector that was only looked through ends where it was, unless it could not be read or put
-/// back.
+/// A selector that was only looked through ends where it was, but for mayEndElsewhere().
 void Session::judgeSelectors()
 {
-    const QStringList operations = {"GetName",          "IsWritable",     "GetEnumNames",
-                                    "IsValueAvailable", "GetStringValue", "SetStringValue"};
     for (const QString& selector : steppedSelectors) {
         const QString now = camera.entryOf(selector);
         const auto isNow = [&](const Ask& ask) {
@@ -168,7 +180,7 @@ void Session::judgeSelectors()
         const auto& asks = circumstances.asks;
         if (now == selectedBefore[selector] || std::any_of(asks.begin(), asks.end(), isNow))
             continue;
-        const bool isExcused = hasFailed(circumstances.failures, selector, operations);
+        const bool isExcused = mayEndElsewhere(selector, circumstances.failures);
         (isExcused ? notes : findings)
             .append(QStringLiteral("%1 left at another entry in step '%2', %3")
                         .arg(selector, stepName, nameOf(circumstances.failures)));
@@ -185,9 +197,7 @@ void Session::judge()
                             .arg(write, stepName, nameOf(circumstances.failures)));
     judgeSelectors();
     remember(circumstances.failures);
-    circumstances.asks.clear();
-    circumstances.failures.clear();
-    circumstances.appliesPreset = false;
+    endStep(circumstances, bindingOf(stepName));
 }
 
 void Session::remember(const Failures& failures)
@@ -198,19 +208,7 @@ void Session::remember(const Failures& failures)
     const bool isReset = stepName == "preset in dialog" && circumstances.appliesPreset;
     if (stepName == dialogStep || isReset)
         sinceDialogOverview.clear();
-    QVector<Failures*> lists = {&circumstances.earlierFailures, &sinceDialogOverview};
-    if (tabSteps.contains(stepName) || stepName == dialogStep)
-        lists.append(&circumstances.whileBound);
-    for (Failures* list : lists)
-        list->insert(list->end(), failures.begin(), failures.end());
-    const auto isChosen = [&](const FailedCall& failed) {
-        const auto& asks = circumstances.asks;
-        return !circumstances.appliesPreset &&
-               std::any_of(asks.begin(), asks.end(),
-                           [&](const Ask& ask) { return ask.feature == failed.feature; });
-    };
-    std::copy_if(failures.begin(), failures.end(), std::back_inserter(circumstances.whileChosen),
-                 isChosen);
+    sinceDialogOverview.insert(sinceDialogOverview.end(), failures.begin(), failures.end());
 }
 
 void Session::hideAndShow(QWidget& window)
@@ -265,6 +263,8 @@ FormLife Session::lifeOf(bool isDialog) const
     FormLife life;
     life.isDialog = isDialog;
     life.sinceOverview = sinceDialogOverview;
+    const QWidget* form = isDialog ? dialog() : tab();
+    life.lines = linesOf(*form->findChild<QTableWidget*>("tableWidget"));
     for (auto it = failuresOfSteps.begin(); it != failuresOfSteps.end(); ++it) {
         const bool isBuilding = isDialog ? it.key() == dialogStep : tabSteps.contains(it.key());
         auto& failures = isBuilding ? life.whileBuilt : life.sinceBuilt;

@@ -1,4 +1,5 @@
-// What the fault sweep lets pass: each exception in the situation of its rule, and in no other.
+// What the fault sweep lets pass: each exception in the situation of its rule, and in no other, but
+// for the stepping of selectors, which is judged by where they end.
 #include "tests/faults/FormLife.h"
 #include "tests/faults/Ledger.h"
 
@@ -15,8 +16,18 @@ private slots:
     void anExceptionCountsInItsSituationOnly();
     void editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data();
     void editsGoElsewhereOnlyWhereTheSelectorWasNotFound();
+    void aMissedSelectorExcusesUntilItIsFound_data();
+    void aMissedSelectorExcusesUntilItIsFound();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
+    void aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data();
+    void aPresetTriesAgainWithMultipleWhereTheCameraRefuses();
+    void aFailureUnderAnotherEntryExcusesNothing_data();
+    void aFailureUnderAnotherEntryExcusesNothing();
+    void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data();
+    void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack();
+    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data();
+    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
@@ -105,6 +116,8 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data()
     QTest::newRow("not written, preset") << timers << "chosen" << true << false;
     QTest::newRow("without a selector") << ""
                                         << "bound" << false << false;
+    for (const char* moment : {"bound", "chosen"})
+        QTest::addRow("line, %s", moment) << "LineSelector" << moment << false << false;
 }
 
 void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
@@ -113,7 +126,8 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
     QFETCH(QString, moment);
     QFETCH(bool, isPreset);
     QFETCH(bool, isPrescribed);
-    const Failures missed = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
+    const QString missedSelector = selector.isEmpty() ? "TimerSelector" : selector;
+    const Failures missed = {{"GetName", missedSelector, QString(), ZalErrorTimeout}};
     Circumstances step;
     step.asks = {{"TimerDelay", "80", "Timer1"}};
     step.earlierFailures = missed;
@@ -125,6 +139,49 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
     step.appliesPreset = isPreset;
     QCOMPARE(unaskedWrites({{"TimerDelay", "80", "Timer0", QString(), selector}}, step).isEmpty(),
              isPrescribed);
+}
+
+void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound_data()
+{
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<bool>("isPrescribed");
+    QTest::newRow("tab") << "tab missed" << true;
+    QTest::newRow("tab in several steps") << "tab missed, tab" << true;
+    QTest::newRow("dialog") << "dialog missed" << true;
+    QTest::newRow("dialog after tab") << "tab missed, dialog" << false;
+    QTest::newRow("choice") << "choose missed" << true;
+    QTest::newRow("choice of something else") << "other missed" << false;
+    QTest::newRow("choice, then of something else") << "choose missed, other" << true;
+    QTest::newRow("choice, then unasked failure") << "choose missed, none missed" << true;
+    QTest::newRow("choice made good") << "choose missed, choose" << false;
+    QTest::newRow("choice missed again") << "choose missed, choose missed" << true;
+    // The box need not show what a preset selects.
+    QTest::newRow("choice, then preset") << "choose missed, preset" << true;
+    QTest::newRow("preset") << "preset missed" << false;
+    QTest::newRow("choice in the tab, dialog") << "choose missed, dialog" << false;
+}
+
+void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound()
+{
+    QFETCH(QString, steps);
+    QFETCH(bool, isPrescribed);
+    Circumstances step;
+    for (const QString& text : steps.split(", ")) {
+        const QString kind = text.section(' ', 0, 0);
+        if (text.endsWith(" missed"))
+            step.failures = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
+        step.appliesPreset = kind == "preset";
+        if (kind == "choose" || kind == "preset")
+            step.asks = {{"TimerSelector", "Timer1", QString()}};
+        else if (kind == "other")
+            step.asks = {{"CounterSelector", "Counter1", QString()}};
+        endStep(step, kind == "tab"      ? Binding::Tab
+                      : kind == "dialog" ? Binding::Dialog
+                                         : Binding::None);
+    }
+    step.asks = {{"TimerDelay", "80", "Timer1"}};
+    const Write write = {"TimerDelay", "80", "Timer0", QString(), "TimerSelector"};
+    QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
 }
 
 void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
@@ -155,6 +212,140 @@ void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses()
     QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
     step.failures.front().entry = "Timer1";
     QCOMPARE(unaskedWrites(writes, step).size(), 1);
+}
+
+void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isPreset");
+    QTest::addColumn<bool>("isPrescribed");
+    QTest::newRow("preset refused") << int(ZalErrorNotWritable) << true << true;
+    QTest::newRow("preset unknown") << int(ZalErrorUnknown) << true << true;
+    QTest::newRow("preset timed out") << int(ZalErrorTimeout) << true << false;
+    QTest::newRow("preset lost") << int(ZalErrorTransport) << true << false;
+    QTest::newRow("preset not open") << int(ZalErrorNotOpen) << true << false;
+    // What an edit gets for an answer is all one to it.
+    QTest::newRow("edit refused") << int(ZalErrorNotWritable) << false << true;
+    QTest::newRow("edit timed out") << int(ZalErrorTimeout) << false << true;
+}
+
+void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses()
+{
+    QFETCH(int, status);
+    QFETCH(bool, isPreset);
+    QFETCH(bool, isPrescribed);
+    Circumstances step;
+    step.appliesPreset = isPreset;
+    step.asks = {{"TimerDuration", "40", "Timer0"}};
+    step.failures = {{"SetFloatValue", "TimerDuration", "Timer0", status}};
+    const Write write = {"TimerDuration", "10", "Timer0", "10", "TimerSelector"};
+    QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
+}
+
+void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("failing");
+    QTest::newRow("range") << "CounterDuration"
+                           << "-1"
+                           << "GetIntegerRange";
+    QTest::newRow("float range") << "LineDebounceDuration"
+                                 << "-1"
+                                 << "GetFloatRange";
+    QTest::newRow("second attempt") << "TimerDuration"
+                                    << "10"
+                                    << "SetFloatValue";
+    QTest::newRow("duration") << "LineDebounceDuration"
+                              << "0.01"
+                              << "GetFloatValue";
+}
+
+void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing()
+{
+    QFETCH(QString, feature);
+    QFETCH(QString, written);
+    QFETCH(QString, failing);
+    Circumstances step;
+    step.asks = {{feature, "40", "first"}, {feature, "40", "second"}};
+    step.failures = {{failing, feature, "first", ZalErrorTimeout}};
+    QCOMPARE(unaskedWrites({{feature, written, "first", written}}, step), QStringList());
+    QCOMPARE(unaskedWrites({{feature, written, "second", written}}, step).size(), 1);
+}
+
+void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data()
+{
+    QTest::addColumn<QString>("selector");
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<bool>("isExcused");
+    for (const QString selector : {"TimerSelector", "LineSelector"}) {
+        for (const char* operation : {"GetName", "IsWritable", "GetStringValue", "SetStringValue"})
+            QTest::addRow("%s, %s", qPrintable(selector), operation)
+                << selector << operation << true;
+        for (const char* operation : {"GetEnumNames", "IsValueAvailable"})
+            QTest::addRow("%s, %s", qPrintable(selector), operation)
+                << selector << operation << (selector == "LineSelector");
+        QTest::addRow("%s, type", qPrintable(selector)) << selector << "GetDataType" << false;
+    }
+}
+
+void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack()
+{
+    QFETCH(QString, selector);
+    QFETCH(QString, failing);
+    QFETCH(bool, isExcused);
+    QCOMPARE(mayEndElsewhere(selector, {{failing, selector, QString(), ZalErrorTimeout}}),
+             isExcused);
+    QVERIFY(!mayEndElsewhere(selector, {{failing, "TriggerSelector", "", ZalErrorTimeout}}));
+}
+
+void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data()
+{
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<QString>("widget");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<bool>("isExplained");
+    const QString rows = "Line0,Line2,Line3";
+    const QString allRows = "Line0,Line1,Line2,Line3";
+    const QString question = "IsValueAvailable LineSelector";
+    const QString mode = "cmbLine%1_LineMode";
+    QTest::newRow("table") << rows << question << "tableWidget" << rows + " without " << true;
+    QTest::newRow("table's columns")
+        << allRows << question << "tableWidget" << allRows + " without 2" << false;
+    QTest::newRow("missing") << rows << question << mode.arg(1) << "missing" << true;
+    QTest::newRow("missing with a row") << rows << question << mode.arg(2) << "missing" << false;
+    QTest::newRow("before the last row") << rows << question << mode.arg(2) << "'Input'" << false;
+    QTest::newRow("behind the last row") << rows << question << mode.arg(3) << "'Input'" << true;
+    QTest::newRow("missing behind") << rows << question << mode.arg(3) << "missing" << false;
+    QTest::newRow("behind, lamp") << rows << question << "lblLine3_LineStatus"
+                                  << "there disabled" << true;
+    QTest::newRow("all rows") << allRows << question << mode.arg(3) << "'Input'" << false;
+    QTest::newRow("no row") << "" << question << mode.arg(0) << "missing" << true;
+    QTest::newRow("no cell") << rows << question << "cmbTriggerMode"
+                             << "missing" << false;
+    for (const char* other : {"IsValueAvailable LineMode", "GetStringValue LineSelector"}) {
+        QTest::addRow("table, %s", other)
+            << rows << other << "tableWidget" << rows + " without " << false;
+        QTest::addRow("missing, %s", other) << rows << other << mode.arg(1) << "missing" << false;
+        QTest::addRow("behind, %s", other) << rows << other << mode.arg(3) << "'Input'" << false;
+    }
+}
+
+void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly()
+{
+    QFETCH(QString, lines);
+    QFETCH(QString, failing);
+    QFETCH(QString, widget);
+    QFETCH(QString, shown);
+    QFETCH(bool, isExplained);
+    FormLife life;
+    life.lines = lines.split(',', Qt::SkipEmptyParts);
+    const QString feature = failing.section(' ', 1);
+    life.whileBuilt = {{failing.section(' ', 0, 0), feature, QString(), ZalErrorTimeout}};
+    const QString expected =
+        widget == "tableWidget" ? "Line0,Line1,Line2,Line3 without " : "'Output'";
+    QCOMPARE(unexplained({{widget, shown, expected}}, life).empty(), isExplained);
 }
 
 void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
