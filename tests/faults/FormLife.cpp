@@ -92,6 +92,23 @@ bool calculatesFromUnboundBox(const Difference& difference, const FormLife& life
             hasFailed(life.whileBuilt, "TimerDuration", {"GetName"}));
 }
 
+/// "'' acceptable enabled": the text and the state of a field, without what its validator says.
+QString withoutVerdict(const QString& field)
+{
+    QStringList parts = field.split(' ');
+    if (parts.size() > 1)
+        parts.removeAt(parts.size() - 2);
+    return parts.join(' ');
+}
+
+bool missesNotation(const Difference& difference, const FormLife& life)
+{
+    return difference.widget.startsWith("txt") &&
+           withoutVerdict(difference.actual) == withoutVerdict(difference.expected) &&
+           hasFailed(life.whileBuilt, featureOf(difference.widget),
+                     {"GetName", "GetRepresentation"});
+}
+
 } // namespace
 
 const std::vector<Remnant>& remnants()
@@ -104,6 +121,10 @@ const std::vector<Remnant>& remnants()
          "these "
          "is such a widget.",
          calculatesFromUnboundBox},
+        {"A field is for hexadecimal numbers if the camera says so when the form is bound, else "
+         "for "
+         "decimal ones.",
+         missesNotation},
         {"The table gets a row for each line that is available when it is made.", lacksLines},
         {"A refresh takes the rows to be of Line0, Line1 and so on, as many as there are.",
          liesBehindLastRow},

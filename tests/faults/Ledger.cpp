@@ -142,6 +142,38 @@ bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
            hasFailed(step.whileChosen, write.selector, {"GetName"});
 }
 
+/// A selector about which the camera does not answer is not missing.
+bool goesByMissingSelector(const Write& write, const Circumstances& step)
+{
+    const auto isElsewhere = [&](const Ask& ask) {
+        return ask.feature == write.feature && isSameValue(ask.value, write.value);
+    };
+    const auto isRefused = [&](const FailedCall& failed) {
+        return failed.operation == "GetName" && failed.feature == write.selector &&
+               !IsUnanswered(failed.status);
+    };
+    return step.appliesPreset && !write.selector.isEmpty() &&
+           std::any_of(step.asks.begin(), step.asks.end(), isElsewhere) &&
+           std::any_of(step.failures.begin(), step.failures.end(), isRefused);
+}
+
+/// The user steps up from the -1 in sight, for the double, and gets the half.
+bool stepsFromUnreadDuration(const Write& write, const Circumstances& step)
+{
+    const auto isUnread = [&](const FailedCall& failed) {
+        static const QStringList reads = {"GetName", "GetDataType", "GetFloatValue"};
+        return failed.feature == write.feature && failed.entry == write.entry &&
+               reads.contains(failed.operation);
+    };
+    const auto isDoubleAsked = [&](const Ask& ask) {
+        return ask.feature == write.feature && ask.entry == write.entry &&
+               ask.value.toDouble() == 4 * write.value.toDouble();
+    };
+    return write.feature == "LineDebounceDuration" &&
+           std::any_of(step.asks.begin(), step.asks.end(), isDoubleAsked) &&
+           std::any_of(step.earlierFailures.begin(), step.earlierFailures.end(), isUnread);
+}
+
 void append(const Failures& failures, Failures& list)
 {
     list.insert(list.end(), failures.begin(), failures.end());
@@ -202,6 +234,11 @@ const std::vector<Exception>& exceptions()
         {"A choice of a feature that is not found at that moment is not written or not read back, "
          "and its box shows what the camera does not have. That may be a selector.",
          goesByUnwrittenSelector},
+        {"What a preset sets beneath a selector that the camera lacks is written all the same.",
+         goesByMissingSelector},
+        {"A debounce duration that cannot be read shows as -1, and what a step makes of that tells "
+         "whether it is doubled or halved.",
+         stepsFromUnreadDuration},
     };
     return all;
 }

@@ -30,6 +30,10 @@ private slots:
     void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
     void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
+    void aPresetGoesOnBeneathASelectorThatIsRefusedOnly_data();
+    void aPresetGoesOnBeneathASelectorThatIsRefusedOnly();
+    void aStepGoesDownFromADurationThatCouldNotBeReadOnly();
+    void aFieldTakesOtherTextsWhereItsNotationWasMissedOnly();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
     void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly();
 };
@@ -374,6 +378,73 @@ void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
     if (isSinceOverview)
         life.sinceOverview = failures;
     QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
+}
+
+void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isPreset");
+    QTest::addColumn<bool>("isPrescribed");
+    const QString name = "GetName";
+    const QString selector = "TimerSelector";
+    QTest::newRow("refused") << name << selector << int(ZalErrorNotReadable) << true << true;
+    QTest::newRow("timed out") << name << selector << int(ZalErrorTimeout) << true << false;
+    QTest::newRow("lost") << name << selector << int(ZalErrorTransport) << true << false;
+    QTest::newRow("not open") << name << selector << int(ZalErrorNotOpen) << true << false;
+    QTest::newRow("edit") << name << selector << int(ZalErrorNotReadable) << false << false;
+    QTest::newRow("other selector")
+        << name << "LineSelector" << int(ZalErrorNotReadable) << true << false;
+    QTest::newRow("write refused")
+        << "SetStringValue" << selector << int(ZalErrorNotReadable) << true << false;
+}
+
+void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly()
+{
+    QFETCH(QString, operation);
+    QFETCH(QString, feature);
+    QFETCH(int, status);
+    QFETCH(bool, isPreset);
+    QFETCH(bool, isPrescribed);
+    const QString selector = "TimerSelector";
+    Circumstances step;
+    step.appliesPreset = isPreset;
+    step.asks = {{"TimerDelay", "80", "Timer1"}};
+    step.failures = {{operation, feature, QString(), status}};
+    QCOMPARE(unaskedWrites({{"TimerDelay", "80", "Timer0", "0", selector}}, step).isEmpty(),
+             isPrescribed);
+    QCOMPARE(unaskedWrites({{"TimerDelay", "81", "Timer0", "0", selector}}, step).size(), 1);
+}
+
+void tst_FaultRules::aStepGoesDownFromADurationThatCouldNotBeReadOnly()
+{
+    const QString duration = "LineDebounceDuration";
+    const Write halved = {duration, "4", "Line1", QString(), "LineSelector"};
+    Circumstances step;
+    step.asks = {{duration, "16", "Line1"}};
+    QCOMPARE(unaskedWrites({halved}, step).size(), 1);
+    step.earlierFailures = {{"GetFloatValue", duration, "Line0", ZalErrorTimeout},
+                            {"SetFloatValue", duration, "Line1", ZalErrorTimeout}};
+    QCOMPARE(unaskedWrites({halved}, step).size(), 1);
+    step.earlierFailures = {{"GetFloatValue", duration, "Line1", ZalErrorTimeout}};
+    QCOMPARE(unaskedWrites({halved}, step), QStringList());
+    QCOMPARE(unaskedWrites({{duration, "2", "Line1", QString(), "LineSelector"}}, step).size(), 1);
+}
+
+void tst_FaultRules::aFieldTakesOtherTextsWhereItsNotationWasMissedOnly()
+{
+    const Difference verdict = {"txtActionGroupKey", "'0x5' invalid enabled",
+                                "'0x5' acceptable enabled"};
+    FormLife life;
+    life.whileBuilt = {{"GetRepresentation", "ActionGroupMask", QString(), ZalErrorTimeout},
+                       {"GetIntegerRange", "ActionGroupKey", QString(), ZalErrorTimeout}};
+    QCOMPARE(unexplained({verdict}, life).size(), std::size_t(1));
+    life.whileBuilt = {{"GetRepresentation", "ActionGroupKey", QString(), ZalErrorTimeout}};
+    QCOMPARE(unexplained({verdict}, life).size(), std::size_t(0));
+    const Difference text = {"txtActionGroupKey", "'5' acceptable enabled",
+                             "'0x5' acceptable enabled"};
+    QCOMPARE(unexplained({text}, life).size(), std::size_t(1));
 }
 
 void tst_FaultRules::pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data()
