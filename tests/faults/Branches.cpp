@@ -2,9 +2,29 @@
 
 #include "tests/faults/Sweep.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <cstdlib>
 
 namespace Faults {
+namespace {
+
+void say(const QStringList& findings, const QStringList& notes)
+{
+    for (const QString& text : findings)
+        sayFinding(text);
+    for (const QString& text : notes)
+        sayNote(text);
+}
+
+/// A copy of a process has only the thread that made it.
+bool isOnTheSessionsThread()
+{
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+} // namespace
 
 Branches::Branches(const QVector<Fault>& faults, bool areWhole, Plant planted)
     : isWhole(areWhole), plant(planted)
@@ -29,13 +49,18 @@ void Branches::reach(const Call& call)
     const auto it = waiting.find(call);
     if (branch || it == waiting.end())
         return;
+    if (!isOnTheSessionsThread()) {
+        apart += it->second;
+        waiting.erase(it);
+        return;
+    }
     for (const Fault& fault : it->second) {
         branchOff(fault);
         if (branch)
             return;
     }
     waiting.erase(it);
-    if (waiting.empty())
+    if (waiting.empty() && apart.isEmpty())
         endTrunk();
 }
 
@@ -49,22 +74,40 @@ void Branches::branchOff(const Fault& fault)
         return;
     }
     gallery.learn(copy->wait());
-    if (!copy->failure().isEmpty())
-        sayFinding(copy->failure());
+    sayEnd(*copy);
+}
+
+/// From its beginning, for what cannot branch off.
+void Branches::playApart(const Fault& fault)
+{
+    sayBegin(fault);
+    ProcessCopy copy;
+    if (!copy.isOriginal()) {
+        const Outcome outcome = playCase(fault, plant);
+        say(outcome.findings, outcome.notes);
+        copy.end(QByteArray());
+    }
+    copy.wait();
+    sayEnd(copy);
+}
+
+void Branches::sayEnd(const ProcessCopy& copy)
+{
+    if (!copy.failure().isEmpty())
+        sayFinding(copy.failure());
     sayDone();
 }
 
 void Branches::endBranch(const Session& session)
 {
-    for (const QString& text : session.findings)
-        sayFinding(text);
-    for (const QString& text : session.notes)
-        sayNote(text);
+    say(session.findings, session.notes);
     branch->end(gallery.takeNews());
 }
 
 void Branches::endTrunk()
 {
+    for (const Fault& fault : apart)
+        playApart(fault);
     for (const auto& [call, faults] : waiting) {
         for (const Fault& fault : faults) {
             sayBegin(fault);

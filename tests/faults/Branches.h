@@ -11,8 +11,9 @@
 namespace Faults {
 
 /// Plays many sessions as one: they are all the same until the fault. One session runs without
-/// any, and at each call that is to fail a copy of the process branches off, in which it does.
-/// Says on the standard output what the sessions find.
+/// any, and at each call that is to fail a copy of the process branches off, in which it does. What
+/// the camera's own thread calls is tried in sessions of their own, afterwards. Says on the
+/// standard output what the sessions find.
 class Branches
 {
 public:
@@ -27,10 +28,13 @@ private:
 
     void reach(const Call& call);
     void branchOff(const Fault& fault);
+    void playApart(const Fault& fault);
+    static void sayEnd(const ProcessCopy& copy);
     [[noreturn]] void endBranch(const Session& session);
     [[noreturn]] void endTrunk();
 
     std::map<Call, QVector<Fault>> waiting;
+    QVector<Fault> apart; ///< Of calls that the camera's thread makes.
     const bool isWhole;
     const Plant plant;
     FaultyCamera camera;

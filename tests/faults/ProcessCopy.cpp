@@ -12,12 +12,22 @@
 namespace Faults {
 namespace {
 
+/// Before each message: a copy that leaves none has not come to its end.
+constexpr char Mark = '.';
+
 QString failureOf(int status)
 {
     if (WIFSIGNALED(status))
         return QStringLiteral("crash, signal %1").arg(WTERMSIG(status));
     const int exitCode = WEXITSTATUS(status);
     return exitCode == 0 ? QString() : QStringLiteral("exit with status %1").arg(exitCode);
+}
+
+QString failureOf(int status, const QByteArray& message)
+{
+    const QString failure = failureOf(status);
+    return failure.isEmpty() && !message.startsWith(Mark) ? QStringLiteral("exit before its end")
+                                                          : failure;
 }
 
 } // namespace
@@ -41,7 +51,8 @@ ProcessCopy::ProcessCopy()
 void ProcessCopy::end(const QByteArray& message) const
 {
     QFile pipe;
-    if (!pipe.open(writeEnd, QIODevice::WriteOnly) || pipe.write(message) != message.size() ||
+    const QByteArray marked = Mark + message;
+    if (!pipe.open(writeEnd, QIODevice::WriteOnly) || pipe.write(marked) != marked.size() ||
         !pipe.flush())
         qFatal("The copy of the process cannot leave its message");
     std::fflush(nullptr);
@@ -56,8 +67,8 @@ QByteArray ProcessCopy::wait()
         message = pipe.readAll();
     int status = 0;
     ::waitpid(pid, &status, 0);
-    failed = failureOf(status);
-    return failed.isEmpty() ? message : QByteArray();
+    failed = failureOf(status, message);
+    return failed.isEmpty() ? message.mid(1) : QByteArray();
 }
 
 } // namespace Faults

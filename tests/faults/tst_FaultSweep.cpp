@@ -269,6 +269,8 @@ void tst_FaultSweep::aSessionThatBranchesOffFindsWhatItFindsAlone()
                                             : Plant::None;
     const QVector<Fault> faults = {{Series::Calls, 30, ZalErrorTimeout, Mode::Lasting},
                                    ordinary,
+                                   // Made by the thread in which the camera reports a change.
+                                   {Series::Calls, 1394, ZalErrorNotReadable, Mode::Once},
                                    {Series::Calls, 1800, ZalErrorNotReadable, Mode::Lasting},
                                    {Series::Names, 5000, ZalErrorTransport, Mode::Once},
                                    {Series::Calls, 4000, ZalErrorUnknown, Mode::Once}};
