@@ -249,7 +249,9 @@ void AdvTriggerBase::PlaceTableEditor(const TableCell& cell, QWidget& editor, QW
     editor.setFocusPolicy(Qt::StrongFocus);
     editor.installEventFilter(this);
     cell.table.setCellWidget(cell.row, cell.column, &placed);
-    cell.table.setItem(cell.row, cell.column, new CellOfWidget(editor));
+    // The table takes no item for a column that it does not have.
+    if (cell.column < cell.table.columnCount())
+        cell.table.setItem(cell.row, cell.column, new CellOfWidget(editor));
     NameTableEditor(cell, editor);
     ConnectEdits(editor, signal, slot);
 }
