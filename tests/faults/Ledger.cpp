@@ -142,19 +142,34 @@ bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
            hasFailed(step.whileChosen, write.selector, {"GetName"});
 }
 
-/// A selector about which the camera does not answer is not missing.
-bool goesByMissingSelector(const Write& write, const Circumstances& step)
+/// Whether the preset sets it under another entry.
+bool isSetElsewhere(const Write& write, const Circumstances& step)
 {
     const auto isElsewhere = [&](const Ask& ask) {
         return ask.feature == write.feature && isSameValue(ask.value, write.value);
     };
+    return step.appliesPreset && !write.selector.isEmpty() &&
+           std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
+}
+
+/// A selector about which the camera does not answer is neither missing nor read-only.
+bool goesByMissingSelector(const Write& write, const Circumstances& step)
+{
     const auto isRefused = [&](const FailedCall& failed) {
-        return failed.operation == "GetName" && failed.feature == write.selector &&
+        static const QStringList questions = {"GetName", "IsWritable"};
+        return failed.feature == write.selector && questions.contains(failed.operation) &&
                !IsUnanswered(failed.status);
     };
-    return step.appliesPreset && !write.selector.isEmpty() &&
-           std::any_of(step.asks.begin(), step.asks.end(), isElsewhere) &&
+    return isSetElsewhere(write, step) &&
            std::any_of(step.failures.begin(), step.failures.end(), isRefused);
+}
+
+bool runsCommandOfPreset(const Write& write, const Circumstances& step)
+{
+    const QStringList operations = {"GetName", "IsWritable", "GetDataType", "SetStringValue",
+                                    "GetStringValue"};
+    return write.value.isEmpty() && isSetElsewhere(write, step) &&
+           hasFailed(step.failures, write.selector, operations);
 }
 
 /// The user steps up from the -1 in sight, for the double, and gets the half.
@@ -234,8 +249,12 @@ const std::vector<Exception>& exceptions()
         {"A choice of a feature that is not found at that moment is not written or not read back, "
          "and its box shows what the camera does not have. That may be a selector.",
          goesByUnwrittenSelector},
-        {"What a preset sets beneath a selector that the camera lacks is written all the same.",
+        {"What a preset sets beneath a selector that the camera lacks, or does not let be written, "
+         "is "
+         "written all the same.",
          goesByMissingSelector},
+        {"The command of a preset runs at its end, whatever became of the settings.",
+         runsCommandOfPreset},
         {"A debounce duration that cannot be read shows as -1, and what a step makes of that tells "
          "whether it is doubled or halved.",
          stepsFromUnreadDuration},

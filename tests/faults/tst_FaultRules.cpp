@@ -390,6 +390,8 @@ void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly_data()
     const QString name = "GetName";
     const QString selector = "TimerSelector";
     QTest::newRow("refused") << name << selector << int(ZalErrorNotReadable) << true << true;
+    QTest::newRow("read-only") << "IsWritable" << selector << int(ZalErrorNotReadable) << true
+                               << true;
     QTest::newRow("timed out") << name << selector << int(ZalErrorTimeout) << true << false;
     QTest::newRow("lost") << name << selector << int(ZalErrorTransport) << true << false;
     QTest::newRow("not open") << name << selector << int(ZalErrorNotOpen) << true << false;
@@ -415,6 +417,10 @@ void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly()
     QCOMPARE(unaskedWrites({{"TimerDelay", "80", "Timer0", "0", selector}}, step).isEmpty(),
              isPrescribed);
     QCOMPARE(unaskedWrites({{"TimerDelay", "81", "Timer0", "0", selector}}, step).size(), 1);
+    // The command runs wherever the selector got stuck.
+    step.asks = {{"TimerReset", "", "Timer1"}};
+    QCOMPARE(unaskedWrites({{"TimerReset", "", "Timer0", "", selector}}, step).isEmpty(),
+             isPreset && feature == selector);
 }
 
 void tst_FaultRules::aStepGoesDownFromADurationThatCouldNotBeReadOnly()
