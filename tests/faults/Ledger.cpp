@@ -139,7 +139,7 @@ bool goesByUnboundSelector(const Write& write, const Circumstances& step)
 bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
 {
     return isMeantElsewhere(write, step) &&
-           hasFailed(step.whileChosen, write.selector, {"GetName"});
+           hasFailed(step.whileChosen, write.selector, {"GetName", "GetDataType"});
 }
 
 /// Whether the preset sets it under another entry.
@@ -246,7 +246,8 @@ const std::vector<Exception>& exceptions()
          "is "
          "a selector, the user's edits go to the entry that the camera has selected.",
          goesByUnboundSelector},
-        {"A choice of a feature that is not found at that moment is not written or not read back, "
+        {"A choice of a feature that is not found at that moment, or has no known type, is not "
+         "written or not read back, "
          "and its box shows what the camera does not have. That may be a selector.",
          goesByUnwrittenSelector},
         {"What a preset sets beneath a selector that the camera lacks, or does not let be written, "
