@@ -95,8 +95,9 @@ std::vector<IndexOffset> indexOffsetsOf(const char* text, std::size_t size)
     if (!text || size > INT_MAX)
         return offsets;
     const std::string_view whole = withoutPadding({text, size});
-    const DocumentPtr document =
-        mayHaveOffsets(whole) ? parse(whole) : DocumentPtr(nullptr, xmlFreeDoc);
+    if (!mayHaveOffsets(whole))
+        return offsets;
+    const DocumentPtr document = parse(whole);
     if (const xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr)
         collectOffsets(*root, offsets);
     return offsets;

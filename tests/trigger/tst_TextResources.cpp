@@ -47,6 +47,16 @@ QString presetToolTipOf(int length)
     return form.box.itemData(0, Qt::ToolTipRole).toString();
 }
 
+/// Binds the form and points at its widget.
+void askForToolTip(TestEngine& form, QWidget& widget)
+{
+    form.InitBaseWidgets();
+    form.ActivateTooltips(Qt::Checked);
+    form.show();
+    QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), widget.mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
 /// The tooltip of a feature whose description makes it that long.
 QString featureToolTipOf(int length)
 {
@@ -55,11 +65,7 @@ QString featureToolTipOf(int length)
         camera->addFloat("ExposureTime", 1.0)->description = std::string(letters, 'A');
         TestEngine form(*camera);
         auto& box = form.add<QDoubleSpinBox>("spbExposureTime");
-        form.InitBaseWidgets();
-        form.ActivateTooltips(Qt::Checked);
-        form.show();
-        QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), box.mapToGlobal(QPoint(1, 1)));
-        QCoreApplication::sendEvent(&box, &event);
+        askForToolTip(form, box);
         return box.toolTip();
     };
     const int frame = textWith(1).size() - 1;
@@ -166,11 +172,7 @@ void tst_TextResources::toolTipOfAFeatureOpensNothing()
     (fact == "category" ? feature.category : feature.description) = picture().toStdString();
     TestEngine form(*camera);
     auto& box = form.add<QDoubleSpinBox>("spbExposureTime");
-    form.InitBaseWidgets();
-    form.ActivateTooltips(Qt::Checked);
-    form.show();
-    QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), box.mapToGlobal(QPoint(1, 1)));
-    QCoreApplication::sendEvent(&box, &event);
+    askForToolTip(form, box);
     QVERIFY(shownToolTip().contains(path));
     QVERIFY(!fifo->wasOpened());
 }
