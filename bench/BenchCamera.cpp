@@ -1,8 +1,9 @@
 #include "bench/BenchCamera.h"
 
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/support/FakeCamera.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <cstdio>
 #include <cstdlib>

@@ -2,6 +2,8 @@
 
 #include "sdk/simulator/SimulatedCamera.h"
 
+#include <ZalCPP/CameraSystem.h>
+
 #include <utility>
 
 namespace {

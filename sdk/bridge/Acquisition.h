@@ -1,7 +1,8 @@
 #pragma once
 
-#include "sdk/bridge/Camera.h"
 #include "sdk/bridge/CameraCore.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <atomic>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "sdk/bridge/Camera.h"
+#include <ZalCPP/Camera.h>
 
 #include "sdk/bridge/CameraPrivate.h"
 

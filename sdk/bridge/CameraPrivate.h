@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sdk/bridge/Acquisition.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/bridge/CameraCore.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <memory>
 #include <utility>

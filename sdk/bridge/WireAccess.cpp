@@ -1,7 +1,8 @@
 #include "sdk/bridge/WireAccess.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/Camera.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <mutex>
 

@@ -1,5 +1,7 @@
 #include "tools/presetcheck/CheckCamera.h"
 
+#include <ZalCPP/CameraSystem.h>
+
 #include <utility>
 
 namespace PresetCheck {

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "features/FeatureManager.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <QString>
 
