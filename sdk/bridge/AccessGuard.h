@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sdk/bridge/FeatureDescription.h"
-#include "sdk/bridge/WireAccess.h"
+#include "sdk/bridge/RegisterTap.h"
 
 #include <atomic>
 #include <functional>
@@ -35,7 +35,8 @@ public:
         bool isContinuation = false;
     };
 
-    AccessGuard(std::shared_ptr<const CameraDescription> camera, std::shared_ptr<WireAccess> wire);
+    AccessGuard(std::shared_ptr<const CameraDescription> description,
+                std::shared_ptr<RegisterTap> tap);
 
     // By position of the feature. Any thread.
     bool hasGivenUpReading(std::size_t feature) const;
@@ -52,8 +53,8 @@ private:
 
     using Failures = std::vector<std::atomic<int>>; ///< In a row, by position of the feature.
 
-    const std::shared_ptr<const CameraDescription> camera;
-    const std::shared_ptr<WireAccess> wire;
+    const std::shared_ptr<const CameraDescription> description;
+    const std::shared_ptr<RegisterTap> tap;
     Failures reading;
     Failures writing;
 };

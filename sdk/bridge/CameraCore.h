@@ -4,7 +4,7 @@
 #include "sdk/bridge/CameraWorker.h"
 #include "sdk/bridge/ChangeNotifier.h"
 #include "sdk/bridge/FeatureDescription.h"
-#include "sdk/bridge/WireAccess.h"
+#include "sdk/bridge/RegisterTap.h"
 
 #include <ZalCPP/Feature.h>
 
@@ -31,13 +31,16 @@ public:
 
     FeaturePtr feature(std::size_t position);
     const FeatureDescription& facts(std::size_t position) const;
-    const std::shared_ptr<const CameraDescription>& description() const { return camera; }
+    const std::shared_ptr<const CameraDescription>& description() const
+    {
+        return cameraDescription;
+    }
 
     /// False once the camera is lost or closed.
     bool isOpen() const { return cameraWorker->isOpen(); }
     CameraWorker& worker() { return *cameraWorker; }
     ChangeNotifier& notifier() { return *changeNotifier; }
-    const WireAccess& wire() const { return *wireAccess; }
+    const RegisterTap& tap() const { return *registerTap; }
     /// For use on the worker thread.
     ArvDevice* device() const { return rawDevice; }
 
@@ -92,8 +95,8 @@ private:
 
     template <typename Write> CameraWorker::Work changingAll(Write write)
     {
-        return [camera = camera, guard = guard, notifier = changeNotifier, write] {
-            const ZalErrorType status = guard->anew([&] { return write(*camera); });
+        return [description = cameraDescription, guard = guard, notifier = changeNotifier, write] {
+            const ZalErrorType status = guard->anew([&] { return write(*description); });
             notifier->writtenAll();
             return status;
         };
@@ -103,8 +106,8 @@ private:
     ZalErrorType statusOfGivenUp() const { return isOpen() ? ZalErrorTimeout : ZalErrorNotOpen; }
     void watchForLoss();
 
-    std::shared_ptr<const CameraDescription> camera;
-    std::shared_ptr<WireAccess> wireAccess;
+    std::shared_ptr<const CameraDescription> cameraDescription;
+    std::shared_ptr<RegisterTap> registerTap;
     std::shared_ptr<AccessGuard> guard;
     std::shared_ptr<ChangeNotifier> changeNotifier;
     std::shared_ptr<CameraWorker> cameraWorker;

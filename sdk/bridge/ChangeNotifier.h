@@ -38,7 +38,7 @@ public:
     using LostHandler = std::function<void()>;
 
     /// Starts with start(), because the worker's hooks and the notifier need each other.
-    ChangeNotifier(std::shared_ptr<const CameraDescription> camera,
+    ChangeNotifier(std::shared_ptr<const CameraDescription> description,
                    std::shared_ptr<AccessGuard> guard, FeatureProvider features);
 
     static void start(const std::shared_ptr<ChangeNotifier>& notifier,
@@ -91,7 +91,7 @@ private:
     bool isObserving(std::size_t feature, const std::shared_ptr<IFeatureObserver>& observer) const;
     void noteWrite();
 
-    const std::shared_ptr<const CameraDescription> camera;
+    const std::shared_ptr<const CameraDescription> description;
     const std::shared_ptr<AccessGuard> guard;
     const FeatureProvider features;
     std::shared_ptr<CameraWorker> worker;

@@ -16,13 +16,13 @@ template <typename Number> struct Range
 };
 
 /// What can be done with a feature at this moment.
-struct Access
+struct AccessMode
 {
     bool readable = false;
     bool writable = false;
 };
 
-inline bool operator==(const Access& a, const Access& b)
+inline bool operator==(const AccessMode& a, const AccessMode& b)
 {
     return a.readable == b.readable && a.writable == b.writable;
 }
@@ -31,7 +31,7 @@ using RawData = std::vector<unsigned char>;
 
 namespace NodeAccess {
 
-ZalErrorType access(const FeatureDescription& feature, Access& access);
+ZalErrorType accessMode(const FeatureDescription& feature, AccessMode& mode);
 ZalErrorType isReadable(const FeatureDescription& feature, bool& readable);
 ZalErrorType isWritable(const FeatureDescription& feature, bool& writable);
 

@@ -19,7 +19,7 @@ namespace ZalCPP {
 /// to the original function. Devices with nothing attached are not affected. The heartbeat of a
 /// GigE Vision connection does not pass through these functions. It notices a camera that nobody
 /// controls any more, but takes another program's control for its own.
-struct WireAccess
+struct RegisterTap
 {
     std::atomic<std::uint64_t> reads{0}; ///< Those that reached the device.
     std::atomic<std::uint64_t> writes{0};
@@ -29,7 +29,7 @@ struct WireAccess
     ReadCache cache;
 
     /// Works from now on and may outlive the device.
-    static std::shared_ptr<WireAccess> attach(ArvDevice* device);
+    static std::shared_ptr<RegisterTap> attach(ArvDevice* device);
 };
 
 } // namespace ZalCPP
