@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ZalCPP/CameraInfo.h>
+#include <ZalCPP/Export.h>
 #include <ZalCPP/Feature.h>
 #include <ZalCPP/Frame.h>
 
@@ -30,7 +31,7 @@ enum class CameraLoss
 
 /// A reason for the user, one sentence in English; marked for translation in the context "ZalCPP".
 /// Empty where there is none beyond the loss itself. Any thread.
-const char* LossText(CameraLoss loss);
+ZALCPP_EXPORT const char* LossText(CameraLoss loss);
 
 /// An open camera. All methods may be called from any thread and are bounded in time like those of
 /// Feature. Destroying the camera closes it, and does not wait for one that no longer answers.
@@ -39,7 +40,7 @@ const char* LossText(CameraLoss loss);
 /// since or its description says that the value changes by itself. A feature that does not answer
 /// three times in a row, while the camera does, is given up: reading it, or writing it, fails with
 /// ZalErrorTimeout at once until the camera is opened again.
-class Camera
+class ZALCPP_EXPORT Camera
 {
 public:
     /// The frame is the handler's for the time of the call only. An exception loses one frame.
@@ -84,8 +85,8 @@ public:
 
 private:
     friend class CameraSystem;
-    class Private;
-    explicit Camera(std::unique_ptr<Private> d);
+    class ZALCPP_HIDDEN Private;
+    ZALCPP_HIDDEN explicit Camera(std::unique_ptr<Private> d);
     std::unique_ptr<Private> d;
 };
 

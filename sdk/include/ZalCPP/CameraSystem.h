@@ -2,6 +2,7 @@
 
 #include <ZalCPP/Camera.h>
 #include <ZalCPP/CameraInfo.h>
+#include <ZalCPP/Export.h>
 
 #include <memory>
 #include <string>
@@ -10,7 +11,7 @@
 namespace ZalCPP {
 
 /// Finds and opens cameras (GigE Vision and USB3 Vision). Any thread.
-class CameraSystem
+class ZALCPP_EXPORT CameraSystem
 {
 public:
     /// The cameras found now; takes about as long as the network discovery does.

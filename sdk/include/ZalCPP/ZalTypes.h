@@ -2,6 +2,8 @@
 // width, so that they mean the same on both sides of a library boundary.
 #pragma once
 
+#include <ZalCPP/Export.h>
+
 #include <cstdint>
 
 /// Result of an SDK call: 0 is success, every failure is negative.
@@ -58,6 +60,6 @@ constexpr ZalFeatureVisibilityType ZalFeatureVisibilityInvisible = 4;
 namespace ZalCPP {
 
 /// One English sentence for a status code; never null, static storage. Any thread.
-const char* ErrorText(ZalErrorType status);
+ZALCPP_EXPORT const char* ErrorText(ZalErrorType status);
 
 } // namespace ZalCPP
