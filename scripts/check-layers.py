@@ -15,8 +15,9 @@ ALLOWED = {
     "sdk/include": set(),
     "sdk/bridge": {"sdk/bridge"},
     "sdk/simulator": {"sdk/simulator"},
-    "host": {"host", "sdk/simulator"},
-    "tools/presetcheck": {"tools/presetcheck", "features", "sdk/simulator"},
+    "sdk/cameras": {"sdk/cameras", "sdk/simulator"},
+    "host": {"host", "sdk/cameras", "sdk/simulator"},
+    "tools/presetcheck": {"tools/presetcheck", "features", "sdk/cameras", "sdk/simulator"},
 }
 # Leaves that may be included from anywhere in the plugin, and what the host shares with it.
 LEAVES = {"plugin/TabExtensionException.h", "plugin/TABMessageHandler.h"}

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "features/FeatureManager.h"
-#include "sdk/simulator/SimulatedCamera.h"
 
 #include <ZalCPP/Camera.h>
 
@@ -37,12 +36,9 @@ public:
     bool isLost() const { return camera->IsLost(); }
 
 private:
-    CheckCamera(std::unique_ptr<ZalSim::SimulatedCamera> ownSimulator,
-                std::unique_ptr<ZalCPP::Camera> openCamera);
+    explicit CheckCamera(std::shared_ptr<ZalCPP::Camera> openCamera);
 
-    // In this order: the connection closes before the camera at its other end disappears.
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    std::unique_ptr<ZalCPP::Camera> camera;
+    const std::shared_ptr<ZalCPP::Camera> camera;
     FeatureManager manager;
 };
 
