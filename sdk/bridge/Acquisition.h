@@ -15,13 +15,17 @@ namespace ZalCPP {
 class Acquisition
 {
 public:
+    /// Does nothing yet. Shares ownership of the camera.
     explicit Acquisition(std::shared_ptr<CameraCore> camera);
     ~Acquisition();
     Acquisition(const Acquisition&) = delete;
     Acquisition& operator=(const Acquisition&) = delete;
 
+    /// See Camera::StartAcquisition().
     ZalErrorType start(Camera::FrameHandler handler);
+    /// See Camera::StopAcquisition().
     ZalErrorType stop();
+    /// Between a successful start and the next stop, also when the camera is lost.
     bool isRunning() const { return running; }
 
 private:

@@ -29,8 +29,11 @@ public:
     /// Releases the device, or leaves that to the worker's remains when the camera does not answer.
     void close();
 
+    /// The handle to the feature; the same one as long as somebody holds it. Any thread.
     FeaturePtr feature(std::size_t position);
+    /// Valid as long as the core. Any thread; costs no traffic.
     const FeatureDescription& facts(std::size_t position) const;
+    /// Never null.
     const std::shared_ptr<const CameraDescription>& description() const
     {
         return cameraDescription;
@@ -38,8 +41,11 @@ public:
 
     /// False once the camera is lost or closed.
     bool isOpen() const { return cameraWorker->isOpen(); }
+    /// Where every access to the camera runs.
     CameraWorker& worker() { return *cameraWorker; }
+    /// Who tells observers about changes.
     ChangeNotifier& notifier() { return *changeNotifier; }
+    /// The numbers of register accesses, and who controls the camera.
     const RegisterTap& tap() const { return *registerTap; }
     /// For use on the worker thread.
     ArvDevice* device() const { return rawDevice; }
