@@ -1,7 +1,6 @@
 #include "bench/BenchCamera.h"
 
-#include "sdk/bridge/Camera.h"
-#include "sdk/simulator/SimulatedCamera.h"
+#include "sdk/cameras/Cameras.h"
 #include "tests/support/FakeCamera.h"
 
 #include <cstdio>
@@ -61,9 +60,8 @@ private:
 class SimulatedBenchCamera : public BenchCamera
 {
 public:
-    SimulatedBenchCamera(std::unique_ptr<ZalSim::SimulatedCamera> simulatedCamera,
-                         std::unique_ptr<ZalCPP::Camera> openCamera)
-        : simulator(std::move(simulatedCamera)), camera(std::move(openCamera))
+    explicit SimulatedBenchCamera(std::shared_ptr<ZalCPP::Camera> openCamera)
+        : camera(std::move(openCamera))
     {
         adopt(*camera->Features());
     }
@@ -82,8 +80,7 @@ public:
     }
 
 private:
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    std::unique_ptr<ZalCPP::Camera> camera;
+    const std::shared_ptr<ZalCPP::Camera> camera;
 };
 
 } // namespace
@@ -95,13 +92,8 @@ std::unique_ptr<BenchCamera> BenchCamera::fake(std::size_t featureCount)
 
 std::unique_ptr<BenchCamera> BenchCamera::simulated(std::string& error)
 {
-    auto simulator = ZalSim::SimulatedCamera::Start(ZalSim::Options(), error);
-    if (!simulator)
-        return nullptr;
-    auto camera = ZalCPP::CameraSystem::Open(simulator->CameraId(), error);
-    if (!camera)
-        return nullptr;
-    return std::make_unique<SimulatedBenchCamera>(std::move(simulator), std::move(camera));
+    std::shared_ptr<ZalCPP::Camera> camera = Cameras::open(Cameras::Source(), error);
+    return camera ? std::make_unique<SimulatedBenchCamera>(std::move(camera)) : nullptr;
 }
 
 ZalCPP::FeatureList BenchCamera::features() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/bridge/Camera.h"
+#include <ZalCPP/Frame.h>
 
 #include <QImage>
 #include <QString>

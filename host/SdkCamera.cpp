@@ -1,6 +1,6 @@
 #include "host/SdkCamera.h"
 
-#include "sdk/simulator/SimulatedCamera.h"
+#include "sdk/cameras/Cameras.h"
 
 #include <utility>
 
@@ -9,9 +9,7 @@ namespace {
 class SdkCamera : public CameraDevice
 {
 public:
-    SdkCamera(std::unique_ptr<ZalSim::SimulatedCamera> ownSimulator,
-              std::unique_ptr<ZalCPP::Camera> openCamera)
-        : simulator(std::move(ownSimulator)), camera(std::move(openCamera))
+    explicit SdkCamera(std::shared_ptr<ZalCPP::Camera> openCamera) : camera(std::move(openCamera))
     {
     }
 
@@ -42,30 +40,22 @@ public:
     ZalCPP::CameraLoss loss() const override { return camera->Loss(); }
 
 private:
-    // In this order: the connection closes before the camera at its other end disappears.
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    std::unique_ptr<ZalCPP::Camera> camera;
+    const std::shared_ptr<ZalCPP::Camera> camera;
 };
+
+Cameras::Source sourceOf(const CameraChoice& choice)
+{
+    if (choice.kind == CameraChoice::Kind::Simulated)
+        return {Cameras::Source::Kind::Simulated, choice.model.toStdString()};
+    return {Cameras::Source::Kind::Found, choice.id.toStdString()};
+}
 
 } // namespace
 
 std::unique_ptr<CameraDevice> openCamera(const CameraChoice& choice, QString& error)
 {
     std::string reason;
-    std::string id = choice.id.toStdString();
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    if (choice.kind == CameraChoice::Kind::Simulated) {
-        ZalSim::Options options;
-        options.model = choice.model.toStdString();
-        simulator = ZalSim::SimulatedCamera::Start(options, reason);
-        id = simulator ? simulator->CameraId() : std::string();
-    }
-
-    std::unique_ptr<ZalCPP::Camera> camera;
-    if (simulator || choice.kind != CameraChoice::Kind::Simulated)
-        camera = ZalCPP::CameraSystem::Open(id, reason);
+    std::shared_ptr<ZalCPP::Camera> camera = Cameras::open(sourceOf(choice), reason);
     error = QString::fromStdString(reason);
-    if (!camera)
-        return nullptr;
-    return std::make_unique<SdkCamera>(std::move(simulator), std::move(camera));
+    return camera ? std::make_unique<SdkCamera>(std::move(camera)) : nullptr;
 }

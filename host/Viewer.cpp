@@ -9,6 +9,8 @@
 #include "host/Screenshot.h"
 #include "host/SdkCamera.h"
 
+#include <ZalCPP/CameraSystem.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QScreen>

@@ -15,8 +15,9 @@ ALLOWED = {
     "sdk/include": set(),
     "sdk/bridge": {"sdk/bridge"},
     "sdk/simulator": {"sdk/simulator"},
-    "host": {"host", "sdk/bridge", "sdk/simulator"},
-    "tools/presetcheck": {"tools/presetcheck", "features", "sdk/bridge", "sdk/simulator"},
+    "sdk/cameras": {"sdk/cameras", "sdk/simulator"},
+    "host": {"host", "sdk/cameras", "sdk/simulator"},
+    "tools/presetcheck": {"tools/presetcheck", "features", "sdk/cameras", "sdk/simulator"},
 }
 # Leaves that may be included from anywhere in the plugin, and what the host shares with it.
 LEAVES = {"plugin/TabExtensionException.h", "plugin/TABMessageHandler.h"}
@@ -28,6 +29,8 @@ EXTRA = {
 # The one connection that is no pair of SIGNAL and SLOT: a class without slots hears itself.
 FUNCTOR_CONNECTS = {"widgets/CollapsingButton.cpp": 1}
 PLUGIN_FOLDERS = {"features", "widgets", "trigger", "ui", "plugin"}
+# What the plugin asks of an SDK: features, whoever opened the camera.
+PLUGIN_SDK = {"EnumEntry.h", "Feature.h", "IFeatureObserver.h", "ZalTypes.h"}
 
 FUNCTOR_CONNECT = re.compile(r"\bconnect\([^;]*?&\s*\w+(?:::\w+)+\s*,")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
@@ -47,6 +50,9 @@ def violations(path):
         if style == "<":
             if folder in PLUGIN_FOLDERS and re.match(r"arv|glib|gio", target):
                 yield f"{path}: includes <{target}>; the plugin knows nothing of the transport"
+            if folder in PLUGIN_FOLDERS and target.startswith("ZalCPP/"):
+                if target.removeprefix("ZalCPP/") not in PLUGIN_SDK:
+                    yield f"{path}: includes <{target}>; the plugin knows features, not cameras"
             continue
         if target.startswith("ui_"):
             continue

@@ -17,10 +17,10 @@ void note(std::atomic<int>& failures, bool failed)
 
 } // namespace
 
-AccessGuard::AccessGuard(std::shared_ptr<const CameraDescription> description,
-                         std::shared_ptr<WireAccess> wireAccess)
-    : camera(std::move(description)), wire(std::move(wireAccess)), reading(camera->features.size()),
-      writing(camera->features.size())
+AccessGuard::AccessGuard(std::shared_ptr<const CameraDescription> cameraDescription,
+                         std::shared_ptr<RegisterTap> registerTap)
+    : description(std::move(cameraDescription)), tap(std::move(registerTap)),
+      reading(description->features.size()), writing(description->features.size())
 {
 }
 
@@ -36,9 +36,9 @@ bool AccessGuard::hasGivenUpWriting(std::size_t feature) const
 
 ZalErrorType AccessGuard::read(std::size_t feature, const Access& access, const Demand& demand)
 {
-    const FeatureDescription& facts = camera->features[feature];
+    const FeatureDescription& facts = description->features[feature];
     const auto begun = Clock::now();
-    const ReadCache::Fresh fresh(wire->cache, demand.earliest);
+    const ReadCache::Fresh fresh(tap->cache, demand.earliest);
     if (!demand.isContinuation)
         forgetVolatile(facts);
     const ZalErrorType status = access(facts);
@@ -55,21 +55,21 @@ void AccessGuard::forgetVolatile(const FeatureDescription& feature)
         AravisError error;
         const auto address = arv_gc_register_get_address(volatileRegister, error.out());
         if (error.status() == ZalErrorSuccess)
-            wire->cache.forget(address);
+            tap->cache.forget(address);
     }
 }
 
 ZalErrorType AccessGuard::write(std::size_t feature, const Access& access)
 {
-    const ReadCache::Fresh fresh(wire->cache, Clock::now());
-    const ZalErrorType status = access(camera->features[feature]);
+    const ReadCache::Fresh fresh(tap->cache, Clock::now());
+    const ZalErrorType status = access(description->features[feature]);
     note(writing[feature], status == ZalErrorTimeout);
     return status;
 }
 
 ZalErrorType AccessGuard::anew(const std::function<ZalErrorType()>& access)
 {
-    const ReadCache::Fresh fresh(wire->cache, Clock::now());
+    const ReadCache::Fresh fresh(tap->cache, Clock::now());
     return access();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sdk/bridge/FeatureDescription.h"
-#include "sdk/bridge/WireAccess.h"
+#include "sdk/bridge/RegisterTap.h"
 
 #include <atomic>
 #include <functional>
@@ -25,6 +25,7 @@ class AccessGuard
 {
 public:
     using Clock = ReadCache::Clock;
+    /// One operation on a feature: a read, a write or a question. What it returns is handed on.
     using Access = std::function<ZalErrorType(const FeatureDescription&)>;
 
     /// How good an answer has to be.
@@ -35,14 +36,19 @@ public:
         bool isContinuation = false;
     };
 
-    AccessGuard(std::shared_ptr<const CameraDescription> camera, std::shared_ptr<WireAccess> wire);
+    /// Nothing is given up yet. The tap is that of the camera with this description.
+    AccessGuard(std::shared_ptr<const CameraDescription> description,
+                std::shared_ptr<RegisterTap> tap);
 
-    // By position of the feature. Any thread.
+    /// By position of the feature. Any thread; costs no traffic.
     bool hasGivenUpReading(std::size_t feature) const;
+    /// As hasGivenUpReading(), for writing.
     bool hasGivenUpWriting(std::size_t feature) const;
 
     // On the worker thread.
+    /// Runs an access that only reads, with answers that are as good as demanded.
     ZalErrorType read(std::size_t feature, const Access& access, const Demand& demand);
+    /// Runs an access that writes; what it looks at before is read anew.
     ZalErrorType write(std::size_t feature, const Access& access);
     /// Runs an access that is not to one feature; everything is read anew.
     ZalErrorType anew(const std::function<ZalErrorType()>& access);
@@ -52,8 +58,8 @@ private:
 
     using Failures = std::vector<std::atomic<int>>; ///< In a row, by position of the feature.
 
-    const std::shared_ptr<const CameraDescription> camera;
-    const std::shared_ptr<WireAccess> wire;
+    const std::shared_ptr<const CameraDescription> description;
+    const std::shared_ptr<RegisterTap> tap;
     Failures reading;
     Failures writing;
 };

@@ -17,18 +17,18 @@ namespace {
 // How long the grabbing thread takes to notice that it shall end.
 constexpr guint64 PopTimeoutUs = 20000;
 
-const FeatureDescription* find(const CameraDescription& camera, const char* name,
+const FeatureDescription* find(const CameraDescription& description, const char* name,
                                ZalFeatureDataType type)
 {
-    const auto found = camera.positions.find(name);
-    if (found == camera.positions.end() || camera.features[found->second].type != type)
+    const auto found = description.positions.find(name);
+    if (found == description.positions.end() || description.features[found->second].type != type)
         return nullptr;
-    return &camera.features[found->second];
+    return &description.features[found->second];
 }
 
-ZalErrorType payloadSize(const CameraDescription& camera, std::size_t& size)
+ZalErrorType payloadSize(const CameraDescription& description, std::size_t& size)
 {
-    const auto* feature = find(camera, "PayloadSize", ZalFeatureInteger);
+    const auto* feature = find(description, "PayloadSize", ZalFeatureInteger);
     if (!feature)
         return ZalErrorNotImplemented;
     long long value = 0;
@@ -62,14 +62,14 @@ ZalErrorType pushBuffers(ArvStream* stream, std::size_t size)
     return ZalErrorSuccess;
 }
 
-ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
+ZalErrorType openStream(ArvDevice* device, const CameraDescription& description,
                         std::shared_ptr<ArvStream>& stream)
 {
     std::size_t size = 0;
-    const ZalErrorType status = payloadSize(camera, size);
+    const ZalErrorType status = payloadSize(description, size);
     if (status != ZalErrorSuccess)
         return status;
-    if (!camera.canStream)
+    if (!description.canStream)
         return ZalErrorNotImplemented;
     AravisError error;
     const auto created =
@@ -81,9 +81,9 @@ ZalErrorType openStream(ArvDevice* device, const CameraDescription& camera,
 }
 
 // A camera without TLParamsLocked, or with one that it handles itself, is fine.
-ZalErrorType lockParameters(const CameraDescription& camera, bool locked)
+ZalErrorType lockParameters(const CameraDescription& description, bool locked)
 {
-    const auto* feature = find(camera, "TLParamsLocked", ZalFeatureInteger);
+    const auto* feature = find(description, "TLParamsLocked", ZalFeatureInteger);
     if (!feature)
         return ZalErrorSuccess;
     const ZalErrorType status = NodeAccess::setInteger(*feature, locked);
@@ -91,28 +91,28 @@ ZalErrorType lockParameters(const CameraDescription& camera, bool locked)
     return refused ? ZalErrorSuccess : status;
 }
 
-ZalErrorType run(const CameraDescription& camera, const char* command)
+ZalErrorType run(const CameraDescription& description, const char* command)
 {
-    const auto* feature = find(camera, command, ZalFeatureCommand);
+    const auto* feature = find(description, command, ZalFeatureCommand);
     return feature ? NodeAccess::runCommand(*feature) : ZalErrorNotImplemented;
 }
 
-ZalErrorType startCamera(ArvDevice* device, const CameraDescription& camera,
+ZalErrorType startCamera(ArvDevice* device, const CameraDescription& description,
                          std::shared_ptr<ArvStream>& stream)
 {
-    ZalErrorType status = openStream(device, camera, stream);
+    ZalErrorType status = openStream(device, description, stream);
     if (status == ZalErrorSuccess)
-        status = lockParameters(camera, true);
-    return status == ZalErrorSuccess ? run(camera, "AcquisitionStart") : status;
+        status = lockParameters(description, true);
+    return status == ZalErrorSuccess ? run(description, "AcquisitionStart") : status;
 }
 
 // A camera that refuses to stop must not stay locked as well: nobody could set it right any more.
-ZalErrorType stopCamera(const CameraDescription& camera)
+ZalErrorType stopCamera(const CameraDescription& description)
 {
-    const ZalErrorType stopped = run(camera, "AcquisitionStop");
+    const ZalErrorType stopped = run(description, "AcquisitionStop");
     if (isSilent(stopped))
         return stopped;
-    const ZalErrorType unlocked = lockParameters(camera, false);
+    const ZalErrorType unlocked = lockParameters(description, false);
     return stopped == ZalErrorSuccess ? unlocked : stopped;
 }
 
@@ -191,8 +191,8 @@ ZalErrorType Acquisition::start(Camera::FrameHandler handler)
         return ZalErrorNotAvailable;
     stream = std::make_shared<StreamPtr>();
     const ZalErrorType status = core->changeAll(
-        [device = core->device(), opened = stream](const CameraDescription& camera) {
-            return startCamera(device, camera, *opened);
+        [device = core->device(), opened = stream](const CameraDescription& description) {
+            return startCamera(device, description, *opened);
         });
     const ZalErrorType result =
         status == ZalErrorSuccess ? startGrabbing(std::move(handler)) : status;
@@ -237,9 +237,9 @@ void Acquisition::cleanUp(bool stopCameraFirst)
 {
     const bool stopFirst = stopCameraFirst && core->isOpen();
     core->postChangeAll(
-        [opened = std::exchange(stream, nullptr), stopFirst](const CameraDescription& camera) {
+        [opened = std::exchange(stream, nullptr), stopFirst](const CameraDescription& description) {
             const StreamPtr released = std::exchange(*opened, nullptr);
-            return released && stopFirst ? stopCamera(camera) : ZalErrorSuccess;
+            return released && stopFirst ? stopCamera(description) : ZalErrorSuccess;
         });
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "sdk/bridge/Camera.h"
 #include "sdk/bridge/CameraCore.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <atomic>
 #include <memory>
@@ -14,13 +15,17 @@ namespace ZalCPP {
 class Acquisition
 {
 public:
+    /// Does nothing yet. Shares ownership of the camera.
     explicit Acquisition(std::shared_ptr<CameraCore> camera);
     ~Acquisition();
     Acquisition(const Acquisition&) = delete;
     Acquisition& operator=(const Acquisition&) = delete;
 
+    /// See Camera::StartAcquisition().
     ZalErrorType start(Camera::FrameHandler handler);
+    /// See Camera::StopAcquisition().
     ZalErrorType stop();
+    /// Between a successful start and the next stop, also when the camera is lost.
     bool isRunning() const { return running; }
 
 private:

@@ -13,6 +13,7 @@ namespace ZalCPP {
 class AravisFeature : public Feature
 {
 public:
+    /// Shares ownership of the camera; the position is that in its description.
     AravisFeature(std::shared_ptr<CameraCore> camera, std::size_t featurePosition);
 
     ZalErrorType GetName(char* buffer, std::uint32_t& count) const override;

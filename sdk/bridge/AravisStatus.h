@@ -27,11 +27,15 @@ public:
     AravisError(const AravisError&) = delete;
     AravisError& operator=(const AravisError&) = delete;
 
+    /// For one call only: GLib does not overwrite an error.
     GError** out() { return &error; }
+    /// Null where there was none; this object's.
     const GError* get() const { return error; }
     /// The caller's to free.
     GError* release() { return std::exchange(error, nullptr); }
+    /// Success where there was none.
     ZalErrorType status() const { return statusOf(error); }
+    /// As Aravis puts it; empty where there was none.
     std::string message() const { return error ? error->message : std::string(); }
     /// True when the description does not define what was asked for; Aravis then answers with the
     /// default that GenICam gives.

@@ -22,6 +22,7 @@ ZalErrorType copyOut(Iterator first, std::size_t size, Element* buffer, std::uin
     return ZalErrorSuccess;
 }
 
+/// As above, all elements of a vector.
 template <typename Element>
 ZalErrorType copyOut(const std::vector<Element>& elements, Element* buffer, std::uint32_t& count)
 {

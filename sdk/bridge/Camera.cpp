@@ -1,4 +1,4 @@
-#include "sdk/bridge/Camera.h"
+#include <ZalCPP/Camera.h>
 
 #include "sdk/bridge/CameraPrivate.h"
 
@@ -79,13 +79,13 @@ CameraLoss Camera::Loss() const
 {
     if (!IsLost())
         return CameraLoss::None;
-    return d->core->wire().isTakenOver ? CameraLoss::ControlTaken : CameraLoss::NoAnswer;
+    return d->core->tap().isTakenOver ? CameraLoss::ControlTaken : CameraLoss::NoAnswer;
 }
 
 WireCounts Camera::Counts() const
 {
-    const WireAccess& wire = d->core->wire();
-    return {wire.reads, wire.writes};
+    const RegisterTap& tap = d->core->tap();
+    return {tap.reads, tap.writes};
 }
 
 } // namespace ZalCPP

@@ -77,16 +77,17 @@ std::shared_ptr<CameraCore> CameraCore::open(std::shared_ptr<ArvDevice> device,
     std::shared_ptr<CameraCore> core(new CameraCore);
     core->ownedDevice = std::move(device);
     core->rawDevice = core->ownedDevice.get();
-    core->camera = std::make_shared<const CameraDescription>(std::move(description));
-    core->handles.resize(core->camera->features.size());
-    core->wireAccess = WireAccess::attach(core->rawDevice);
-    core->guard = std::make_shared<AccessGuard>(core->camera, core->wireAccess);
+    core->cameraDescription = std::make_shared<const CameraDescription>(std::move(description));
+    core->handles.resize(core->cameraDescription->features.size());
+    core->registerTap = RegisterTap::attach(core->rawDevice);
+    core->guard = std::make_shared<AccessGuard>(core->cameraDescription, core->registerTap);
     const std::weak_ptr<CameraCore> weak = core;
     const auto provider = [weak](std::size_t position) {
         const auto alive = weak.lock();
         return alive ? alive->feature(position) : nullptr;
     };
-    core->changeNotifier = std::make_shared<ChangeNotifier>(core->camera, core->guard, provider);
+    core->changeNotifier =
+        std::make_shared<ChangeNotifier>(core->cameraDescription, core->guard, provider);
     core->cameraWorker = std::make_shared<CameraWorker>(
         makeHooks(core->rawDevice, core->guard, core->changeNotifier));
     ChangeNotifier::start(core->changeNotifier, core->cameraWorker);
@@ -133,7 +134,7 @@ FeaturePtr CameraCore::feature(std::size_t position)
 
 const FeatureDescription& CameraCore::facts(std::size_t position) const
 {
-    return camera->features[position];
+    return cameraDescription->features[position];
 }
 
 // A refused write did not reach the camera; one that timed out may have.

@@ -4,7 +4,7 @@
 #include "sdk/bridge/CameraWorker.h"
 #include "sdk/bridge/ChangeNotifier.h"
 #include "sdk/bridge/FeatureDescription.h"
-#include "sdk/bridge/WireAccess.h"
+#include "sdk/bridge/RegisterTap.h"
 
 #include <ZalCPP/Feature.h>
 
@@ -29,15 +29,24 @@ public:
     /// Releases the device, or leaves that to the worker's remains when the camera does not answer.
     void close();
 
+    /// The handle to the feature; the same one as long as somebody holds it. Any thread.
     FeaturePtr feature(std::size_t position);
+    /// Valid as long as the core. Any thread; costs no traffic.
     const FeatureDescription& facts(std::size_t position) const;
-    const std::shared_ptr<const CameraDescription>& description() const { return camera; }
+    /// Never null.
+    const std::shared_ptr<const CameraDescription>& description() const
+    {
+        return cameraDescription;
+    }
 
     /// False once the camera is lost or closed.
     bool isOpen() const { return cameraWorker->isOpen(); }
+    /// Where every access to the camera runs.
     CameraWorker& worker() { return *cameraWorker; }
+    /// Who tells observers about changes.
     ChangeNotifier& notifier() { return *changeNotifier; }
-    const WireAccess& wire() const { return *wireAccess; }
+    /// The numbers of register accesses, and who controls the camera.
+    const RegisterTap& tap() const { return *registerTap; }
     /// For use on the worker thread.
     ArvDevice* device() const { return rawDevice; }
 
@@ -92,8 +101,8 @@ private:
 
     template <typename Write> CameraWorker::Work changingAll(Write write)
     {
-        return [camera = camera, guard = guard, notifier = changeNotifier, write] {
-            const ZalErrorType status = guard->anew([&] { return write(*camera); });
+        return [description = cameraDescription, guard = guard, notifier = changeNotifier, write] {
+            const ZalErrorType status = guard->anew([&] { return write(*description); });
             notifier->writtenAll();
             return status;
         };
@@ -103,8 +112,8 @@ private:
     ZalErrorType statusOfGivenUp() const { return isOpen() ? ZalErrorTimeout : ZalErrorNotOpen; }
     void watchForLoss();
 
-    std::shared_ptr<const CameraDescription> camera;
-    std::shared_ptr<WireAccess> wireAccess;
+    std::shared_ptr<const CameraDescription> cameraDescription;
+    std::shared_ptr<RegisterTap> registerTap;
     std::shared_ptr<AccessGuard> guard;
     std::shared_ptr<ChangeNotifier> changeNotifier;
     std::shared_ptr<CameraWorker> cameraWorker;

@@ -1,5 +1,6 @@
+#include <ZalCPP/CameraSystem.h>
+
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/bridge/CameraPrivate.h"
 #include "sdk/bridge/DescriptionReader.h"
 #include "sdk/bridge/DescriptionText.h"

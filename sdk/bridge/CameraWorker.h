@@ -21,6 +21,7 @@ namespace ZalCPP {
 class CameraWorker
 {
 public:
+    /// Its status is what the caller gets.
     using Work = std::function<ZalErrorType()>;
 
     /// How long a caller waits. Aravis repeats a request after 500 ms, so that one lost datagram
@@ -36,6 +37,7 @@ public:
         std::function<void()> lost;      ///< Called once, on the thread that noticed.
     };
 
+    /// Starts the thread.
     explicit CameraWorker(Hooks hooks);
     ~CameraWorker();
     CameraWorker(const CameraWorker&) = delete;
@@ -48,6 +50,7 @@ public:
     /// Runs `work` in its turn, whatever happens, without waiting for it.
     void post(Work work);
 
+    /// For good: further calls are refused. Calls the hook, once at most.
     void declareLost();
 
     /// Refuses further calls, lets the posted work and then `last` run, and waits a moment for
@@ -57,7 +60,7 @@ public:
 
     bool isHealthy() const; ///< Neither waiting for an overdue operation, nor lost, nor closed.
     bool isOpen() const;    ///< Neither lost nor closed.
-    bool isLost() const;
+    bool isLost() const;    ///< For good, and not closed since.
 
 private:
     struct State;

@@ -29,7 +29,7 @@ void setUnanswered(Snapshot& snapshot)
 
 ChangeNotifier::ChangeNotifier(std::shared_ptr<const CameraDescription> cameraDescription,
                                std::shared_ptr<AccessGuard> accessGuard, FeatureProvider provider)
-    : camera(std::move(cameraDescription)), guard(std::move(accessGuard)),
+    : description(std::move(cameraDescription)), guard(std::move(accessGuard)),
       features(std::move(provider))
 {
 }
@@ -276,7 +276,7 @@ void ChangeNotifier::poll(Lock& lock, std::size_t feature)
 
 void ChangeNotifier::schedulePoll(std::size_t feature, Watch& watch)
 {
-    const auto pollingTime = camera->features[feature].pollingTime;
+    const auto pollingTime = description->features[feature].pollingTime;
     if (pollingTime.count() > 0)
         watch.nextPoll = Clock::now() + pollingTime;
 }

@@ -34,20 +34,25 @@ namespace ZalCPP {
 class ChangeNotifier
 {
 public:
+    /// The feature at a position of the description; null once the camera is gone.
     using FeatureProvider = std::function<FeaturePtr(std::size_t)>;
+    /// See Camera::SetLostHandler().
     using LostHandler = std::function<void()>;
 
     /// Starts with start(), because the worker's hooks and the notifier need each other.
-    ChangeNotifier(std::shared_ptr<const CameraDescription> camera,
+    ChangeNotifier(std::shared_ptr<const CameraDescription> description,
                    std::shared_ptr<AccessGuard> guard, FeatureProvider features);
 
+    /// Starts the thread, which shares ownership of the notifier and the worker.
     static void start(const std::shared_ptr<ChangeNotifier>& notifier,
                       std::shared_ptr<CameraWorker> worker);
     /// Ends the calls and lets go of the observers. Waits for a call that is running, unless it is
     /// made from within that call.
     void stop();
 
+    /// Shares ownership until removeObserver() or stop(). A second time changes nothing.
     void addObserver(std::size_t feature, const std::shared_ptr<IFeatureObserver>& observer);
+    /// One that is not registered is no mistake.
     void removeObserver(std::size_t feature, const std::shared_ptr<IFeatureObserver>& observer);
 
     /// On the worker thread, after the camera was written.
@@ -57,7 +62,9 @@ public:
 
     /// The camera answers again: every observed feature is reported.
     void recovered();
+    /// The camera is lost for good: the handler is called, on the notifier's thread.
     void lost();
+    /// Called on the notifier's thread; at once where the camera is lost already.
     void setLostHandler(LostHandler handler);
 
 private:
@@ -91,7 +98,7 @@ private:
     bool isObserving(std::size_t feature, const std::shared_ptr<IFeatureObserver>& observer) const;
     void noteWrite();
 
-    const std::shared_ptr<const CameraDescription> camera;
+    const std::shared_ptr<const CameraDescription> description;
     const std::shared_ptr<AccessGuard> guard;
     const FeatureProvider features;
     std::shared_ptr<CameraWorker> worker;

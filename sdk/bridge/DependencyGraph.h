@@ -17,6 +17,7 @@ namespace ZalCPP {
 class DependencyGraph
 {
 public:
+    /// Reads the description and asks the camera nothing. The nodes remain the description's.
     explicit DependencyGraph(ArvGc* genicam);
 
     /// All nodes that may change when `node` is written, `node` and the registers that it writes

@@ -1,5 +1,4 @@
-#include "sdk/bridge/Camera.h"
-
+#include <ZalCPP/Camera.h>
 #include <ZalCPP/ZalTypes.h>
 
 // Marks a text for the translation tools. Whoever shows it to a person looks the translation up.

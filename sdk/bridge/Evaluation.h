@@ -18,6 +18,7 @@ namespace ZalCPP {
 class Evaluation
 {
 public:
+    /// Reads the description and asks the camera nothing. The nodes remain the description's.
     explicit Evaluation(ArvGc* genicam);
 
     /// Whether value, limits, lock, availability and implementation of `node` can be asked.

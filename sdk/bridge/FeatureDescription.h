@@ -17,17 +17,17 @@ namespace ZalCPP {
 /// device: use them on the camera's worker thread only.
 struct FeatureDescription
 {
-    std::string name;
-    std::string displayName;
-    std::string category; ///< Path of categories below Root, separated by '/'.
-    std::string unit;
+    std::string name;        ///< As in the description; unique there.
+    std::string displayName; ///< For people; the name where the camera gives none.
+    std::string category;    ///< Path of categories below Root, separated by '/'.
+    std::string unit;        ///< Empty where the camera gives none, as the texts below.
     std::string representation;
     std::string toolTip;
     std::string description;
     ZalFeatureDataType type = ZalFeatureUnknown;
     ZalFeatureFlagsType flags = ZalFeatureFlagsNone;
     ZalFeatureVisibilityType visibility = ZalFeatureVisibilityUnknown;
-    std::vector<EnumEntry> entries;
+    std::vector<EnumEntry> entries; ///< Of an enumeration, in the description's order.
 
     /// How often a feature that changes by itself wants to be read; zero for all others.
     std::chrono::milliseconds pollingTime{0};
@@ -41,6 +41,7 @@ struct FeatureDescription
     /// feature is listed, but nothing of it may be asked.
     bool isAnswerable = true;
 
+    /// What the description calls by this name.
     ArvGcFeatureNode* node = nullptr;
     /// `node` and the nodes behind it that hold its value. A feature is only available, and only
     /// unlocked, when all of them are.

@@ -11,10 +11,10 @@ struct ImagePlace
 {
     const unsigned char* data = nullptr; ///< `size` bytes.
     std::size_t size = 0;
-    int width = 0;
-    int height = 0;
-    int paddingX = 0; ///< Bytes behind each row.
-    std::uint32_t pixelFormat = 0;
+    int width = 0;                 ///< In pixels.
+    int height = 0;                ///< In rows.
+    int paddingX = 0;              ///< Bytes behind each row.
+    std::uint32_t pixelFormat = 0; ///< PFNC code.
 };
 
 /// Copies the rows without their padding. False, with `pixels` untouched, when there are fewer

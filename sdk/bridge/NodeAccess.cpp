@@ -252,14 +252,14 @@ ZalErrorType isWritable(const FeatureDescription& feature, bool& writable)
     return answer(checkWritable(feature), writable);
 }
 
-ZalErrorType access(const FeatureDescription& feature, Access& access)
+ZalErrorType accessMode(const FeatureDescription& feature, AccessMode& mode)
 {
-    Access found;
+    AccessMode found;
     ZalErrorType status = isReadable(feature, found.readable);
     if (status == ZalErrorSuccess)
         status = isWritable(feature, found.writable);
     if (status == ZalErrorSuccess)
-        access = found;
+        mode = found;
     return status;
 }
 

@@ -9,6 +9,7 @@
 
 namespace ZalCPP {
 
+/// Smallest and largest value, both included.
 template <typename Number> struct Range
 {
     Number min = 0;
@@ -16,47 +17,65 @@ template <typename Number> struct Range
 };
 
 /// What can be done with a feature at this moment.
-struct Access
+struct AccessMode
 {
-    bool readable = false;
-    bool writable = false;
+    bool readable = false; ///< Implemented, available and not write-only.
+    bool writable = false; ///< Implemented, available, unlocked and not read-only.
 };
 
-inline bool operator==(const Access& a, const Access& b)
+inline bool operator==(const AccessMode& a, const AccessMode& b)
 {
     return a.readable == b.readable && a.writable == b.writable;
 }
 
+/// What a register holds, in the camera's order of bytes.
 using RawData = std::vector<unsigned char>;
 
 namespace NodeAccess {
 
-ZalErrorType access(const FeatureDescription& feature, Access& access);
+/// Both questions at once.
+ZalErrorType accessMode(const FeatureDescription& feature, AccessMode& mode);
+/// See Feature::IsReadable().
 ZalErrorType isReadable(const FeatureDescription& feature, bool& readable);
+/// See Feature::IsWritable().
 ZalErrorType isWritable(const FeatureDescription& feature, bool& writable);
 
-// These fail for a feature that is not readable, or not writable, at the moment.
+// These fail for a feature that is not readable, or not writable, at the moment. The feature has to
+// be of the data type that they name.
+
+/// In the feature's unit.
 ZalErrorType integerValue(const FeatureDescription& feature, long long& value);
+/// In the feature's unit.
 ZalErrorType floatValue(const FeatureDescription& feature, double& value);
 ZalErrorType boolValue(const FeatureDescription& feature, bool& value);
+/// Of a string, or the name of an enumeration's current entry.
 ZalErrorType textValue(const FeatureDescription& feature, std::string& value);
+/// As long as the camera says that the register is.
 ZalErrorType rawValue(const FeatureDescription& feature, RawData& value);
 
+/// Fails with ZalErrorOutOfRange outside the range or between two steps.
 ZalErrorType setInteger(const FeatureDescription& feature, long long value);
+/// Fails with ZalErrorOutOfRange outside the range.
 ZalErrorType setFloat(const FeatureDescription& feature, double value);
 ZalErrorType setBool(const FeatureDescription& feature, bool value);
+/// Of a string, or an enumeration by the name of an entry.
 ZalErrorType setText(const FeatureDescription& feature, const std::string& value);
+/// Fails with ZalErrorBadParameter for any other length than the register has.
 ZalErrorType setRaw(const FeatureDescription& feature, const RawData& value);
+/// Does not wait for the command to complete.
 ZalErrorType runCommand(const FeatureDescription& feature);
 /// A command is done when its register no longer holds the command's value.
 ZalErrorType isCommandDone(const FeatureDescription& feature, bool& done);
 
+/// What the description leaves out has the default that GenICam gives.
 ZalErrorType integerRange(const FeatureDescription& feature, Range<long long>& range);
+/// As integerRange().
 ZalErrorType floatRange(const FeatureDescription& feature, Range<double>& range);
 /// 1 where the description gives none.
 ZalErrorType integerIncrement(const FeatureDescription& feature, long long& increment);
 /// Fails with ZalErrorNotImplemented where the description gives none.
 ZalErrorType floatIncrement(const FeatureDescription& feature, double& increment);
+/// By position of the entry: whether it is implemented and can be chosen now.
 ZalErrorType entryAvailable(const FeatureDescription& feature, std::size_t entry, bool& available);
 
 } // namespace NodeAccess

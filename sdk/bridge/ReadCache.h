@@ -22,17 +22,19 @@ public:
     /// How long an answer is good.
     static constexpr std::chrono::milliseconds Window{50};
 
+    /// One question to the camera.
     struct Key
     {
         std::uint64_t address = 0;
-        std::uint32_t size = 0;
-        bool asNumber = false; ///< Read as one number in the host's byte order.
+        std::uint32_t size = 0; ///< In bytes.
+        bool asNumber = false;  ///< Read as one number in the host's byte order.
     };
 
     /// While alive, no answer to a question from before `earliest` is good.
     class Fresh
     {
     public:
+        /// Takes the place of one around it as long as it lives.
         Fresh(ReadCache& readCache, Clock::time_point earliest);
         ~Fresh() { cache.earliest = before; }
         Fresh(const Fresh&) = delete;
@@ -47,8 +49,11 @@ public:
     bool find(const Key& key, Clock::time_point now, void* buffer) const;
     /// `asked` is when the question was put: the camera may have answered it right then.
     void keep(const Key& key, Clock::time_point asked, const void* buffer);
+    /// After a write, which may change anything.
     void clear() { answers.clear(); }
+    /// All answers from that address, whatever their size.
     void forget(std::uint64_t address);
+    /// How many answers there are, good or not.
     std::size_t size() const { return answers.size(); }
 
 private:

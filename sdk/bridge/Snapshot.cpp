@@ -81,8 +81,8 @@ bool operator==(const Real& a, const Real& b)
 
 bool operator==(const Snapshot& a, const Snapshot& b)
 {
-    return std::tie(a.access, a.value, a.min, a.max, a.increment, a.entriesAvailable) ==
-           std::tie(b.access, b.value, b.min, b.max, b.increment, b.entriesAvailable);
+    return std::tie(a.accessMode, a.value, a.min, a.max, a.increment, a.entriesAvailable) ==
+           std::tie(b.accessMode, b.value, b.min, b.max, b.increment, b.entriesAvailable);
 }
 
 ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue& value)
@@ -107,7 +107,7 @@ ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue&
 ZalErrorType readSnapshot(const FeatureDescription& feature, Snapshot& snapshot)
 {
     Snapshot found;
-    ZalErrorType status = NodeAccess::access(feature, found.access);
+    ZalErrorType status = NodeAccess::accessMode(feature, found.accessMode);
     if (isSilent(status))
         return status;
     status = readSnapshotValue(feature, found.value);

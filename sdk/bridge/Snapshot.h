@@ -22,19 +22,21 @@ using SnapshotValue = std::variant<ZalErrorType, long long, Real, bool, std::str
 /// Everything about a feature whose change its observers are told.
 struct Snapshot
 {
-    Access access;
+    AccessMode accessMode;
     SnapshotValue value;
     SnapshotValue min;
     SnapshotValue max;
     SnapshotValue increment;
-    std::vector<bool> entriesAvailable;
+    std::vector<bool> entriesAvailable; ///< In step with the description's entries.
 };
 
 bool operator==(const Snapshot& a, const Snapshot& b);
 
 // On the worker thread. They fail only when the camera does not answer: a value that cannot be read
 // for another reason is part of what a snapshot says.
+/// Everything that a snapshot holds.
 ZalErrorType readSnapshot(const FeatureDescription& feature, Snapshot& snapshot);
+/// The value alone.
 ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue& value);
 
 } // namespace ZalCPP

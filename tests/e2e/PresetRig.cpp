@@ -4,6 +4,8 @@
 #include "plugin/TabExtensionException.h"
 #include "tests/trigger/MessageBoxes.h"
 
+#include <ZalCPP/CameraSystem.h>
+
 PresetEngine::PresetEngine(const ZalCPP::FeatureList& features, const QString& applicationDir)
     : AdvTriggerBase(features, nullptr), box(*new QComboBox(this))
 {

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "trigger/AdvTriggerBase.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <QComboBox>
 

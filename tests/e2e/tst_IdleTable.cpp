@@ -1,10 +1,11 @@
 // Refreshing the line table steps the line selector of the camera. That must not come back as
 // changes: a tab would refresh for ever.
 #include "features/PluginFeatureObserver.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/sdk/bridge/WireTap.h"
 #include "ui/AdvTriggerWidget.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -2,10 +2,11 @@
 #include "bench/CallLog.h"
 #include "bench/CountedFeature.h"
 #include "plugin/TabExtensionInterface.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/e2e/WireLedger.h"
 #include "tests/sdk/bridge/WireTap.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <QAbstractButton>
 #include <QDialog>

@@ -1,10 +1,11 @@
 // The built plugin, loaded like a host loads it, in a host of a few lines.
 #include "plugin/TabExtensionInterface.h"
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/e2e/WireLedger.h"
 #include "tests/sdk/bridge/WireTap.h"
 #include "tests/support/FakeCamera.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <QComboBox>
 #include <QDoubleSpinBox>

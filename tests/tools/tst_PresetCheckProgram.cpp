@@ -1,6 +1,7 @@
-#include "sdk/bridge/Camera.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tests/tools/Checked.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>

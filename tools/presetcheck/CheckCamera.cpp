@@ -1,5 +1,7 @@
 #include "tools/presetcheck/CheckCamera.h"
 
+#include "sdk/cameras/Cameras.h"
+
 #include <utility>
 
 namespace PresetCheck {
@@ -15,33 +17,26 @@ QSharedPointer<QVector<ZalFeatureWrapperPtr>> wrappersOf(const ZalCPP::Camera& c
     return wrappers;
 }
 
+Cameras::Source sourceOf(const CameraChoice& choice)
+{
+    if (choice.kind == CameraChoice::Kind::Simulated)
+        return {Cameras::Source::Kind::Simulated, choice.name.toStdString()};
+    const bool isFirst = choice.name == QLatin1String("first");
+    return {Cameras::Source::Kind::Found, isFirst ? std::string() : choice.name.toStdString()};
+}
+
 } // namespace
 
 std::unique_ptr<CheckCamera> CheckCamera::open(const CameraChoice& choice, QString& error)
 {
     std::string reason;
-    std::string id =
-        choice.name == QLatin1String("first") ? std::string() : choice.name.toStdString();
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    if (choice.kind == CameraChoice::Kind::Simulated) {
-        ZalSim::Options options;
-        options.model = choice.name.toStdString();
-        simulator = ZalSim::SimulatedCamera::Start(options, reason);
-        id = simulator ? simulator->CameraId() : std::string();
-    }
-    std::unique_ptr<ZalCPP::Camera> camera;
-    if (simulator || choice.kind == CameraChoice::Kind::ById)
-        camera = ZalCPP::CameraSystem::Open(id, reason);
+    std::shared_ptr<ZalCPP::Camera> camera = Cameras::open(sourceOf(choice), reason);
     error = QString::fromStdString(reason);
-    if (!camera)
-        return nullptr;
-    return std::unique_ptr<CheckCamera>(new CheckCamera(std::move(simulator), std::move(camera)));
+    return camera ? std::unique_ptr<CheckCamera>(new CheckCamera(std::move(camera))) : nullptr;
 }
 
-CheckCamera::CheckCamera(std::unique_ptr<ZalSim::SimulatedCamera> ownSimulator,
-                         std::unique_ptr<ZalCPP::Camera> openCamera)
-    : simulator(std::move(ownSimulator)), camera(std::move(openCamera)),
-      manager(wrappersOf(*camera))
+CheckCamera::CheckCamera(std::shared_ptr<ZalCPP::Camera> openCamera)
+    : camera(std::move(openCamera)), manager(wrappersOf(*camera))
 {
 }
 

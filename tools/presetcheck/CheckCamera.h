@@ -1,8 +1,8 @@
 #pragma once
 
 #include "features/FeatureManager.h"
-#include "sdk/bridge/Camera.h"
-#include "sdk/simulator/SimulatedCamera.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <QString>
 
@@ -36,12 +36,9 @@ public:
     bool isLost() const { return camera->IsLost(); }
 
 private:
-    CheckCamera(std::unique_ptr<ZalSim::SimulatedCamera> ownSimulator,
-                std::unique_ptr<ZalCPP::Camera> openCamera);
+    explicit CheckCamera(std::shared_ptr<ZalCPP::Camera> openCamera);
 
-    // In this order: the connection closes before the camera at its other end disappears.
-    std::unique_ptr<ZalSim::SimulatedCamera> simulator;
-    std::unique_ptr<ZalCPP::Camera> camera;
+    const std::shared_ptr<ZalCPP::Camera> camera;
     FeatureManager manager;
 };
 

@@ -1,3 +1,4 @@
+#include "sdk/simulator/SimulatedCamera.h"
 #include "tools/presetcheck/CommandLine.h"
 #include "tools/presetcheck/Output.h"
 #include "trigger/PresetFile.h"

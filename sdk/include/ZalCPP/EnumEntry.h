@@ -13,7 +13,7 @@ struct EnumEntry
     std::string displayName; ///< The name meant for people.
     std::string description; ///< What choosing the entry does.
     long long value = 0;     ///< The entry's integer value.
-    ZalFeatureVisibilityType visibility = ZalFeatureVisibilityUnknown;
+    ZalFeatureVisibilityType visibility = ZalFeatureVisibilityUnknown; ///< For whom it is meant.
 };
 
 } // namespace ZalCPP

@@ -2,6 +2,8 @@
 // width, so that they mean the same on both sides of a library boundary.
 #pragma once
 
+#include <ZalCPP/Export.h>
+
 #include <cstdint>
 
 /// Result of an SDK call: 0 is success, every failure is negative.
@@ -26,20 +28,20 @@ constexpr ZalErrorType ZalErrorOutOfResources = -14; ///< Memory or another reso
 /// Data type of a feature.
 using ZalFeatureDataType = std::uint32_t;
 
-constexpr ZalFeatureDataType ZalFeatureUnknown = 0;
-constexpr ZalFeatureDataType ZalFeatureInteger = 1;
-constexpr ZalFeatureDataType ZalFeatureFloat = 2;
-constexpr ZalFeatureDataType ZalFeatureEnum = 3;
-constexpr ZalFeatureDataType ZalFeatureString = 4;
-constexpr ZalFeatureDataType ZalFeatureBool = 5;
-constexpr ZalFeatureDataType ZalFeatureCommand = 6;
-constexpr ZalFeatureDataType ZalFeatureRaw = 7;
-constexpr ZalFeatureDataType ZalFeatureNone = 8;
+constexpr ZalFeatureDataType ZalFeatureUnknown = 0; ///< None of those below.
+constexpr ZalFeatureDataType ZalFeatureInteger = 1; ///< A signed 64-bit integer.
+constexpr ZalFeatureDataType ZalFeatureFloat = 2;   ///< A floating-point number.
+constexpr ZalFeatureDataType ZalFeatureEnum = 3;    ///< One of a list of named entries.
+constexpr ZalFeatureDataType ZalFeatureString = 4;  ///< A text.
+constexpr ZalFeatureDataType ZalFeatureBool = 5;    ///< On or off.
+constexpr ZalFeatureDataType ZalFeatureCommand = 6; ///< An action without a value.
+constexpr ZalFeatureDataType ZalFeatureRaw = 7;     ///< A register of bytes.
+constexpr ZalFeatureDataType ZalFeatureNone = 8;    ///< Has no value at all.
 
 /// Access flags of a feature: any combination of the bits below.
 using ZalFeatureFlagsType = std::uint32_t;
 
-constexpr ZalFeatureFlagsType ZalFeatureFlagsNone = 0x00;
+constexpr ZalFeatureFlagsType ZalFeatureFlagsNone = 0x00;     ///< Neither readable nor writable.
 constexpr ZalFeatureFlagsType ZalFeatureFlagsRead = 0x01;     ///< Can be read in principle.
 constexpr ZalFeatureFlagsType ZalFeatureFlagsWrite = 0x02;    ///< Can be written in principle.
 constexpr ZalFeatureFlagsType ZalFeatureFlagsVolatile = 0x08; ///< Changes without being written.
@@ -49,15 +51,15 @@ constexpr ZalFeatureFlagsType ZalFeatureFlagsModifyWrite =
 /// For whom a feature is meant (GenICam visibility).
 using ZalFeatureVisibilityType = std::uint32_t;
 
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityUnknown = 0;
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityBeginner = 1;
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityExpert = 2;
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityGuru = 3;
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityInvisible = 4;
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityUnknown = 0;   ///< The camera does not say.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityBeginner = 1;  ///< For everybody.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityExpert = 2;    ///< For experienced users.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityGuru = 3;      ///< For specialists.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityInvisible = 4; ///< For programs only.
 
 namespace ZalCPP {
 
 /// One English sentence for a status code; never null, static storage. Any thread.
-const char* ErrorText(ZalErrorType status);
+ZALCPP_EXPORT const char* ErrorText(ZalErrorType status);
 
 } // namespace ZalCPP

@@ -2,7 +2,7 @@
 // observer that remembers its calls.
 #pragma once
 
-#include "sdk/bridge/Camera.h"
+#include <ZalCPP/CameraSystem.h>
 
 #include <QtTest>
 

@@ -1,5 +1,7 @@
 #include "tests/sdk/simulator/SdkClient.h"
 
+#include <ZalCPP/CameraSystem.h>
+
 #include <array>
 #include <chrono>
 #include <stdexcept>

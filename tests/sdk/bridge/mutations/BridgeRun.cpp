@@ -1,5 +1,6 @@
-#include "sdk/bridge/Camera.h"
 #include "tests/sdk/bridge/mutations/Runs.h"
+
+#include <ZalCPP/CameraSystem.h>
 
 #include <arv.h>
 

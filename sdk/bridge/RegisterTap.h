@@ -19,17 +19,17 @@ namespace ZalCPP {
 /// to the original function. Devices with nothing attached are not affected. The heartbeat of a
 /// GigE Vision connection does not pass through these functions. It notices a camera that nobody
 /// controls any more, but takes another program's control for its own.
-struct WireAccess
+struct RegisterTap
 {
-    std::atomic<std::uint64_t> reads{0}; ///< Those that reached the device.
-    std::atomic<std::uint64_t> writes{0};
+    std::atomic<std::uint64_t> reads{0};  ///< Those that reached the device.
+    std::atomic<std::uint64_t> writes{0}; ///< Those that were sent, whether answered or not.
     /// Another program controls the camera: what is written is refused, or left unanswered. From
     /// then on every write fails as on a connection that is closed.
     std::atomic<bool> isTakenOver{false};
-    ReadCache cache;
+    ReadCache cache; ///< Of this device.
 
     /// Works from now on and may outlive the device.
-    static std::shared_ptr<WireAccess> attach(ArvDevice* device);
+    static std::shared_ptr<RegisterTap> attach(ArvDevice* device);
 };
 
 } // namespace ZalCPP

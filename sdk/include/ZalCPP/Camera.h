@@ -1,42 +1,24 @@
 #pragma once
 
+#include <ZalCPP/CameraInfo.h>
+#include <ZalCPP/Export.h>
 #include <ZalCPP/Feature.h>
+#include <ZalCPP/Frame.h>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace ZalCPP {
-
-/// What is known of a camera before it is opened.
-struct CameraInfo
-{
-    std::string id; ///< Opens the camera; unique among the cameras found.
-    std::string vendor;
-    std::string model;
-    std::string serial;
-    std::string address;
-};
-
-/// One image. The pixels are the camera's own, in PFNC `pixelFormat`, rows without padding.
-struct Frame
-{
-    std::uint64_t id = 0;
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-    std::uint32_t pixelFormat = 0;
-    std::vector<unsigned char> pixels;
-};
 
 /// Accesses to the camera's registers since it was opened. Each is one request and one answer on
 /// the wire, unless it is longer than a packet or has to be repeated. Not counted are the
 /// connection's own heartbeat and reads whose answer was known from a moment before.
 struct WireCounts
 {
-    std::uint64_t reads = 0;
-    std::uint64_t writes = 0;
+    std::uint64_t reads = 0;  ///< Requests for what registers hold.
+    std::uint64_t writes = 0; ///< Requests to change registers.
 };
 
 /// Why a camera is lost.
@@ -49,7 +31,7 @@ enum class CameraLoss
 
 /// A reason for the user, one sentence in English; marked for translation in the context "ZalCPP".
 /// Empty where there is none beyond the loss itself. Any thread.
-const char* LossText(CameraLoss loss);
+ZALCPP_EXPORT const char* LossText(CameraLoss loss);
 
 /// An open camera. All methods may be called from any thread and are bounded in time like those of
 /// Feature. Destroying the camera closes it, and does not wait for one that no longer answers.
@@ -58,16 +40,19 @@ const char* LossText(CameraLoss loss);
 /// since or its description says that the value changes by itself. A feature that does not answer
 /// three times in a row, while the camera does, is given up: reading it, or writing it, fails with
 /// ZalErrorTimeout at once until the camera is opened again.
-class Camera
+class ZALCPP_EXPORT Camera
 {
 public:
+    /// The frame is the handler's for the time of the call only. An exception loses one frame.
     using FrameHandler = std::function<void(const Frame&)>;
+    /// What it throws is dropped.
     using LostHandler = std::function<void()>;
 
     ~Camera();
     Camera(const Camera&) = delete;
     Camera& operator=(const Camera&) = delete;
 
+    /// As when the camera was opened; valid as long as the camera object.
     const CameraInfo& Info() const;
 
     /// The complete feature list, in the description's order. The features may outlive the camera;
@@ -84,36 +69,25 @@ public:
     ZalErrorType StartAcquisition(FrameHandler handler);
     /// After this no frame arrives, whatever the status. Stopping twice succeeds.
     ZalErrorType StopAcquisition();
+    /// Between a successful start and the next stop, as long as the camera is not lost.
     bool IsAcquiring() const;
 
     /// Called once, on a thread of the camera's own, when the camera is lost for good. Set it right
     /// after opening.
     void SetLostHandler(LostHandler handler);
+    /// Whether the camera is lost for good, and has to be opened again.
     bool IsLost() const;
     /// Known when the handler is called.
     CameraLoss Loss() const;
 
+    /// Costs no traffic.
     WireCounts Counts() const;
 
 private:
     friend class CameraSystem;
-    class Private;
-    explicit Camera(std::unique_ptr<Private> d);
+    class ZALCPP_HIDDEN Private;
+    ZALCPP_HIDDEN explicit Camera(std::unique_ptr<Private> d);
     std::unique_ptr<Private> d;
-};
-
-/// Finds and opens cameras (GigE Vision and USB3 Vision). Any thread.
-class CameraSystem
-{
-public:
-    /// The cameras found now; takes about as long as the network discovery does.
-    static std::vector<CameraInfo> List();
-
-    /// Opens the camera whose id, serial number or network address is `id`, or the first one found
-    /// when `id` is empty. On failure returns null and sets `error` to a sentence for the user. A
-    /// camera that does not tell which of its features are implemented cannot be opened, nor one
-    /// whose description cannot be read to its end.
-    static std::unique_ptr<Camera> Open(const std::string& id, std::string& error);
 };
 
 } // namespace ZalCPP

@@ -1,14 +1,15 @@
-#include "sdk/bridge/WireAccess.h"
+#include "sdk/bridge/RegisterTap.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/Camera.h"
+
+#include <ZalCPP/Camera.h>
 
 #include <mutex>
 
 namespace ZalCPP {
 namespace {
 
-using WirePtr = std::shared_ptr<WireAccess>;
+using TapPtr = std::shared_ptr<RegisterTap>;
 
 // GigE Vision's register of who controls the camera.
 constexpr guint64 ControlPrivilege = 0x0a00;
@@ -24,7 +25,7 @@ struct Originals
 
 GQuark key()
 {
-    static const GQuark quark = g_quark_from_static_string("zalcpp-wire-access");
+    static const GQuark quark = g_quark_from_static_string("zalcpp-register-tap");
     return quark;
 }
 
@@ -33,9 +34,9 @@ const Originals& originals(ArvDevice* device)
     return *static_cast<const Originals*>(g_type_get_qdata(G_OBJECT_TYPE(device), key()));
 }
 
-WireAccess* wireOf(ArvDevice* device)
+RegisterTap* tapOf(ArvDevice* device)
 {
-    const auto* held = static_cast<WirePtr*>(g_object_get_qdata(G_OBJECT(device), key()));
+    const auto* held = static_cast<TapPtr*>(g_object_get_qdata(G_OBJECT(device), key()));
     return held ? held->get() : nullptr;
 }
 
@@ -43,16 +44,16 @@ WireAccess* wireOf(ArvDevice* device)
 template <typename Read>
 gboolean readThrough(ArvDevice* device, const ReadCache::Key& question, void* buffer, Read read)
 {
-    WireAccess* wire = wireOf(device);
-    if (!wire)
+    RegisterTap* tap = tapOf(device);
+    if (!tap)
         return read();
     const auto asked = ReadCache::Clock::now();
-    if (wire->cache.find(question, asked, buffer))
+    if (tap->cache.find(question, asked, buffer))
         return TRUE;
-    ++wire->reads;
+    ++tap->reads;
     const gboolean answered = read();
     if (answered)
-        wire->cache.keep(question, asked, buffer);
+        tap->cache.keep(question, asked, buffer);
     return answered;
 }
 
@@ -93,18 +94,18 @@ gboolean failForTakenOver(GError** error)
 // Runs `write`. Nothing that was read before is known any more, whether it succeeds or not.
 template <typename Write> gboolean writeThrough(ArvDevice* device, GError** error, Write write)
 {
-    WireAccess* wire = wireOf(device);
-    if (!wire)
+    RegisterTap* tap = tapOf(device);
+    if (!tap)
         return write(error);
-    if (wire->isTakenOver)
+    if (tap->isTakenOver)
         return failForTakenOver(error);
-    ++wire->writes;
-    wire->cache.clear();
+    ++tap->writes;
+    tap->cache.clear();
     AravisError failure;
     if (write(failure.out()))
         return TRUE;
-    wire->isTakenOver = isRefused(failure.get()) && isControlledBySomebodyElse(device);
-    if (wire->isTakenOver)
+    tap->isTakenOver = isRefused(failure.get()) && isControlledBySomebodyElse(device);
+    if (tap->isTakenOver)
         return failForTakenOver(error);
     if (failure.get())
         g_propagate_error(error, failure.release());
@@ -157,13 +158,13 @@ void wrapClass(ArvDeviceClass* klass)
 
 } // namespace
 
-WirePtr WireAccess::attach(ArvDevice* device)
+TapPtr RegisterTap::attach(ArvDevice* device)
 {
     wrapClass(ARV_DEVICE_GET_CLASS(device));
-    auto wire = std::make_shared<WireAccess>();
-    g_object_set_qdata_full(G_OBJECT(device), key(), new WirePtr(wire),
-                            [](gpointer held) { delete static_cast<WirePtr*>(held); });
-    return wire;
+    auto tap = std::make_shared<RegisterTap>();
+    g_object_set_qdata_full(G_OBJECT(device), key(), new TapPtr(tap),
+                            [](gpointer held) { delete static_cast<TapPtr*>(held); });
+    return tap;
 }
 
 } // namespace ZalCPP

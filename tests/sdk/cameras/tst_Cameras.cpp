@@ -1,0 +1,85 @@
+// One way to a camera, whether it is found or simulated.
+#include "sdk/cameras/Cameras.h"
+#include "sdk/simulator/SimulatedCamera.h"
+
+#include <QtTest>
+
+using Cameras::Source;
+
+Q_DECLARE_METATYPE(Source::Kind)
+
+class tst_Cameras : public QObject
+{
+    Q_OBJECT
+
+    std::string error;
+
+private slots:
+    void init() { error.clear(); }
+
+    void simulatedModelIsStartedAndOpened_data()
+    {
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<bool>("hasCounters");
+        QTest::newRow("full") << "full" << true;
+        QTest::newRow("basic") << "basic" << false;
+    }
+    void simulatedModelIsStartedAndOpened()
+    {
+        QFETCH(QString, model);
+        QFETCH(bool, hasCounters);
+        const auto camera = Cameras::open({Source::Kind::Simulated, model.toStdString()}, error);
+        QVERIFY2(camera, error.c_str());
+        QCOMPARE(camera->Info().serial, std::string("SIM0001"));
+        QCOMPARE(camera->FindFeature("CounterSelector") != nullptr, hasCounters);
+    }
+
+    // There is one port for simulated cameras, which the one before has to leave.
+    void simulatedCameraEndsWithTheLastCopyOfThePointer()
+    {
+        auto camera = Cameras::open({}, error);
+        QVERIFY2(camera, error.c_str());
+        const auto copy = std::exchange(camera, nullptr);
+        QVERIFY(!Cameras::open({}, error));
+        QVERIFY(!copy->IsLost());
+    }
+
+    void cameraThatCannotBeHadGivesASentence_data()
+    {
+        QTest::addColumn<Source::Kind>("kind");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("no such model") << Source::Kind::Simulated << "nonexistent";
+        QTest::newRow("no such camera") << Source::Kind::Found << "no-such-camera";
+    }
+    void cameraThatCannotBeHadGivesASentence()
+    {
+        QFETCH(Source::Kind, kind);
+        QFETCH(QString, name);
+        QVERIFY(!Cameras::open({kind, name.toStdString()}, error));
+        const QString sentence = QString::fromStdString(error);
+        QVERIFY2(sentence.contains(name), error.c_str());
+        QVERIFY2(sentence.endsWith('.'), error.c_str());
+    }
+
+    void foundCameraIsOpened_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("by serial number") << "SIM0077";
+        QTest::newRow("by address") << "127.0.0.1";
+        QTest::newRow("the first one") << "";
+    }
+    void foundCameraIsOpened()
+    {
+        QFETCH(QString, name);
+        ZalSim::Options options;
+        options.serial = "SIM0077";
+        const auto simulator = ZalSim::SimulatedCamera::Start(options, error);
+        QVERIFY2(simulator, error.c_str());
+        const auto camera = Cameras::open({Source::Kind::Found, name.toStdString()}, error);
+        QVERIFY2(camera, error.c_str());
+        QCOMPARE(camera->Info().serial, std::string("SIM0077"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Cameras)
+#include "tst_Cameras.moc"
