@@ -3,7 +3,7 @@
 #include "features/FeatureManager.h"
 #include "features/RichText.h"
 #include "trigger/BoundWidget.h"
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 
 #include <QEvent>
 
@@ -38,6 +38,11 @@ void AdvTriggerBase::AddKnownFeature(const QString& feature)
 void AdvTriggerBase::ActivateTooltips(int state)
 {
     m_tooltipsActive = state != 0;
+}
+
+void AdvTriggerBase::SetupSettingsOverview(QTreeView* view)
+{
+    m_settingsModel->showIn(view, this);
 }
 
 bool AdvTriggerBase::eventFilter(QObject* watched, QEvent* event)

@@ -4,7 +4,7 @@
 #include "trigger/AdvTriggerBase.h"
 #include "trigger/PresetFile.h"
 #include "trigger/PresetRunner.h"
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 
 #include <QComboBox>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/trigger/TestEngine.h"
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 
 #include <QComboBox>
 #include <QDir>
