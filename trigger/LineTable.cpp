@@ -1,18 +1,16 @@
-// The table of the camera's I/O lines: one row per line, one cell widget per setting of the line.
+#include "trigger/LineTable.h"
+
 #include "features/FeatureManager.h"
-#include "trigger/AdvTriggerBase.h"
-#include "trigger/BoundWidget.h"
 #include "trigger/NumberInput.h"
 #include "trigger/TypedText.h"
+#include "trigger/WidgetTable.h"
+#include "widgets/FeatureComboBox.h"
 
-#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
-#include <QPointer>
 #include <QSignalBlocker>
 #include <QTableWidget>
 
@@ -20,7 +18,7 @@
 
 static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
 
-struct AdvTriggerBase::TableCell
+struct LineTable::Cell
 {
     QTableWidget& table;
     int row;
@@ -29,12 +27,12 @@ struct AdvTriggerBase::TableCell
     QString objectName;
 };
 
-struct AdvTriggerBase::TableColumn
+struct LineTable::Column
 {
     const char* prefix;
     const char* feature;
-    void (AdvTriggerBase::*create)(const TableCell& cell);
-    void (AdvTriggerBase::*show)(QWidget& widget, const QString& feature);
+    void (LineTable::*build)(const Cell& cell) const;
+    void (LineTable::*show)(QWidget& widget, const QString& feature) const;
 
     QString cellName(const QString& line) const
     {
@@ -46,7 +44,6 @@ namespace {
 
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
-constexpr int StatusColumn = 3;
 /// Of a range that the camera has not told.
 constexpr double UnknownLimit = -1.0;
 
@@ -64,41 +61,6 @@ QPixmap LedImage(const QWidget& shownOn)
                        : QStringLiteral(":/AdvTriggerWidget/ledon.png"));
 }
 
-/// Stands behind a cell's widget: assistive technology that walks through the table meets cells and
-/// no widgets, and hears of the widget by the cell's text for it.
-class CellOfWidget : public QTableWidgetItem
-{
-public:
-    explicit CellOfWidget(const QWidget& widget) : m_widget(&widget) {}
-
-    QVariant data(int role) const override
-    {
-        if (role == Qt::AccessibleTextRole && m_widget)
-            return m_widget->accessibleName();
-        return QTableWidgetItem::data(role);
-    }
-
-private:
-    QPointer<const QWidget> m_widget;
-};
-
-/// The tab key goes through the cells row by row and then on to what follows the table. By default
-/// it would go round in the table for ever, and pass over the check boxes.
-void ChainFocus(QTableWidget& table)
-{
-    table.setTabKeyNavigation(false);
-    QWidget* before = &table;
-    for (int cell = 0; cell < table.rowCount() * table.columnCount(); ++cell) {
-        QWidget* placed = table.cellWidget(cell / table.columnCount(), cell % table.columnCount());
-        QWidget* box = placed ? placed->findChild<QCheckBox*>() : nullptr;
-        QWidget* editor = box ? box : placed;
-        if (!editor || editor->focusPolicy() == Qt::NoFocus)
-            continue;
-        QWidget::setTabOrder(before, editor);
-        before = editor;
-    }
-}
-
 /// What the column's header says, in one line.
 QString HeaderText(const QTableWidget& table, int column, const QString& otherwise)
 {
@@ -106,84 +68,54 @@ QString HeaderText(const QTableWidget& table, int column, const QString& otherwi
     return header ? header->text().simplified() : otherwise;
 }
 
-void FitToContents(QTableWidget& table)
-{
-    for (QHeaderView* header : {table.horizontalHeader(), table.verticalHeader()}) {
-        header->setSectionResizeMode(QHeaderView::ResizeToContents);
-        header->resizeSections(QHeaderView::ResizeToContents);
-    }
-    table.resizeColumnsToContents();
-    table.resizeRowsToContents();
-}
-
-/// Assistive technology remembers what a cell is called until it is told that this has changed.
-void AnnounceCell(const QWidget& led)
-{
-    auto* table = qobject_cast<QTableWidget*>(led.parentWidget()->parentWidget());
-    if (!table || !QAccessible::isActive())
-        return;
-    auto& cells = *QAccessible::queryAccessibleInterface(table);
-    for (int row = 0; row < table->rowCount(); ++row) {
-        if (table->cellWidget(row, StatusColumn) != &led)
-            continue;
-        QAccessibleInterface* cell = cells.tableInterface()->cellAt(row, StatusColumn);
-        QAccessibleEvent event(cell, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
-}
-
-/// As for a widget of the form, with the feature of the cell; without one nothing happens.
-template <class Widget, class Edit>
-void EditCell(QObject* sender, const QString& feature, const Edit& edit)
-{
-    if (!feature.isEmpty())
-        EditBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
-}
-
 } // namespace
 
-const AdvTriggerBase::TableColumn& AdvTriggerBase::TableColumnAt(int column)
+LineTable::LineTable(const FeatureManager& features, BoundForm form)
+    : m_features(features), m_form(std::move(form))
 {
-    using Engine = AdvTriggerBase;
-    static const std::array<TableColumn, AllColumns> columns = {{
-        {"cmb", "LineMode", &Engine::CreateTableComboBox, &Engine::ShowTableComboBox},
-        {"chk", "LineInverter", &Engine::CreateTableCheckBox, &Engine::ShowTableCheckBox},
-        {"cmb", "LineSource", &Engine::CreateTableComboBox, &Engine::ShowTableComboBox},
-        {"lbl", "LineStatus", &Engine::CreateTableLed, &Engine::ShowTableLed},
-        {"cmb", "LineDebounceMode", &Engine::CreateTableComboBox, &Engine::ShowTableComboBox},
-        {"spb", "LineDebounceDuration", &Engine::CreateTableSpinBox, &Engine::ShowTableSpinBox},
+}
+
+const LineTable::Column& LineTable::columnAt(int column)
+{
+    static const std::array<Column, AllColumns> columns = {{
+        {"cmb", "LineMode", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"chk", "LineInverter", &LineTable::buildCheckBox, &LineTable::showCheckBox},
+        {"cmb", "LineSource", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"lbl", "LineStatus", &LineTable::buildLed, &LineTable::showLed},
+        {"cmb", "LineDebounceMode", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"spb", "LineDebounceDuration", &LineTable::buildSpinBox, &LineTable::showSpinBox},
     }};
     return columns[static_cast<std::size_t>(column)];
 }
 
-void AdvTriggerBase::CreateIOTable(QTableWidget* table)
+void LineTable::build(QTableWidget& table) const
 {
-    const QStringList lines = m_featureManager->GetAvailableEnumEntries(LINE_SELECTOR);
-    table->setRowCount(lines.size());
-    table->setVerticalHeaderLabels(lines);
-    table->setAccessibleName(tr("I/O lines"));
+    const QStringList lines = m_features.GetAvailableEnumEntries(LINE_SELECTOR);
+    table.setRowCount(lines.size());
+    table.setVerticalHeaderLabels(lines);
+    table.setAccessibleName(tr("I/O lines"));
     // Nothing lies behind the cells' widgets that could be typed into.
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
     QList<int> hidden;
     for (int row = 0; row < lines.size(); ++row)
-        hidden += CreateTableRow(*table, row, lines[row]);
+        hidden += buildRow(table, row, lines[row]);
     for (const int column : hidden)
-        table->hideColumn(column);
-    ChainFocus(*table);
-    FitToContents(*table);
+        table.hideColumn(column);
+    WidgetTable::chainFocus(table);
+    WidgetTable::fitToContents(table);
 }
 
 /// The columns that this line has no use for.
-QList<int> AdvTriggerBase::CreateTableRow(QTableWidget& table, int row, const QString& line)
+QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
 {
-    m_featureManager->SetValue(LINE_SELECTOR, line);
+    m_features.SetValue(LINE_SELECTOR, line);
     QList<int> unavailable;
     for (int i = 0; i < ShownColumns(table); ++i) {
-        const TableColumn& column = TableColumnAt(i);
+        const Column& column = columnAt(i);
         const QString feature = QLatin1String(column.feature);
-        if (m_featureManager->GetIsFeatureAvailable(feature)) {
-            (this->*column.create)({table, row, i, feature, column.cellName(line)});
-            m_observedFeatures.append(feature);
+        if (m_features.GetIsFeatureAvailable(feature)) {
+            (this->*column.build)({table, row, i, feature, column.cellName(line)});
+            m_form.addFeature(feature);
         } else {
             unavailable.append(i);
         }
@@ -191,16 +123,16 @@ QList<int> AdvTriggerBase::CreateTableRow(QTableWidget& table, int row, const QS
     return unavailable;
 }
 
-void AdvTriggerBase::CreateTableComboBox(const TableCell& cell)
+void LineTable::buildComboBox(const Cell& cell) const
 {
     auto* box = new QComboBox(&cell.table);
-    ShowTableComboBox(*box, cell.feature);
-    box->setEnabled(m_featureManager->GetIsWritable(cell.feature));
-    PlaceTableEditor(cell, *box, *box, SIGNAL(currentTextChanged(const QString&)),
-                     SLOT(OnChangeTableCombobox(const QString&)));
+    showComboBox(*box, cell.feature);
+    box->setEnabled(m_features.GetIsWritable(cell.feature));
+    placeEditor(cell, *box, *box, SIGNAL(currentTextChanged(const QString&)),
+                SLOT(OnChangeTableCombobox(const QString&)));
 }
 
-void AdvTriggerBase::CreateTableCheckBox(const TableCell& cell)
+void LineTable::buildCheckBox(const Cell& cell) const
 {
     auto* container = new QWidget(&cell.table);
     auto* layout = new QHBoxLayout(container);
@@ -208,52 +140,49 @@ void AdvTriggerBase::CreateTableCheckBox(const TableCell& cell)
     layout->addWidget(box, 0, Qt::AlignCenter);
     layout->setContentsMargins(0, 0, 0, 0);
     container->setContentsMargins(0, 0, 0, 0);
-    ShowTableCheckBox(*box, cell.feature);
-    PlaceTableEditor(cell, *box, *container, SIGNAL(stateChanged(int)),
-                     SLOT(OnChangeTableCheckbox(int)));
+    showCheckBox(*box, cell.feature);
+    placeEditor(cell, *box, *container, SIGNAL(stateChanged(int)),
+                SLOT(OnChangeTableCheckbox(int)));
 }
 
-void AdvTriggerBase::CreateTableLed(const TableCell& cell)
+void LineTable::buildLed(const Cell& cell) const
 {
     auto* led = new QLabel(&cell.table);
     led->setObjectName(cell.objectName);
     led->setAlignment(Qt::AlignCenter);
-    led->setPixmap(LedImage(*this));
-    cell.table.setCellWidget(cell.row, cell.column, led);
-    cell.table.setItem(cell.row, cell.column, new CellOfWidget(*led));
-    ShowTableLed(*led, cell.feature);
-    led->installEventFilter(this);
+    led->setPixmap(LedImage(m_form.widget));
+    WidgetTable::place(cell.table, cell.row, cell.column, *led, *led);
+    showLed(*led, cell.feature);
+    m_form.filterEventsOf(*led);
 }
 
-void AdvTriggerBase::CreateTableSpinBox(const TableCell& cell)
+void LineTable::buildSpinBox(const Cell& cell) const
 {
     constexpr int decimals = 6;
     auto* box = new QDoubleSpinBox(&cell.table);
     // First of all: a range is rounded to the decimals there are.
     box->setDecimals(decimals);
     box->setRange(UnknownLimit, UnknownLimit);
-    ShowTableSpinBox(*box, cell.feature);
-    PlaceTableEditor(cell, *box, *box, SIGNAL(valueChanged(double)),
-                     SLOT(OnChangeTableSpinbox(double)));
+    showSpinBox(*box, cell.feature);
+    placeEditor(cell, *box, *box, SIGNAL(valueChanged(double)), SLOT(OnChangeTableSpinbox(double)));
     NumberInput::limit(*box);
     TypedText::watch(*box);
 }
 
 /// `placed` is the editor or what contains it.
-void AdvTriggerBase::PlaceTableEditor(const TableCell& cell, QWidget& editor, QWidget& placed,
-                                      const char* signal, const char* slot)
+void LineTable::placeEditor(const Cell& cell, QWidget& editor, QWidget& placed, const char* signal,
+                            const char* slot) const
 {
     editor.setObjectName(cell.objectName);
     editor.setFocusPolicy(Qt::StrongFocus);
-    editor.installEventFilter(this);
-    cell.table.setCellWidget(cell.row, cell.column, &placed);
-    cell.table.setItem(cell.row, cell.column, new CellOfWidget(editor));
-    NameTableEditor(cell, editor);
-    ConnectEdits(editor, signal, slot);
+    m_form.filterEventsOf(editor);
+    WidgetTable::place(cell.table, cell.row, cell.column, editor, placed);
+    nameEditor(cell, editor);
+    m_form.connectEdits(editor, signal, slot);
 }
 
 /// What tells this editor from the others of its kind is where it stands.
-void AdvTriggerBase::NameTableEditor(const TableCell& cell, QWidget& editor)
+void LineTable::nameEditor(const Cell& cell, QWidget& editor)
 {
     const QString line = cell.table.verticalHeaderItem(cell.row)->text();
     const QString setting = HeaderText(cell.table, cell.column, cell.feature);
@@ -264,28 +193,29 @@ void AdvTriggerBase::NameTableEditor(const TableCell& cell, QWidget& editor)
         editor.setAccessibleDescription(name);
 }
 
-void AdvTriggerBase::UpdateInitTable(QTableWidget* table)
+void LineTable::refresh(const QTableWidget& table, const QStringList& changedFeatures) const
 {
-    const QString selected = m_featureManager->GetWritableEnumValue(LINE_SELECTOR);
-    for (int row = 0; row < table->rowCount(); ++row) {
+    const QString selected = m_features.GetWritableEnumValue(LINE_SELECTOR);
+    for (int row = 0; row < table.rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
-        m_featureManager->SetValue(LINE_SELECTOR, line);
-        RefreshTableRow(line, ShownColumns(*table));
+        m_features.SetValue(LINE_SELECTOR, line);
+        refreshRow(line, ShownColumns(table), changedFeatures);
     }
-    m_featureManager->SetValue(LINE_SELECTOR, selected);
+    m_features.SetValue(LINE_SELECTOR, selected);
 }
 
-void AdvTriggerBase::RefreshTableRow(const QString& line, int columnCount)
+void LineTable::refreshRow(const QString& line, int columnCount,
+                           const QStringList& changedFeatures) const
 {
     // Mode, source, inverter and status, then the debounce duration and its mode.
     constexpr std::array<int, AllColumns> order = {0, 2, 1, 3, 5, 4};
     for (int i = 0; i < columnCount; ++i) {
-        const TableColumn& column = TableColumnAt(order[static_cast<std::size_t>(i)]);
+        const Column& column = columnAt(order[static_cast<std::size_t>(i)]);
         const QString feature = QLatin1String(column.feature);
-        if (!m_changedFeatures->contains(feature))
+        if (!changedFeatures.contains(feature))
             continue;
-        if (auto* widget = findChild<QWidget*>(column.cellName(line))) {
+        if (auto* widget = m_form.widget.findChild<QWidget*>(column.cellName(line))) {
             // Showing a value must not write it back to the camera.
             const QSignalBlocker silence(widget);
             (this->*column.show)(*widget, feature);
@@ -293,56 +223,56 @@ void AdvTriggerBase::RefreshTableRow(const QString& line, int columnCount)
     }
 }
 
-void AdvTriggerBase::ShowTableComboBox(QWidget& widget, const QString& feature)
+void LineTable::showComboBox(QWidget& widget, const QString& feature) const
 {
-    updateComboBox(feature, static_cast<QComboBox*>(&widget), false);
+    showFeatureInComboBox(m_features, feature, static_cast<QComboBox&>(widget), false);
 }
 
-void AdvTriggerBase::ShowTableCheckBox(QWidget& widget, const QString& feature)
+void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
 {
-    ShowValue(static_cast<QCheckBox&>(widget), feature);
-    widget.setEnabled(m_featureManager->GetIsWritable(feature));
+    static_cast<QCheckBox&>(widget).setChecked(m_features.GetValue(feature) != 0.0);
+    widget.setEnabled(m_features.GetIsWritable(feature));
 }
 
 /// A lamp is lit while it is enabled; disabled, the style greys it. Its name says it to those who
 /// cannot see it, and is set only where it changes: each time it is set, it is announced.
-void AdvTriggerBase::ShowTableLed(QWidget& widget, const QString& feature)
+void LineTable::showLed(QWidget& widget, const QString& feature) const
 {
-    const bool high = m_featureManager->GetValue(feature) != 0.0;
+    const bool high = m_features.GetValue(feature) != 0.0;
     widget.setEnabled(high);
     const QString line = BoundFeatureName(widget.objectName()).chopped(feature.size() + 1);
     const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
     if (widget.accessibleName() == name)
         return;
     widget.setAccessibleName(name);
-    AnnounceCell(widget);
+    WidgetTable::announceName(widget);
 }
 
-void AdvTriggerBase::ShowTableSpinBox(QWidget& widget, const QString& feature)
+void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
 {
     auto& box = static_cast<QDoubleSpinBox&>(widget);
     {
         const TypedText::Keeper typed(box);
         // Fitted to an increment, an unknown maximum does not stay what it was.
         if (box.minimum() == UnknownLimit)
-            LimitTableSpinBox(box, feature);
-        box.setValue(m_featureManager->GetValue(feature));
+            limitSpinBox(box, feature);
+        box.setValue(m_features.GetValue(feature));
     }
-    TypedText::setEnabled(box, m_featureManager->GetIsWritable(feature));
+    TypedText::setEnabled(box, m_features.GetIsWritable(feature));
 }
 
 /// Once, when the table is built; again only for a camera that did not answer then.
-void AdvTriggerBase::LimitTableSpinBox(QDoubleSpinBox& box, const QString& feature)
+void LineTable::limitSpinBox(QDoubleSpinBox& box, const QString& feature) const
 {
     double min = UnknownLimit;
     double max = UnknownLimit;
     double increment = -1.0;
-    m_featureManager->GetValueRangeIncrement(feature, &min, &max, &increment);
+    m_features.GetValueRangeIncrement(feature, &min, &max, &increment);
     box.setRange(min, max);
     box.setSingleStep(increment);
 }
 
-QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)
+QString LineTable::selectLineOf(const QString& objectName) const
 {
     const QStringList parts = objectName.split(QLatin1Char('_'));
     if (parts.size() < 2) {
@@ -350,47 +280,45 @@ QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)
         return QString();
     }
     const QString line = BoundFeatureName(parts[0]);
-    return m_featureManager->SetValue(LINE_SELECTOR, line) == line ? parts[1] : QString();
+    return m_features.SetValue(LINE_SELECTOR, line) == line ? parts[1] : QString();
 }
 
-/// Selects the line of the cell that sent the signal and returns the cell's feature.
-QString AdvTriggerBase::SelectSendersFeature()
+/// As for a widget of the form, with the feature of the cell; without one nothing happens.
+template <class Widget, class Edit> void LineTable::edit(QObject* sender, const Edit& edit) const
 {
-    return sender() ? SwitchLine_GetFeature(sender()->objectName()) : QString();
+    const QString feature = sender ? selectLineOf(sender->objectName()) : QString();
+    if (!feature.isEmpty())
+        EditBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
 }
 
-void AdvTriggerBase::OnChangeTableCombobox(const QString& text)
+void LineTable::editComboBox(QObject* sender, const QString& text) const
 {
-    EditCell<QComboBox>(sender(), SelectSendersFeature(),
-                        [&](QComboBox& box, const QString& feature) {
-                            box.setCurrentText(m_featureManager->SetValue(feature, text));
-                        });
+    edit<QComboBox>(sender, [&](QComboBox& box, const QString& feature) {
+        box.setCurrentText(m_features.SetValue(feature, text));
+    });
 }
 
-void AdvTriggerBase::OnChangeTableCheckbox(int state)
+void LineTable::editCheckBox(QObject* sender, int state) const
 {
-    EditCell<QCheckBox>(
-        sender(), SelectSendersFeature(), [&](QCheckBox& box, const QString& feature) {
-            // The check state itself is written: a checked box writes 2, not 1.
-            box.setChecked(m_featureManager->SetValue(feature, double(state)) != 0.0);
-        });
+    edit<QCheckBox>(sender, [&](QCheckBox& box, const QString& feature) {
+        // The check state itself is written: a checked box writes 2, not 1.
+        box.setChecked(m_features.SetValue(feature, double(state)) != 0.0);
+    });
 }
 
-void AdvTriggerBase::OnChangeTableSpinbox(double value)
+void LineTable::editSpinBox(QObject* sender, double value) const
 {
-    EditCell<QDoubleSpinBox>(sender(), SelectSendersFeature(),
-                             [&](QDoubleSpinBox& box, const QString& feature) {
-                                 const double duration = NextDuration(box, feature, value);
-                                 box.setValue(m_featureManager->SetValue(feature, duration));
-                             });
+    edit<QDoubleSpinBox>(sender, [&](QDoubleSpinBox& box, const QString& feature) {
+        box.setValue(m_features.SetValue(feature, nextDuration(box, feature, value)));
+    });
 }
 
 /// Durations span several decades: each step doubles or halves what the camera has. The value in
 /// the box only tells the direction.
-double AdvTriggerBase::NextDuration(const QDoubleSpinBox& box, const QString& feature,
-                                    double value) const
+double LineTable::nextDuration(const QDoubleSpinBox& box, const QString& feature,
+                               double value) const
 {
-    const double current = m_featureManager->GetValue(feature);
+    const double current = m_features.GetValue(feature);
     if (value <= current)
         return current * 0.5;
     return current > 0.0 ? current * 2.0 : box.singleStep();
