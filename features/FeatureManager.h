@@ -164,7 +164,7 @@ public:
     virtual ZalFeatureDataType GetDataType(const QString& name) const;
     /// The camera's hint how to show a number, for example "HexNumber".
     virtual QString GetRepresentation(const QString& name) const;
-    /// What the feature is, as HTML for a tool tip: show it through RichText::withoutResources().
+    /// What the feature is, as HTML for a tool tip: show it through RichText::forToolTip().
     virtual QString GetInformation(const QString& name) const;
     /// Names of all features, in list order.
     virtual QStringList GetFeaturesList() const;

@@ -15,6 +15,7 @@ namespace {
 constexpr int LongestParsed = 1 << 14;
 constexpr int MostTagsParsed = 200;
 constexpr int LongestTag = 1 << 10;
+constexpr int LongestToolTip = 1 << 16;
 constexpr QLatin1Char Bracket('<');
 
 /// Tags and comments of which none can name a resource. No value holds an entity, and no style a
@@ -90,4 +91,9 @@ QString RichText::withoutResources(const QString& text)
     const QString safe = formattingOnly(text);
     const bool isOdd = safe != text;
     return isOdd && canBeParsed(text) && !WatchedDocument().namesResources(text) ? text : safe;
+}
+
+QString RichText::forToolTip(const QString& text)
+{
+    return withoutResources(text.left(LongestToolTip));
 }

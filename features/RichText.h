@@ -11,4 +11,8 @@ namespace RichText {
 /// written. Any thread; opens nothing itself.
 QString withoutResources(const QString& text);
 
+/// What a tooltip shows of a text: its first 64 K characters, without resources. Nobody reads more,
+/// and looking through millions of brackets holds the window for seconds.
+QString forToolTip(const QString& text);
+
 } // namespace RichText

@@ -58,16 +58,16 @@ void checkPreset(const PresetFile::Preset& preset, const QJsonObject& root)
 {
     QJsonObject expected = root.value(preset.name).toObject();
     expected.remove(QStringLiteral("#tooltip"));
-    require(preset.members == expected, "the members are the file's, without the tooltip");
+    require(preset.members() == expected, "the members are the file's, without the tooltip");
     require(
-        preset.toolTip.startsWith(QLatin1String("<b>") + preset.name + QLatin1String("</b><br>")),
+        preset.toolTip().startsWith(QLatin1String("<b>") + preset.name + QLatin1String("</b><br>")),
         "the tooltip begins with the name");
     // Presets travel through the combo box as a map.
-    const QJsonObject back = QJsonObject::fromVariantMap(preset.members.toVariantMap());
+    const QJsonObject back = QJsonObject::fromVariantMap(preset.members().toVariantMap());
     require(PresetFile::PlanOf(back).steps.size() ==
-                PresetFile::PlanOf(preset.members).steps.size(),
+                PresetFile::PlanOf(preset.members()).steps.size(),
             "the combo box keeps every step");
-    checkPlan(preset.members);
+    checkPlan(preset.members());
 }
 
 /// What is listed without being a text counts as an empty name.

@@ -25,6 +25,8 @@ LEAVES = {
     "plugin/TABMessageHandler": set(),
     "ui/SettingsTreeModel": {"features"},
 }
+# The engine stands on parts in its own folder, which know nothing of it.
+ENGINE = "trigger/AdvTriggerBase"
 # What the host shares with the plugin, and how the checker of presets reads them as the plugin does.
 EXTRA = {
     "host": {"plugin/TabExtensionInterface.h"},
@@ -51,6 +53,8 @@ def may_include(path, target):
     folder, leaf = folder_of(path), leaf_of(path)
     if leaf and leaf_of(target) != leaf:
         return folder_of(target) in LEAVES[leaf]
+    if folder == "trigger" and target == ENGINE + ".h":
+        return path == ENGINE + ".cpp"
     if folder_of(target) in ALLOWED[folder] or target in EXTRA.get(folder, set()):
         return True
     return folder in PLUGIN_FOLDERS and target.endswith(".h") and leaf_of(target) is not None
@@ -69,7 +73,7 @@ def violations(path):
             continue
         if target.startswith("ui_") or target.endswith(".moc") or may_include(path, target):
             continue
-        yield f'{path}: includes "{target}", which {leaf_of(path) or folder} must not know'
+        yield f'{path}: includes "{target}", which it must not know'
 
 
 def main():

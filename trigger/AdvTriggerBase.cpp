@@ -29,12 +29,12 @@ static bool filterWheel(const QObject* watched, QEvent* event)
 AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent)
     : BaseTabPluginWidget(features, parent), m_featureList(features)
 {
-    // Watched even where a form has no widget for them.
     const auto addKnownFeature = [this](const QString& feature) {
         m_knownFeatures.append(feature);
         // Only observed features are ever reported as changed, and only those are refreshed.
         m_observedFeatures.append(feature);
     };
+    // Watched even where a form has no widget for them.
     for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
                                 "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
         addKnownFeature(QString::fromLatin1(feature));
@@ -175,12 +175,11 @@ bool AdvTriggerBase::FilterToolTip(QObject* watched)
         return true;
     auto* widget = qobject_cast<QWidget*>(watched);
     if (widget && !m_exemptWidgets.contains(widget->objectName()))
-        widget->setToolTip(ToolTipOf(FeatureOf(widget->objectName())));
+        widget->setToolTip(ToolTipOf(ToolTipFeature(widget->objectName())));
     return false;
 }
 
-/// For its tooltip, a widget named in two parts goes by the second one.
-QString AdvTriggerBase::FeatureOf(const QString& objectName) const
+QString AdvTriggerBase::ToolTipFeature(const QString& objectName) const
 {
     const QString feature = BoundFeatureName(objectName);
     if (m_knownFeatures.contains(feature) || !objectName.contains(QLatin1Char('_')))
@@ -193,5 +192,5 @@ QString AdvTriggerBase::ToolTipOf(const QString& feature)
     if (!m_tooltipCache.contains(feature) && m_featureManager->GetIsFeatureAvailable(feature))
         m_tooltipCache.insert(feature, m_featureManager->GetInformation(feature));
     // The texts are the camera's: showing them must not make Qt open what they name.
-    return RichText::withoutResources(m_tooltipCache.value(feature));
+    return RichText::forToolTip(m_tooltipCache.value(feature));
 }

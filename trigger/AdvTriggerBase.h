@@ -119,7 +119,7 @@ protected slots:
 
 private:
     bool FilterToolTip(QObject* watched);
-    QString FeatureOf(const QString& objectName) const;
+    QString ToolTipFeature(const QString& objectName) const;
     QString ToolTipOf(const QString& feature);
 
     std::unique_ptr<FormBinding> m_binding;

@@ -72,11 +72,8 @@ FeatureRange FeatureDisplay::range(const QString& feature) const
 
 bool FeatureDisplay::knowsLimits(const QString& feature) const
 {
-    if (isHexadecimal(feature))
-        return true;
-    const FeatureRange unknown;
-    const FeatureRange known = range(feature);
-    return known.min != unknown.min || known.max != unknown.max;
+    // By the minimum alone: fitted to an increment, an unknown maximum does not stay what it was.
+    return isHexadecimal(feature) || range(feature).min != NumberInput::UnknownLimit;
 }
 
 QValidator* FeatureDisplay::newValidator(const QString& feature, QObject* field) const

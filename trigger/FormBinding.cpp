@@ -286,11 +286,17 @@ QVariant FormBinding::refreshLineEdit(QLineEdit& edit, const QString& feature) c
     return *text;
 }
 
-/// A camera that gave no answer when the form was bound may give one by now.
+/// A camera that did not tell the limits when the form was bound, or whether there are any, may do
+/// so by now.
 void FormBinding::limitLate(QLineEdit& edit, const QString& feature) const
 {
-    if (!edit.validator() && !m_display.isText(feature) && m_display.knowsLimits(feature))
-        edit.setValidator(m_display.newValidator(feature, &edit));
+    const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
+    const bool isOpen =
+        !edit.validator() || (limits && limits->bottom() == NumberInput::UnknownLimit);
+    if (!isOpen || m_display.isText(feature) || !m_display.knowsLimits(feature))
+        return;
+    delete limits;
+    edit.setValidator(m_display.newValidator(feature, &edit));
 }
 
 // Writing the user's changes to the camera and showing what the camera made of them.

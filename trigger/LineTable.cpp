@@ -18,6 +18,8 @@
 
 static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
 
+using NumberInput::UnknownLimit;
+
 struct LineTable::Cell
 {
     QTableWidget& table;
@@ -44,8 +46,6 @@ namespace {
 
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
-/// Of a range that the camera has not told.
-constexpr double UnknownLimit = -1.0;
 
 /// A table without place for the debounce columns has the first ones only.
 int ShownColumns(const QTableWidget& table)

@@ -3,9 +3,11 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QSpinBox>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace {
@@ -100,7 +102,84 @@ constexpr int marksIn(const QSpinBox& /*box*/)
     return 0;
 }
 
-/// Stands before a spin box's own validator, which swallows commas in large numbers.
+std::optional<double> numberIn(const QDoubleSpinBox& box, const QString& text)
+{
+    bool isNumber = false;
+    const double number = box.locale().toDouble(text, &isNumber);
+    return isNumber && std::isfinite(number) ? std::optional<double>(number) : std::nullopt;
+}
+
+std::optional<double> numberIn(const QSpinBox& box, const QString& text)
+{
+    bool isNumber = false;
+    const qlonglong number = box.locale().toLongLong(text, &isNumber);
+    return isNumber ? std::optional<double>(number) : std::nullopt;
+}
+
+QString textOf(const QDoubleSpinBox& box, double number)
+{
+    return box.textFromValue(number);
+}
+
+QString textOf(const QSpinBox& /*box*/, double number)
+{
+    return QString::number(number, 'f', 0);
+}
+
+/// By the minimum: fitted to an increment, an unknown maximum does not stay what it was. Between
+/// equal limits there is nothing to choose.
+template <class SpinBox> bool hasKnownLimits(const SpinBox& box)
+{
+    return box.minimum() != NumberInput::UnknownLimit && box.minimum() != box.maximum();
+}
+
+bool hasExponent(const QString& text)
+{
+    return text.contains(QLatin1Char('e'), Qt::CaseInsensitive);
+}
+
+/// A sign, or a number up to its exponent: "1e", "1e-".
+template <class SpinBox> bool beginsNumber(const SpinBox& box, QString text)
+{
+    if (text.endsWith(QLatin1Char('-')) || text.endsWith(QLatin1Char('+')))
+        text.chop(1);
+    if (!text.endsWith(QLatin1Char('e'), Qt::CaseInsensitive))
+        return text.isEmpty();
+    text.chop(1);
+    return numberIn(box, text).has_value();
+}
+
+/// Of a text that the box refuses. Beyond the limits, and on the way to an exponent, it stays in
+/// sight: without the last key it would be a number of another size. The decimals of a number with
+/// an exponent are not those of the box.
+template <class SpinBox> bool staysInSight(const SpinBox& box, const QString& text)
+{
+    const auto number = numberIn(box, text);
+    if (!number)
+        return beginsNumber(box, text);
+    return *number < box.minimum() || *number > box.maximum() || hasExponent(text);
+}
+
+/// What a box shows: a number between its prefix and its suffix, which may have been deleted.
+struct BoxText
+{
+    template <class SpinBox>
+    BoxText(const SpinBox& box, const QString& text)
+        : front(text.startsWith(box.prefix()) ? box.prefix() : QString()),
+          back(text.endsWith(box.suffix()) ? box.suffix() : QString()),
+          number(text.mid(front.size(), text.size() - front.size() - back.size()))
+    {
+    }
+
+    QString whole() const { return front + number + back; }
+
+    QString front;
+    QString back;
+    QString number;
+};
+
+/// Stands before a spin box's own validator, which refuses digits beyond the limits and swallows
+/// commas in large numbers.
 template <class SpinBox> class BoxValidator : public QValidator
 {
 public:
@@ -111,22 +190,29 @@ public:
 
     State validate(QString& input, int& position) const override
     {
-        const int front = input.startsWith(m_box.prefix()) ? m_box.prefix().size() : 0;
-        const int back = input.endsWith(m_box.suffix()) ? m_box.suffix().size() : 0;
-        QString number = input.mid(front, input.size() - front - back);
-        int within = position - front;
+        BoxText text(m_box, input);
+        int within = position - text.front.size();
         const QChar point = m_box.locale().decimalPoint();
-        const auto marks = normalise(number, within, point);
+        const auto marks = normalise(text.number, within, point);
         if (!marks)
             return Invalid;
-        input = input.left(front) + number + input.right(back);
-        position = within + front;
+        input = text.whole();
+        position = within + text.front.size();
         if (*marks > marksIn(m_box))
-            return judgeSurplusMark(number, within, point);
-        return m_own.validate(input, position);
+            return judgeSurplusMark(text.number, within, point);
+        const State state = m_own.validate(input, position);
+        return state == Invalid && staysInSight(m_box, text.number) ? Intermediate : state;
     }
 
-    void fixup(QString& input) const override { m_own.fixup(input); }
+    void fixup(QString& input) const override
+    {
+        BoxText text(m_box, input);
+        const auto number = numberIn(m_box, text.number);
+        if (!number || !hasKnownLimits(m_box))
+            return;
+        text.number = textOf(m_box, std::clamp<double>(*number, m_box.minimum(), m_box.maximum()));
+        input = text.whole();
+    }
 
 private:
     const SpinBox& m_box;
@@ -161,6 +247,15 @@ QValidator::State NumberInput::Validator::validate(QString& input, int& position
 bool NumberInput::Validator::hasSurplusMark(const QString& text) const
 {
     return text.count(locale().decimalPoint()) > 1;
+}
+
+bool NumberInput::Validator::refuses(const QString& text, int position) const
+{
+    const QRegularExpression surplus(QStringLiteral("(\\.\\d{%1})\\d+").arg(decimals()));
+    QString asTyped = text;
+    QString cut = QString(text).replace(surplus, QStringLiteral("\\1"));
+    int cutPosition = std::min(position, cut.size());
+    return validate(asTyped, position) == Invalid && validate(cut, cutPosition) == Invalid;
 }
 
 void NumberInput::limit(QDoubleSpinBox& box)

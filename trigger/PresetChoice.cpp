@@ -11,22 +11,31 @@
 
 namespace {
 
-/// A preset in its box. The tooltip is a file's text, so that it must not open anything; it is
-/// looked through when it is shown, not for each of thousands of presets.
+/// A preset in its box. Its settings and its tooltip are made when they are asked for: thousands of
+/// presets are listed where one is chosen. The tooltip is a file's text, so that it must not open
+/// anything.
 class PresetItem : public QStandardItem
 {
 public:
-    explicit PresetItem(const PresetFile::Preset& preset) : QStandardItem(preset.name)
+    explicit PresetItem(const PresetFile::Preset& preset)
+        : QStandardItem(preset.name), m_preset(preset)
     {
-        setData(preset.members.toVariantMap(), Qt::UserRole);
-        setData(preset.toolTip, Qt::ToolTipRole);
     }
 
     QVariant data(int role) const override
     {
-        const QVariant value = QStandardItem::data(role);
-        return role == Qt::ToolTipRole ? RichText::withoutResources(value.toString()) : value;
+        switch (role) {
+        case Qt::UserRole:
+            return m_preset.members().toVariantMap();
+        case Qt::ToolTipRole:
+            return RichText::forToolTip(m_preset.toolTip());
+        default:
+            return QStandardItem::data(role);
+        }
     }
+
+private:
+    PresetFile::Preset m_preset;
 };
 
 /// All at once: one signal of the model, on which the box and its list go to work, instead of two

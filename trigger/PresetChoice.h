@@ -32,9 +32,9 @@ public:
     /// Without a usable file the box stays empty; that is logged only.
     void load(QComboBox& presets, const QString& applicationDir) const;
 
-    /// Applies the preset at that index, and "Turn Off All" before an ordinary one. Settings that
-    /// the camera did not take are reported in one modal box each, during which the form may be
-    /// destroyed, and this object with it.
+    /// Applies the preset at that index, and "Turn Off All" before an ordinary one. Each reports
+    /// the settings that the camera did not take in a modal box of its own, during which the form
+    /// may be destroyed, and this object with it.
     void apply(const QPointer<QComboBox>& presets, int index);
 
     /// To be called in the form's destructor. Below an open box some widget of the form is still

@@ -74,17 +74,6 @@ QString SettingsOf(const QJsonObject& members)
     return settings;
 }
 
-Preset PresetOf(const QString& name, QJsonObject members)
-{
-    QString toolTip = QStringLiteral("<b>%1</b><br>").arg(name);
-    toolTip += TextOf(members.take(ToolTipKey));
-    const QString settings = SettingsOf(members);
-    if (!settings.isEmpty())
-        toolTip += QStringLiteral("<br>%1:<blockquote>%2</blockquote>\n")
-                       .arg(QCoreApplication::translate("AdvTriggerBase", "Settings"), settings);
-    return {name, members, toolTip};
-}
-
 Step StepOf(const QString& feature, const QJsonObject& members)
 {
     Step step;
@@ -165,9 +154,27 @@ PresetFile::Content PresetFile::Parse(const QByteArray& json)
         const QString name = element.toString();
         const QJsonValue preset = root.value(name);
         if (preset.isObject())
-            content.presets.append(PresetOf(name, preset.toObject()));
+            content.presets.append({name, preset.toObject()});
     }
     return content;
+}
+
+QJsonObject Preset::members() const
+{
+    QJsonObject members = content;
+    members.remove(ToolTipKey);
+    return members;
+}
+
+QString Preset::toolTip() const
+{
+    QString toolTip = QStringLiteral("<b>%1</b><br>").arg(name);
+    toolTip += TextOf(content.value(ToolTipKey));
+    const QString settings = SettingsOf(members());
+    if (!settings.isEmpty())
+        toolTip += QStringLiteral("<br>%1:<blockquote>%2</blockquote>\n")
+                       .arg(QCoreApplication::translate("AdvTriggerBase", "Settings"), settings);
+    return toolTip;
 }
 
 PresetFile::Plan PresetFile::PlanOf(const QJsonObject& members)

@@ -27,15 +27,19 @@ inline const QString CustomPreset = QStringLiteral("Custom");
 inline const QString TurnOffPreset = QStringLiteral("Turn Off All");
 inline const QString ResetPreset = QStringLiteral("Reset All");
 
-/// A preset that the file offers.
+/// A preset that the file offers. Cheap to copy: all copies, and all listings of one name, share
+/// what the file holds, and what follows from it is made when it is asked for.
 struct Preset
 {
     QString name;
+    /// The preset as the file has it.
+    QJsonObject content;
+
     /// The preset's members without "#tooltip".
-    QJsonObject members;
+    QJsonObject members() const;
     /// HTML: the bold name, the author's text, the settings. As the file has it: show it through
-    /// RichText::withoutResources().
-    QString toolTip;
+    /// RichText::forToolTip().
+    QString toolTip() const;
 };
 
 /// What a file offers.

@@ -11,15 +11,30 @@
 
 namespace {
 
-/// Return, and going elsewhere but to the field's own menu.
+/// Return, and going elsewhere but to the field's own menu. A box that is hidden takes its text
+/// before it loses the focus.
 bool finishes(const QEvent& event)
 {
+    if (event.type() == QEvent::Hide)
+        return true;
     if (event.type() == QEvent::FocusOut)
         return static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason;
     if (event.type() != QEvent::KeyPress)
         return false;
     const int key = static_cast<const QKeyEvent&>(event).key();
     return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+/// A box hears of the mouse where its buttons are; its text has a line edit of its own.
+bool steps(const QEvent& event)
+{
+    if (event.type() == QEvent::MouseButtonPress)
+        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+    if (event.type() != QEvent::KeyPress)
+        return event.type() == QEvent::Wheel;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
 }
 
 } // namespace
@@ -93,9 +108,15 @@ void TypedText::giveUp()
     m_restore();
 }
 
+/// The validator's own refusal takes an edit back only where the text before was acceptable.
 void TypedText::begin()
 {
-    m_typed = true;
+    const auto* numbers = numberValidator();
+    const bool wasRefused = numbers && numbers->refuses(m_edit.text(), m_edit.cursorPosition());
+    if (wasRefused && !numbers->refuses(m_shown, m_shown.size()))
+        giveUp();
+    else
+        m_typed = true;
 }
 
 void TypedText::end()
@@ -104,39 +125,86 @@ void TypedText::end()
     m_shown = m_edit.text();
 }
 
+/// Of a line edit for numbers.
+const NumberInput::Validator* TypedText::numberValidator() const
+{
+    return dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
+}
+
 /// Where the text can be no number, it has nothing to finish.
 bool TypedText::isGivenUpBy(const QEvent& event) const
 {
-    const auto* numbers = dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
+    const auto* numbers = numberValidator();
     return m_typed && finishes(event) && numbers && numbers->hasSurplusMark(m_edit.text());
+}
+
+/// What a box would refuse for being beyond its limits, it takes as the limit.
+void TypedText::correct()
+{
+    if (m_edit.hasAcceptableInput())
+        return;
+    QString text = m_edit.text();
+    m_edit.validator()->fixup(text);
+    if (text != m_edit.text())
+        m_edit.setText(text);
+}
+
+/// By itself a box ends the text with a step that changes its value only. Where it has no room for
+/// one, the typed number is taken as it is.
+void TypedText::step(QAbstractSpinBox& box, QEvent& event)
+{
+    const QPointer<TypedText> self(this);
+    correct();
+    static_cast<QObject&>(box).event(&event);
+    if (self && m_typed)
+        box.interpretText();
+    if (self && m_typed)
+        end();
+}
+
+/// Back from its context menu, a field goes on where it was. A text that could not be taken still
+/// stands otherwise, unless another one was shown meanwhile.
+void TypedText::resume(const QFocusEvent& event)
+{
+    if (event.reason() != Qt::PopupFocusReason)
+        m_typed = m_typed && m_edit.text() != m_shown;
+}
+
+bool TypedText::escape(QEvent& event)
+{
+    const bool isKey = event.type() == QEvent::KeyPress;
+    if (!isKey && event.type() != QEvent::ShortcutOverride)
+        return false;
+    if (!isUnfinished() || !static_cast<QKeyEvent&>(event).matches(QKeySequence::Cancel))
+        return false;
+    if (isKey)
+        giveUp();
+    // Accepted, so that neither a shortcut nor the dialog takes it.
+    event.accept();
+    return true;
 }
 
 bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
 {
+    // On its way to the destruction, where it loses the focus, a field is a mere widget.
+    if (m_field.metaObject() == &QWidget::staticMetaObject)
+        return false;
+    auto* box = qobject_cast<QAbstractSpinBox*>(&m_field);
+    if (box && isUnfinished() && steps(*event)) {
+        step(*box, *event);
+        return true;
+    }
+    if (m_typed && finishes(*event))
+        correct();
     if (isGivenUpBy(*event)) {
         // The field first, which does not finish its editing with such a text.
         static_cast<QObject&>(m_field).event(event);
         giveUp();
         return true;
     }
-    switch (event->type()) {
-    case QEvent::FocusIn:
-        // Back from its context menu, a field goes on where it was.
-        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-            end();
-        return false;
-    case QEvent::ShortcutOverride:
-    case QEvent::KeyPress:
-        if (!isUnfinished() || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
-            return false;
-        if (event->type() == QEvent::KeyPress)
-            giveUp();
-        // Accepted, so that neither a shortcut nor the dialog takes it.
-        event->accept();
-        return true;
-    default:
-        return false;
-    }
+    if (event->type() == QEvent::FocusIn)
+        resume(*static_cast<QFocusEvent*>(event));
+    return escape(*event);
 }
 
 TypedText::Keeper::Keeper(const QWidget& field)

@@ -7,15 +7,25 @@
 
 #include <functional>
 
+class QAbstractSpinBox;
 class QDoubleSpinBox;
+class QFocusEvent;
 class QLineEdit;
 class QSpinBox;
 class QWidget;
 
-/// Watches what is typed into a field: from the first key until Return, a step with the arrows, Esc
-/// or the loss of the focus, the field's text is the user's and no refresh may touch it. Esc gives
-/// the text up for the camera's value, and goes no further then; without such text it is left to
-/// others, so that it closes a dialog.
+namespace NumberInput {
+class Validator;
+}
+
+/// Watches what is typed into a field: from the first key until Return, a step (by arrow or page
+/// key, wheel or button, even if it changes nothing), Esc or the loss of the focus, the field's
+/// text is the user's and no refresh may touch it. Esc gives the text up for the camera's value,
+/// and goes no further then; without such text it is left to others, so that it closes a dialog.
+///
+/// A line edit does not finish with a text that its validator does not accept: away from the focus
+/// the text gives way to the next value shown, and until then Esc in the field gives it up. A box
+/// takes a number beyond its limits as the nearest limit, see NumberInput.
 ///
 /// The field owns its watcher. GUI thread only.
 class TypedText : public QObject
@@ -64,8 +74,13 @@ private:
     static TypedText* of(const QWidget& field);
 
     bool isUnfinished() const;
+    const NumberInput::Validator* numberValidator() const;
     bool isGivenUpBy(const QEvent& event) const;
+    void correct();
+    void step(QAbstractSpinBox& box, QEvent& event);
     void giveUp();
+    void resume(const QFocusEvent& event);
+    bool escape(QEvent& event);
 
     QWidget& m_field;
     QLineEdit& m_edit;

@@ -1,5 +1,6 @@
 // The measures of the dialog's form: they depend on language, font and what the camera offers.
 #include "ui/AdvTriggerDialog.h"
+#include "ui/EntryWidth.h"
 
 #include <QHeaderView>
 #include <QScreen>
@@ -46,14 +47,12 @@ void alignLabels(const QGridLayout& grid)
             alignRight(*label);
 }
 
-/// What the box takes to show the longest of its entries.
+/// What the box takes to show the longest of its entries that are measured.
 int widthForEntries(const QComboBox& box)
 {
     const QFontMetrics metrics = box.fontMetrics();
     const int shortest = box.minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
-    int longest = shortest;
-    for (int i = 0; i < box.count(); ++i)
-        longest = std::max(longest, metrics.horizontalAdvance(box.itemText(i)));
+    const int longest = std::max(shortest, EntryWidth::widest(box));
     return box.sizeHint().width() + longest - shortest;
 }
 

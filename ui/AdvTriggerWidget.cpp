@@ -3,6 +3,7 @@
 #include "features/FeatureManager.h"
 #include "plugin/TabExtensionException.h"
 #include "ui/AdvTriggerDialog.h"
+#include "ui/EntryWidth.h"
 #include "ui/HintRoom.h"
 #include "ui/SettingsTreeModel.h"
 #include "ui_AdvTriggerWidget.h"
@@ -118,6 +119,7 @@ void AdvTriggerWidget::bind()
     connect(m_form->btnAdvancedDialog, SIGNAL(clicked()), SLOT(OnClickAdvancedDialog()));
     LoadPresets(m_form->cmbSelectPreset, QCoreApplication::applicationDirPath());
     m_form->cmbSelectPreset->setCurrentIndex(-1);
+    EntryWidth::limitMeasuring(*m_form->cmbSelectPreset);
     // Not before: filling the box selects its first preset, which nobody asked for.
     connect(m_form->cmbSelectPreset, SIGNAL(currentIndexChanged(int)), SLOT(OnSelectPreset(int)));
     foldStatusSection();

@@ -94,6 +94,19 @@ void SettingsTreeModel::ResetData()
 {
     m_model->removeRows(0, m_model->rowCount());
     InitData();
+    followBranchesWithoutEntries();
+}
+
+/// Building goes by entries: a counter that has none would be lost until its next report.
+void SettingsTreeModel::followBranchesWithoutEntries()
+{
+    for (auto branch = BRANCHES.cbegin(); branch != BRANCHES.cend(); ++branch) {
+        if (!hasNoSelector(branch.key()))
+            continue;
+        const Answer<QString> status = m_featureManager->AskStringValue(branch.value().second);
+        if (!status.isMissing())
+            followStatus(branch.key(), status.value);
+    }
 }
 
 const QMap<QString, QString>& SettingsTreeModel::selectorsAstray() const

@@ -40,7 +40,8 @@ public:
     /// Appends all branches. Steps the camera's selectors through their entries and puts them back.
     void InitData();
 
-    /// Builds the tree anew, as InitData() does.
+    /// Builds the tree anew, as InitData() does, and then the branch of a counter or timer without
+    /// selector that is in use.
     void ResetData();
 
     /// Selectors that the last building stepped and could not put back, since the camera did not
@@ -69,6 +70,7 @@ private:
     void recordSelection(const QString& selector);
     void showValue(const QString& featureName, const QVariant& value);
     void followStatus(const QString& selector, const QString& status);
+    void followBranchesWithoutEntries();
     bool hasNoSelector(const QString& selector) const;
 
     int rowOfBranch(const QString& title, const QString& entry) const;

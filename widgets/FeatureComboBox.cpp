@@ -18,7 +18,7 @@ bool showFeatureInComboBox(const FeatureManager& features, const QString& featur
     box.clear();
     box.insertItems(box.count(), entries);
     for (int i = 0; setToolTips && i < entries.size(); ++i)
-        box.setItemData(i, RichText::withoutResources(entries[i]), Qt::ToolTipRole);
+        box.setItemData(i, RichText::forToolTip(entries[i]), Qt::ToolTipRole);
     selectText(box, value);
 
     const bool writable = features.GetIsWritable(feature);

@@ -313,8 +313,9 @@ void tst_ShippedPresets::everyPresetHasAToolTipAndAPromise()
     QVERIFY(installed.open(QIODevice::ReadOnly));
     for (const PresetFile::Preset& preset : PresetFile::Parse(installed.readAll()).presets) {
         const QString title = QStringLiteral("<b>%1</b><br>").arg(preset.name);
-        QVERIFY2(preset.toolTip.startsWith(title) && !preset.toolTip.startsWith(title + "<br>") &&
-                     preset.toolTip.size() > title.size(),
+        QVERIFY2(preset.toolTip().startsWith(title) &&
+                     !preset.toolTip().startsWith(title + "<br>") &&
+                     preset.toolTip().size() > title.size(),
                  qPrintable(preset.name));
     }
 }

@@ -208,6 +208,10 @@ private slots:
             "'ExposureMode': {'#value': '<all>_Timed', 'Width': 40}",
             "f.json:1:78: error: \"Width\" takes steps of 16, which 40 is not on "
             "[off-increment]\n");
+        row("every entry, then one, with a setting of no entry alone",
+            "'LineSelector': {'#value': '<all>_Line0', 'TriggerMode': 'On'}",
+            "f.json:1:69: warning: \"TriggerMode\" is not selected by \"LineSelector\" and has "
+            "one value for all of its entries [not-selected]\n");
         row("every entry of a selector of others",
             "'TimerSelector': {'#value': '<all>', 'TriggerMode': 'On'}",
             "f.json:1:64: warning: \"TriggerMode\" is not selected by \"TimerSelector\" and has "

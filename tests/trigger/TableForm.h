@@ -26,7 +26,10 @@ public:
     }
 
     /// Refreshes the table as after changes of these features.
-    void refreshTable(const QStringList& features) { lineTable.refresh(table, features); }
+    void refreshTable(const QStringList& changedFeatures)
+    {
+        lineTable.refresh(table, changedFeatures);
+    }
 
     template <class Widget> Widget& cell(const char* name) const
     {

@@ -205,19 +205,25 @@ void tst_FeatureDisplay::unknownRangeIsMinusOne()
 void tst_FeatureDisplay::limitsAreKnownOfARangeAndOfHexadecimals_data()
 {
     QTest::addColumn<bool>("hasRange");
+    QTest::addColumn<double>("increment"); // 0: none
     QTest::addColumn<QString>("representation");
     QTest::addColumn<bool>("known");
-    QTest::newRow("range") << true << "Linear" << true;
-    QTest::newRow("none") << false << "Linear" << false;
-    QTest::newRow("hexadecimal") << false << "HexNumber" << true;
+    QTest::newRow("range") << true << 0.0 << "Linear" << true;
+    QTest::newRow("none") << false << 0.0 << "Linear" << false;
+    // Fitted to it, an unknown maximum becomes another number.
+    QTest::newRow("none, with an increment") << false << 2.0 << "Linear" << false;
+    QTest::newRow("hexadecimal") << false << 0.0 << "HexNumber" << true;
 }
 
 void tst_FeatureDisplay::limitsAreKnownOfARangeAndOfHexadecimals()
 {
     QFETCH(bool, hasRange);
+    QFETCH(double, increment);
     QFETCH(QString, representation);
     const auto feature = camera->addFloat("Number", 7.0);
     feature->state().hasRange = hasRange;
+    if (increment > 0.0)
+        feature->state().incrementReal = increment;
     feature->representation = representation.toStdString();
     QTEST(shown().knowsLimits("Number"), "known");
 }

@@ -24,6 +24,8 @@ private slots:
     void firstRefreshThatCanLimitsTheInput_data();
     void firstRefreshThatCanLimitsTheInput();
     void refreshWithoutLimitsLeavesTheInputOpen();
+    void refreshSetsLimitsThatOpeningLost_data();
+    void refreshSetsLimitsThatOpeningLost();
     void refreshKeepsTheValidator();
     void refreshGivesTextsNoValidator();
     void decimalInputIsInCNotationEverywhere();
@@ -167,6 +169,36 @@ void tst_FormBindingLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
     QCOMPARE(validator->bottom(), 0.0);
     QCOMPARE(validator->top(), 1000.0);
     QCOMPARE(validator->decimals(), 10);
+}
+
+void tst_FormBindingLineEdits::refreshSetsLimitsThatOpeningLost_data()
+{
+    QTest::addColumn<double>("increment"); // 0: none
+    QTest::newRow("without an increment") << 0.0;
+    // Fitted to it, an unknown maximum becomes another number.
+    QTest::newRow("with an increment") << 2.0;
+}
+
+void tst_FormBindingLineEdits::refreshSetsLimitsThatOpeningLost()
+{
+    QFETCH(double, increment);
+    auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    if (increment > 0.0)
+        feature->state().incrementReal = increment;
+    feature->state().hasRange = false;
+    QLineEdit& edit = bind("txtNumber");
+    QVERIFY(edit.isEnabled());
+    form->refresh({"Number"});
+    QVERIFY(!edit.hasAcceptableInput());
+    feature->state().hasRange = true;
+    form->refresh({"Number"});
+    QVERIFY(edit.hasAcceptableInput());
+    QCOMPARE(judge(edit, "2000"), QValidator::Intermediate);
+    QCOMPARE(judge(edit, "1.01234567891"), QValidator::Invalid);
+    // Once they are known, nobody is asked again.
+    camera->clearLog();
+    form->refresh({"Number"});
+    QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
 }
 
 void tst_FormBindingLineEdits::refreshKeepsTheValidator()

@@ -1,19 +1,18 @@
 // What becomes of text that the user is typing while the camera reports changes.
-#include "tests/trigger/NumberForm.h"
+#include "tests/trigger/TypingTest.h"
 
 #include <QFocusEvent>
 #include <QMenu>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QTest>
 
-class tst_HalfTypedText : public QObject
+class tst_HalfTypedText : public TypingTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { openForm(); }
+    void cleanup() { closeForm(); }
 
     void refreshLeavesTheTextAlone_data() { kinds(); }
     void refreshLeavesTheTextAlone();
@@ -36,8 +35,8 @@ private slots:
     void numberOfBeforeIsWrittenOverTheCamerasNewOne();
     void refreshShowsAgainAfterwards_data();
     void refreshShowsAgainAfterwards();
-    void numberOutOfTheNewRangeGivesWay_data();
-    void numberOutOfTheNewRangeGivesWay();
+    void numberOutOfTheNewRangeBecomesTheLimit_data();
+    void numberOutOfTheNewRangeBecomesTheLimit();
 
     void escapeBringsTheCamerasValueBack_data() { kinds(); }
     void escapeBringsTheCamerasValueBack();
@@ -59,35 +58,11 @@ private:
     void begin() { begin(QTest::currentDataTag(), "12"); }
     /// The camera has 7 now, and reports it.
     void report(const QString& kind);
-    QString text(const QString& kind) const { return form->textOf(kind).text(); }
     /// How the field shows that 7.
     static QString seven(const QString& kind);
-    void press(const QString& kind, Qt::Key key) { QTest::keyClick(&form->field(kind), key); }
-    void finish(const QString& kind, const QString& way);
-    /// What was written beside the selected lines.
-    QStringList writes() const;
     static QString featureOf(const QString& kind);
     Fake::State& stateOf(const QString& kind);
-
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<NumberForm> form;
 };
-
-void tst_HalfTypedText::init()
-{
-    camera = numberCamera();
-    form = std::make_unique<NumberForm>(*camera);
-    form->add<QLineEdit>("txtElsewhere");
-    form->show();
-    form->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(form.get()));
-}
-
-void tst_HalfTypedText::cleanup()
-{
-    form.reset();
-    camera.reset();
-}
 
 void tst_HalfTypedText::kinds()
 {
@@ -124,10 +99,8 @@ Fake::State& tst_HalfTypedText::stateOf(const QString& kind)
 /// Types into the field, and does not finish.
 void tst_HalfTypedText::begin(const QString& kind, const QString& typed)
 {
-    form->field(kind).setFocus();
-    form->textOf(kind).selectAll();
     const QString prefix = kind == "hexadecimal field" ? "0x" : "";
-    QTest::keyClicks(&form->field(kind), prefix + typed);
+    type(kind, prefix + typed);
     QCOMPARE(text(kind), prefix + typed);
     QCOMPARE(writes(), QStringList());
 }
@@ -142,20 +115,6 @@ void tst_HalfTypedText::report(const QString& kind)
         form->refreshTable({featureOf(kind)});
     else
         form->refresh({featureOf(kind)});
-}
-
-/// By the return key, or by going elsewhere.
-void tst_HalfTypedText::finish(const QString& kind, const QString& way)
-{
-    if (way == "Return")
-        press(kind, Qt::Key_Return);
-    else
-        form->findChild<QLineEdit*>("txtElsewhere")->setFocus();
-}
-
-QStringList tst_HalfTypedText::writes() const
-{
-    return tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector)"));
 }
 
 void tst_HalfTypedText::refreshLeavesTheTextAlone()
@@ -192,8 +151,7 @@ void tst_HalfTypedText::refreshBetweenTheKeysLosesNone()
 void tst_HalfTypedText::refreshLeavesAnEmptiedFieldEmpty()
 {
     const QString kind = QTest::currentDataTag();
-    form->field(kind).setFocus();
-    form->textOf(kind).selectAll();
+    enter(kind);
     press(kind, Qt::Key_Delete);
     report(kind);
     QCOMPARE(text(kind), QString());
@@ -357,7 +315,7 @@ void tst_HalfTypedText::refreshShowsAgainAfterwards()
     QCOMPARE(text(kind), seven(kind));
 }
 
-void tst_HalfTypedText::numberOutOfTheNewRangeGivesWay_data()
+void tst_HalfTypedText::numberOutOfTheNewRangeBecomesTheLimit_data()
 {
     QTest::addColumn<QString>("way");
     for (const char* kind : {"double spin box", "spin box"})
@@ -365,7 +323,8 @@ void tst_HalfTypedText::numberOutOfTheNewRangeGivesWay_data()
             QTest::addRow("%s, %s", kind, way) << way;
 }
 
-void tst_HalfTypedText::numberOutOfTheNewRangeGivesWay()
+/// As any number out of range, whichever came first.
+void tst_HalfTypedText::numberOutOfTheNewRangeBecomesTheLimit()
 {
     QFETCH(QString, way);
     const QString kind = QString(QTest::currentDataTag()).section(',', 0, 0);
@@ -374,9 +333,7 @@ void tst_HalfTypedText::numberOutOfTheNewRangeGivesWay()
     stateOf(kind).maxInteger = 20;
     report(kind);
     QCOMPARE(text(kind), QString("900"));
-    finish(kind, way);
-    QCOMPARE(text(kind), seven(kind));
-    QCOMPARE(writes(), QStringList());
+    QCOMPARE(finish(kind, way), QStringList(featureOf(kind) + "=20"));
 }
 
 void tst_HalfTypedText::escapeBringsTheCamerasValueBack()
@@ -485,7 +442,7 @@ void tst_HalfTypedText::textOfAnUnfocusedFieldGivesWay()
 {
     const QString kind = QTest::currentDataTag();
     begin();
-    form->findChild<QLineEdit*>("txtElsewhere")->setFocus();
+    leave();
     report(kind);
     QCOMPARE(text(kind), seven(kind));
 }

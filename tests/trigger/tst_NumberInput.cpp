@@ -1,11 +1,10 @@
 // How numbers may be typed and pasted: with a comma or a point before the decimals, and no groups.
-#include "tests/trigger/NumberForm.h"
+#include "tests/trigger/TypingTest.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLocale>
-#include <QTest>
 
 namespace {
 
@@ -19,12 +18,12 @@ void emptyField(QLineEdit& edit)
 
 } // namespace
 
-class tst_NumberInput : public QObject
+class tst_NumberInput : public TypingTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { camera = numberCamera(); }
     void cleanup();
 
     void typedCommaActsAsThePoint_data();
@@ -53,22 +52,11 @@ private slots:
 private:
     void build(const QString& desktop = QStringLiteral("C"));
     void paste(QLineEdit& edit, const QString& text) const;
-    /// Finishes the field and returns what was written beside the selected lines.
-    QStringList finish(const QString& kind);
-
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<NumberForm> form;
 };
-
-void tst_NumberInput::init()
-{
-    camera = numberCamera();
-}
 
 void tst_NumberInput::cleanup()
 {
-    form.reset();
-    camera.reset();
+    closeForm();
     QLocale::setDefault(QLocale::c());
 }
 
@@ -82,12 +70,6 @@ void tst_NumberInput::paste(QLineEdit& edit, const QString& text) const
 {
     QGuiApplication::clipboard()->setText(text);
     edit.paste();
-}
-
-QStringList tst_NumberInput::finish(const QString& kind)
-{
-    QTest::keyClick(&form->field(kind), Qt::Key_Return);
-    return tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector)"));
 }
 
 void tst_NumberInput::typedCommaActsAsThePoint_data()

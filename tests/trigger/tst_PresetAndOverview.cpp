@@ -72,24 +72,34 @@ struct Chosen
     std::vector<std::string> state;
     /// What was written under which entry.
     std::set<std::string> underEntries;
-    std::vector<std::string> calls; ///< Without the names, which need no camera.
+    std::vector<std::string> calls; ///< Without the names, which are asked far more often.
+    std::vector<std::string> names; ///< Whose name was asked for.
 };
 
 /// Says whether a call is lost: its number, from 1, and what it is.
 using Loss = std::function<bool(int number, const std::string& call)>;
 
+enum class Lost
+{
+    Calls,
+    Names
+};
+
 Chosen choose(
-    const QString& preset, const Loss& loss = [](int, const std::string&) { return false; })
+    const QString& preset, const Loss& loss = [](int, const std::string&) { return false; },
+    ZalErrorType status = ZalErrorTimeout, Lost lost = Lost::Calls)
 {
     const auto camera = triggeredCamera();
     const PresetForm form(*camera, shippedPresets());
     Chosen result;
+    const auto judge = [&](Lost kind, std::vector<std::string>& calls, const std::string& call) {
+        calls.push_back(call);
+        return kind == lost && loss(static_cast<int>(calls.size()), call) ? status
+                                                                          : ZalErrorSuccess;
+    };
     camera->onCall = [&](const std::string& operation, const std::string& feature) {
-        if (operation == "GetName")
-            return ZalErrorSuccess;
-        result.calls.push_back(operation + ' ' + feature);
-        const auto number = static_cast<int>(result.calls.size());
-        return loss(number, result.calls.back()) ? ZalErrorTimeout : ZalErrorSuccess;
+        return operation == "GetName" ? judge(Lost::Names, result.names, feature)
+                                      : judge(Lost::Calls, result.calls, operation + ' ' + feature);
     };
     camera->onAccepted = [&](const Fake::Accepted& write) {
         if (!write.entry.empty())
@@ -114,6 +124,19 @@ std::vector<int> numbersOf(const Chosen& chosen, const std::string& call)
     return numbers;
 }
 
+/// The numbers of the names at which looking a feature up ended: those that decide. Each lookup
+/// asks for names in the order of the list, twice each, from the first one on.
+std::vector<int> namesThatDecide(const std::vector<std::string>& names)
+{
+    std::vector<int> numbers;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const bool isLast = i + 1 == names.size();
+        if (isLast || (names[i + 1] == names.front() && names[i] != names.front()))
+            numbers.push_back(static_cast<int>(i) + 1);
+    }
+    return numbers;
+}
+
 /// What was written under an entry that the undisturbed preset does not write there.
 QByteArray astray(const Chosen& disturbed, const Chosen& undisturbed)
 {
@@ -125,6 +148,17 @@ QByteArray astray(const Chosen& disturbed, const Chosen& undisturbed)
     }
     return QByteArray();
 }
+
+/// What is wrong with how a disturbed choice ended; empty for nothing.
+QByteArray faultOf(const Chosen& disturbed, const Chosen& undisturbed)
+{
+    if (disturbed.boxes.isEmpty() && disturbed.state != undisturbed.state)
+        return "ended wrong without a line";
+    return astray(disturbed, undisturbed);
+}
+
+const std::map<QByteArray, ZalErrorType> Silences = {
+    {"time-out", ZalErrorTimeout}, {"transport", ZalErrorTransport}, {"not open", ZalErrorNotOpen}};
 
 const QString TimerPreset = QStringLiteral("Delayed Trigger (Timer)");
 
@@ -142,6 +176,8 @@ class tst_PresetAndOverview : public QObject
 private slots:
     void noPresetEndsUnderAnotherEntry_data();
     void noPresetEndsUnderAnotherEntry();
+    void noPresetEndsUnderAnotherEntryWhereNamesAreLost_data();
+    void noPresetEndsUnderAnotherEntryWhereNamesAreLost();
     void aSelectorWithoutKnownEntryIsNotStepped();
     void aSelectorThatIsNotPutBackAtOnceIsPutBackAgain();
     void aSelectorLeftAstrayIsReportedAndNoPresetStartsFromThere();
@@ -151,30 +187,58 @@ private slots:
 void tst_PresetAndOverview::noPresetEndsUnderAnotherEntry_data()
 {
     QTest::addColumn<QString>("preset");
+    QTest::addColumn<ZalErrorType>("status");
     QTest::addColumn<int>("lost");
-    for (const QByteArray preset : {"Reset All", "Burst of 5 Frames", "Delayed Trigger (Timer)"})
-        for (const int lost : {1, 6})
-            QTest::newRow(preset + ", lost: " + QByteArray::number(lost))
-                << QString::fromLatin1(preset) << lost;
+    for (const QByteArray preset : {"Reset All", "Burst of 5 Frames", "Delayed Trigger (Timer)"}) {
+        const QString name = QString::fromLatin1(preset);
+        for (const auto& [silence, status] : Silences)
+            QTest::newRow(preset + ", one " + silence) << name << status << 1;
+        QTest::newRow(preset + ", six time-outs") << name << ZalErrorType(ZalErrorTimeout) << 6;
+    }
 }
 
 void tst_PresetAndOverview::noPresetEndsUnderAnotherEntry()
 {
     QFETCH(QString, preset);
+    QFETCH(ZalErrorType, status);
     QFETCH(int, lost);
     const Chosen undisturbed = choose(preset);
     QCOMPARE(undisturbed.boxes, QStringList());
     QVERIFY(undisturbed.calls.size() > 100);
     for (int first = 1; first <= int(undisturbed.calls.size()); ++first) {
-        const Chosen disturbed = choose(preset, [=](int number, const std::string&) {
+        const auto isLost = [=](int number, const std::string&) {
             return number >= first && number < first + lost;
-        });
-        const QByteArray where =
-            "unanswered: " + QByteArray::fromStdString(undisturbed.calls[first - 1]) + ", call " +
-            QByteArray::number(first) + ": ";
-        QVERIFY2(!disturbed.boxes.isEmpty() || disturbed.state == undisturbed.state,
-                 where + "ended wrong without a line");
-        QVERIFY2(astray(disturbed, undisturbed).isEmpty(), where + astray(disturbed, undisturbed));
+        };
+        const QByteArray fault = faultOf(choose(preset, isLost, status), undisturbed);
+        const QByteArray where = QByteArray::fromStdString(undisturbed.calls[first - 1]);
+        QVERIFY2(fault.isEmpty(),
+                 where + " unanswered, call " + QByteArray::number(first) + ": " + fault);
+    }
+}
+
+void tst_PresetAndOverview::noPresetEndsUnderAnotherEntryWhereNamesAreLost_data()
+{
+    noPresetEndsUnderAnotherEntry_data();
+}
+
+void tst_PresetAndOverview::noPresetEndsUnderAnotherEntryWhereNamesAreLost()
+{
+    QFETCH(QString, preset);
+    QFETCH(ZalErrorType, status);
+    QFETCH(int, lost);
+    const Chosen undisturbed = choose(preset);
+    const std::vector<int> deciding = namesThatDecide(undisturbed.names);
+    QVERIFY(deciding.size() > 100);
+    for (std::size_t i = 0; i < deciding.size(); ++i) {
+        const int first = deciding[i];
+        const int last = deciding[std::min(i + lost, deciding.size()) - 1];
+        const auto isLost = [=](int number, const std::string&) {
+            return number >= first && number <= last;
+        };
+        const QByteArray fault = faultOf(choose(preset, isLost, status, Lost::Names), undisturbed);
+        const QByteArray where = QByteArray::fromStdString(undisturbed.names[first - 1]);
+        QVERIFY2(fault.isEmpty(), "name of " + where + " unanswered, call " +
+                                      QByteArray::number(first) + ": " + fault);
     }
 }
 

@@ -25,7 +25,7 @@ QStringList namesIn(const PresetFile::Content& content)
 QString toolTipOf(const QByteArray& members)
 {
     const auto content = PresetFile::Parse(R"({"#presets": ["P"], "P": )" + members + "}");
-    return content.presets.isEmpty() ? QString() : content.presets.first().toolTip;
+    return content.presets.isEmpty() ? QString() : content.presets.first().toolTip();
 }
 
 /// One step in a line: "LineSelector=Line0; LineMode=Input".
@@ -185,7 +185,7 @@ void tst_PresetFile::keepsThePresetsMembersWithoutTheToolTip()
 {
     const auto content = PresetFile::Parse(
         R"({"#presets": ["A"], "A": {"#tooltip": "t", "#execute": "C", "F": {"#value": 1}}})");
-    QCOMPARE(content.presets.first().members, object(R"({"#execute": "C", "F": {"#value": 1}})"));
+    QCOMPARE(content.presets.first().members(), object(R"({"#execute": "C", "F": {"#value": 1}})"));
 }
 
 void tst_PresetFile::buildsToolTips_data()
@@ -234,7 +234,7 @@ void tst_PresetFile::namesAreInsertedAsTheyAre()
 {
     const auto content = PresetFile::Parse(R"({"#presets": ["<i>P</i>&%1"],
         "<i>P</i>&%1": {"#execute": "<C>", "<S>": {"#value": "a&b", "<D>": 1}}})");
-    QCOMPARE(content.presets.first().toolTip,
+    QCOMPARE(content.presets.first().toolTip(),
              QStringLiteral("<b><i>P</i>&%1</b><br><br>Settings:<blockquote><i> Execute: <C></i>"
                             "<br><b><S></b>: a&b<br><D>: 1<br></blockquote>\n"));
 }

@@ -1,4 +1,5 @@
 // Presets files that nobody should write.
+#include "tests/support/HeapInUse.h"
 #include "tests/support/LeaksOfQtParser.h"
 #include "tests/trigger/PresetForm.h"
 #include "trigger/PresetFile.h"
@@ -47,6 +48,7 @@ private slots:
     void unusableFilesGiveNoPresets();
     void aFileOfTenMegabytesIsReadWhole();
     void tenThousandPresetsAreOffered();
+    void aPresetListedAThousandTimesKeepsItsTextsOnce();
     void nestingUpToTheParsersLimitIsIgnoredWhereItMeansNothing();
     void numbersAtTheEdgeOfDoubleAreKept();
     void duplicateMembersGiveOnePreset();
@@ -108,7 +110,8 @@ void tst_PresetRobustness::aFileOfTenMegabytesIsReadWhole()
     QCOMPARE(form.box.count(), 1);
     QCOMPARE(form.box.itemData(0).toMap().value(QStringLiteral("S")).toMap().size(),
              settings.size());
-    QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString().count(QStringLiteral("&lt;value")),
+    const PresetFile::Content content = PresetFile::Parse(json);
+    QCOMPARE(content.presets.first().toolTip().count(QStringLiteral("&lt;value")),
              settings.size() - 1);
 }
 
@@ -121,6 +124,22 @@ void tst_PresetRobustness::tenThousandPresetsAreOffered()
     QVERIFY(form.box.itemData(Many - 1, Qt::ToolTipRole)
                 .toString()
                 .startsWith(QStringLiteral("<b>p9999</b><br>t")));
+}
+
+void tst_PresetRobustness::aPresetListedAThousandTimesKeepsItsTextsOnce()
+{
+    constexpr int listings = 1000;
+    const QByteArray text(100 * 1024, 't');
+    const QByteArray json = R"({"#presets":["P")" + QByteArray(",\"P\"").repeated(listings - 1) +
+                            R"(],"P":{"#tooltip":")" + text + R"(","F":{"#value":")" + text +
+                            R"("}}})";
+    const auto camera = lineCamera();
+    const std::size_t before = heapInUse();
+    const PresetForm form(*camera, json);
+    QCOMPARE(form.box.count(), listings);
+    QVERIFY2(heapInUse() - before < std::size_t(20 * text.size()),
+             QByteArray::number(qulonglong(heapInUse() - before)));
+    QVERIFY(form.box.itemData(listings - 1).toMap().contains("F"));
 }
 
 void tst_PresetRobustness::nestingUpToTheParsersLimitIsIgnoredWhereItMeansNothing()
@@ -137,7 +156,7 @@ void tst_PresetRobustness::numbersAtTheEdgeOfDoubleAreKept()
 {
     const auto content = PresetFile::Parse(onePreset(
         R"({"S": {"#value": 1.7976931348623157e308, "A": -1e308, "B": 123456789012345678901}})"));
-    const auto plan = PresetFile::PlanOf(content.presets.first().members);
+    const auto plan = PresetFile::PlanOf(content.presets.first().members());
     QCOMPARE(plan.steps.first().value.toDouble(), 1.7976931348623157e308);
     QCOMPARE(plan.steps.first().dependents.value(QStringLiteral("A")).toDouble(), -1e308);
     QCOMPARE(plan.steps.first().dependents.value(QStringLiteral("B")).toDouble(),
@@ -150,7 +169,7 @@ void tst_PresetRobustness::duplicateMembersGiveOnePreset()
     const auto content =
         PresetFile::Parse(R"({"#presets": ["A"], "A": {"F": {"#value": 1}}, "A": {}})");
     QCOMPARE(content.presets.size(), 1);
-    QVERIFY(content.presets.first().members.isEmpty());
+    QVERIFY(content.presets.first().members().isEmpty());
 }
 
 QTEST_MAIN(tst_PresetRobustness)

@@ -36,6 +36,36 @@ void showToolTipOf(const QComboBox& box, int index)
     QCoreApplication::sendEvent(view->viewport(), &event);
 }
 
+constexpr int LongestToolTip = 64 * 1024;
+
+/// The tooltip of a preset that has that many characters in its file's words.
+QString presetToolTipOf(int length)
+{
+    const int title = QStringLiteral("<b>P</b><br>").size();
+    const auto camera = lineCamera();
+    const PresetForm form(*camera, fileWith("P", {{"#tooltip", QString(length - title, 'A')}}));
+    return form.box.itemData(0, Qt::ToolTipRole).toString();
+}
+
+/// The tooltip of a feature whose description makes it that long.
+QString featureToolTipOf(int length)
+{
+    const auto textWith = [](int letters) {
+        const auto camera = acceptedCamera();
+        camera->addFloat("ExposureTime", 1.0)->description = std::string(letters, 'A');
+        TestEngine form(*camera);
+        auto& box = form.add<QDoubleSpinBox>("spbExposureTime");
+        form.InitBaseWidgets();
+        form.ActivateTooltips(Qt::Checked);
+        form.show();
+        QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), box.mapToGlobal(QPoint(1, 1)));
+        QCoreApplication::sendEvent(&box, &event);
+        return box.toolTip();
+    };
+    const int frame = textWith(1).size() - 1;
+    return textWith(length - frame);
+}
+
 } // namespace
 
 class tst_TextResources : public QObject
@@ -52,6 +82,8 @@ private slots:
     void toolTipOfAFeatureOpensNothing();
     void toolTipOfAnEntryOpensNothing();
     void formattingOfAPresetStays();
+    void longToolTipIsCut_data();
+    void longToolTipIsCut();
 
 private:
     QString picture() const { return QStringLiteral("<img src=\"%1\">").arg(path); }
@@ -162,6 +194,24 @@ void tst_TextResources::formattingOfAPresetStays()
     const PresetForm form(*camera, onePreset(R"({"#tooltip": "<font color=red>1 < 2</font>"})"));
     QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString(),
              QStringLiteral("<b>P</b><br><font color=red>1 < 2</font>"));
+}
+
+void tst_TextResources::longToolTipIsCut_data()
+{
+    QTest::addColumn<bool>("ofPreset");
+    QTest::addColumn<int>("length");
+    for (const int length : {LongestToolTip, LongestToolTip + 1000, 7000000}) {
+        QTest::addRow("preset, %d characters", length) << true << length;
+        QTest::addRow("feature, %d characters", length) << false << length;
+    }
+}
+
+void tst_TextResources::longToolTipIsCut()
+{
+    QFETCH(bool, ofPreset);
+    QFETCH(int, length);
+    const QString shown = ofPreset ? presetToolTipOf(length) : featureToolTipOf(length);
+    QCOMPARE(shown.size(), std::min(length, LongestToolTip));
 }
 
 QTEST_MAIN(tst_TextResources)

@@ -1,9 +1,10 @@
 // Keys that a field cannot take as they are, or that make no number of its own range: none of them
 // may turn what is typed into another number.
-#include "tests/trigger/NumberForm.h"
+#include "tests/trigger/TypingTest.h"
 
 #include <QInputMethodEvent>
-#include <QTest>
+#include <QShortcut>
+#include <QSignalSpy>
 
 namespace {
 
@@ -19,13 +20,13 @@ const QStringList fieldsWithDecimals = {"double spin box", "line edit", "table c
 
 } // namespace
 
-class tst_TypedNumber : public QObject
+class tst_TypedNumber : public TypingTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { openForm(); }
+    void cleanup() { closeForm(); }
 
     void keysOfOtherScripts_data();
     void keysOfOtherScripts();
@@ -41,63 +42,19 @@ private slots:
     void markTypedBetweenDigitsKeepsThemApart();
     void markThatIsDeletedAgainDoesNoHarm();
 
-private:
-    /// Goes to the field and selects its text, for a key to replace it.
-    void enter(const QString& kind);
-    void type(const QString& kind, const QString& typed);
-    void leave() { form->findChild<QLineEdit*>("txtElsewhere")->setFocus(); }
-    void press(const QString& kind, Qt::Key key) { QTest::keyClick(&form->field(kind), key); }
-    QString text(const QString& kind) const { return form->textOf(kind).text(); }
-    /// What was written beside the selected lines.
-    QStringList writes() const;
-    QStringList finish(const QString& kind, const QString& way = "Return");
+    void exponentIsUnderstood_data();
+    void exponentIsUnderstood();
+    void exponentEndsAWholeNumber_data();
+    void exponentEndsAWholeNumber();
+    void unfinishedExponentIsNotTaken_data();
+    void unfinishedExponentIsNotTaken();
+    void typedGroupsWithoutMarksCloseUp_data();
+    void typedGroupsWithoutMarksCloseUp();
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<NumberForm> form;
+    void escapeAfterALeftTextBringsTheCamerasValueBack_data();
+    void escapeAfterALeftTextBringsTheCamerasValueBack();
+    void escapeGivesUpALeftTextAtOnce();
 };
-
-void tst_TypedNumber::init()
-{
-    camera = numberCamera();
-    form = std::make_unique<NumberForm>(*camera);
-    form->add<QLineEdit>("txtElsewhere");
-    form->show();
-    form->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(form.get()));
-}
-
-void tst_TypedNumber::cleanup()
-{
-    form.reset();
-    camera.reset();
-}
-
-void tst_TypedNumber::enter(const QString& kind)
-{
-    form->field(kind).setFocus();
-    form->textOf(kind).selectAll();
-}
-
-void tst_TypedNumber::type(const QString& kind, const QString& typed)
-{
-    enter(kind);
-    QTest::keyClicks(&form->field(kind), typed);
-}
-
-QStringList tst_TypedNumber::writes() const
-{
-    return tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector)"));
-}
-
-/// By the return key, or by going elsewhere.
-QStringList tst_TypedNumber::finish(const QString& kind, const QString& way)
-{
-    if (way == "Return")
-        press(kind, Qt::Key_Return);
-    else
-        leave();
-    return writes();
-}
 
 void tst_TypedNumber::keysOfOtherScripts_data()
 {
@@ -230,6 +187,127 @@ void tst_TypedNumber::markThatIsDeletedAgainDoesNoHarm()
         QTest::keyClicks(&form->field(kind), "5");
         QCOMPARE(finish(kind), QStringList("Real=1.25"));
     }
+}
+
+void tst_TypedNumber::exponentIsUnderstood_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("written");
+    const auto row = [](const char* kind, const char* typed, const char* write) {
+        QTest::addRow("%s, %s", kind, typed) << kind << typed << QStringList(write);
+    };
+    for (const char* kind : {"double spin box", "line edit"}) {
+        row(kind, "1e3", "Real=1000");
+        row(kind, "1E3", "Real=1000");
+        row(kind, "1,5e+2", "Real=150");
+        row(kind, "25e-1", "Real=2.5");
+        row(kind, "-1.234e3", "Real=-1234");
+    }
+    row("double spin box", "1e9", "Real=100000");
+    row("double spin box", "200000e-3", "Real=200");
+}
+
+void tst_TypedNumber::exponentIsUnderstood()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    type(kind, typed);
+    QCOMPARE(text(kind), QString(typed).replace(',', '.'));
+    QTEST(finish(kind), "written");
+}
+
+void tst_TypedNumber::exponentEndsAWholeNumber_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("1e3") << "1e";
+    QTest::newRow("1E3") << "1E";
+    QTest::newRow("1e-3") << "1e-";
+    QTest::newRow("9999999e3") << "9999999e";
+}
+
+void tst_TypedNumber::exponentEndsAWholeNumber()
+{
+    type("spin box", QTest::currentDataTag());
+    QTEST(text("spin box"), "shown");
+    QCOMPARE(finish("spin box"), QStringList());
+    QCOMPARE(text("spin box"), QString("5"));
+}
+
+void tst_TypedNumber::unfinishedExponentIsNotTaken_data()
+{
+    QTest::addColumn<bool>("unused");
+    for (const char* typed : {"12e", "12e-", "1.5e", "1.23456e"})
+        QTest::newRow(typed) << true;
+}
+
+void tst_TypedNumber::unfinishedExponentIsNotTaken()
+{
+    type("double spin box", QTest::currentDataTag());
+    QVERIFY(text("double spin box").contains('e'));
+    QCOMPARE(finish("double spin box"), QStringList());
+    QCOMPARE(text("double spin box"), QString("5.000"));
+}
+
+void tst_TypedNumber::typedGroupsWithoutMarksCloseUp_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("number");
+    for (const char* kind : {"double spin box", "spin box", "line edit", "table cell"})
+        for (const char* typed : {"1 234", "1\u00a0234", "1\u202f234", "1'234", "1’234"})
+            QTest::addRow("%s, %s", kind, typed) << kind << QString::fromUtf8(typed) << "1234";
+    for (const QString& kind : fieldsWithDecimals)
+        QTest::addRow("%s, decimals", qPrintable(kind)) << kind << "1 234,5"
+                                                        << "1234.5";
+}
+
+void tst_TypedNumber::typedGroupsWithoutMarksCloseUp()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, typed);
+    enter(kind);
+    sendCharacters(form->field(kind), typed);
+    QTEST(text(kind), "number");
+}
+
+void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack_data()
+{
+    QTest::addColumn<QString>("left");
+    QTest::newRow("above the top") << "200000";
+    QTest::newRow("sign alone") << "-";
+}
+
+void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack()
+{
+    QFETCH(QString, left);
+    type("line edit", left);
+    leave();
+    QCOMPARE(text("line edit"), left);
+    type("line edit", "3");
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(text("line edit"), QString("5"));
+    QCOMPARE(writes(), QStringList());
+}
+
+/// What was left unfinished still is so when the user comes back.
+void tst_TypedNumber::escapeGivesUpALeftTextAtOnce()
+{
+    QShortcut shortcut(Qt::Key_Escape, form.get());
+    QSignalSpy taken(&shortcut, SIGNAL(activated()));
+    type("line edit", "200000");
+    leave();
+    form->field("line edit").setFocus();
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(text("line edit"), QString("5"));
+    QCOMPARE(taken.count(), 0);
+    // Unless the camera's value took its place meanwhile.
+    type("line edit", "200000");
+    leave();
+    form->refresh({"Real"});
+    form->field("line edit").setFocus();
+    press("line edit", Qt::Key_Escape);
+    QCOMPARE(taken.count(), 1);
 }
 
 QTEST_MAIN(tst_TypedNumber)

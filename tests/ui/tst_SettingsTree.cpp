@@ -62,6 +62,8 @@ private slots:
     void selectorThatIsNotTakenLeavesTheSelection();
     void resetBuildsTheTreeAnew();
     void counterWithoutSelectorHasNoEntriesToStartWith();
+    void counterWithoutSelectorKeepsItsBranchWhenBuiltAnew_data();
+    void counterWithoutSelectorKeepsItsBranchWhenBuiltAnew();
     void cameraWithoutFeaturesIsInactive();
     void modelOutlivesNothing();
 };
@@ -335,6 +337,31 @@ void tst_SettingsTree::counterWithoutSelectorHasNoEntriesToStartWith()
     const TreeForm form(camera);
     // Its branch comes with the first report of what it counts.
     QCOMPARE(form.branches().first(), QString("Counter: inactive"));
+    QVERIFY(camera.writes().empty());
+}
+
+void tst_SettingsTree::counterWithoutSelectorKeepsItsBranchWhenBuiltAnew_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("branch");
+    QTest::newRow("counting") << "Line0"
+                              << "Counter: ";
+    QTest::newRow("off") << "Off"
+                         << "Counter: inactive";
+    QTest::newRow("no counter") << QString() << "Counter: inactive";
+}
+
+void tst_SettingsTree::counterWithoutSelectorKeepsItsBranchWhenBuiltAnew()
+{
+    QFETCH(QString, source);
+    Fake::FakeCamera camera;
+    if (!source.isEmpty())
+        camera.addEnum("CounterEventSource", {"Off", "Line0"}, source.toStdString());
+    TreeForm form(camera);
+    form.tree.ResetData();
+    QCOMPARE(form.branches().size(), 3);
+    QFETCH(QString, branch);
+    QVERIFY2(form.branches().contains(branch), qPrintable(form.branches().join('\n')));
     QVERIFY(camera.writes().empty());
 }
 

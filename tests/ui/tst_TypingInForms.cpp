@@ -57,6 +57,9 @@ private slots:
     void numbersAreShownInEnglish();
     void pwmInputIsTheSameOnEveryDesktop_data() { everyDesktop(); }
     void pwmInputIsTheSameOnEveryDesktop();
+    void refusedPasteLeavesLongDecimalsAlone_data();
+    void refusedPasteLeavesLongDecimalsAlone();
+    void longDecimalsCanBeEdited();
     void pwmIsSetByNumbersWithCommas_data() { everyDesktop(); }
     void pwmIsSetByNumbersWithCommas();
 
@@ -72,6 +75,8 @@ private:
     /// On the desktop that the row is named after.
     static void goAbroad() { QLocale::setDefault(QLocale(QTest::currentDataTag())); }
     void openDialog();
+    /// Has the timer run with a duty cycle of a third, which shows more decimals than may be typed.
+    void showAThird();
     QWidget& field(const char* name) const { return *dialog->find(name); }
 
     PresetsFile presets{PresetsFile::fourPresets()};
@@ -209,6 +214,54 @@ void tst_TypingInForms::pwmInputIsTheSameOnEveryDesktop()
                      qPrintable(name + QString(": ") + it.key()));
         }
     }
+}
+
+void tst_TypingInForms::showAThird()
+{
+    dialog->feature("TimerDuration").state().real = 1.0;
+    dialog->feature("TimerDelay").state().real = 2.0;
+    dialog->content->report({"TimerDelay", "TimerDuration"});
+    QCOMPARE(textOf(field("txtPWMDutyCycle")).text(), QString("33.3333"));
+    dialog->camera->clearLog();
+}
+
+void tst_TypingInForms::refusedPasteLeavesLongDecimalsAlone_data()
+{
+    QTest::addColumn<bool>("unused");
+    for (const char* pasted : {"1 234", "1,234.5", "1'234", "abc", "-5", "2 %"})
+        QTest::newRow(pasted) << true;
+}
+
+void tst_TypingInForms::refusedPasteLeavesLongDecimalsAlone()
+{
+    openDialog();
+    showAThird();
+    QLineEdit& dutyCycle = textOf(field("txtPWMDutyCycle"));
+    paste(dutyCycle, QTest::currentDataTag());
+    QCOMPARE(dutyCycle.text(), QString("33.3333"));
+    // Also beside what stands there.
+    dutyCycle.end(false);
+    dutyCycle.insert(QString(" ") + QTest::currentDataTag());
+    QCOMPARE(dutyCycle.text(), QString("33.3333"));
+    QTest::keyClick(&dutyCycle, Qt::Key_Return);
+    QCOMPARE(dialog->writes(), QStringList());
+}
+
+void tst_TypingInForms::longDecimalsCanBeEdited()
+{
+    openDialog();
+    showAThird();
+    QLineEdit& dutyCycle = textOf(field("txtPWMDutyCycle"));
+    dutyCycle.setFocus();
+    dutyCycle.end(false);
+    QTest::keyClick(&dutyCycle, Qt::Key_Backspace);
+    QCOMPARE(dutyCycle.text(), QString("33.333"));
+    QTest::keyClick(&dutyCycle, Qt::Key_Backspace);
+    QTest::keyClick(&dutyCycle, Qt::Key_Return);
+    QCOMPARE(dialog->writes().size(), 2);
+    showAThird();
+    paste(dutyCycle, "12,5");
+    QCOMPARE(dutyCycle.text(), QString("12.5"));
 }
 
 void tst_TypingInForms::pwmIsSetByNumbersWithCommas()

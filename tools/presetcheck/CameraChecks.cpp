@@ -31,7 +31,7 @@ QString situationOf(const QString& selector, const QString& entry)
 }
 
 /// "<all>" with the entry to end at is also how settings are written only on a camera that has the
-/// feature, whatever it selects: without entries there is no turn in which to write them.
+/// feature: without entries there is no turn in which to write them.
 bool isCondition(const PresetFile::Step& step)
 {
     return step.forEveryEntry && !step.lastEntry.isEmpty();
@@ -68,7 +68,7 @@ CameraChecks::CameraChecks(const FeatureManager& manager, Findings& collected)
 bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
 {
     isPrepared = false;
-    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members);
+    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members());
     std::size_t element = 0;
     const QString* previous = nullptr;
     for (const PresetFile::Step& step : plan.steps) {
@@ -178,13 +178,13 @@ bool CameraChecks::moveSelector(const QString& selector, const JsonNode& value,
 void CameraChecks::checkDependents(const Placed& placed, const QString& situation, Findings& out)
 {
     const QString& key = placed.step.feature;
+    const bool needsSelected = selectors.isSelector(key) && !goesWithSelected(placed.step);
     const QStringList features = placed.step.dependents.keys();
     for (const QString& feature : features) {
         if (feature.startsWith(QLatin1Char('#')))
             continue;
         const JsonNode& node = placeOf(placed.object, feature);
-        if (!isCondition(placed.step) && selectors.isSelector(key) &&
-            camera.GetIsFeatureAvailable(feature) && !governs(key, feature))
+        if (needsSelected && camera.GetIsFeatureAvailable(feature) && !governs(key, feature))
             out.add(
                 Rules::NotSelected, node.keyAt,
                 QStringLiteral("%1 is not selected by %2 and has one value for all of its entries")
@@ -244,6 +244,16 @@ QString CameraChecks::numberFor(const QString& feature, const QString& text) con
     double max = 0.0;
     camera.GetValueRange(feature, &min, &max);
     return QString::number(text == Placeholders::Min ? min : max, 'f', 0);
+}
+
+/// A timer and the trigger that follows it are one thing: where the condition is about a selector
+/// and sets something of its entries, the rest is meant to go with it.
+bool CameraChecks::goesWithSelected(const PresetFile::Step& step) const
+{
+    const QStringList features = step.dependents.keys();
+    return isCondition(step) &&
+           std::any_of(features.begin(), features.end(),
+                       [&](const QString& feature) { return governs(step.feature, feature); });
 }
 
 bool CameraChecks::governs(const QString& selector, const QString& feature) const

@@ -45,6 +45,7 @@ private:
                       Findings& out);
     void checkCommand(const QString& command, const JsonNode& node);
     QString numberFor(const QString& feature, const QString& text) const;
+    bool goesWithSelected(const PresetFile::Step& step) const;
     bool governs(const QString& selector, const QString& feature) const;
 
     const FeatureManager& camera;

@@ -1,15 +1,11 @@
 // Which changes observers are told of, and which they are spared.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/OnNastyCamera.h"
 
 #include <thread>
 
 using namespace BridgeTest;
 
 namespace {
-
-// The last feature of the description, which costs no traffic.
-constexpr const char* Sentinel = "Constant";
 
 /// Keeps the notification thread inside a call until released.
 class Gate
@@ -30,15 +26,15 @@ private:
 
 } // namespace
 
-class tst_ChangeNotifier : public QObject
+class tst_ChangeNotifier : public QObject, protected OnNastyCamera
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
+    void initTestCase() { serve(); }
     void init();
     void cleanup();
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { endServing(); }
 
     void writeIsReportedOnce();
     void writeOfTheSameValueIsNotReported();
@@ -72,26 +68,17 @@ private slots:
     void cameraMayBeDestroyedInACall();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     void observe(const std::vector<std::string>& features);
-    void settle();
     void set(const std::string& name, long long value);
     void stepChannels(const std::vector<int>& channels);
 
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
     std::shared_ptr<Recorder> recorder;
-    std::shared_ptr<Recorder> sentinel;
-    int rounds = 0;
 };
 
 void tst_ChangeNotifier::init()
 {
-    server->reset();
-    camera = openCamera();
+    openAnew();
     recorder = std::make_shared<Recorder>();
-    sentinel = std::make_shared<Recorder>();
-    rounds = 0;
 }
 
 void tst_ChangeNotifier::cleanup()
@@ -105,17 +92,6 @@ void tst_ChangeNotifier::observe(const std::vector<std::string>& features)
     for (const auto& name : features)
         QCOMPARE(find(name)->RegisterObserver(recorder), ZalErrorSuccess);
     settle();
-}
-
-// Features are looked at in the description's order. When the last one has been reported, the
-// others have been dealt with.
-void tst_ChangeNotifier::settle()
-{
-    const auto feature = find(Sentinel);
-    QCOMPARE(feature->RegisterObserver(sentinel), ZalErrorSuccess);
-    sentinel->clear();
-    QCOMPARE(feature->SetIntegerValue(1000 + ++rounds), ZalErrorSuccess);
-    QTRY_COMPARE(sentinel->count(Sentinel), 1);
 }
 
 void tst_ChangeNotifier::set(const std::string& name, long long value)

@@ -1,6 +1,5 @@
 // Another program gets control of a camera that this one has open: reads go on, writes do not.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/OnNastyCamera.h"
 #include "tests/sdk/bridge/WireTap.h"
 #include "tests/support/ChildProcess.h"
 
@@ -12,8 +11,6 @@ using ZalCPP::CameraLoss;
 
 namespace {
 
-constexpr std::uint64_t ControlPrivilege = 0x0a00;
-constexpr std::uint64_t PlainRegister = 0x4000;
 // Long enough for a write that is never answered, and for asking who has control.
 constexpr int UntilLost = 30000;
 
@@ -47,7 +44,7 @@ int holdCamera()
 
 } // namespace
 
-class tst_ControlTaken : public QObject
+class tst_ControlTaken : public QObject, protected OnNastyCamera
 {
     Q_OBJECT
 
@@ -55,7 +52,7 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { endServing(); }
 
     void stoppedProgramIsToldThatAnotherOneTookControl();
     void everyWriteRefusedIsALoss_data();
@@ -67,25 +64,20 @@ private slots:
     void openCameraHasNoReason();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
     std::unique_ptr<WireTap> tap;
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
     std::atomic<int> losses{0};
 };
 
 void tst_ControlTaken::initTestCase()
 {
     tap = std::make_unique<WireTap>();
-    server = std::make_unique<NastyCamera>();
+    serve();
 }
 
 void tst_ControlTaken::init()
 {
-    server->reset();
     losses = 0;
-    camera = openCamera();
+    openAnew();
     camera->SetLostHandler([this] { ++losses; });
     tap->takeAccesses();
 }

@@ -1,7 +1,6 @@
 // A network that loses, repeats and delays datagrams: what a call gives back, and how long it
 // takes.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/OnNastyCamera.h"
 #include "tests/support/GvcpProxy.h"
 
 using namespace BridgeTest;
@@ -15,14 +14,9 @@ Q_DECLARE_METATYPE(GvcpProxy::Direction)
 
 namespace {
 
-// What a caller's thread may be blocked for.
-constexpr qint64 LongestBlock = 650;
-
-constexpr std::uint32_t ControlPrivilege = 0x0a00;
 constexpr std::uint32_t LimitHighRegister = 0x4010;
 constexpr std::uint32_t LimitStepRegister = 0x4014;
-// Neither of these is ever answered from a moment before.
-constexpr std::uint32_t TemperatureRegister = 0x4700;
+// Like that of the temperature never answered from a moment before.
 constexpr std::uint32_t TicksRegister = 0x4704;
 
 bool isHeartbeat(const GvcpProxy::Datagram& request)
@@ -50,15 +44,15 @@ GvcpProxy::Judge judge(Direction direction, Fate fate, int first, int count = 1)
 
 } // namespace
 
-class tst_LostDatagrams : public QObject
+class tst_LostDatagrams : public QObject, protected OnNastyCamera
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
+    void initTestCase() { serve(); }
     void init();
     void cleanup();
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { endServing(); }
 
     void oneLostDatagramFailsNoCall_data();
     void oneLostDatagramFailsNoCall();
@@ -71,22 +65,18 @@ private slots:
     void lateAnswerIsNoAnswerToTheNextQuestion();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     void verifyAnswers() const;
 
-    std::unique_ptr<NastyCamera> server;
     std::unique_ptr<GvcpProxy> proxy;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
 
 void tst_LostDatagrams::init()
 {
-    server->reset();
-    server->setReg(TemperatureRegister, 1);
-    server->setReg(TicksRegister, 2);
     proxy = std::make_unique<GvcpProxy>();
     QVERIFY(proxy->isRunning());
-    camera = openCamera(GvcpProxy::Address);
+    openAnew(GvcpProxy::Address);
+    server->setReg(TemperatureRegister, 1);
+    server->setReg(TicksRegister, 2);
 }
 
 void tst_LostDatagrams::cleanup()

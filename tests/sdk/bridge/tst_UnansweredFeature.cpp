@@ -1,20 +1,17 @@
 // A camera that answers, but for one register.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/NastyCamera.h"
+#include "tests/sdk/bridge/OnNastyCamera.h"
 #include "tests/sdk/bridge/WireTap.h"
 
 using namespace BridgeTest;
 
 namespace {
 
-constexpr std::uint64_t PlainRegister = 0x4000;
 constexpr std::uint64_t LockRegister = 0x4100;
-constexpr std::uint64_t TemperatureRegister = 0x4700;
 constexpr int Patience = 3;
 
 } // namespace
 
-class tst_UnansweredFeature : public QObject
+class tst_UnansweredFeature : public QObject, protected OnNastyCamera
 {
     Q_OBJECT
 
@@ -22,7 +19,7 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { endServing(); }
 
     void isGivenUpAfterThreeTimes();
     void isGivenUpWhenItAlwaysAnswersTooLate();
@@ -35,29 +32,24 @@ private slots:
     void doesNotHaveEverythingReportedForEver();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     ZalErrorType read(const char* name = "Plain") const;
     void awaitRecovery() const;
-    void settle() const;
     void mute(std::uint64_t address);
     void giveUpReading();
 
     std::unique_ptr<WireTap> tap;
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
     std::atomic<int> unanswered{0};
 };
 
 void tst_UnansweredFeature::initTestCase()
 {
     tap = std::make_unique<WireTap>();
-    server = std::make_unique<NastyCamera>();
+    serve();
 }
 
 void tst_UnansweredFeature::init()
 {
-    server->reset();
-    camera = openCamera();
+    openAnew();
     unanswered = 0;
 }
 
@@ -77,16 +69,6 @@ ZalErrorType tst_UnansweredFeature::read(const char* name) const
 void tst_UnansweredFeature::awaitRecovery() const
 {
     QTRY_COMPARE(read("Masked"), ZalErrorSuccess);
-}
-
-// When the last feature has been reported, the others have been dealt with.
-void tst_UnansweredFeature::settle() const
-{
-    const auto sentinel = std::make_shared<Recorder>();
-    QCOMPARE(find("Constant")->RegisterObserver(sentinel), ZalErrorSuccess);
-    QCOMPARE(find("Constant")->SetIntegerValue(1), ZalErrorSuccess);
-    QTRY_COMPARE(sentinel->count(), 1);
-    QCOMPARE(find("Constant")->UnregisterObserver(sentinel), ZalErrorSuccess);
 }
 
 void tst_UnansweredFeature::mute(std::uint64_t address)
