@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QRegularExpressionValidator>
 
+#include <limits>
+
 namespace {
 
 /// Lets a number field be cleared: a field without acceptable text never finishes its editing.
@@ -20,6 +22,12 @@ public:
         return input.isEmpty() ? Acceptable : Validator::validate(input, position);
     }
 };
+
+QValidator* newNumberValidator(const FeatureRange& limits, QObject* field)
+{
+    constexpr int decimals = 10;
+    return new DoubleValidator(limits.min, limits.max, decimals, field);
+}
 
 } // namespace
 
@@ -82,7 +90,11 @@ QValidator* FeatureDisplay::newValidator(const QString& feature, QObject* field)
         static const QRegularExpression hexNumber(QStringLiteral("0x([0-9a-fA-F]){1,16}"));
         return new QRegularExpressionValidator(hexNumber, field);
     }
-    constexpr int decimals = 10;
-    const FeatureRange limits = range(feature);
-    return new DoubleValidator(limits.min, limits.max, decimals, field);
+    return newNumberValidator(range(feature), field);
+}
+
+QValidator* FeatureDisplay::newOpenValidator(QObject* field)
+{
+    return newNumberValidator({NumberInput::UnknownLimit, std::numeric_limits<double>::max()},
+                              field);
 }

@@ -40,6 +40,8 @@ public:
     bool knowsLimits(const QString& feature) const;
     /// What limits the typing of a number to what can be written; for that field, which owns it.
     QValidator* newValidator(const QString& feature, QObject* field) const;
+    /// The same for a number whose limits are not known.
+    static QValidator* newOpenValidator(QObject* field);
 
 private:
     bool isHexadecimal(const QString& feature) const;

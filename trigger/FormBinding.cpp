@@ -287,16 +287,22 @@ QVariant FormBinding::refreshLineEdit(QLineEdit& edit, const QString& feature) c
 }
 
 /// A camera that did not tell the limits when the form was bound, or whether there are any, may do
-/// so by now.
+/// so by now. Limits that are not known, or of a text that was taken for a number, would let
+/// nothing be typed; without any, what is no number would be written as 0.
 void FormBinding::limitLate(QLineEdit& edit, const QString& feature) const
 {
     const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
-    const bool isOpen =
-        !edit.validator() || (limits && limits->bottom() == NumberInput::UnknownLimit);
-    if (!isOpen || m_display.isText(feature) || !m_display.knowsLimits(feature))
+    if (edit.validator() && !(limits && limits->bottom() == NumberInput::UnknownLimit))
         return;
+    const bool isText = m_display.isText(feature);
+    if (!isText && !m_display.knowsLimits(feature)) {
+        if (!limits)
+            edit.setValidator(FeatureDisplay::newOpenValidator(&edit));
+        return;
+    }
     delete limits;
-    edit.setValidator(m_display.newValidator(feature, &edit));
+    if (!isText)
+        edit.setValidator(m_display.newValidator(feature, &edit));
 }
 
 // Writing the user's changes to the camera and showing what the camera made of them.

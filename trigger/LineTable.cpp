@@ -108,7 +108,9 @@ void LineTable::build(QTableWidget& table) const
 /// The columns that this line has no use for.
 QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
 {
-    m_features.SetValue(LINE_SELECTOR, line);
+    // After a write that got lost, the camera may tell the values of another line.
+    if (m_features.TrySetValue(LINE_SELECTOR, line).unanswered)
+        m_features.SetValue(LINE_SELECTOR, line);
     QList<int> unavailable;
     for (int i = 0; i < ShownColumns(table); ++i) {
         const Column& column = columnAt(i);
@@ -199,8 +201,12 @@ void LineTable::refresh(const QTableWidget& table, const QStringList& changedFea
     for (int row = 0; row < table.rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
-        m_features.SetValue(LINE_SELECTOR, line);
-        refreshRow(line, ShownColumns(table), changedFeatures);
+        // After a write that got lost, the camera may tell the values of another line.
+        const bool isLost = m_features.TrySetValue(LINE_SELECTOR, line).unanswered;
+        const Answer<QString> addressed =
+            isLost ? m_features.AskStringValue(LINE_SELECTOR) : Answer<QString>{line};
+        if (addressed.isMissing() || addressed.value == line)
+            refreshRow(line, ShownColumns(table), changedFeatures);
     }
     m_features.SetValue(LINE_SELECTOR, selected);
 }

@@ -37,6 +37,8 @@ bool isPlus(QChar character)
     return QStringLiteral(u"+\uff0b").contains(character);
 }
 
+constexpr QChar WideExponent(0xff45);
+
 /// As Qt's own validators read it; they refuse the digits of most scripts.
 QChar plain(QChar character, QChar point)
 {
@@ -46,6 +48,8 @@ QChar plain(QChar character, QChar point)
         return QLatin1Char('-');
     if (isPlus(character))
         return QLatin1Char('+');
+    if (character == WideExponent)
+        return QLatin1Char('e');
     if (character.isDigit())
         return QLatin1Char(static_cast<char>('0' + character.digitValue()));
     return character;
@@ -138,9 +142,12 @@ bool hasExponent(const QString& text)
     return text.contains(QLatin1Char('e'), Qt::CaseInsensitive);
 }
 
-/// A sign, or a number up to its exponent: "1e", "1e-".
+/// A sign, or a number up to its exponent: "1e", "1e-". A mark behind an exponent begins nothing,
+/// but swallowed it would let the digits around it close up.
 template <class SpinBox> bool beginsNumber(const SpinBox& box, QString text)
 {
+    if (text.endsWith(box.locale().decimalPoint()))
+        return hasExponent(text);
     if (text.endsWith(QLatin1Char('-')) || text.endsWith(QLatin1Char('+')))
         text.chop(1);
     if (!text.endsWith(QLatin1Char('e'), Qt::CaseInsensitive))

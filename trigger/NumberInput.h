@@ -14,8 +14,9 @@ class QSpinBox;
 /// blanks and apostrophes can only group the digits around them, and are passed over.
 ///
 /// Nor does a number become another one for being too large or too small: it stays in sight as it
-/// was typed. A line edit does not accept it; a box corrects it to the nearest limit, if its camera
-/// told the limits. Decimals beyond the last one of a field are refused. An exponent counts.
+/// was typed. Only the minus sign is refused by a line edit that has no use for it. A line edit
+/// does not accept it; a box corrects it to the nearest limit, if its camera told the limits.
+/// Decimals beyond the last one of a field are refused. An exponent counts.
 ///
 /// GUI thread only.
 namespace NumberInput {

@@ -2,6 +2,8 @@
 
 #include "features/FeatureManager.h"
 
+#include <cmath>
+
 PresetRunner::PresetRunner(const FeatureManager& featureManager) : m_features(featureManager) {}
 
 QString PresetRunner::Run(const PresetFile::Plan& plan)
@@ -104,6 +106,9 @@ PresetRunner::Outcome PresetRunner::WriteNumber(const QString& feature, const QV
     if (range.isMissing())
         return {ErrorLine(feature, value), true};
     const double requested = WithinRange(value, range.value);
+    // "nan" in a file passes every limit, and cameras are not made for it.
+    if (std::isnan(requested))
+        return {ErrorLine(feature, value, m_features.GetValue(feature))};
     return Compared({feature, value, requested}, m_features.TrySetValue(feature, requested));
 }
 

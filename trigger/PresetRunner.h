@@ -27,7 +27,7 @@ public:
     QString Run(const PresetFile::Plan& plan);
 
     /// Whether the last run left a selector at another entry than the plan says, since the camera
-    /// did not answer. What relies on that entry must not be written.
+    /// did not answer. No preset that starts from there may follow.
     bool LeftSelectorAstray() const { return m_selectorAstray; }
 
     /// The line about one setting. Without a current value where the camera left a question

@@ -87,6 +87,12 @@ void TypedText::show(QLineEdit& field, const QString& text)
         field.setText(text);
 }
 
+bool TypedText::isRefused(const QLineEdit& field)
+{
+    const TypedText* typed = of(field);
+    return typed && typed->m_typed && field.text() != typed->m_shown && !field.hasAcceptableInput();
+}
+
 void TypedText::setEnabled(QWidget& field, bool enabled)
 {
     TypedText* typed = of(field);
@@ -194,7 +200,7 @@ bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
         step(*box, *event);
         return true;
     }
-    if (m_typed && finishes(*event))
+    if (m_typed && (finishes(*event) || (box && event->type() == QEvent::FocusOut)))
         correct();
     if (isGivenUpBy(*event)) {
         // The field first, which does not finish its editing with such a text.

@@ -23,6 +23,8 @@ class Validator;
 /// text is the user's and no refresh may touch it. Esc gives the text up for the camera's value,
 /// and goes no further then; without such text it is left to others, so that it closes a dialog.
 ///
+/// The context menu of a box counts as the loss of the focus, that of a line edit does not.
+///
 /// A line edit does not finish with a text that its validator does not accept: away from the focus
 /// the text gives way to the next value shown, and until then Esc in the field gives it up. A box
 /// takes a number beyond its limits as the nearest limit, see NumberInput.
@@ -42,6 +44,8 @@ public:
 
     /// Shows a text; where another one is being typed, Esc will show it.
     static void show(QLineEdit& field, const QString& text);
+    /// Whether a text was typed into the field that its validator does not accept.
+    static bool isRefused(const QLineEdit& field);
     /// Enables or disables a widget of any kind. A field that is disabled shows the camera's value.
     static void setEnabled(QWidget& field, bool enabled);
 

@@ -54,6 +54,9 @@ void AdvTriggerDialog::connectPwm()
 
 void AdvTriggerDialog::calculatePWM()
 {
+    // Finishing one field must not write what the other one refused.
+    if (TypedText::isRefused(*txtPWMFrequency) || TypedText::isRefused(*txtPWMDutyCycle))
+        return;
     const double frequency = numberIn(*txtPWMFrequency);
     if (!(frequency > 0.0))
         return;

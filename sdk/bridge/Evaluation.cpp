@@ -2,6 +2,7 @@
 
 #include "sdk/bridge/AravisStatus.h"
 #include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/DescriptionText.h"
 #include "sdk/bridge/Limits.h"
 
 #include <algorithm>
@@ -44,6 +45,7 @@ Evaluation::Evaluation(ArvGc* genicam)
 {
     if (auto* root = arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam)))
         addNode(ARV_DOM_NODE(root));
+    addIndexOffsets(genicam);
     findWhatEnds();
 }
 
@@ -108,6 +110,23 @@ void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property)
         return connect(owner, Value, linked, Value);
     default:
         return;
+    }
+}
+
+void Evaluation::addIndexOffsets(ArvGc* genicam)
+{
+    ArvDevice* device = arv_gc_get_device(genicam);
+    if (!device)
+        return;
+    std::size_t size = 0;
+    const char* text = arv_device_get_genicam_xml(device, &size);
+    for (const IndexOffset& index : indexOffsetsOf(text, size)) {
+        ArvGcNode* owner = arv_gc_get_node(genicam, index.registerName.c_str());
+        if (ARV_IS_GC_STRUCT_ENTRY_NODE(owner))
+            owner = ARV_GC_NODE(arv_dom_node_get_parent_node(ARV_DOM_NODE(owner)));
+        ArvGcNode* offset = arv_gc_get_node(genicam, index.offsetName.c_str());
+        if (owner && offset)
+            connect(owner, Value, offset, Value);
     }
 }
 

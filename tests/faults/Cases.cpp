@@ -44,7 +44,8 @@ QVector<int> othersThan(const QVector<int>& sorted, int last)
 Census takeCensus()
 {
     FaultyCamera camera;
-    Session session(camera);
+    Gallery gallery;
+    Session session(camera, gallery);
     session.play();
     return {camera.count(Series::Calls),
             camera.count(Series::Names),
@@ -67,14 +68,20 @@ QVector<Fault> casesOf(const Census& census, const Choice& choice)
     return cases;
 }
 
+QString noSuchCall()
+{
+    return QStringLiteral("the session has no such call");
+}
+
 Outcome playCase(const Fault& fault, Plant plant)
 {
     FaultyCamera camera;
     camera.arm(fault);
-    Session session(camera, plant);
+    Gallery gallery;
+    Session session(camera, gallery, plant);
     session.play();
     if (!camera.hasStruck())
-        session.findings.append(QStringLiteral("the session has no such call"));
+        session.findings.append(noSuchCall());
     return {session.findings, session.notes};
 }
 

@@ -37,6 +37,9 @@ struct Outcome
     QStringList notes;
 };
 
+/// What is found when a session is over before the call that was to fail.
+QString noSuchCall();
+
 /// Plays a session in which that goes wrong.
 Outcome playCase(const Fault& fault, Plant plant = Plant::None);
 

@@ -1,5 +1,7 @@
 #include "tests/faults/FaultyCamera.h"
 
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <sstream>
 #include <thread>
@@ -9,23 +11,38 @@ namespace {
 
 constexpr double Lowest = -100000.0;
 
+/// Under each entry of its selector.
+std::vector<Fake::State*> statesOf(Fake::FakeFeature& feature)
+{
+    if (feature.selector == nullptr)
+        return {&feature.state()};
+    std::vector<Fake::State*> states;
+    const Fake::State& selector = feature.selector->state();
+    for (const Fake::Entry& entry : selector.entries)
+        states.push_back(&feature.stateFor(entry.name));
+    for (long long i = 0; feature.selector->type == ZalFeatureInteger && i <= selector.maxInteger;
+         ++i)
+        states.push_back(&feature.stateFor(std::to_string(i)));
+    return states;
+}
+
 /// Numbers below zero are welcome, so that none is refused for being one.
 void widen(Fake::FakeFeature& feature)
 {
-    const auto widenState = [](Fake::State& state) {
-        state.minReal = Lowest;
-        state.minInteger = static_cast<long long>(Lowest);
-    };
-    if (feature.selector == nullptr) {
-        widenState(feature.state());
-        return;
+    for (Fake::State* state : statesOf(feature)) {
+        state->minReal = Lowest;
+        state->minInteger = static_cast<long long>(Lowest);
     }
-    const Fake::State& selector = feature.selector->state();
-    for (const Fake::Entry& entry : selector.entries)
-        widenState(feature.stateFor(entry.name));
-    for (long long i = 0; feature.selector->type == ZalFeatureInteger && i <= selector.maxInteger;
-         ++i)
-        widenState(feature.stateFor(std::to_string(i)));
+}
+
+std::string digestOf(const Fake::State& state)
+{
+    std::ostringstream digest;
+    digest.precision(17);
+    digest << state.integer << ' ' << state.real << ' ' << state.boolean << ' ' << state.text << ' '
+           << state.minInteger << ' ' << state.maxInteger << ' ' << state.minReal << ' '
+           << state.maxReal << ' ' << state.readable << state.writable << state.implemented;
+    return digest.str();
 }
 
 QString qt(const std::string& text)
@@ -82,10 +99,14 @@ ZalErrorType FaultyCamera::onCall(const std::string& operation, const std::strin
         return ZalErrorSuccess;
     if (operation == "GetName") {
         countName(feature);
+        if (onCount)
+            onCount(Series::Names, names);
         return judge(operation, feature, fault.series == Series::Names && names == fault.call);
     }
     endWalk();
     ++calls;
+    if (onCount)
+        onCount(Series::Calls, calls);
     list.append(QStringLiteral("%1: %2 %3").arg(step, qt(operation), qt(feature)));
     return judge(operation, feature, fault.series == Series::Calls && calls == fault.call);
 }
@@ -138,7 +159,8 @@ void FaultyCamera::onAccepted(const Fake::Accepted& write)
         return;
     const QString entry = qt(write.entry);
     const QString feature = qt(write.feature);
-    writes.push_back({feature, qt(write.value), entry, before.value(feature + entry)});
+    writes.push_back(
+        {feature, qt(write.value), entry, before.value(feature + entry), selectorOf(feature)});
 }
 
 QString FaultyCamera::entryOf(const QString& selector) const
@@ -156,15 +178,16 @@ QString FaultyCamera::selectorOf(const QString& feature) const
     return found && found->selector ? qt(found->selector->name) : QString();
 }
 
-std::string FaultyCamera::digestOf(const Fake::FakeFeature& feature) const
+QByteArray FaultyCamera::digest() const
 {
-    const Fake::State& state = feature.state();
-    std::ostringstream digest;
-    digest.precision(17);
-    digest << state.integer << ' ' << state.real << ' ' << state.boolean << ' ' << state.text << ' '
-           << state.minInteger << ' ' << state.maxInteger << ' ' << state.minReal << ' '
-           << state.maxReal << ' ' << state.readable << state.writable << state.implemented;
-    return digest.str();
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const ZalCPP::FeaturePtr& listed : *camera->features()) {
+        for (const Fake::State* state : statesOf(static_cast<Fake::FakeFeature&>(*listed))) {
+            const std::string text = digestOf(*state) + '\n';
+            hash.addData(text.data(), static_cast<int>(text.size()));
+        }
+    }
+    return hash.result().toHex();
 }
 
 void FaultyCamera::reportChanges()
@@ -172,7 +195,7 @@ void FaultyCamera::reportChanges()
     std::vector<std::shared_ptr<Fake::FakeFeature>> changed;
     for (const ZalCPP::FeaturePtr& listed : *camera->features()) {
         const auto feature = std::static_pointer_cast<Fake::FakeFeature>(listed);
-        std::string digest = digestOf(*feature);
+        std::string digest = digestOf(feature->state());
         std::string& known = reported[feature.get()];
         if (digest != known && feature->observerCount() > 0)
             changed.push_back(feature);
@@ -187,23 +210,6 @@ void FaultyCamera::reportChanges()
         }
     });
     notifier.join();
-}
-
-FaultyCamera::Aside::Aside(FaultyCamera& ownerCamera) : camera(ownerCamera)
-{
-    camera.aside = true;
-    for (const ZalCPP::FeaturePtr& listed : *camera.fake().features()) {
-        auto& feature = static_cast<Fake::FakeFeature&>(*listed);
-        if (!feature.selectedFeatures.empty())
-            selectors[feature.name] = feature.state();
-    }
-}
-
-FaultyCamera::Aside::~Aside()
-{
-    for (const auto& [name, state] : selectors)
-        camera.fake()[name].state() = state;
-    camera.aside = false;
 }
 
 } // namespace Faults

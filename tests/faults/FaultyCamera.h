@@ -3,9 +3,11 @@
 #include "tests/faults/Fault.h"
 #include "tests/support/FakeCamera.h"
 
+#include <QByteArray>
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace Faults {
@@ -18,6 +20,7 @@ struct Write
     QString entry; ///< Of the feature's selector; empty without one.
     /// For TimerDuration and ActionQueueSize: what they were when the step began.
     QString before = QString();
+    QString selector = QString(); ///< Which selector that is; empty without one.
 };
 
 struct FailedCall
@@ -48,6 +51,7 @@ public:
     /// From here on no call fails any more.
     void recover() { failing = false; }
     bool hasStruck() const { return struck; }
+    bool isLasting() const { return fault.mode == Mode::Lasting; }
 
     int count(Series series) const { return series == Series::Calls ? calls : names; }
     /// The reads of names that decide something: those that end a look-up or a walk.
@@ -70,20 +74,15 @@ public:
     /// observers of every feature that differs from what it was at the report before.
     void reportChanges();
 
-    /// While it lives, calls are those of a bystander: neither counted nor failed nor recorded. The
-    /// camera's selectors end as they were.
-    class Aside
-    {
-    public:
-        explicit Aside(FaultyCamera& camera);
-        ~Aside();
-        Aside(const Aside&) = delete;
-        Aside& operator=(const Aside&) = delete;
+    /// From here on calls are those of a bystander: neither counted nor failed nor recorded.
+    void lookAway() { aside = true; }
 
-    private:
-        FaultyCamera& camera;
-        std::map<std::string, Fake::State> selectors;
-    };
+    /// All that the camera holds, under each entry of each selector. Two cameras with the same
+    /// digest answer the same.
+    QByteArray digest() const;
+
+    /// Called before each call is judged, with its number: the fault may still be armed.
+    std::function<void(Series series, int call)> onCount;
 
 private:
     ZalErrorType onCall(const std::string& operation, const std::string& feature);
@@ -91,7 +90,6 @@ private:
     void endWalk();
     ZalErrorType judge(const std::string& operation, const std::string& feature, bool isTarget);
     void onAccepted(const Fake::Accepted& write);
-    std::string digestOf(const Fake::FakeFeature& feature) const;
 
     std::unique_ptr<Fake::FakeCamera> camera;
     Fault fault;

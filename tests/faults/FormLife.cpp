@@ -60,6 +60,13 @@ bool overviewOfDialog(const Difference& difference, const FormLife& life)
            std::any_of(life.sinceOverview.begin(), life.sinceOverview.end(), isOfOverview);
 }
 
+bool calculatesFromUnboundBox(const Difference& difference, const FormLife& life)
+{
+    return difference.widget.startsWith("txtPWM") &&
+           (hasFailed(life.whileBuilt, "TimerDelay", {"GetName"}) ||
+            hasFailed(life.whileBuilt, "TimerDuration", {"GetName"}));
+}
+
 } // namespace
 
 const std::vector<Remnant>& remnants()
@@ -68,6 +75,10 @@ const std::vector<Remnant>& remnants()
         {"A widget whose feature is not found when the form is bound is disabled, and nothing else "
          "is done for it.",
          wasNotFound},
+        {"The fields of the PWM calculator say what the two timer boxes show, also where one of "
+         "these "
+         "is such a widget.",
+         calculatesFromUnboundBox},
         {"The table gets a row for each line that is available when it is made.", lacksLines},
         {"A column is hidden for the whole table as soon as its feature is missing for any line.",
          lacksColumn},

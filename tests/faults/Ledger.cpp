@@ -39,10 +39,11 @@ bool clampsToUnreadableRange(const Write& write, const Circumstances& step)
            hasFailed(step.failures, write.feature, {"GetFloatRange", "GetIntegerRange"});
 }
 
-/// Of a feature whose type is not known nobody asks the limits.
+/// Of a feature that is not found, or whose type is not known, nobody asks the limits.
 bool clampsPresetToRefusedRange(const Write& write, const Circumstances& step)
 {
-    static const QStringList questions = {"GetFloatRange", "GetIntegerRange", "GetDataType"};
+    static const QStringList questions = {"GetFloatRange", "GetIntegerRange", "GetDataType",
+                                          "GetName"};
     const auto isRefusal = [&](const FailedCall& failed) {
         return failed.feature == write.feature && failed.entry == write.entry &&
                questions.contains(failed.operation) && !IsUnanswered(failed.status);
@@ -92,19 +93,26 @@ bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
            hasFailed(step.failures, write.feature, {"IsWritable", "SetIntegerValue"});
 }
 
-/// What the form shows of such a selector is not the camera's.
-bool goesByUnboundSelector(const Write& write, const Circumstances& step)
+/// Whether the user asked for it under another entry, that the form shows. A preset selects for
+/// itself.
+bool isMeantElsewhere(const Write& write, const Circumstances& step)
 {
-    static const QStringList kinds = {"Action", "Counter", "SoftwareSignal", "Timer", "Trigger"};
-    const auto isUnbound = [&](const QString& kind) {
-        return write.feature.startsWith(kind) &&
-               hasFailed(step.earlierFailures, kind + "Selector", {"GetName"});
-    };
     const auto isElsewhere = [&](const Ask& ask) {
         return ask.feature == write.feature && isSameValue(ask.value, write.value);
     };
-    return std::any_of(kinds.begin(), kinds.end(), isUnbound) &&
+    return !write.selector.isEmpty() && !step.appliesPreset &&
            std::any_of(step.asks.begin(), step.asks.end(), isElsewhere);
+}
+
+bool goesByUnboundSelector(const Write& write, const Circumstances& step)
+{
+    return isMeantElsewhere(write, step) && hasFailed(step.whileBound, write.selector, {"GetName"});
+}
+
+bool goesByUnwrittenSelector(const Write& write, const Circumstances& step)
+{
+    return isMeantElsewhere(write, step) &&
+           hasFailed(step.whileChosen, write.selector, {"GetName"});
 }
 
 QString toLine(const Write& write)
@@ -141,6 +149,9 @@ const std::vector<Exception>& exceptions()
          "is "
          "a selector, the user's edits go to the entry that the camera has selected.",
          goesByUnboundSelector},
+        {"A choice of a feature that is not found at that moment is not written or not read back, "
+         "and its box shows what the camera does not have. That may be a selector.",
+         goesByUnwrittenSelector},
     };
     return all;
 }

@@ -20,6 +20,8 @@ struct Circumstances
     std::vector<Ask> asks;
     Failures failures;        ///< Of this step.
     Failures earlierFailures; ///< Of the steps before.
+    Failures whileBound;      ///< Those of them in steps in which a form is bound.
+    Failures whileChosen;     ///< Those of features that the user asked to change in that step.
     bool appliesPreset = false;
 };
 

@@ -3,6 +3,7 @@
 #include "plugin/TabExtensionPlugin.h"
 #include "tests/faults/FaultyCamera.h"
 #include "tests/faults/FormLife.h"
+#include "tests/faults/Gallery.h"
 #include "tests/faults/Ledger.h"
 #include "tests/plugin/HostWindow.h"
 
@@ -33,13 +34,17 @@ enum class Plant
 class Session
 {
 public:
-    explicit Session(FaultyCamera& usedCamera, Plant planted = Plant::None)
-        : camera(usedCamera), plant(planted)
+    Session(FaultyCamera& usedCamera, Gallery& usedGallery, Plant planted = Plant::None)
+        : camera(usedCamera), gallery(usedGallery), plant(planted)
     {
     }
 
     /// Plays it from end to end.
     void play();
+
+    /// Whether the dialog's part is left out where a session has come the same way before: the same
+    /// question failed in the tab's part, and camera and tab ended the same.
+    bool leavesOutTroddenWays = false;
 
     /// What breaks a promise, one line each.
     QStringList findings;
@@ -73,18 +78,22 @@ private:
     void hideAndShow(QWidget& window);
     /// Ends the faults and compares the form with the same form of a tab made new.
     void recoverAndCompare(bool dialogIsOpen);
+    Portrait portraitOfNewForm(bool isDialog) const;
     FormLife lifeOf(bool isDialog) const;
+    bool isOnTroddenWay() const;
 
     QWidget* tab() const;
     QWidget* dialog() const;
     User user(QWidget& form);
 
     FaultyCamera& camera;
+    Gallery& gallery;
     Plant plant;
     TabExtensionPlugin plugin;
     std::unique_ptr<HostWindow> host;
     bool isTabCompared = false;
     bool isDialogCompared = false;
+    Portrait portraitOfTab; ///< As it was compared.
     QString stepName;
     QMap<QString, QString> selectedBefore; ///< By selector, when the step began.
     QString struckStep;                    ///< In which the first call failed.

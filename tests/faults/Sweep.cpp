@@ -11,12 +11,14 @@
 namespace Faults {
 namespace {
 
+const QString begun = QStringLiteral("begin ");
 const QString played = QStringLiteral("done");
 const QString finding = QStringLiteral("finding ");
 const QString note = QStringLiteral("note ");
 
-/// Each session leaves a little memory behind, as the plugin does by design.
-constexpr int CasesPerProcess = 100;
+/// The more sessions share what comes before their faults and the forms to compare with, the less
+/// each of them costs; the fewer, the sooner one that hangs is played around.
+constexpr int CasesPerProcess = 1000;
 
 void say(const QString& line)
 {
@@ -30,12 +32,13 @@ class Board
 public:
     Board(const QVector<Fault>& toPlay, const Sweep& running) : cases(toPlay), sweep(running) {}
 
-    QVector<Fault> nextCases()
+    QStringList nextCases()
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        const QVector<Fault> batch =
-            cases.mid(taken, qMin(CasesPerProcess, cases.size() / sweep.jobs + 1));
-        taken += batch.size();
+        const int size = qMin(CasesPerProcess, cases.size() / sweep.jobs + 1);
+        QStringList batch;
+        for (; batch.size() < size && taken < cases.size(); ++taken)
+            batch.append(toText(cases[taken]));
         return batch;
     }
 
@@ -71,25 +74,24 @@ private:
 class Batch
 {
 public:
-    Batch(const Sweep& ownerSweep, Board& sharedBoard, QVector<Fault> toPlay)
-        : sweep(ownerSweep), board(sharedBoard), cases(std::move(toPlay))
+    Batch(const Sweep& ownerSweep, Board& sharedBoard, const QStringList& toPlay)
+        : sweep(ownerSweep), board(sharedBoard), left(toPlay)
     {
     }
 
     /// The cases that are left when the child is gone.
-    QVector<Fault> play()
+    QStringList play()
     {
         child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         child.start(sweep.program, sweep.arguments);
-        for (const Fault& fault : cases)
-            child.write(toText(fault).toUtf8() + '\n');
+        child.write(left.join('\n').toUtf8() + '\n');
         child.closeWriteChannel();
         while (listen()) {
         }
         child.waitForFinished();
-        if (done < cases.size())
+        if (!left.isEmpty())
             blame();
-        return cases.mid(done);
+        return left;
     }
 
 private:
@@ -100,7 +102,7 @@ private:
                 take(QString::fromUtf8(child.readLine()).trimmed());
             return true;
         }
-        isHanging = child.state() != QProcess::NotRunning && done < cases.size();
+        isHanging = child.state() != QProcess::NotRunning && !left.isEmpty();
         if (isHanging)
             child.kill();
         return false;
@@ -108,15 +110,23 @@ private:
 
     void take(const QString& line)
     {
-        const Fault& fault = cases[qMin(done, cases.size() - 1)];
-        if (line.startsWith(finding))
-            board.add(&Report::findings, line.mid(finding.size()), fault);
+        if (line.startsWith(begun))
+            current = qMax(0, left.indexOf(line.mid(begun.size())));
+        else if (line.startsWith(finding))
+            board.add(&Report::findings, line.mid(finding.size()), currentFault());
         else if (line.startsWith(note))
-            board.add(&Report::notes, line.mid(note.size()), fault);
-        else if (line == played) {
-            ++done;
-            board.countPlayed();
-        }
+            board.add(&Report::notes, line.mid(note.size()), currentFault());
+        else if (line == played)
+            endCurrent();
+    }
+
+    Fault currentFault() const { return fromText(left[current]).value_or(Fault()); }
+
+    void endCurrent()
+    {
+        left.removeAt(current);
+        current = 0;
+        board.countPlayed();
     }
 
     /// The child did not finish the session that it had begun.
@@ -126,15 +136,15 @@ private:
                             : child.exitStatus() == QProcess::CrashExit
                                 ? QStringLiteral("crash, signal %1").arg(child.exitCode())
                                 : QStringLiteral("exit with status %1").arg(child.exitCode());
-        board.add(&Report::findings, end, cases[done++]);
-        board.countPlayed();
+        board.add(&Report::findings, end, currentFault());
+        endCurrent();
     }
 
     const Sweep& sweep;
     Board& board;
-    const QVector<Fault> cases;
+    QStringList left; ///< What is not played yet, as it is written.
+    int current = 0;  ///< Of those.
     ChildProcess child;
-    int done = 0;
     bool isHanging = false;
 };
 
@@ -144,8 +154,7 @@ Report Sweep::run(const QVector<Fault>& cases) const
 {
     Board board(cases, *this);
     const auto work = [&] {
-        for (QVector<Fault> batch = board.nextCases(); !batch.isEmpty();
-             batch = board.nextCases()) {
+        for (QStringList batch = board.nextCases(); !batch.isEmpty(); batch = board.nextCases()) {
             while (!batch.isEmpty())
                 batch = Batch(*this, board, batch).play();
         }
@@ -158,14 +167,19 @@ Report Sweep::run(const QVector<Fault>& cases) const
     return board.report;
 }
 
-void playStandardInput(const std::function<void(const Fault&)>& play)
+QVector<Fault> faultsFromStandardInput()
 {
+    QVector<Fault> faults;
     for (std::string line; std::getline(std::cin, line);) {
-        if (const auto fault = fromText(QString::fromStdString(line))) {
-            play(*fault);
-            say(played);
-        }
+        if (const auto fault = fromText(QString::fromStdString(line)))
+            faults.append(*fault);
     }
+    return faults;
+}
+
+void sayBegin(const Fault& fault)
+{
+    say(begun + toText(fault));
 }
 
 void sayFinding(const QString& text)
@@ -176,6 +190,11 @@ void sayFinding(const QString& text)
 void sayNote(const QString& text)
 {
     say(note + text);
+}
+
+void sayDone()
+{
+    say(played);
 }
 
 } // namespace Faults

@@ -42,9 +42,12 @@ public:
     Report run(const QVector<Fault>& cases) const;
 };
 
-/// The other side: plays what stands on the standard input, a fault a line, and says what it finds.
-void playStandardInput(const std::function<void(const Fault&)>& play);
+/// The other side: what is to be played stands on the standard input, a fault a line, and what is
+/// found goes to the standard output, between the begin and the end of its session.
+QVector<Fault> faultsFromStandardInput();
+void sayBegin(const Fault& fault);
 void sayFinding(const QString& text);
 void sayNote(const QString& text);
+void sayDone();
 
 } // namespace Faults

@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <unistd.h>
+
 using namespace Faults;
 
 namespace {
@@ -21,6 +23,29 @@ Sweep sweepWith(const QStringList& arguments)
     sweep.arguments = QStringList{"--play"} + arguments;
     sweep.jobs = 2;
     return sweep;
+}
+
+/// The first call of that description, "step: operation feature"; 0 without one.
+int callIn(const QString& description)
+{
+    static const QStringList calls = takeCensus().callList;
+    return calls.indexOf(description) + 1;
+}
+
+QMap<QString, int> sizesOf(const Groups& groups)
+{
+    QMap<QString, int> sizes;
+    for (auto it = groups.begin(); it != groups.end(); ++it)
+        sizes[it.key()] = it->count;
+    return sizes;
+}
+
+QMap<QString, int> countsOf(const QStringList& texts)
+{
+    QMap<QString, int> counts;
+    for (const QString& text : texts)
+        ++counts[text];
+    return counts;
 }
 
 /// For the reader of a failed test: what is wrong, and how to see it again.
@@ -46,12 +71,6 @@ private slots:
     void whatNamesNoFaultIsRefused();
     void theUndisturbedSessionGetsWhatItAsksForAndNothingElse();
     void aDenseSweepLeavesOutNoCallAndNoStatus();
-    void anExceptionCountsInItsSituationOnly_data();
-    void anExceptionCountsInItsSituationOnly();
-    void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
-    void aPresetIsClampedToLimitsThatTheCameraRefuses();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void whatIsPlantedIsFound_data();
     void whatIsPlantedIsFound();
     void aCrashIsThatOfItsFaultAndEndsNoOtherSession();
@@ -60,6 +79,14 @@ private slots:
     void whatAValidatorSaysBelongsToThePortrait();
     void aReplayFailsWithAFinding_data();
     void aReplayFailsWithAFinding();
+    void aSelectorLeftElsewhereIsExcusedByItsOwnFailure();
+    void aSessionThatBranchesOffFindsWhatItFindsAlone_data();
+    void aSessionThatBranchesOffFindsWhatItFindsAlone();
+    void theDigestTellsStatesOfTheCameraApart_data();
+    void theDigestTellsStatesOfTheCameraApart();
+    void aNewFormIsMadeOncePerStateOfTheCamera();
+    void theDialogIsLeftOutOnTroddenWaysOnly_data();
+    void theDialogIsLeftOutOnTroddenWaysOnly();
     void noFaultBreaksAPromise_data();
     void noFaultBreaksAPromise();
 };
@@ -122,116 +149,6 @@ void tst_FaultSweep::aDenseSweepLeavesOutNoCallAndNoStatus()
         QCOMPARE(statuses[mode].size(), failures().size());
     }
     QCOMPARE(names, (QSet<int>{1, 3, 4, 49}));
-}
-
-void tst_FaultSweep::anExceptionCountsInItsSituationOnly_data()
-{
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QString>("failing");
-    QTest::newRow("range") << "CounterDuration"
-                           << "9"
-                           << "-1"
-                           << "GetIntegerRange";
-    QTest::newRow("float range") << "TriggerDelay"
-                                 << "9"
-                                 << "-1"
-                                 << "GetFloatRange";
-    QTest::newRow("second attempt") << "TimerDuration"
-                                    << "7"
-                                    << "40"
-                                    << "SetFloatValue";
-    QTest::newRow("duration") << "LineDebounceDuration"
-                              << "16"
-                              << "0.01"
-                              << "GetFloatValue";
-    QTest::newRow("field") << "ActionQueueSize"
-                           << "5"
-                           << "-1"
-                           << "GetIntegerValue";
-    QTest::newRow("field again") << "ActionQueueSize"
-                                 << "5"
-                                 << "8"
-                                 << "SetIntegerValue";
-}
-
-void tst_FaultSweep::anExceptionCountsInItsSituationOnly()
-{
-    QFETCH(QString, feature);
-    QFETCH(QString, asked);
-    QFETCH(QString, written);
-    QFETCH(QString, failing);
-    const std::vector<Write> writes = {{feature, written, QString(), written}};
-    Circumstances step;
-    step.asks = {{feature, asked, QString()}};
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, "ExposureMode", QString(), ZalErrorTimeout}};
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-    step.failures = {{failing, feature, QString(), ZalErrorTimeout}};
-    QCOMPARE(unaskedWrites(writes, step), QStringList());
-    const std::vector<Write> others = {{feature, "123", QString(), written}};
-    QCOMPARE(unaskedWrites(others, step).size(), 1);
-    step.asks.clear();
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-}
-
-void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
-{
-    QTest::addColumn<QString>("failing");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("isPrescribed");
-    for (const char* question : {"GetFloatRange", "GetIntegerRange", "GetDataType"}) {
-        QTest::addRow("%s refused", question) << question << int(ZalErrorNotReadable) << true;
-        QTest::addRow("%s unknown", question) << question << int(ZalErrorUnknown) << true;
-        QTest::addRow("%s timed out", question) << question << int(ZalErrorTimeout) << false;
-        QTest::addRow("%s lost", question) << question << int(ZalErrorTransport) << false;
-        QTest::addRow("%s not open", question) << question << int(ZalErrorNotOpen) << false;
-    }
-    QTest::newRow("another question") << "IsWritable" << int(ZalErrorNotReadable) << false;
-}
-
-void tst_FaultSweep::aPresetIsClampedToLimitsThatTheCameraRefuses()
-{
-    QFETCH(QString, failing);
-    QFETCH(int, status);
-    QFETCH(bool, isPrescribed);
-    const std::vector<Write> writes = {{"TimerDelay", "-1", "Timer0"}};
-    Circumstances step;
-    step.appliesPreset = true;
-    step.asks = {{"TimerDelay", "60", "Timer0"}};
-    step.failures = {{failing, "TimerDelay", "Timer0", status}};
-    QCOMPARE(unaskedWrites(writes, step).isEmpty(), isPrescribed);
-    step.failures.front().entry = "Timer1";
-    QCOMPARE(unaskedWrites(writes, step).size(), 1);
-}
-
-void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
-{
-    QTest::addColumn<bool>("isDialog");
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<bool>("isSinceOverview");
-    QTest::addColumn<bool>("isExplained");
-    QTest::newRow("timer") << true << "TimerDelay" << true << true;
-    QTest::newRow("selector") << true << "TriggerSelector" << true << true;
-    QTest::newRow("line") << true << "LineInverter" << true << false;
-    QTest::newRow("before it was read") << true << "TimerDelay" << false << false;
-    QTest::newRow("tab") << false << "TimerDelay" << true << false;
-}
-
-void tst_FaultSweep::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
-{
-    QFETCH(bool, isDialog);
-    QFETCH(QString, feature);
-    QFETCH(bool, isSinceOverview);
-    QFETCH(bool, isExplained);
-    const Failures failures = {{"GetFloatValue", feature, QString(), ZalErrorTimeout}};
-    FormLife life;
-    life.isDialog = isDialog;
-    life.sinceBuilt = failures;
-    if (isSinceOverview)
-        life.sinceOverview = failures;
-    QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
 }
 
 void tst_FaultSweep::whatIsPlantedIsFound_data()
@@ -323,6 +240,122 @@ void tst_FaultSweep::aReplayFailsWithAFinding()
     const QStringList fault = toText(ordinary).split(' ');
     QCOMPARE(QProcess::execute(SWEEP_PROGRAM, QStringList{"--plant", planted, "--replay"} + fault),
              exitCode);
+}
+
+void tst_FaultSweep::aSelectorLeftElsewhereIsExcusedByItsOwnFailure()
+{
+    const Fault fault = {Series::Calls, callIn("choose line source: GetStringValue LineSelector"),
+                         ZalErrorTimeout, Mode::Once};
+    const Outcome outcome = playCase(fault, Plant::LostLine);
+    QCOMPARE(outcome.findings, QStringList());
+    QVERIFY(!outcome.notes.isEmpty());
+    QVERIFY2(outcome.notes[0].contains("LineSelector left at another entry"),
+             qPrintable(outcome.notes[0]));
+}
+
+void tst_FaultSweep::aSessionThatBranchesOffFindsWhatItFindsAlone_data()
+{
+    QTest::addColumn<QString>("planted");
+    QTest::newRow("write that nobody asked for") << "write";
+    QTest::newRow("line that nobody selected") << "line";
+    QTest::newRow("nothing") << "none";
+}
+
+void tst_FaultSweep::aSessionThatBranchesOffFindsWhatItFindsAlone()
+{
+    QFETCH(QString, planted);
+    const Plant plant = planted == "write"  ? Plant::UnaskedWrite
+                        : planted == "line" ? Plant::LostLine
+                                            : Plant::None;
+    const QVector<Fault> faults = {{Series::Calls, 30, ZalErrorTimeout, Mode::Lasting},
+                                   ordinary,
+                                   {Series::Calls, 1800, ZalErrorNotReadable, Mode::Lasting},
+                                   {Series::Names, 5000, ZalErrorTransport, Mode::Once},
+                                   {Series::Calls, 4000, ZalErrorUnknown, Mode::Once}};
+    QStringList alone;
+    QStringList notes;
+    for (const Fault& fault : faults) {
+        const Outcome outcome = playCase(fault, plant);
+        alone += outcome.findings;
+        notes += outcome.notes;
+    }
+    const Report report = sweepWith({"--plant", planted}).run(faults);
+    QCOMPARE(report.played, faults.size());
+    QCOMPARE(sizesOf(report.findings), countsOf(alone));
+    QCOMPARE(sizesOf(report.notes), countsOf(notes));
+}
+
+void tst_FaultSweep::theDigestTellsStatesOfTheCameraApart_data()
+{
+    QTest::addColumn<QString>("feature");
+    QTest::addColumn<QString>("entry");
+    QTest::newRow("without a selector") << "AcquisitionFrameCount"
+                                        << "";
+    QTest::newRow("under the selected entry") << "TimerDelay"
+                                              << "Timer0";
+    QTest::newRow("under another entry") << "TimerDelay"
+                                         << "Timer1";
+}
+
+void tst_FaultSweep::theDigestTellsStatesOfTheCameraApart()
+{
+    QFETCH(QString, feature);
+    QFETCH(QString, entry);
+    const FaultyCamera camera;
+    const QByteArray before = camera.digest();
+    QCOMPARE(camera.digest(), before);
+    Fake::FakeFeature& fake = camera.fake()[feature.toStdString()];
+    Fake::State& state = entry.isEmpty() ? fake.state() : fake.stateFor(entry.toStdString());
+    state.real += 1e-9;
+    QVERIFY(camera.digest() != before);
+}
+
+void tst_FaultSweep::aNewFormIsMadeOncePerStateOfTheCamera()
+{
+    Gallery gallery;
+    const auto make = [] { return Portrait{{"made by", QString::number(::getpid())}}; };
+    const Portrait first = gallery.portraitFor("here", make);
+    QVERIFY(first != make()); // In a copy of this process.
+    QCOMPARE(gallery.portraitFor("here", make), first);
+    QVERIFY(gallery.portraitFor("there", make) != first);
+    Gallery another;
+    another.learn(gallery.takeNews());
+    QCOMPARE(another.portraitFor("here", make), first);
+}
+
+void tst_FaultSweep::theDialogIsLeftOutOnTroddenWaysOnly_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("mayLeaveOut");
+    QTest::addColumn<bool>("isLeftOut");
+    const QString same = "choose mode: IsWritable TriggerMode";
+    QTest::newRow("the same way") << same << int(ZalErrorTimeout) << true << true;
+    QTest::newRow("whole") << same << int(ZalErrorTimeout) << false << false;
+    QTest::newRow("refused") << same << int(ZalErrorNotReadable) << true << false;
+    QTest::newRow("another question")
+        << "choose mode: GetStringValue TriggerMode" << int(ZalErrorTimeout) << true << false;
+}
+
+void tst_FaultSweep::theDialogIsLeftOutOnTroddenWaysOnly()
+{
+    QFETCH(QString, call);
+    QFETCH(int, status);
+    QFETCH(bool, mayLeaveOut);
+    QFETCH(bool, isLeftOut);
+    Gallery gallery;
+    const auto play = [&](const Fault& fault, bool leavesOut) {
+        FaultyCamera camera;
+        camera.arm(fault);
+        Session session(camera, gallery);
+        session.leavesOutTroddenWays = leavesOut;
+        session.play();
+        return camera.callList().filter("open dialog: ").isEmpty();
+    };
+    const Fault first = {Series::Calls, callIn("choose mode: IsWritable TriggerMode"),
+                         ZalErrorTimeout, Mode::Once};
+    QVERIFY(!play(first, true));
+    QCOMPARE(play({Series::Calls, callIn(call), status, Mode::Once}, mayLeaveOut), isLeftOut);
 }
 
 void tst_FaultSweep::noFaultBreaksAPromise_data()

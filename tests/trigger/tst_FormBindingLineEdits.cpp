@@ -23,9 +23,10 @@ private slots:
     void readOnlyFeatureHasNoValidator();
     void firstRefreshThatCanLimitsTheInput_data();
     void firstRefreshThatCanLimitsTheInput();
-    void refreshWithoutLimitsLeavesTheInputOpen();
+    void refreshWithoutLimitsTakesAnyNumber();
     void refreshSetsLimitsThatOpeningLost_data();
     void refreshSetsLimitsThatOpeningLost();
+    void textTakenForANumberLosesItsLimits();
     void refreshKeepsTheValidator();
     void refreshGivesTextsNoValidator();
     void decimalInputIsInCNotationEverywhere();
@@ -152,7 +153,7 @@ void tst_FormBindingLineEdits::firstRefreshThatCanLimitsTheInput()
 }
 
 // Limits that are not known would let nothing be typed.
-void tst_FormBindingLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
+void tst_FormBindingLineEdits::refreshWithoutLimitsTakesAnyNumber()
 {
     auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
     camera->failCall("IsWritable", "Number", ZalErrorTimeout);
@@ -161,7 +162,10 @@ void tst_FormBindingLineEdits::refreshWithoutLimitsLeavesTheInputOpen()
     feature->state().hasRange = false;
     form->refresh({"Number"});
     QVERIFY(edit.isEnabled());
-    QVERIFY(!edit.validator());
+    // What is no number would be written as 0.
+    QCOMPARE(judge(edit, "abc"), QValidator::Invalid);
+    QCOMPARE(judge(edit, "2.5"), QValidator::Acceptable);
+    QCOMPARE(judge(edit, "1e300"), QValidator::Acceptable);
     feature->state().hasRange = true;
     form->refresh({"Number"});
     const auto* validator = qobject_cast<const QDoubleValidator*>(edit.validator());
@@ -199,6 +203,19 @@ void tst_FormBindingLineEdits::refreshSetsLimitsThatOpeningLost()
     camera->clearLog();
     form->refresh({"Number"});
     QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
+}
+
+void tst_FormBindingLineEdits::textTakenForANumberLosesItsLimits()
+{
+    camera->addString("Name", "x");
+    camera->failCall("GetDataType", "Name");
+    QLineEdit& edit = bind("txtName");
+    QVERIFY(edit.isEnabled());
+    QCOMPARE(judge(edit, "y"), QValidator::Invalid);
+    camera->clearFailures();
+    form->refresh({"Name"});
+    QVERIFY(!edit.validator());
+    QCOMPARE(edit.text(), QString("x"));
 }
 
 void tst_FormBindingLineEdits::refreshKeepsTheValidator()

@@ -46,6 +46,7 @@ private slots:
     void writesListsInTheirOwnOrder();
     void takesValuesOfEveryKind_data();
     void takesValuesOfEveryKind();
+    void whatIsNoNumberIsNotWritten();
     void whatTheCameraLacksIsSkippedWithoutAWord();
     void whatIsReadOnlyIsSkippedWithoutAWord();
     void dependentsOfASelectorThatTheCameraLacksAreWrittenAnyway();
@@ -139,6 +140,17 @@ void tst_PresetApplication::takesValuesOfEveryKind()
     const Applied applied = apply(*camera, members);
     QCOMPARE(applied.writes, QStringList{written});
     QCOMPARE(applied.errors, QStringList());
+}
+
+/// No limit holds "nan" back.
+void tst_PresetApplication::whatIsNoNumberIsNotWritten()
+{
+    const auto camera = lineCamera();
+    const Applied applied = apply(*camera, R"({"ExposureTime": {"#value": "nan"}})");
+    QCOMPARE(applied.writes, QStringList());
+    QCOMPARE(applied.errors.size(), 1);
+    QVERIFY(
+        applied.errors.first().contains("  Failed to set ExposureTime = nan, Current value: '"));
 }
 
 void tst_PresetApplication::whatTheCameraLacksIsSkippedWithoutAWord()

@@ -61,6 +61,9 @@ private slots:
     void anyOneFailingCallIsMendedByTheNextRefresh();
     void cameraThatDisappearsWithAnyWriteBreaksNothing();
     void refusedSelectorShowsTheOneLineAndDropsEdits();
+    void lineWhoseSelectionGotLostIsSelectedAgainForItsNewRow();
+    void lineWhoseSelectionGotLostKeepsItsRow_data();
+    void lineWhoseSelectionGotLostKeepsItsRow();
 };
 
 void tst_TableFailures::anyOneFailingCallIsMendedByTheNextRefresh()
@@ -121,6 +124,55 @@ void tst_TableFailures::refusedSelectorShowsTheOneLineAndDropsEdits()
     QCOMPARE(form.cell<QComboBox>("cmbLine1_LineMode").currentText(), QString("Input"));
     form.cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Output");
     QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=Line1"});
+}
+
+void tst_TableFailures::lineWhoseSelectionGotLostIsSelectedAgainForItsNewRow()
+{
+    const auto camera = tableCamera();
+    (*camera)["LineDebounceDuration"].stateFor("Line1").real = 64.0;
+    TableForm form(*camera);
+    int selections = 0;
+    camera->onCall = [&](const std::string& operation, const std::string& feature) {
+        const bool isSelection = operation == "SetStringValue" && feature == "LineSelector";
+        return isSelection && ++selections == 2 ? ZalErrorTimeout : ZalErrorSuccess;
+    };
+    form.lineTable.build(form.table);
+    QCOMPARE(selections, 3);
+    QCOMPARE(form.cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration").value(), 64.0);
+}
+
+/// Filled with the values of another line, a row would show what nobody set, and the next key in
+/// its debounce box would go the wrong way.
+void tst_TableFailures::lineWhoseSelectionGotLostKeepsItsRow_data()
+{
+    QTest::addColumn<int>("lost");
+    QTest::newRow("the write") << 1;
+    QTest::newRow("and what was to tell of it") << 2;
+}
+
+void tst_TableFailures::lineWhoseSelectionGotLostKeepsItsRow()
+{
+    QFETCH(int, lost);
+    const auto camera = tableCamera();
+    (*camera)["LineDebounceDuration"].stateFor("Line0").real = 2.0;
+    (*camera)["LineDebounceDuration"].stateFor("Line1").real = 64.0;
+    TableForm form(*camera);
+    form.build();
+    int selections = 0;
+    int failures = 0;
+    camera->onCall = [&](const std::string& operation, const std::string& feature) {
+        if (operation == "SetStringValue" && feature == "LineSelector")
+            ++selections;
+        const bool isLost = selections == 2 && operation != "GetName" && failures < lost;
+        failures += isLost ? 1 : 0;
+        return isLost ? ZalErrorTimeout : ZalErrorSuccess;
+    };
+    form.refreshTable(everything);
+    auto& duration = form.cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration");
+    QCOMPARE(failures, lost);
+    QCOMPARE(duration.value(), 64.0);
+    duration.stepDown();
+    QCOMPARE((*camera)["LineDebounceDuration"].stateFor("Line1").real, 32.0);
 }
 
 QTEST_MAIN(tst_TableFailures)

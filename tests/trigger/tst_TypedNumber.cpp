@@ -68,6 +68,7 @@ void tst_TypedNumber::keysOfOtherScripts_data()
     };
     row("full-width comma", "2，5", "Real=2.5");
     row("full-width point", "2．5", "Real=2.5");
+    row("full-width e", "1ｅ1", "Real=10");
     row("ideographic comma", "2、5", "Real=2.5");
     row("ideographic point", "2。5", "Real=2.5");
     row("half-width ideographic comma", "2､5", "Real=2.5");
@@ -237,7 +238,7 @@ void tst_TypedNumber::exponentEndsAWholeNumber()
 void tst_TypedNumber::unfinishedExponentIsNotTaken_data()
 {
     QTest::addColumn<bool>("unused");
-    for (const char* typed : {"12e", "12e-", "1.5e", "1.23456e"})
+    for (const char* typed : {"12e", "12e-", "1.5e", "1.23456e", "1e2,", "1e2,5"})
         QTest::newRow(typed) << true;
 }
 

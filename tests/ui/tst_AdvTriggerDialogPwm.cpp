@@ -478,6 +478,11 @@ void tst_AdvTriggerDialogPwm::typingAbove1000000HertzIsRefused()
     QVERIFY(built->camera->calls().empty());
     dutyCycle().setFocus();
     QVERIFY(built->camera->calls().empty());
+    // Nor does finishing the other field write it.
+    type(dutyCycle(), "50");
+    QVERIFY(built->camera->calls().empty());
+    type(frequency(), "1000");
+    QCOMPARE(built->camera->callCount("SetFloatValue", "TimerDuration"), 1);
 }
 
 QTEST_MAIN(tst_AdvTriggerDialogPwm)

@@ -19,6 +19,7 @@ private slots:
 
     void circleIsListedWithoutAccess_data();
     void circleIsListedWithoutAccess();
+    void offsetOfAnIndexIsFollowed();
     void limitsThatNameEachOtherAreNoCircle();
     void entriesThatDependOnTheirEnumerationAreNoCircle();
     void chainBeyondAnyStackIsListedWithoutAccess();
@@ -129,6 +130,26 @@ void tst_DescriptionLimits::verifyUnusable(const std::string& name)
     QCOMPARE(integer(find("Plain")), 7LL);
 }
 
+static void addCirclesOverIndexes()
+{
+    QTest::newRow("index") << reg("IntReg", "A", "0x4004", "4",
+                                  "<pIndex Offset=\"4\">B</pIndex><PollingTime>100</PollingTime>") +
+                                  "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    QTest::newRow("offset of an index")
+        << reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"B\">I</pIndex>") +
+               "<Integer Name=\"I\"><Value>1</Value></Integer>"
+               "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    // A structure has no name; each of its parts has one.
+    for (const QByteArray offset : {"A", "B"})
+        QTest::addRow("offset of an index of a structure, %s", offset.constData())
+            << "<StructReg Comment=\"c\"><Address>0x4004</Address><Length>4</Length><AccessMode>RW"
+               "</AccessMode><pPort>Device</pPort><pIndex pOffset=\"" +
+                   offset +
+                   "\">I</pIndex><StructEntry Name=\"B\"><LSB>0</LSB><MSB>3</MSB></StructEntry>"
+                   "<StructEntry Name=\"A\"><LSB>4</LSB><MSB>7</MSB></StructEntry></StructReg>"
+                   "<Integer Name=\"I\"><Value>1</Value></Integer>";
+}
+
 void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
 {
     QTest::addColumn<QByteArray>("nodes");
@@ -150,9 +171,7 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
                       "</FormulaFrom><pValue>A</pValue></IntConverter>");
     QTest::newRow("address") << reg("IntReg", "A", "0x4004", "4",
                                     "<pAddress>A</pAddress>" + polled);
-    QTest::newRow("index") << reg("IntReg", "A", "0x4004", "4",
-                                  "<pIndex Offset=\"4\">B</pIndex>" + polled) +
-                                  "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
+    addCirclesOverIndexes();
     QTest::newRow("length of a text")
         << QByteArray("<StringReg Name=\"A\"><Address>0x4004</Address><pLength>B</pLength>"
                       "<pPort>Device</pPort></StringReg>") +
@@ -188,6 +207,16 @@ void tst_DescriptionLimits::circleIsListedWithoutAccess()
     QFETCH(QByteArray, nodes);
     open({"A"}, nodes);
     verifyUnusable("A");
+}
+
+void tst_DescriptionLimits::offsetOfAnIndexIsFollowed()
+{
+    open({"A", "B"}, reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"O\">I</pIndex>") +
+                         reg("IntReg", "B", "0x400c", "4") +
+                         "<Integer Name=\"I\"><Value>1</Value></Integer>"
+                         "<Integer Name=\"O\"><Value>8</Value></Integer>");
+    QCOMPARE(find("A")->SetIntegerValue(5), ZalErrorSuccess);
+    QCOMPARE(integer(find("B")), 5LL);
 }
 
 // As width and offset of an image do.
