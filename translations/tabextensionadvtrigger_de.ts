@@ -34,10 +34,6 @@
         <translation>  Das Ausführen von „%1“ ist fehlgeschlagen.</translation>
     </message>
     <message>
-        <source>Trigger features status</source>
-        <translation>Trigger-Status</translation>
-    </message>
-    <message>
         <source>I/O lines</source>
         <translation>E/A-Leitungen</translation>
     </message>
@@ -464,6 +460,13 @@ dauer (µs)</translation>
     <message>
         <source>Vendor not supported for plugins, widget not created.</source>
         <translation>Der Hersteller wird von Plugins nicht unterstützt, das Widget wurde nicht erstellt.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTreeModel</name>
+    <message>
+        <source>Trigger features status</source>
+        <translation>Trigger-Status</translation>
     </message>
 </context>
 <context>

@@ -34,10 +34,6 @@
         <translation>  Error al ejecutar «%1».</translation>
     </message>
     <message>
-        <source>Trigger features status</source>
-        <translation>Estado del disparo</translation>
-    </message>
-    <message>
         <source>I/O lines</source>
         <translation>Líneas de E/S</translation>
     </message>
@@ -464,6 +460,13 @@ antirrebote (µs)</translation>
     <message>
         <source>Vendor not supported for plugins, widget not created.</source>
         <translation>Fabricante no compatible con los plugins; no se ha creado el widget.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTreeModel</name>
+    <message>
+        <source>Trigger features status</source>
+        <translation>Estado del disparo</translation>
     </message>
 </context>
 <context>

@@ -34,10 +34,6 @@
         <translation>  L’exécution de «&#xa0;%1&#xa0;» a échoué.</translation>
     </message>
     <message>
-        <source>Trigger features status</source>
-        <translation>État du déclenchement</translation>
-    </message>
-    <message>
         <source>I/O lines</source>
         <translation>Lignes d’E/S</translation>
     </message>
@@ -464,6 +460,13 @@ anti-rebond (µs)</translation>
     <message>
         <source>Vendor not supported for plugins, widget not created.</source>
         <translation>Fabricant non pris en charge par les plugins, widget non créé.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTreeModel</name>
+    <message>
+        <source>Trigger features status</source>
+        <translation>État du déclenchement</translation>
     </message>
 </context>
 <context>

@@ -34,10 +34,6 @@
         <translation>  「%1」の実行に失敗しました。</translation>
     </message>
     <message>
-        <source>Trigger features status</source>
-        <translation>トリガー機能の状態</translation>
-    </message>
-    <message>
         <source>I/O lines</source>
         <translation>I/O ライン</translation>
     </message>
@@ -464,6 +460,13 @@ Duration (µs)</source>
     <message>
         <source>Vendor not supported for plugins, widget not created.</source>
         <translation>プラグインが対応していないメーカーのため、ウィジェットは作成されませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTreeModel</name>
+    <message>
+        <source>Trigger features status</source>
+        <translation>トリガー機能の状態</translation>
     </message>
 </context>
 <context>

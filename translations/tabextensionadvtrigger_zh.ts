@@ -34,10 +34,6 @@
         <translation>  执行“%1”失败。</translation>
     </message>
     <message>
-        <source>Trigger features status</source>
-        <translation>触发功能状态</translation>
-    </message>
-    <message>
         <source>I/O lines</source>
         <translation>I/O 线路</translation>
     </message>
@@ -464,6 +460,13 @@ Duration (µs)</source>
     <message>
         <source>Vendor not supported for plugins, widget not created.</source>
         <translation>插件不支持该厂商，未创建控件。</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTreeModel</name>
+    <message>
+        <source>Trigger features status</source>
+        <translation>触发功能状态</translation>
     </message>
 </context>
 <context>

@@ -2,58 +2,17 @@
 
 #include "features/FeatureManager.h"
 #include "features/RichText.h"
-#include "trigger/BoundWidget.h"
-#include "trigger/SettingsTreeModel.h"
+#include "trigger/FormBinding.h"
+#include "trigger/LineTable.h"
+#include "trigger/PresetChoice.h"
+#include "trigger/PresetRunner.h"
+#include "ui/SettingsTreeModel.h"
 
+#include <QComboBox>
 #include <QEvent>
 
-AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent)
-    : BaseTabPluginWidget(features, parent), m_featureList(features)
-{
-    // Watched even where a form has no widget for them.
-    for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
-                                "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
-        AddKnownFeature(QString::fromLatin1(feature));
-    // Pictures in a static library are there only for whoever asks for them.
-    Q_INIT_RESOURCE(advtrigger);
-    m_settingsModel = new SettingsTreeModel(m_featureManager, this);
-    setStyleSheet(styleSheet() + QStringLiteral(" QToolTip { padding: 3px; color: black; "
-                                                "background-color: lightyellow; "
-                                                "border: 1px solid lightgrey; }"));
-}
-
-AdvTriggerBase::~AdvTriggerBase()
-{
-    if (const std::shared_ptr<QWidget> shelter = m_shelter.lock())
-        MoveFormTo(*shelter);
-}
-
-void AdvTriggerBase::AddKnownFeature(const QString& feature)
-{
-    m_knownFeatures.append(feature);
-    // Only observed features are ever reported as changed, and only those are refreshed.
-    m_observedFeatures.append(feature);
-}
-
-void AdvTriggerBase::ActivateTooltips(int state)
-{
-    m_tooltipsActive = state != 0;
-}
-
-bool AdvTriggerBase::eventFilter(QObject* watched, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::Wheel:
-        return FilterWheel(watched, event);
-    case QEvent::ToolTip:
-        return FilterToolTip(watched);
-    default:
-        return BaseTabPluginWidget::eventFilter(watched, event);
-    }
-}
-
 /// Turning the wheel over a form scrolls it; it changes a setting only where the user has clicked.
-bool AdvTriggerBase::FilterWheel(QObject* watched, QEvent* event) const
+static bool filterWheel(const QObject* watched, QEvent* event)
 {
     const QLatin1String className(watched->metaObject()->className());
     const bool takesWheel = className == QLatin1String("QComboBox") ||
@@ -65,6 +24,149 @@ bool AdvTriggerBase::FilterWheel(QObject* watched, QEvent* event) const
     // An accepted event would end here; ignored, it goes on to the scroll area around the form.
     event->ignore();
     return true;
+}
+
+AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent)
+    : BaseTabPluginWidget(features, parent), m_featureList(features)
+{
+    const auto addKnownFeature = [this](const QString& feature) {
+        m_knownFeatures.append(feature);
+        // Only observed features are ever reported as changed, and only those are refreshed.
+        m_observedFeatures.append(feature);
+    };
+    // Watched even where a form has no widget for them.
+    for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
+                                "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
+        addKnownFeature(QString::fromLatin1(feature));
+    // Pictures in a static library are there only for whoever asks for them.
+    Q_INIT_RESOURCE(advtrigger);
+    m_settingsModel = new SettingsTreeModel(m_featureManager, this);
+    m_binding = std::make_unique<FormBinding>(*m_featureManager, BoundForm{*this, addKnownFeature});
+    m_lineTable = std::make_unique<LineTable>(
+        *m_featureManager,
+        BoundForm{*this, [this](const QString& feature) { m_observedFeatures.append(feature); }});
+    m_presetChoice = std::make_unique<PresetChoice>(*m_featureManager, *this, [this] {
+        m_settingsModel->ResetData();
+        return m_settingsModel->selectorsAstray();
+    });
+    setStyleSheet(styleSheet() + QStringLiteral(" QToolTip { padding: 3px; color: black; "
+                                                "background-color: lightyellow; "
+                                                "border: 1px solid lightgrey; }"));
+}
+
+AdvTriggerBase::~AdvTriggerBase()
+{
+    m_presetChoice->shelterWidgets();
+}
+
+void AdvTriggerBase::InitBaseWidgets()
+{
+    m_binding->bindAll(m_exemptWidgets);
+}
+
+void AdvTriggerBase::UpdateInitBase()
+{
+    m_binding->refresh(*m_changedFeatures, [this](const QString& feature, const QVariant& value) {
+        emit FeatureChanged(feature, value);
+    });
+}
+
+void AdvTriggerBase::CreateIOTable(QTableWidget* table)
+{
+    m_lineTable->build(*table);
+}
+
+void AdvTriggerBase::UpdateInitTable(QTableWidget* table)
+{
+    m_lineTable->refresh(*table, *m_changedFeatures);
+}
+
+QString AdvTriggerBase::SwitchLine_GetFeature(const QString& objectName)
+{
+    return m_lineTable->selectLineOf(objectName);
+}
+
+void AdvTriggerBase::SetupSettingsOverview(QTreeView* view)
+{
+    m_settingsModel->showIn(view, this);
+}
+
+QString AdvTriggerBase::SetFeatureValue(const QString& feature, const QVariant& value)
+{
+    return PresetRunner(*m_featureManager).SetFeatureValue(feature, value);
+}
+
+void AdvTriggerBase::LoadPresets(QComboBox* box, const QString& applicationDir)
+{
+    m_presetChoice->load(*box, applicationDir);
+}
+
+void AdvTriggerBase::OnChangeComboboxSelection(const QString& text)
+{
+    m_binding->editComboBox(sender(), text);
+}
+
+void AdvTriggerBase::OnFinishLineEdit()
+{
+    m_binding->editLine(sender());
+}
+
+void AdvTriggerBase::OnChangeSpinbox(int value)
+{
+    m_binding->editSpinBox(sender(), value);
+}
+
+void AdvTriggerBase::OnChangeDoubleSpinbox(double value)
+{
+    m_binding->editDoubleSpinBox(sender(), value);
+}
+
+void AdvTriggerBase::OnChangeCheckbox(int state)
+{
+    m_binding->editCheckBox(sender(), state);
+}
+
+void AdvTriggerBase::OnExecuteCommandButton()
+{
+    m_binding->runCommand(sender());
+}
+
+void AdvTriggerBase::OnSelectPreset(int index)
+{
+    if (auto* presets = qobject_cast<QComboBox*>(sender()))
+        m_presetChoice->apply(presets, index);
+}
+
+void AdvTriggerBase::OnChangeTableSpinbox(double value)
+{
+    m_lineTable->editSpinBox(sender(), value);
+}
+
+void AdvTriggerBase::OnChangeTableCombobox(const QString& text)
+{
+    m_lineTable->editComboBox(sender(), text);
+}
+
+void AdvTriggerBase::OnChangeTableCheckbox(int state)
+{
+    m_lineTable->editCheckBox(sender(), state);
+}
+
+void AdvTriggerBase::ActivateTooltips(int state)
+{
+    m_tooltipsActive = state != 0;
+}
+
+bool AdvTriggerBase::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Wheel:
+        return filterWheel(watched, event);
+    case QEvent::ToolTip:
+        return FilterToolTip(watched);
+    default:
+        return BaseTabPluginWidget::eventFilter(watched, event);
+    }
 }
 
 bool AdvTriggerBase::FilterToolTip(QObject* watched)
@@ -79,7 +181,7 @@ bool AdvTriggerBase::FilterToolTip(QObject* watched)
 
 QString AdvTriggerBase::ToolTipFeature(const QString& objectName) const
 {
-    QString feature = BoundFeatureName(objectName);
+    const QString feature = BoundFeatureName(objectName);
     if (m_knownFeatures.contains(feature) || !objectName.contains(QLatin1Char('_')))
         return feature;
     return objectName.section(QLatin1Char('_'), 1, 1);

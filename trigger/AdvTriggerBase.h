@@ -1,18 +1,16 @@
 #pragma once
 
+#include "trigger/PresetFile.h"
 #include "widgets/BaseTabPluginWidget.h"
 
 #include <QMap>
-#include <QPointer>
 #include <QVariant>
 
 #include <memory>
-#include <optional>
 
-class QCheckBox;
-class QDoubleSpinBox;
-class QLineEdit;
-class QSpinBox;
+class FormBinding;
+class LineTable;
+class PresetChoice;
 class QTableWidget;
 class QTreeView;
 class SettingsTreeModel;
@@ -48,9 +46,9 @@ class AdvTriggerBase : public BaseTabPluginWidget
 
 public:
     /// Names of the presets that have a meaning of their own.
-    inline static const QString CUSTOM_PRESET = QStringLiteral("Custom");
-    inline static const QString TURN_OFF_PRESET = QStringLiteral("Turn Off All");
-    inline static const QString RESET_PRESET = QStringLiteral("Reset All");
+    inline static const QString CUSTOM_PRESET = PresetFile::CustomPreset;
+    inline static const QString TURN_OFF_PRESET = PresetFile::TurnOffPreset;
+    inline static const QString RESET_PRESET = PresetFile::ResetPreset;
 
     /// Shares the feature list. Throws TENotSupported for cameras of other vendors.
     AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent);
@@ -120,77 +118,13 @@ protected slots:
     void ActivateTooltips(int state);
 
 private:
-    struct TableCell;
-    struct TableColumn;
-
-    void InitComboBoxes();
-    void InitLineEdits();
-    void InitDoubleSpinBoxes();
-    void InitSpinBoxes();
-    void InitCheckBoxes();
-    void InitButtons();
-    void BindComboBox(QComboBox& box, const QString& feature);
-    void BindLineEdit(QLineEdit& edit, const QString& feature);
-    void BindDoubleSpinBox(QDoubleSpinBox& box, const QString& feature);
-    void BindSpinBox(QSpinBox& box, const QString& feature);
-    void BindCheckBox(QCheckBox& box, const QString& feature);
-    bool DisableUnlessAvailable(QWidget& widget);
-    void AddKnownFeature(const QString& feature);
-    void LimitInput(QLineEdit& edit, const QString& feature);
-    void LimitInputLate(QLineEdit& edit, const QString& feature);
-    void ConnectEdits(QWidget& widget, const char* signal, const char* slot);
-
-    void RefreshFeature(const QString& feature);
-    void RefreshSoftwareButton();
-    QVariant RefreshWidget(QWidget& widget, const QString& feature);
-    QVariant RefreshComboBox(QComboBox& box, const QString& feature);
-    QVariant RefreshLineEdit(QLineEdit& edit, const QString& feature);
-    QVariant ReadFeature(const QString& feature) const;
-
-    bool IsSoftwareTriggered() const;
-    bool IsTextFeature(const QString& feature) const;
-    bool IsHexFeature(const QString& feature) const;
-    static QString NumberText(double value);
-    QString ValueText(const QString& feature) const;
-    std::optional<QString> ReadableText(const QString& feature) const;
-    double ShowValue(QDoubleSpinBox& box, const QString& feature);
-    double ShowValue(QSpinBox& box, const QString& feature);
-    double ShowValue(QCheckBox& box, const QString& feature);
-
-    double WriteNumber(const QWidget& widget, double value);
-
-    bool ApplyTurnOffBefore(const QPointer<QComboBox>& presets, int index);
-    bool ApplyPreset(const QPointer<QComboBox>& presets, int index);
-    QString ResetOverview();
-    void ShowPresetErrors(const QString& preset, const QString& errors);
-    std::shared_ptr<QWidget> Shelter();
-    void MoveFormTo(QWidget& shelter);
-
-    static const TableColumn& TableColumnAt(int column);
-    QList<int> CreateTableRow(QTableWidget& table, int row, const QString& line);
-    void CreateTableComboBox(const TableCell& cell);
-    void CreateTableCheckBox(const TableCell& cell);
-    void CreateTableLed(const TableCell& cell);
-    void CreateTableSpinBox(const TableCell& cell);
-    void PlaceTableEditor(const TableCell& cell, QWidget& editor, QWidget& placed,
-                          const char* signal, const char* slot);
-    void NameTableEditor(const TableCell& cell, QWidget& editor);
-    void RefreshTableRow(const QString& line, int columnCount);
-    void ShowTableComboBox(QWidget& widget, const QString& feature);
-    void ShowTableCheckBox(QWidget& widget, const QString& feature);
-    void ShowTableLed(QWidget& widget, const QString& feature);
-    void ShowTableSpinBox(QWidget& widget, const QString& feature);
-    void LimitTableSpinBox(QDoubleSpinBox& box, const QString& feature);
-    QString SelectSendersFeature();
-    double NextDuration(const QDoubleSpinBox& box, const QString& feature, double value) const;
-
-    bool FilterWheel(QObject* watched, QEvent* event) const;
     bool FilterToolTip(QObject* watched);
     QString ToolTipFeature(const QString& objectName) const;
     QString ToolTipOf(const QString& feature);
 
-    /// Where the form's widgets go when the engine is destroyed with an error box open.
-    std::weak_ptr<QWidget> m_shelter;
+    std::unique_ptr<FormBinding> m_binding;
+    std::unique_ptr<LineTable> m_lineTable;
+    std::unique_ptr<PresetChoice> m_presetChoice;
 
 protected:
     /// Features that widgets are bound to, duplicates allowed.

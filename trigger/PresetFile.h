@@ -22,6 +22,11 @@ inline const QString ValueKey = QStringLiteral("#value");
 /// What a value begins with that stands for every entry of a selector.
 inline const QString EveryEntry = QStringLiteral("<all>");
 
+/// Names of the presets that have a meaning of their own.
+inline const QString CustomPreset = QStringLiteral("Custom");
+inline const QString TurnOffPreset = QStringLiteral("Turn Off All");
+inline const QString ResetPreset = QStringLiteral("Reset All");
+
 /// A preset that the file offers. Cheap to copy: all copies, and all listings of one name, share
 /// what the file holds, and what follows from it is made when it is asked for.
 struct Preset

@@ -2,10 +2,10 @@
 
 #include "features/FeatureManager.h"
 #include "plugin/TabExtensionException.h"
-#include "trigger/SettingsTreeModel.h"
 #include "ui/AdvTriggerDialog.h"
 #include "ui/EntryWidth.h"
 #include "ui/HintRoom.h"
+#include "ui/SettingsTreeModel.h"
 #include "ui_AdvTriggerWidget.h"
 
 #include <QCoreApplication>

@@ -2,13 +2,12 @@
 
 #include "features/FeatureManager.h"
 #include "features/PluginFeatureObserver.h"
-#include "features/RichText.h"
 #include "features/TwoCallRead.h"
 #include "features/ZalFeatureWrapper.h"
 #include "plugin/TABMessageHandler.h"
 #include "plugin/TabExtensionException.h"
+#include "widgets/FeatureComboBox.h"
 
-#include <QComboBox>
 #include <QDebug>
 #include <QEvent>
 #include <QLocale>
@@ -47,11 +46,6 @@ bool holdsFeatures(const ZalCPP::FeatureList& features)
 void logStatus(const char* text, ZalErrorType status)
 {
     qDebug().nospace() << text << status << '\n';
-}
-
-void selectText(QComboBox* combo, const QString& text)
-{
-    combo->setCurrentIndex(combo->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }
 
 } // namespace
@@ -112,20 +106,7 @@ bool BaseTabPluginWidget::isDarkMode()
 bool BaseTabPluginWidget::updateComboBox(const QString& featureName, QComboBox* combo,
                                          bool setToolTips)
 {
-    if (!combo)
-        return false;
-
-    const QString value = m_featureManager->GetStringValue(featureName);
-    const QStringList entries = m_featureManager->GetAvailableEnumEntries(featureName);
-    combo->clear();
-    combo->insertItems(combo->count(), entries);
-    for (int i = 0; setToolTips && i < entries.size(); ++i)
-        combo->setItemData(i, RichText::forToolTip(entries[i]), Qt::ToolTipRole);
-    selectText(combo, value);
-
-    const bool writable = m_featureManager->GetIsWritable(featureName);
-    combo->setEnabled(writable);
-    return writable;
+    return combo && showFeatureInComboBox(*m_featureManager, featureName, *combo, setToolTips);
 }
 
 int BaseTabPluginWidget::RegisterFeatureObserver(bool markChanged)

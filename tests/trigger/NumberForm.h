@@ -18,7 +18,7 @@ public:
         add<QLineEdit>("txtReal");
         add<QLineEdit>("txtKey");
         add<QLineEdit>("txtName");
-        InitBaseWidgets();
+        bind();
         build();
     }
 

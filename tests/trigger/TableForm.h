@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/trigger/TestEngine.h"
+#include "tests/trigger/PlainForm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -8,18 +8,11 @@
 #include <QLabel>
 #include <QTableWidget>
 
-/// The engine with a line table, like the one of the tab (4 columns) or the dialog (6).
-class TableForm : public TestEngine
+/// A form with a line table, like the one of the tab (4 columns) or the dialog (6).
+class TableForm : public PlainForm
 {
 public:
-    using AdvTriggerBase::CreateIOTable;
-    using AdvTriggerBase::OnChangeTableCheckbox;
-    using AdvTriggerBase::OnChangeTableCombobox;
-    using AdvTriggerBase::OnChangeTableSpinbox;
-    using AdvTriggerBase::SwitchLine_GetFeature;
-    using AdvTriggerBase::UpdateInitTable;
-
-    explicit TableForm(Fake::FakeCamera& fake, int columns = 6) : TestEngine(fake), camera(fake)
+    explicit TableForm(Fake::FakeCamera& fake, int columns = 6) : PlainForm(fake), camera(fake)
     {
         table.setParent(this);
         table.setColumnCount(columns);
@@ -28,16 +21,14 @@ public:
     /// Builds the table and forgets the calls for that.
     void build()
     {
-        CreateIOTable(&table);
+        lineTable.build(table);
         camera.clearLog();
     }
 
     /// Refreshes the table as after changes of these features.
-    void refreshTable(const QStringList& features)
+    void refreshTable(const QStringList& changedFeatures)
     {
-        *m_changedFeatures = features;
-        UpdateInitTable(&table);
-        m_changedFeatures->clear();
+        lineTable.refresh(table, changedFeatures);
     }
 
     template <class Widget> Widget& cell(const char* name) const
@@ -56,7 +47,7 @@ public:
 inline std::unique_ptr<Fake::FakeCamera> tableCamera(const std::vector<std::string>& lines = {
                                                          "Line0", "Line1"})
 {
-    auto camera = acceptedCamera();
+    auto camera = std::make_unique<Fake::FakeCamera>();
     camera->addEnum("LineSelector", lines, lines.front());
     camera->addEnum("LineMode", {"Input", "Output"}, "Input");
     camera->addBool("LineInverter", false);

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "tests/support/FakeCamera.h"
+#include "tests/trigger/CameraWrites.h"
 #include "trigger/AdvTriggerBase.h"
 
 #include <memory>
 
-/// The engine with an empty form that a test fills, and with its inner workings in the open.
+/// The engine with an empty form that a test fills, and with what it offers to forms in the open.
 class TestEngine : public AdvTriggerBase
 {
 public:
@@ -22,14 +23,7 @@ public:
     using AdvTriggerBase::m_observedFeatures;
     using AdvTriggerBase::m_tooltipCache;
     using AdvTriggerBase::m_tooltipsActive;
-    using AdvTriggerBase::OnChangeCheckbox;
-    using AdvTriggerBase::OnChangeComboboxSelection;
-    using AdvTriggerBase::OnChangeDoubleSpinbox;
-    using AdvTriggerBase::OnChangeSpinbox;
-    using AdvTriggerBase::OnExecuteCommandButton;
-    using AdvTriggerBase::OnFinishLineEdit;
     using AdvTriggerBase::SetFeatureValue;
-    using AdvTriggerBase::UpdateInitBase;
     using AdvTriggerBase::updateTimer;
 
     /// Adds a widget to the form; the form owns it.
@@ -70,13 +64,4 @@ inline std::unique_ptr<Fake::FakeCamera> acceptedCamera()
     auto camera = std::make_unique<Fake::FakeCamera>();
     camera->addString("DeviceVendorName", "Tarsel Imaging GmbH");
     return camera;
-}
-
-/// What was written to the camera since the log was cleared.
-inline QStringList writesOf(const Fake::FakeCamera& camera)
-{
-    QStringList result;
-    for (const std::string& write : camera.writes())
-        result.append(QString::fromStdString(write));
-    return result;
 }

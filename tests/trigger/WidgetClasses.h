@@ -1,7 +1,5 @@
 #pragma once
 
-#include "tests/trigger/TestEngine.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -13,12 +11,16 @@
 #include <functional>
 
 /// Adds a widget of the class that a row of test data stands for.
-using AddWidget = std::function<QWidget*(TestEngine&, const QString&)>;
+using AddWidget = std::function<QWidget*(QWidget& form, const QString& objectName)>;
 Q_DECLARE_METATYPE(AddWidget)
 
 template <class Widget> AddWidget adder()
 {
-    return [](TestEngine& engine, const QString& name) { return &engine.add<Widget>(name); };
+    return [](QWidget& form, const QString& objectName) {
+        auto* widget = new Widget(&form);
+        widget->setObjectName(objectName);
+        return widget;
+    };
 }
 
 /// One row for each class of widget that can be bound.

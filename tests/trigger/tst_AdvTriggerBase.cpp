@@ -22,6 +22,9 @@ private slots:
     void presetNamesAreFixed();
     void engineStartsWithSixKnownFeatures();
     void observesWhatItKnows();
+    void boundFeaturesAreKnownAndObserved();
+    void buttonsAreNotKnownFeatures();
+    void writesOneFeatureForPresets();
     void keepsTheFeatureListAlive();
     void styleSheetEndsWithTheToolTipStyle();
     void refusesCamerasOfOtherVendors();
@@ -90,6 +93,34 @@ void tst_AdvTriggerBase::engineStartsWithSixKnownFeatures()
 void tst_AdvTriggerBase::observesWhatItKnows()
 {
     QCOMPARE(engine->m_observedFeatures, engine->m_knownFeatures);
+}
+
+void tst_AdvTriggerBase::boundFeaturesAreKnownAndObserved()
+{
+    engine->add<QDoubleSpinBox>("spbTriggerDelay");
+    engine->add<QComboBox>("cmbTriggerDelay");
+    engine->add<QComboBox>("cmbUnknown");
+    engine->InitBaseWidgets();
+    QCOMPARE(engine->boundFeatures(), QStringList({"TriggerDelay", "TriggerDelay"}));
+    QCOMPARE(engine->m_observedFeatures, engine->m_knownFeatures);
+}
+
+void tst_AdvTriggerBase::buttonsAreNotKnownFeatures()
+{
+    engine->add<QPushButton>("btnTriggerSoftware");
+    engine->InitBaseWidgets();
+    QVERIFY(!engine->m_knownFeatures.contains("TriggerSoftware"));
+    QVERIFY(!engine->m_observedFeatures.contains("TriggerSoftware"));
+    QVERIFY(!engine->m_observedFeatures.contains("LineSelector"));
+}
+
+void tst_AdvTriggerBase::writesOneFeatureForPresets()
+{
+    camera->clearLog();
+    QCOMPARE(engine->SetFeatureValue("TriggerSource", "Line1"), QString());
+    QCOMPARE(writesOf(*camera), QStringList("SetStringValue TriggerSource=Line1"));
+    QCOMPARE(engine->SetFeatureValue("TriggerSource", "Nowhere"),
+             QString("  Failed to set TriggerSource = Nowhere, Current value: 'Line1'\n"));
 }
 
 void tst_AdvTriggerBase::keepsTheFeatureListAlive()

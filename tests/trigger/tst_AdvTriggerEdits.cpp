@@ -417,12 +417,15 @@ void tst_AdvTriggerEdits::withoutSenderNothingHappens()
 {
     bind<QComboBox>("cmbMode");
     const LogCapture log;
-    engine->OnChangeComboboxSelection("On");
-    engine->OnFinishLineEdit();
-    engine->OnChangeSpinbox(1);
-    engine->OnChangeDoubleSpinbox(1.0);
-    engine->OnChangeCheckbox(2);
-    engine->OnExecuteCommandButton();
+    const auto send = [this](const char* slot, QGenericArgument argument = QGenericArgument()) {
+        return QMetaObject::invokeMethod(engine.get(), slot, argument);
+    };
+    QVERIFY(send("OnChangeComboboxSelection", Q_ARG(QString, QStringLiteral("On"))));
+    QVERIFY(send("OnFinishLineEdit"));
+    QVERIFY(send("OnChangeSpinbox", Q_ARG(int, 1)));
+    QVERIFY(send("OnChangeDoubleSpinbox", Q_ARG(double, 1.0)));
+    QVERIFY(send("OnChangeCheckbox", Q_ARG(int, 2)));
+    QVERIFY(send("OnExecuteCommandButton"));
     QVERIFY(camera->calls().empty());
     QCOMPARE(warnings(log), QStringList());
 }

@@ -306,14 +306,14 @@ void tst_TableEdits::nameIsSplitIntoLineAndFeature()
     QFETCH(QString, name);
     QFETCH(QString, written);
     QFETCH(QString, feature);
-    QCOMPARE(form->SwitchLine_GetFeature(name), feature);
+    QCOMPARE(form->lineTable.selectLineOf(name), feature);
     QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=" + written});
 }
 
 void tst_TableEdits::nameWithoutUnderscoreIsLoggedAndWritesNothing()
 {
     const LogCapture log;
-    QCOMPARE(form->SwitchLine_GetFeature("cmbLineMode"), QString());
+    QCOMPARE(form->lineTable.selectLineOf("cmbLineMode"), QString());
     QCOMPARE(
         log.lines(),
         QStringList{"default/warning Error: cannot parse object name of a table cell widget."});

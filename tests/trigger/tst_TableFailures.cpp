@@ -13,7 +13,7 @@ const QStringList everything = {"LineMode",   "LineInverter",     "LineSource",
 /// What a user of the table does: open it, see a change, edit.
 void use(TableForm& form)
 {
-    form.CreateIOTable(&form.table);
+    form.lineTable.build(form.table);
     form.refreshTable(everything);
     if (auto* mode = form.findChild<QComboBox*>("cmbLine0_LineMode"))
         mode->setCurrentText("Output");
@@ -136,7 +136,7 @@ void tst_TableFailures::lineWhoseSelectionGotLostIsSelectedAgainForItsNewRow()
         const bool isSelection = operation == "SetStringValue" && feature == "LineSelector";
         return isSelection && ++selections == 2 ? ZalErrorTimeout : ZalErrorSuccess;
     };
-    form.CreateIOTable(&form.table);
+    form.lineTable.build(form.table);
     QCOMPARE(selections, 3);
     QCOMPARE(form.cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration").value(), 64.0);
 }

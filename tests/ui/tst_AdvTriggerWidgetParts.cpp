@@ -1,12 +1,11 @@
 // The parts of the tab that are more than bound widgets: line table, presets, settings overview.
 #include "tests/ui/PresetsFile.h"
 #include "tests/ui/TabUnderTest.h"
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 #include "widgets/CollapsingButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -87,12 +86,8 @@ private slots:
     void editWithoutCustomPresetKeepsTheSelection();
 
     void overviewShowsTheActiveTrigger();
-    void overviewFitsItsColumns();
-    void overviewExpandsWheneverRowsAreInserted();
     void overviewFollowsTheForm();
     void overviewFollowsFeaturesWithoutWidget();
-    void overviewShowsSixDigits_data();
-    void overviewShowsSixDigits();
     void laterShowsResetTheOverview();
     void laterShowsResetTheOverviewBeforeTheyObserve();
     void appliedPresetResetsTheOverview();
@@ -272,22 +267,6 @@ void tst_AdvTriggerWidgetParts::overviewShowsTheActiveTrigger()
     QVERIFY(isExpandedThroughout(*view));
 }
 
-void tst_AdvTriggerWidgetParts::overviewFitsItsColumns()
-{
-    const QHeaderView* header = shown->find<QTreeView>("treeView")->header();
-    QCOMPARE(header->sectionResizeMode(0), QHeaderView::ResizeToContents);
-    QVERIFY(header->stretchLastSection());
-}
-
-void tst_AdvTriggerWidgetParts::overviewExpandsWheneverRowsAreInserted()
-{
-    auto* view = shown->find<QTreeView>("treeView");
-    view->collapseAll();
-    QVERIFY(!isExpandedThroughout(*view));
-    shown->tab.m_settingsModel->addSelectorBranch("TimerSelector", "Timer1");
-    QVERIFY(isExpandedThroughout(*view));
-}
-
 void tst_AdvTriggerWidgetParts::overviewFollowsTheForm()
 {
     auto* view = shown->find<QTreeView>("treeView");
@@ -318,27 +297,6 @@ void tst_AdvTriggerWidgetParts::overviewFollowsFeaturesWithoutWidget()
     feature("TimerTriggerSource").stateFor("Timer1").text = "Line0";
     report(*shown, {"TimerTriggerSource", "TimerSelector"});
     QCOMPARE(branches(*shown).last(), QString("Timer Timer1"));
-}
-
-void tst_AdvTriggerWidgetParts::overviewShowsSixDigits_data()
-{
-    QTest::addColumn<double>("delay");
-    QTest::addColumn<QString>("painted");
-    QTest::newRow("a tenth") << 0.1 << "0.1";
-    QTest::newRow("one million") << 1e6 << "1e+06";
-    QTest::newRow("many digits") << 1234.56789 << "1234.57";
-}
-
-void tst_AdvTriggerWidgetParts::overviewShowsSixDigits()
-{
-    QFETCH(double, delay);
-    QFETCH(QString, painted);
-    const auto* view = shown->find<QTreeView>("treeView");
-    feature("TriggerDelay").state().real = delay;
-    report(*shown, {"TriggerDelay"});
-    QCOMPARE(paintedValue(*view, "TriggerDelay"), painted);
-    shown->tab.m_settingsModel->ResetData();
-    QCOMPARE(paintedValue(*view, "TriggerDelay"), painted);
 }
 
 void tst_AdvTriggerWidgetParts::laterShowsResetTheOverview()

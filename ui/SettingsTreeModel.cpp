@@ -1,9 +1,12 @@
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 
 #include "features/FeatureManager.h"
 
+#include <QHeaderView>
 #include <QPair>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
+#include <QTreeView>
 
 /// Selector, title of its branches, and the feature that is "Off" while an entry is not in use.
 static const QMap<QString, QPair<QString, QString>> BRANCHES = {
@@ -36,6 +39,20 @@ QStandardItem* titleItem(const QString& title)
     return item;
 }
 
+/// Numbers look the same whether they were read for the overview or reported as changed.
+class SettingsDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale& locale) const override
+    {
+        if (value.type() == QVariant::Double)
+            return QStringLiteral("%1").arg(value.toDouble());
+        return QStyledItemDelegate::displayText(value, locale);
+    }
+};
+
 } // namespace
 
 SettingsTreeModel::SettingsTreeModel(FeatureManager* manager, QObject* parent)
@@ -49,6 +66,19 @@ SettingsTreeModel::~SettingsTreeModel() = default;
 QStandardItemModel* SettingsTreeModel::model() const
 {
     return m_model.get();
+}
+
+void SettingsTreeModel::showIn(QTreeView* view, const QObject* reporter)
+{
+    view->setModel(model());
+    view->setItemDelegate(new SettingsDelegate(view));
+    view->setAccessibleName(tr("Trigger features status"));
+    view->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    view->header()->setStretchLastSection(true);
+    connect(reporter, SIGNAL(FeatureChanged(const QString&, const QVariant&)),
+            SLOT(OnFeatureChanged(const QString&, const QVariant&)));
+    connect(model(), SIGNAL(rowsInserted(const QModelIndex&, int, int)), view, SLOT(expandAll()));
+    view->expandAll();
 }
 
 void SettingsTreeModel::InitData()

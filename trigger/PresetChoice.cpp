@@ -1,10 +1,9 @@
-// Loading the presets for the camera and applying the one that the user picks.
+#include "trigger/PresetChoice.h"
+
 #include "features/FeatureManager.h"
 #include "features/RichText.h"
-#include "trigger/AdvTriggerBase.h"
 #include "trigger/PresetFile.h"
 #include "trigger/PresetRunner.h"
-#include "trigger/SettingsTreeModel.h"
 
 #include <QComboBox>
 #include <QMessageBox>
@@ -41,7 +40,7 @@ private:
 
 /// All at once: one signal of the model, on which the box and its list go to work, instead of two
 /// for each preset.
-void AppendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
+void appendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
 {
     QList<QStandardItem*> items;
     for (const PresetFile::Preset& preset : presets)
@@ -50,17 +49,23 @@ void AppendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
     static_cast<QStandardItemModel*>(box.model())->invisibleRootItem()->appendRows(items);
 }
 
-PresetFile::Plan PlanAt(const QComboBox& presets, int index)
+PresetFile::Plan planAt(const QComboBox& presets, int index)
 {
     return PresetFile::PlanOf(QJsonObject::fromVariantMap(presets.itemData(index).toMap()));
 }
 
 } // namespace
 
-void AdvTriggerBase::LoadPresets(QComboBox* box, const QString& applicationDir)
+PresetChoice::PresetChoice(const FeatureManager& features, QWidget& form,
+                           ResetOverview resetOverview)
+    : m_features(features), m_form(form), m_resetOverview(std::move(resetOverview))
 {
-    box->clear();
-    const QString family = m_featureManager->GetStringValue(QStringLiteral("DeviceFamilyName"));
+}
+
+void PresetChoice::load(QComboBox& presets, const QString& applicationDir) const
+{
+    presets.clear();
+    const QString family = m_features.GetStringValue(QStringLiteral("DeviceFamilyName"));
     const PresetFile::Bytes file = PresetFile::Read(PresetFile::PathFor(applicationDir, family));
     if (!file.error.isEmpty()) {
         // Which of the files was tried says less than where the camera's files are looked for.
@@ -70,65 +75,60 @@ void AdvTriggerBase::LoadPresets(QComboBox* box, const QString& applicationDir)
     const PresetFile::Content content = PresetFile::Parse(file.content);
     if (!content.parseError.isEmpty())
         qWarning("JSON parse error: '%s'", qUtf8Printable(content.parseError));
-    AppendPresets(*box, content.presets);
+    appendPresets(presets, content.presets);
 }
 
-void AdvTriggerBase::OnSelectPreset(int index)
+void PresetChoice::apply(const QPointer<QComboBox>& presets, int index)
 {
-    auto* sent = qobject_cast<QComboBox*>(sender());
-    if (!sent)
-        return;
-    const QPointer<QComboBox> presets(sent);
-    if (ApplyTurnOffBefore(presets, index))
-        ApplyPreset(presets, index);
+    if (applyTurnOffBefore(presets, index))
+        applyOne(presets, index);
 }
 
 /// Every ordinary preset starts from a clean state, where the file says what that is. False where
 /// it cannot start at all.
-bool AdvTriggerBase::ApplyTurnOffBefore(const QPointer<QComboBox>& presets, int index)
+bool PresetChoice::applyTurnOffBefore(const QPointer<QComboBox>& presets, int index)
 {
     const int turnOff =
-        presets->findText(TURN_OFF_PRESET, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        presets->findText(PresetFile::TurnOffPreset, Qt::MatchExactly | Qt::MatchCaseSensitive);
     const QString preset = presets->itemText(index);
-    const bool keepsState = preset == CUSTOM_PRESET || preset == RESET_PRESET;
-    return turnOff < 0 || turnOff == index || keepsState || ApplyPreset(presets, turnOff);
+    const bool keepsState = preset == PresetFile::CustomPreset || preset == PresetFile::ResetPreset;
+    return turnOff < 0 || turnOff == index || keepsState || applyOne(presets, turnOff);
 }
 
 /// False where nothing may follow: a selector went astray, so that settings would end up under
 /// another entry, or whoever owns the form destroyed it while an error box was open.
-bool AdvTriggerBase::ApplyPreset(const QPointer<QComboBox>& presets, int index)
+bool PresetChoice::applyOne(const QPointer<QComboBox>& presets, int index)
 {
-    const QPointer<AdvTriggerBase> engine(this);
+    const QPointer<QWidget> form(&m_form);
     const QString chosen = presets->currentText();
-    PresetRunner runner(*m_featureManager);
-    const QString errors = runner.Run(PlanAt(*presets, index));
+    PresetRunner runner(m_features);
+    const QString errors = runner.Run(planAt(*presets, index));
     if (!errors.isEmpty())
-        ShowPresetErrors(chosen, errors);
-    if (!engine)
+        showErrors(chosen, errors);
+    if (!form)
         return false;
-    const QString astray = ResetOverview();
+    const QString astray = resetOverview();
     if (!astray.isEmpty())
-        ShowPresetErrors(chosen, astray);
-    return engine && presets && astray.isEmpty() && !runner.LeftSelectorAstray();
+        showErrors(chosen, astray);
+    return form && presets && astray.isEmpty() && !runner.LeftSelectorAstray();
 }
 
 /// The overview steps selectors: a line for each that the camera did not put back.
-QString AdvTriggerBase::ResetOverview()
+QString PresetChoice::resetOverview() const
 {
-    m_settingsModel->ResetData();
-    const QMap<QString, QString>& astray = m_settingsModel->selectorsAstray();
+    const QMap<QString, QString> astray = m_resetOverview();
     QString errors;
     for (auto it = astray.begin(); it != astray.end(); ++it)
         errors += PresetRunner::ErrorLine(it.key(), it.value());
     return errors;
 }
 
-void AdvTriggerBase::ShowPresetErrors(const QString& preset, const QString& errors)
+void PresetChoice::showErrors(const QString& preset, const QString& errors)
 {
-    const std::shared_ptr<QWidget> shelter = Shelter();
+    const std::shared_ptr<QWidget> shelter = this->shelter();
     const QPointer<QMessageBox> message(new QMessageBox(
         QMessageBox::Warning, tr("Select preset: %1").arg(preset),
-        tr("Error(s) on setting the preset:\n\n%1").arg(errors), QMessageBox::Ok, this));
+        tr("Error(s) on setting the preset:\n\n%1").arg(errors), QMessageBox::Ok, &m_form));
     message->setTextFormat(Qt::PlainText);
     message->exec();
     delete message;
@@ -137,7 +137,7 @@ void AdvTriggerBase::ShowPresetErrors(const QString& preset, const QString& erro
 /// Below an error box some widget of the form is still handling an event: the preset box, or the
 /// one whose edit turned the preset to "Custom". It must outlive that, even where the form is
 /// destroyed meanwhile. The last box to close lets the shelter go, once the event is done.
-std::shared_ptr<QWidget> AdvTriggerBase::Shelter()
+std::shared_ptr<QWidget> PresetChoice::shelter()
 {
     std::shared_ptr<QWidget> shelter = m_shelter.lock();
     if (!shelter) {
@@ -147,14 +147,17 @@ std::shared_ptr<QWidget> AdvTriggerBase::Shelter()
     return shelter;
 }
 
-void AdvTriggerBase::MoveFormTo(QWidget& shelter)
+void PresetChoice::shelterWidgets() const
 {
+    const std::shared_ptr<QWidget> shelter = m_shelter.lock();
+    if (!shelter)
+        return;
     // Leaving its window takes the focus from a field, which then reports its last edit.
-    for (const QWidget* widget : findChildren<QWidget*>())
-        widget->disconnect(this);
-    for (QWidget* widget : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        // Windows go with the engine: the error box itself, and the tab's dialog.
+    for (const QWidget* widget : m_form.findChildren<QWidget*>())
+        widget->disconnect(&m_form);
+    for (QWidget* widget : m_form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        // Windows go with the form: the error box itself, and the tab's dialog.
         if (!widget->isWindow())
-            widget->setParent(&shelter);
+            widget->setParent(shelter.get());
     }
 }

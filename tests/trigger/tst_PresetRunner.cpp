@@ -1,9 +1,12 @@
-// The checked write of one feature.
-#include "tests/trigger/TestEngine.h"
+// The checked write of one feature; whole presets have tests of their own.
+#include "features/FeatureManager.h"
+#include "tests/features/FeatureTestSupport.h"
+#include "tests/trigger/CameraWrites.h"
+#include "trigger/PresetRunner.h"
 
 #include <QTest>
 
-class tst_AdvTriggerFeatureValue : public QObject
+class tst_PresetRunner : public QObject
 {
     Q_OBJECT
 
@@ -28,34 +31,33 @@ private:
     QString set(const QString& feature, const QVariant& value);
 
     std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestEngine> engine;
+    std::unique_ptr<FeatureManager> features;
 };
 
-void tst_AdvTriggerFeatureValue::init()
+void tst_PresetRunner::init()
 {
-    camera = acceptedCamera();
+    camera = std::make_unique<Fake::FakeCamera>();
     camera->addInteger("Number", 5, -10, 1000);
     camera->addFloat("Real", 5.0, -10.0, 1000.0);
     camera->addBool("Flag", false);
     camera->addEnum("Mode", {"Off", "On", "<max>"}, "Off");
     camera->addString("Name", "camera");
     camera->addCommand("Run");
-    engine = std::make_unique<TestEngine>(*camera);
-    camera->clearLog();
+    features = std::make_unique<FeatureManager>(FeatureTest::wrap(*camera));
 }
 
-void tst_AdvTriggerFeatureValue::cleanup()
+void tst_PresetRunner::cleanup()
 {
-    engine.reset();
+    features.reset();
     camera.reset();
 }
 
-QString tst_AdvTriggerFeatureValue::set(const QString& feature, const QVariant& value)
+QString tst_PresetRunner::set(const QString& feature, const QVariant& value)
 {
-    return engine->SetFeatureValue(feature, value);
+    return PresetRunner(*features).SetFeatureValue(feature, value);
 }
 
-void tst_AdvTriggerFeatureValue::takenValueReportsNothing_data()
+void tst_PresetRunner::takenValueReportsNothing_data()
 {
     QTest::addColumn<QString>("feature");
     QTest::addColumn<QVariant>("value");
@@ -84,7 +86,7 @@ void tst_AdvTriggerFeatureValue::takenValueReportsNothing_data()
     row("text from number", "Name", 12, "SetStringValue Name=12");
 }
 
-void tst_AdvTriggerFeatureValue::takenValueReportsNothing()
+void tst_PresetRunner::takenValueReportsNothing()
 {
     QFETCH(QString, feature);
     QFETCH(QVariant, value);
@@ -93,7 +95,7 @@ void tst_AdvTriggerFeatureValue::takenValueReportsNothing()
     QCOMPARE(writesOf(*camera), QStringList(write));
 }
 
-void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped_data()
+void tst_PresetRunner::untouchableFeatureIsSkipped_data()
 {
     QTest::addColumn<QString>("feature");
     QTest::newRow("unknown") << "NoSuchFeature";
@@ -101,7 +103,7 @@ void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped_data()
     QTest::newRow("read-only enumeration") << "Mode";
 }
 
-void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped()
+void tst_PresetRunner::untouchableFeatureIsSkipped()
 {
     QFETCH(QString, feature);
     if (const auto known = camera->find(feature.toStdString()))
@@ -110,7 +112,7 @@ void tst_AdvTriggerFeatureValue::untouchableFeatureIsSkipped()
     QCOMPARE(writesOf(*camera), QStringList());
 }
 
-void tst_AdvTriggerFeatureValue::refusedValueIsReported_data()
+void tst_PresetRunner::refusedValueIsReported_data()
 {
     QTest::addColumn<QString>("feature");
     QTest::addColumn<QVariant>("value");
@@ -126,7 +128,7 @@ void tst_AdvTriggerFeatureValue::refusedValueIsReported_data()
     row("command", "Run", "1", "  Failed to set Run = 1, Current value: ''\n");
 }
 
-void tst_AdvTriggerFeatureValue::refusedValueIsReported()
+void tst_PresetRunner::refusedValueIsReported()
 {
     QFETCH(QString, feature);
     QFETCH(QVariant, value);
@@ -136,25 +138,25 @@ void tst_AdvTriggerFeatureValue::refusedValueIsReported()
     QTEST(set(feature, value), "line");
 }
 
-void tst_AdvTriggerFeatureValue::valueAboveTheMaximumWritesTheMaximumAndReportsNothing()
+void tst_PresetRunner::valueAboveTheMaximumWritesTheMaximumAndReportsNothing()
 {
     QCOMPARE(set("Number", 1e9), QString());
     QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1000"));
 }
 
-void tst_AdvTriggerFeatureValue::adjustedValueIsReportedAsItWasAsked()
+void tst_PresetRunner::adjustedValueIsReportedAsItWasAsked()
 {
     camera->find("Number")->onWrite = [](Fake::FakeFeature& it) { it.state().integer = 999; };
     // Asked for, not clamped, in the line; clamped in the comparison.
     QCOMPARE(set("Number", "1e9"), QString("  Failed to set Number = 1e9, Current value: '999'\n"));
 }
 
-void tst_AdvTriggerFeatureValue::truncatedIntegerIsReported()
+void tst_PresetRunner::truncatedIntegerIsReported()
 {
     QCOMPARE(set("Number", 7.9), QString("  Failed to set Number = 7.9, Current value: '7'\n"));
 }
 
-void tst_AdvTriggerFeatureValue::numbersCompareAsVariantsDo()
+void tst_PresetRunner::numbersCompareAsVariantsDo()
 {
     // Equal up to the last digits, which cameras with their own number formats lose.
     camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-14; };
@@ -163,7 +165,7 @@ void tst_AdvTriggerFeatureValue::numbersCompareAsVariantsDo()
     QVERIFY(!set("Real", 0.3).isEmpty());
 }
 
-void tst_AdvTriggerFeatureValue::maximumIsTheLargestMultipleOfTheIncrement()
+void tst_PresetRunner::maximumIsTheLargestMultipleOfTheIncrement()
 {
     camera->find("Number")->state().maxInteger = 1023;
     camera->find("Number")->state().minInteger = 0;
@@ -172,10 +174,10 @@ void tst_AdvTriggerFeatureValue::maximumIsTheLargestMultipleOfTheIncrement()
     QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1008"));
 }
 
-void tst_AdvTriggerFeatureValue::placeholdersInTheValueAreNotFilled()
+void tst_PresetRunner::placeholdersInTheValueAreNotFilled()
 {
     QCOMPARE(set("Mode", "%3%1"), QString("  Failed to set Mode = %3%1, Current value: 'Off'\n"));
 }
 
-QTEST_MAIN(tst_AdvTriggerFeatureValue)
-#include "tst_AdvTriggerFeatureValue.moc"
+QTEST_MAIN(tst_PresetRunner)
+#include "tst_PresetRunner.moc"

@@ -1,5 +1,5 @@
 // The overview of active settings follows the changes that the camera reports.
-#include "tests/trigger/TreeForm.h"
+#include "tests/ui/TreeForm.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // What bound widgets show at first; line edits have a test of their own.
-#include "tests/trigger/TestEngine.h"
+#include "tests/trigger/PlainForm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,7 +12,7 @@
 #include <cmath>
 #include <limits>
 
-class tst_AdvTriggerFirstValues : public QObject
+class tst_FormBindingFirstValues : public QObject
 {
     Q_OBJECT
 
@@ -34,51 +34,51 @@ private slots:
 
 private:
     std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestEngine> engine;
+    std::unique_ptr<PlainForm> form;
 };
 
-void tst_AdvTriggerFirstValues::init()
+void tst_FormBindingFirstValues::init()
 {
-    camera = acceptedCamera();
+    camera = std::make_unique<Fake::FakeCamera>();
     camera->addInteger("Known", 5);
-    engine = std::make_unique<TestEngine>(*camera);
+    form = std::make_unique<PlainForm>(*camera);
 }
 
-void tst_AdvTriggerFirstValues::cleanup()
+void tst_FormBindingFirstValues::cleanup()
 {
-    engine.reset();
+    form.reset();
     camera.reset();
 }
 
-void tst_AdvTriggerFirstValues::comboBoxOffersTheAvailableEntries()
+void tst_FormBindingFirstValues::comboBoxOffersTheAvailableEntries()
 {
     auto mode = camera->addEnum("Mode", {"A", "B", "C"}, "C");
     mode->state().entries[1].available = false;
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& box = engine->add<QComboBox>("cmbMode");
+    form = std::make_unique<PlainForm>(*camera);
+    auto& box = form->add<QComboBox>("cmbMode");
     box.addItem("from the form");
-    engine->InitBaseWidgets();
+    form->bind();
     QCOMPARE(box.count(), 2);
     QCOMPARE(box.itemText(0), QString("A"));
     QCOMPARE(box.currentText(), QString("C"));
     QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
 }
 
-void tst_AdvTriggerFirstValues::doubleSpinBoxShowsRangeAndValueWithoutTheIncrement()
+void tst_FormBindingFirstValues::doubleSpinBoxShowsRangeAndValueWithoutTheIncrement()
 {
     auto feature = camera->addFloat("Delay", 2.5, -10.0, 1001.0);
     feature->state().incrementReal = 0.5;
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& box = engine->add<QDoubleSpinBox>("spbDelay");
+    form = std::make_unique<PlainForm>(*camera);
+    auto& box = form->add<QDoubleSpinBox>("spbDelay");
     box.setSingleStep(3.0);
-    engine->InitBaseWidgets();
+    form->bind();
     QCOMPARE(box.minimum(), -10.0);
     QCOMPARE(box.maximum(), 1001.0);
     QCOMPARE(box.value(), 2.5);
     QCOMPARE(box.singleStep(), 3.0);
 }
 
-void tst_AdvTriggerFirstValues::spinBoxTruncatesToInt_data()
+void tst_FormBindingFirstValues::spinBoxTruncatesToInt_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<double>("min");
@@ -93,28 +93,28 @@ void tst_AdvTriggerFirstValues::spinBoxTruncatesToInt_data()
     QTest::newRow("below int") << -5e9 << -1e10 << 0.0 << intMin << intMin << 0;
 }
 
-void tst_AdvTriggerFirstValues::spinBoxTruncatesToInt()
+void tst_FormBindingFirstValues::spinBoxTruncatesToInt()
 {
     QFETCH(double, value);
     QFETCH(double, min);
     QFETCH(double, max);
     camera->addFloat("Number", value, min, max);
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& box = engine->add<QSpinBox>("spbNumber");
-    engine->InitBaseWidgets();
+    form = std::make_unique<PlainForm>(*camera);
+    auto& box = form->add<QSpinBox>("spbNumber");
+    form->bind();
     QTEST(box.value(), "shown");
     QTEST(box.minimum(), "lowest");
     QTEST(box.maximum(), "highest");
 }
 
-void tst_AdvTriggerFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
+void tst_FormBindingFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
 {
     camera->addFloat("Real", 1.0);
-    engine = std::make_unique<TestEngine>(*camera);
-    engine->add<QSpinBox>("spbKnown");
-    engine->add<QDoubleSpinBox>("spbReal");
+    form = std::make_unique<PlainForm>(*camera);
+    form->add<QSpinBox>("spbKnown");
+    form->add<QDoubleSpinBox>("spbReal");
     camera->clearLog();
-    engine->InitBaseWidgets();
+    form->bind();
     const auto calls = camera->calls();
     const auto position = [&](const std::string& call) {
         return std::find(calls.begin(), calls.end(), call) - calls.begin();
@@ -124,7 +124,7 @@ void tst_AdvTriggerFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
     QVERIFY(position("IsWritable Real") < position("IsWritable Known"));
 }
 
-void tst_AdvTriggerFirstValues::checkBoxIsCheckedUnlessZero_data()
+void tst_FormBindingFirstValues::checkBoxIsCheckedUnlessZero_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<bool>("checked");
@@ -136,21 +136,21 @@ void tst_AdvTriggerFirstValues::checkBoxIsCheckedUnlessZero_data()
     QTest::newRow("not a number") << std::nan("") << true;
 }
 
-void tst_AdvTriggerFirstValues::checkBoxIsCheckedUnlessZero()
+void tst_FormBindingFirstValues::checkBoxIsCheckedUnlessZero()
 {
     QFETCH(double, value);
     camera->addFloat("Number", value);
     camera->addBool("Flag", value != 0.0);
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& number = engine->add<QCheckBox>("chkNumber");
-    auto& flag = engine->add<QCheckBox>("chkFlag");
+    form = std::make_unique<PlainForm>(*camera);
+    auto& number = form->add<QCheckBox>("chkNumber");
+    auto& flag = form->add<QCheckBox>("chkFlag");
     flag.setChecked(true);
-    engine->InitBaseWidgets();
+    form->bind();
     QTEST(number.isChecked(), "checked");
     QTEST(flag.isChecked(), "checked");
 }
 
-void tst_AdvTriggerFirstValues::noButtonIsAutoDefault_data()
+void tst_FormBindingFirstValues::noButtonIsAutoDefault_data()
 {
     QTest::addColumn<QString>("objectName");
     QTest::newRow("available") << "btnKnown";
@@ -159,17 +159,17 @@ void tst_AdvTriggerFirstValues::noButtonIsAutoDefault_data()
     QTest::newRow("software trigger") << "btnTriggerSoftware";
 }
 
-void tst_AdvTriggerFirstValues::noButtonIsAutoDefault()
+void tst_FormBindingFirstValues::noButtonIsAutoDefault()
 {
     QFETCH(QString, objectName);
-    auto& button = engine->add<QPushButton>(objectName);
-    engine->m_exemptWidgets << "btnExempt";
+    auto& button = form->add<QPushButton>(objectName);
+    form->exemptWidgets << "btnExempt";
     button.setAutoDefault(true);
-    engine->InitBaseWidgets();
+    form->bind();
     QVERIFY(!button.autoDefault());
 }
 
-void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource_data()
+void tst_FormBindingFirstValues::softwareTriggerButtonFollowsTheSource_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<bool>("hasCommand");
@@ -182,7 +182,7 @@ void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource_data()
     QTest::newRow("no command") << "Software" << false << true << true;
 }
 
-void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource()
+void tst_FormBindingFirstValues::softwareTriggerButtonFollowsTheSource()
 {
     QFETCH(QString, source);
     QFETCH(bool, hasCommand);
@@ -190,11 +190,11 @@ void tst_AdvTriggerFirstValues::softwareTriggerButtonFollowsTheSource()
     camera->addEnum("TriggerSource", {"Software", "Line0", "software"}, source.toStdString());
     if (hasCommand)
         camera->addCommand("TriggerSoftware")->state().writable = writable;
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
+    form = std::make_unique<PlainForm>(*camera);
+    auto& button = form->add<QPushButton>("btnTriggerSoftware");
+    form->bind();
     QTEST(button.isEnabled(), "enabled");
 }
 
-QTEST_MAIN(tst_AdvTriggerFirstValues)
-#include "tst_AdvTriggerFirstValues.moc"
+QTEST_MAIN(tst_FormBindingFirstValues)
+#include "tst_FormBindingFirstValues.moc"

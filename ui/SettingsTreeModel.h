@@ -10,6 +10,7 @@
 class FeatureManager;
 class QStandardItem;
 class QStandardItemModel;
+class QTreeView;
 
 /// The overview of what is configured on the camera: a branch for each trigger, counter and timer
 /// that is in use, with its settings below.
@@ -31,6 +32,10 @@ public:
 
     /// The tree as views show it: two columns; lives as long as this object.
     QStandardItemModel* model() const;
+
+    /// Shows the tree in the view, unfolded now and whenever rows are inserted, and follows the
+    /// reporter's signal FeatureChanged(const QString&, const QVariant&).
+    void showIn(QTreeView* view, const QObject* reporter);
 
     /// Appends all branches. Steps the camera's selectors through their entries and puts them back.
     void InitData();

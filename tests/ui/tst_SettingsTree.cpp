@@ -1,5 +1,5 @@
 // Building the overview of active settings, and what that does to the camera.
-#include "tests/trigger/TreeForm.h"
+#include "tests/ui/TreeForm.h"
 
 #include <QFont>
 #include <QPointer>

@@ -1,11 +1,12 @@
 // What a change on the camera's side makes of the form.
+#include "tests/trigger/PlainForm.h"
 #include "tests/trigger/WidgetClasses.h"
 
 #include <QSignalSpy>
 
 #include <limits>
 
-// Form classes that only derive from the ones the engine knows.
+// Form classes that only derive from the ones the form knows.
 class OwnComboBox : public QComboBox
 {
     Q_OBJECT
@@ -25,7 +26,7 @@ public:
     using QLineEdit::QLineEdit;
 };
 
-class tst_AdvTriggerRefresh : public QObject
+class tst_FormBindingRefresh : public QObject
 {
     Q_OBJECT
 
@@ -60,26 +61,26 @@ private:
     QStringList reportedNames() const;
 
     std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestEngine> engine;
+    std::unique_ptr<PlainForm> form;
     std::unique_ptr<QSignalSpy> reports;
 };
 
-void tst_AdvTriggerRefresh::init()
+void tst_FormBindingRefresh::init()
 {
     camera = Fake::FakeCamera::standard();
-    engine = std::make_unique<TestEngine>(*camera);
-    reports = std::make_unique<QSignalSpy>(engine.get(),
+    form = std::make_unique<PlainForm>(*camera);
+    reports = std::make_unique<QSignalSpy>(form.get(),
                                            SIGNAL(FeatureChanged(const QString&, const QVariant&)));
 }
 
-void tst_AdvTriggerRefresh::cleanup()
+void tst_FormBindingRefresh::cleanup()
 {
     reports.reset();
-    engine.reset();
+    form.reset();
     camera.reset();
 }
 
-QStringList tst_AdvTriggerRefresh::reportedNames() const
+QStringList tst_FormBindingRefresh::reportedNames() const
 {
     QStringList names;
     for (const QList<QVariant>& report : *reports)
@@ -87,7 +88,7 @@ QStringList tst_AdvTriggerRefresh::reportedNames() const
     return names;
 }
 
-void tst_AdvTriggerRefresh::selectorsAreRefreshedFirst_data()
+void tst_FormBindingRefresh::selectorsAreRefreshedFirst_data()
 {
     QTest::addColumn<QStringList>("changed");
     QTest::addColumn<QStringList>("order");
@@ -103,14 +104,14 @@ void tst_AdvTriggerRefresh::selectorsAreRefreshedFirst_data()
         << QStringList({"TriggerMode", "Myselector"}) << QStringList({"TriggerMode", "Myselector"});
 }
 
-void tst_AdvTriggerRefresh::selectorsAreRefreshedFirst()
+void tst_FormBindingRefresh::selectorsAreRefreshedFirst()
 {
     QFETCH(QStringList, changed);
-    engine->refresh(changed);
+    form->refresh(changed);
     QTEST(reportedNames(), "order");
 }
 
-void tst_AdvTriggerRefresh::widgetOfALongerNameIsNotTouched_data()
+void tst_FormBindingRefresh::widgetOfALongerNameIsNotTouched_data()
 {
     QTest::addColumn<QString>("objectName");
     QTest::newRow("longer") << "txtTriggerModeOld";
@@ -121,17 +122,17 @@ void tst_AdvTriggerRefresh::widgetOfALongerNameIsNotTouched_data()
     QTest::newRow("cell of a line") << "cmbLine0_TriggerMode";
 }
 
-void tst_AdvTriggerRefresh::widgetOfALongerNameIsNotTouched()
+void tst_FormBindingRefresh::widgetOfALongerNameIsNotTouched()
 {
     QFETCH(QString, objectName);
-    auto& edit = engine->add<QLineEdit>(objectName);
+    auto& edit = form->add<QLineEdit>(objectName);
     edit.setText("untouched");
-    engine->refresh({"TriggerMode"});
+    form->refresh({"TriggerMode"});
     QCOMPARE(edit.text(), QString("untouched"));
     QCOMPARE(reportedNames(), QStringList("TriggerMode")); // as a feature without a widget
 }
 
-void tst_AdvTriggerRefresh::prefixMustBeLowerCaseLetters_data()
+void tst_FormBindingRefresh::prefixMustBeLowerCaseLetters_data()
 {
     QTest::addColumn<QString>("objectName");
     QTest::addColumn<QString>("text");
@@ -146,26 +147,26 @@ void tst_AdvTriggerRefresh::prefixMustBeLowerCaseLetters_data()
     QTest::newRow("umlaut") << QString::fromUtf8("t\xC3\xA4tTriggerMode") << "untouched";
 }
 
-void tst_AdvTriggerRefresh::prefixMustBeLowerCaseLetters()
+void tst_FormBindingRefresh::prefixMustBeLowerCaseLetters()
 {
     QFETCH(QString, objectName);
-    auto& edit = engine->add<QLineEdit>(objectName);
+    auto& edit = form->add<QLineEdit>(objectName);
     edit.setText("untouched");
-    engine->refresh({"TriggerMode"});
+    form->refresh({"TriggerMode"});
     QTEST(edit.text(), "text");
 }
 
-void tst_AdvTriggerRefresh::everyWidgetOfTheNameIsRefreshed()
+void tst_FormBindingRefresh::everyWidgetOfTheNameIsRefreshed()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    auto& edit = engine->add<QLineEdit>("txtTriggerMode");
-    engine->refresh({"TriggerMode"});
+    auto& box = form->add<QComboBox>("cmbTriggerMode");
+    auto& edit = form->add<QLineEdit>("txtTriggerMode");
+    form->refresh({"TriggerMode"});
     QCOMPARE(box.currentText(), QString("Off"));
     QCOMPARE(edit.text(), QString("Off"));
     QCOMPARE(reportedNames(), QStringList({"TriggerMode", "TriggerMode"}));
 }
 
-void tst_AdvTriggerRefresh::subclassesLookAfterThemselves_data()
+void tst_FormBindingRefresh::subclassesLookAfterThemselves_data()
 {
     QTest::addColumn<AddWidget>("add");
     QTest::newRow("combo box") << adder<OwnComboBox>();
@@ -173,145 +174,145 @@ void tst_AdvTriggerRefresh::subclassesLookAfterThemselves_data()
     QTest::newRow("line edit") << adder<OwnLineEdit>();
 }
 
-void tst_AdvTriggerRefresh::subclassesLookAfterThemselves()
+void tst_FormBindingRefresh::subclassesLookAfterThemselves()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*engine, "xxxTriggerDelay");
+    QWidget* widget = add(*form, "xxxTriggerDelay");
     camera->find("TriggerDelay")->state().writable = false;
     camera->clearLog();
-    engine->refresh({"TriggerDelay"});
+    form->refresh({"TriggerDelay"});
     QVERIFY(widget->isEnabled());
     QVERIFY(camera->calls().empty());
     // It counts as a widget of the feature all the same.
     QCOMPARE(reports->count(), 0);
 }
 
-void tst_AdvTriggerRefresh::comboBoxShowsEntriesAndValue()
+void tst_FormBindingRefresh::comboBoxShowsEntriesAndValue()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    engine->InitBaseWidgets();
+    auto& box = form->add<QComboBox>("cmbTriggerMode");
+    form->bind();
     auto& mode = camera->find("TriggerMode")->state();
     mode.text = "On";
     mode.entries.push_back({"Auto", 7, true});
-    engine->refresh({"TriggerMode"});
+    form->refresh({"TriggerMode"});
     QCOMPARE(box.currentText(), QString("On"));
     QCOMPARE(box.count(), 3);
     QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerMode", QString("On")}));
 }
 
-void tst_AdvTriggerRefresh::doubleSpinBoxShowsRangeAndValue()
+void tst_FormBindingRefresh::doubleSpinBoxShowsRangeAndValue()
 {
-    auto& box = engine->add<QDoubleSpinBox>("spbTriggerDelay");
-    engine->InitBaseWidgets();
+    auto& box = form->add<QDoubleSpinBox>("spbTriggerDelay");
+    form->bind();
     auto& delay = camera->find("TriggerDelay")->state();
     delay.minReal = 1.0;
     delay.maxReal = 20.0;
     delay.real = 12.3456;
-    engine->refresh({"TriggerDelay"});
+    form->refresh({"TriggerDelay"});
     QCOMPARE(box.minimum(), 1.0);
     QCOMPARE(box.maximum(), 20.0);
     QCOMPARE(box.value(), 12.35); // two decimals
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.3456}));
 }
 
-void tst_AdvTriggerRefresh::spinBoxShowsRangeAndValueTruncated()
+void tst_FormBindingRefresh::spinBoxShowsRangeAndValueTruncated()
 {
-    auto& box = engine->add<QSpinBox>("spbTriggerDelay");
-    engine->InitBaseWidgets();
+    auto& box = form->add<QSpinBox>("spbTriggerDelay");
+    form->bind();
     auto& delay = camera->find("TriggerDelay")->state();
     delay.minReal = 1.9;
     delay.maxReal = 1e12;
     delay.real = 12.9;
-    engine->refresh({"TriggerDelay"});
+    form->refresh({"TriggerDelay"});
     QCOMPARE(box.minimum(), 1);
     QCOMPARE(box.maximum(), std::numeric_limits<int>::max());
     QCOMPARE(box.value(), 12);
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.9}));
 }
 
-void tst_AdvTriggerRefresh::checkBoxShowsTheValue()
+void tst_FormBindingRefresh::checkBoxShowsTheValue()
 {
-    auto& box = engine->add<QCheckBox>("chkLineInverter");
-    engine->InitBaseWidgets();
+    auto& box = form->add<QCheckBox>("chkLineInverter");
+    form->bind();
     QVERIFY(!box.isChecked());
     camera->find("LineInverter")->state().boolean = true;
-    engine->refresh({"LineInverter"});
+    form->refresh({"LineInverter"});
     QVERIFY(box.isChecked());
     // As a number: a boolean would compare equal.
     QCOMPARE(reports->first().last().type(), QVariant::Double);
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"LineInverter", 1.0}));
 }
 
-void tst_AdvTriggerRefresh::lineEditShowsTheText()
+void tst_FormBindingRefresh::lineEditShowsTheText()
 {
-    auto& edit = engine->add<QLineEdit>("txtActionGroupKey");
-    engine->InitBaseWidgets();
+    auto& edit = form->add<QLineEdit>("txtActionGroupKey");
+    form->bind();
     camera->find("ActionGroupKey")->state().integer = 0xabc;
-    engine->refresh({"ActionGroupKey"});
+    form->refresh({"ActionGroupKey"});
     QCOMPARE(edit.text(), QString("0xABC"));
     QCOMPARE(reports->takeFirst(), QList<QVariant>({"ActionGroupKey", QString("0xABC")}));
 }
 
-void tst_AdvTriggerRefresh::unreadableLineEditKeepsItsTextAndReportsNothing()
+void tst_FormBindingRefresh::unreadableLineEditKeepsItsTextAndReportsNothing()
 {
-    auto& edit = engine->add<QLineEdit>("txtActionDeviceKey");
-    engine->InitBaseWidgets();
+    auto& edit = form->add<QLineEdit>("txtActionDeviceKey");
+    form->bind();
     edit.setText("0x1");
-    engine->refresh({"ActionDeviceKey"});
+    form->refresh({"ActionDeviceKey"});
     QCOMPARE(edit.text(), QString("0x1"));
     QVERIFY(edit.isEnabled());
     QCOMPARE(reports->count(), 0);
     camera->find("ActionDeviceKey")->state().writable = false;
-    engine->refresh({"ActionDeviceKey"});
+    form->refresh({"ActionDeviceKey"});
     QVERIFY(!edit.isEnabled());
 }
 
-void tst_AdvTriggerRefresh::writabilityEnablesAndDisables()
+void tst_FormBindingRefresh::writabilityEnablesAndDisables()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*engine, "xxxTriggerDelay");
-    engine->InitBaseWidgets();
+    QWidget* widget = add(*form, "xxxTriggerDelay");
+    form->bind();
     camera->find("TriggerDelay")->state().writable = false;
-    engine->refresh({"TriggerDelay"});
+    form->refresh({"TriggerDelay"});
     QVERIFY(!widget->isEnabled());
     camera->find("TriggerDelay")->state().writable = true;
-    engine->refresh({"TriggerDelay"});
+    form->refresh({"TriggerDelay"});
     QVERIFY(widget->isEnabled());
 }
 
-void tst_AdvTriggerRefresh::softwareTriggerButtonFollowsTheSource()
+void tst_FormBindingRefresh::softwareTriggerButtonFollowsTheSource()
 {
-    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
+    auto& button = form->add<QPushButton>("btnTriggerSoftware");
+    form->bind();
     QVERIFY(button.isEnabled());
     camera->find("TriggerSource")->state().text = "Line0";
-    engine->refresh({"TriggerMode", "TriggerSource"});
+    form->refresh({"TriggerMode", "TriggerSource"});
     QVERIFY(!button.isEnabled());
     camera->find("TriggerSource")->state().text = "Software";
-    engine->refresh({"TriggerSource"});
+    form->refresh({"TriggerSource"});
     QVERIFY(button.isEnabled());
 }
 
-void tst_AdvTriggerRefresh::softwareTriggerButtonIsLeftAloneWithoutSourceChange()
+void tst_FormBindingRefresh::softwareTriggerButtonIsLeftAloneWithoutSourceChange()
 {
-    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
+    auto& button = form->add<QPushButton>("btnTriggerSoftware");
+    form->bind();
     camera->find("TriggerSource")->state().text = "Line0";
-    engine->refresh({"TriggerMode"});
+    form->refresh({"TriggerMode"});
     QVERIFY(button.isEnabled());
 }
 
-void tst_AdvTriggerRefresh::softwareTriggerRuleWinsOverItsWritability()
+void tst_FormBindingRefresh::softwareTriggerRuleWinsOverItsWritability()
 {
-    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
+    auto& button = form->add<QPushButton>("btnTriggerSoftware");
+    form->bind();
     camera->find("TriggerSource")->state().text = "Line0";
-    engine->refresh({"TriggerSource", "TriggerSoftware"});
+    form->refresh({"TriggerSource", "TriggerSoftware"});
     QVERIFY(!button.isEnabled());
-    engine->refresh({"TriggerSoftware"});
+    form->refresh({"TriggerSoftware"});
     QVERIFY(button.isEnabled());
 }
 
-QTEST_MAIN(tst_AdvTriggerRefresh)
-#include "tst_AdvTriggerRefresh.moc"
+QTEST_MAIN(tst_FormBindingRefresh)
+#include "tst_FormBindingRefresh.moc"

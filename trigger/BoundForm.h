@@ -1,9 +1,12 @@
-// What every slot and pass of the engine does with a widget of the form.
+// A form and its widgets, as the parts of the engine know them.
 #pragma once
 
 #include <QObject>
 #include <QSignalBlocker>
 #include <QString>
+#include <QWidget>
+
+#include <functional>
 
 /// The feature that a widget of that object name belongs to: the name without the three letters in
 /// front, whatever they are.
@@ -12,6 +15,24 @@ inline QString BoundFeatureName(const QString& objectName)
     constexpr int prefixLength = 3;
     return objectName.mid(prefixLength);
 }
+
+/// The form that a part works for: holds the widgets, sees their events first and hears of the
+/// user's edits by its slots.
+struct BoundForm
+{
+    QWidget& widget;
+    /// Told of a feature that one of the form's widgets shows from now on.
+    std::function<void(const QString& feature)> addFeature;
+
+    void filterEventsOf(QObject& child) const { child.installEventFilter(&widget); }
+
+    /// Each edit goes to the slot, and then to the form's SetCustomPreset().
+    void connectEdits(const QObject& child, const char* signal, const char* slot) const
+    {
+        QObject::connect(&child, signal, &widget, slot);
+        QObject::connect(&child, signal, &widget, SLOT(SetCustomPreset()));
+    }
+};
 
 /// Lets `edit(Widget&)` write what the user changed and show what the camera took. The widget is
 /// silent meanwhile, so that showing a value is not taken for the next change. A sender of another

@@ -2,7 +2,7 @@
 
 #include "features/FeatureManager.h"
 #include "tests/support/FakeCamera.h"
-#include "trigger/SettingsTreeModel.h"
+#include "ui/SettingsTreeModel.h"
 
 #include <QRegularExpression>
 #include <QStandardItemModel>

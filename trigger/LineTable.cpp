@@ -1,0 +1,331 @@
+#include "trigger/LineTable.h"
+
+#include "features/FeatureManager.h"
+#include "trigger/NumberInput.h"
+#include "trigger/TypedText.h"
+#include "trigger/WidgetTable.h"
+#include "widgets/FeatureComboBox.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QTableWidget>
+
+#include <array>
+
+static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
+
+using NumberInput::UnknownLimit;
+
+struct LineTable::Cell
+{
+    QTableWidget& table;
+    int row;
+    int column;
+    QString feature;
+    QString objectName;
+};
+
+struct LineTable::Column
+{
+    const char* prefix;
+    const char* feature;
+    void (LineTable::*build)(const Cell& cell) const;
+    void (LineTable::*show)(QWidget& widget, const QString& feature) const;
+
+    QString cellName(const QString& line) const
+    {
+        return QStringLiteral("%1%2_%3").arg(QLatin1String(prefix), line, QLatin1String(feature));
+    }
+};
+
+namespace {
+
+constexpr int BasicColumns = 4;
+constexpr int AllColumns = 6;
+
+/// A table without place for the debounce columns has the first ones only.
+int ShownColumns(const QTableWidget& table)
+{
+    return table.columnCount() > BasicColumns ? AllColumns : BasicColumns;
+}
+
+/// A picture does not look by itself for the dense one beside it.
+QPixmap LedImage(const QWidget& shownOn)
+{
+    return QPixmap(shownOn.devicePixelRatioF() > 1.0
+                       ? QStringLiteral(":/AdvTriggerWidget/ledon@2x.png")
+                       : QStringLiteral(":/AdvTriggerWidget/ledon.png"));
+}
+
+/// What the column's header says, in one line.
+QString HeaderText(const QTableWidget& table, int column, const QString& otherwise)
+{
+    const QTableWidgetItem* header = table.horizontalHeaderItem(column);
+    return header ? header->text().simplified() : otherwise;
+}
+
+} // namespace
+
+LineTable::LineTable(const FeatureManager& features, BoundForm form)
+    : m_features(features), m_form(std::move(form))
+{
+}
+
+const LineTable::Column& LineTable::columnAt(int column)
+{
+    static const std::array<Column, AllColumns> columns = {{
+        {"cmb", "LineMode", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"chk", "LineInverter", &LineTable::buildCheckBox, &LineTable::showCheckBox},
+        {"cmb", "LineSource", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"lbl", "LineStatus", &LineTable::buildLed, &LineTable::showLed},
+        {"cmb", "LineDebounceMode", &LineTable::buildComboBox, &LineTable::showComboBox},
+        {"spb", "LineDebounceDuration", &LineTable::buildSpinBox, &LineTable::showSpinBox},
+    }};
+    return columns[static_cast<std::size_t>(column)];
+}
+
+void LineTable::build(QTableWidget& table) const
+{
+    const QStringList lines = m_features.GetAvailableEnumEntries(LINE_SELECTOR);
+    table.setRowCount(lines.size());
+    table.setVerticalHeaderLabels(lines);
+    table.setAccessibleName(tr("I/O lines"));
+    // Nothing lies behind the cells' widgets that could be typed into.
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    QList<int> hidden;
+    for (int row = 0; row < lines.size(); ++row)
+        hidden += buildRow(table, row, lines[row]);
+    for (const int column : hidden)
+        table.hideColumn(column);
+    WidgetTable::chainFocus(table);
+    WidgetTable::fitToContents(table);
+}
+
+/// The columns that this line has no use for.
+QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
+{
+    // After a write that got lost, the camera may tell the values of another line.
+    if (m_features.TrySetValue(LINE_SELECTOR, line).unanswered)
+        m_features.SetValue(LINE_SELECTOR, line);
+    QList<int> unavailable;
+    for (int i = 0; i < ShownColumns(table); ++i) {
+        const Column& column = columnAt(i);
+        const QString feature = QLatin1String(column.feature);
+        if (m_features.GetIsFeatureAvailable(feature)) {
+            (this->*column.build)({table, row, i, feature, column.cellName(line)});
+            m_form.addFeature(feature);
+        } else {
+            unavailable.append(i);
+        }
+    }
+    return unavailable;
+}
+
+void LineTable::buildComboBox(const Cell& cell) const
+{
+    auto* box = new QComboBox(&cell.table);
+    showComboBox(*box, cell.feature);
+    box->setEnabled(m_features.GetIsWritable(cell.feature));
+    placeEditor(cell, *box, *box, SIGNAL(currentTextChanged(const QString&)),
+                SLOT(OnChangeTableCombobox(const QString&)));
+}
+
+void LineTable::buildCheckBox(const Cell& cell) const
+{
+    auto* container = new QWidget(&cell.table);
+    auto* layout = new QHBoxLayout(container);
+    auto* box = new QCheckBox(container);
+    layout->addWidget(box, 0, Qt::AlignCenter);
+    layout->setContentsMargins(0, 0, 0, 0);
+    container->setContentsMargins(0, 0, 0, 0);
+    showCheckBox(*box, cell.feature);
+    placeEditor(cell, *box, *container, SIGNAL(stateChanged(int)),
+                SLOT(OnChangeTableCheckbox(int)));
+}
+
+void LineTable::buildLed(const Cell& cell) const
+{
+    auto* led = new QLabel(&cell.table);
+    led->setObjectName(cell.objectName);
+    led->setAlignment(Qt::AlignCenter);
+    led->setPixmap(LedImage(m_form.widget));
+    WidgetTable::place(cell.table, cell.row, cell.column, *led, *led);
+    showLed(*led, cell.feature);
+    m_form.filterEventsOf(*led);
+}
+
+void LineTable::buildSpinBox(const Cell& cell) const
+{
+    constexpr int decimals = 6;
+    auto* box = new QDoubleSpinBox(&cell.table);
+    // First of all: a range is rounded to the decimals there are.
+    box->setDecimals(decimals);
+    box->setRange(UnknownLimit, UnknownLimit);
+    showSpinBox(*box, cell.feature);
+    placeEditor(cell, *box, *box, SIGNAL(valueChanged(double)), SLOT(OnChangeTableSpinbox(double)));
+    NumberInput::limit(*box);
+    TypedText::watch(*box);
+}
+
+/// `placed` is the editor or what contains it.
+void LineTable::placeEditor(const Cell& cell, QWidget& editor, QWidget& placed, const char* signal,
+                            const char* slot) const
+{
+    editor.setObjectName(cell.objectName);
+    editor.setFocusPolicy(Qt::StrongFocus);
+    m_form.filterEventsOf(editor);
+    WidgetTable::place(cell.table, cell.row, cell.column, editor, placed);
+    nameEditor(cell, editor);
+    m_form.connectEdits(editor, signal, slot);
+}
+
+/// What tells this editor from the others of its kind is where it stands.
+void LineTable::nameEditor(const Cell& cell, QWidget& editor)
+{
+    const QString line = cell.table.verticalHeaderItem(cell.row)->text();
+    const QString setting = HeaderText(cell.table, cell.column, cell.feature);
+    const QString name = tr("%1, %2", "line, setting").arg(line, setting);
+    editor.setAccessibleName(name);
+    // Where the desktop is X11 or Wayland, Qt calls a combo box by its choice instead.
+    if (qobject_cast<QComboBox*>(&editor))
+        editor.setAccessibleDescription(name);
+}
+
+void LineTable::refresh(const QTableWidget& table, const QStringList& changedFeatures) const
+{
+    const QString selected = m_features.GetWritableEnumValue(LINE_SELECTOR);
+    for (int row = 0; row < table.rowCount(); ++row) {
+        // By the row, not by the label: lines of other names are built, but never refreshed.
+        const QString line = QStringLiteral("Line%1").arg(row);
+        // After a write that got lost, the camera may tell the values of another line.
+        const bool isLost = m_features.TrySetValue(LINE_SELECTOR, line).unanswered;
+        const Answer<QString> addressed =
+            isLost ? m_features.AskStringValue(LINE_SELECTOR) : Answer<QString>{line};
+        if (addressed.isMissing() || addressed.value == line)
+            refreshRow(line, ShownColumns(table), changedFeatures);
+    }
+    m_features.SetValue(LINE_SELECTOR, selected);
+}
+
+void LineTable::refreshRow(const QString& line, int columnCount,
+                           const QStringList& changedFeatures) const
+{
+    // Mode, source, inverter and status, then the debounce duration and its mode.
+    constexpr std::array<int, AllColumns> order = {0, 2, 1, 3, 5, 4};
+    for (int i = 0; i < columnCount; ++i) {
+        const Column& column = columnAt(order[static_cast<std::size_t>(i)]);
+        const QString feature = QLatin1String(column.feature);
+        if (!changedFeatures.contains(feature))
+            continue;
+        if (auto* widget = m_form.widget.findChild<QWidget*>(column.cellName(line))) {
+            // Showing a value must not write it back to the camera.
+            const QSignalBlocker silence(widget);
+            (this->*column.show)(*widget, feature);
+        }
+    }
+}
+
+void LineTable::showComboBox(QWidget& widget, const QString& feature) const
+{
+    showFeatureInComboBox(m_features, feature, static_cast<QComboBox&>(widget), false);
+}
+
+void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
+{
+    static_cast<QCheckBox&>(widget).setChecked(m_features.GetValue(feature) != 0.0);
+    widget.setEnabled(m_features.GetIsWritable(feature));
+}
+
+/// A lamp is lit while it is enabled; disabled, the style greys it. Its name says it to those who
+/// cannot see it, and is set only where it changes: each time it is set, it is announced.
+void LineTable::showLed(QWidget& widget, const QString& feature) const
+{
+    const bool high = m_features.GetValue(feature) != 0.0;
+    widget.setEnabled(high);
+    const QString line = BoundFeatureName(widget.objectName()).chopped(feature.size() + 1);
+    const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
+    if (widget.accessibleName() == name)
+        return;
+    widget.setAccessibleName(name);
+    WidgetTable::announceName(widget);
+}
+
+void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
+{
+    auto& box = static_cast<QDoubleSpinBox&>(widget);
+    {
+        const TypedText::Keeper typed(box);
+        // Fitted to an increment, an unknown maximum does not stay what it was.
+        if (box.minimum() == UnknownLimit)
+            limitSpinBox(box, feature);
+        box.setValue(m_features.GetValue(feature));
+    }
+    TypedText::setEnabled(box, m_features.GetIsWritable(feature));
+}
+
+/// Once, when the table is built; again only for a camera that did not answer then.
+void LineTable::limitSpinBox(QDoubleSpinBox& box, const QString& feature) const
+{
+    double min = UnknownLimit;
+    double max = UnknownLimit;
+    double increment = -1.0;
+    m_features.GetValueRangeIncrement(feature, &min, &max, &increment);
+    box.setRange(min, max);
+    box.setSingleStep(increment);
+}
+
+QString LineTable::selectLineOf(const QString& objectName) const
+{
+    const QStringList parts = objectName.split(QLatin1Char('_'));
+    if (parts.size() < 2) {
+        qWarning("Error: cannot parse object name of a table cell widget.");
+        return QString();
+    }
+    const QString line = BoundFeatureName(parts[0]);
+    return m_features.SetValue(LINE_SELECTOR, line) == line ? parts[1] : QString();
+}
+
+/// As for a widget of the form, with the feature of the cell; without one nothing happens.
+template <class Widget, class Edit> void LineTable::edit(QObject* sender, const Edit& edit) const
+{
+    const QString feature = sender ? selectLineOf(sender->objectName()) : QString();
+    if (!feature.isEmpty())
+        EditBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
+}
+
+void LineTable::editComboBox(QObject* sender, const QString& text) const
+{
+    edit<QComboBox>(sender, [&](QComboBox& box, const QString& feature) {
+        box.setCurrentText(m_features.SetValue(feature, text));
+    });
+}
+
+void LineTable::editCheckBox(QObject* sender, int state) const
+{
+    edit<QCheckBox>(sender, [&](QCheckBox& box, const QString& feature) {
+        // The check state itself is written: a checked box writes 2, not 1.
+        box.setChecked(m_features.SetValue(feature, double(state)) != 0.0);
+    });
+}
+
+void LineTable::editSpinBox(QObject* sender, double value) const
+{
+    edit<QDoubleSpinBox>(sender, [&](QDoubleSpinBox& box, const QString& feature) {
+        box.setValue(m_features.SetValue(feature, nextDuration(box, feature, value)));
+    });
+}
+
+/// Durations span several decades: each step doubles or halves what the camera has. The value in
+/// the box only tells the direction.
+double LineTable::nextDuration(const QDoubleSpinBox& box, const QString& feature,
+                               double value) const
+{
+    const double current = m_features.GetValue(feature);
+    if (value <= current)
+        return current * 0.5;
+    return current > 0.0 ? current * 2.0 : box.singleStep();
+}
