@@ -1,9 +1,9 @@
 """Checks that the SDK's headers say what they declare: check-documentation.py [--list]
 
-Counted is what a user of a header can see: types, functions, constructors, data members, constants
-and enumerators that are not private. Left out is what has nothing to say: destructors, operators,
-what is deleted or defaulted, what overrides (the base says it), friends and forward declarations.
-Documented is what has a comment of its own: `///` right above, or `///<` behind.
+It counts what a user of a header can see: types, functions, constructors, data members, constants and
+enumerators that are not private. It leaves out what needs no words: destructors, operators, what is
+deleted or defaulted, overrides (the base documents them), friends and forward declarations. Documented
+is what has a comment of its own: `///` right above, or `///<` behind.
 """
 
 import pathlib
@@ -25,7 +25,7 @@ class Header:
 
     def __init__(self, path):
         self.declarations = []  # Line, text, and whether it is documented.
-        self.scopes = []  # Of each open brace: what it opens, and whether what follows is private.
+        self.scopes = []  # For each open brace: what it opens, and whether what follows is private.
         self.begin()
         for self.line, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
             code, _, comment = (part.strip() for part in line.partition("//"))

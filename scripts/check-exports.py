@@ -1,7 +1,7 @@
-"""Checks what a library shows to those who link it: check-exports.py LIBRARY LIST
+"""Checks which symbols a library exports: check-exports.py LIBRARY LIST
 
-The list holds one symbol a line, demangled and in order. What is missing there became part of the
-interface without anybody deciding so; what is missing in the library breaks programs that use it.
+The list has one symbol a line, demangled and in order. A symbol that is missing there became part of the
+interface without anybody deciding so. One that is missing in the library breaks programs that use it.
 """
 
 import difflib
@@ -14,7 +14,7 @@ def exported_symbols(library):
     listing = subprocess.run(
         ["nm", "--dynamic", "--defined-only", "--demangle", "--format=posix", library],
         check=True, capture_output=True, text=True).stdout
-    # Behind a name stand its kind, address and size. Constructors come twice under one name.
+    # A name is followed by its kind, address and size. Constructors come twice under one name.
     return sorted({line.rsplit(maxsplit=3)[0] for line in listing.splitlines()})
 
 

@@ -19,24 +19,24 @@ ALLOWED = {
     "host": {"host", "sdk/cameras", "sdk/simulator"},
     "tools/presetcheck": {"tools/presetcheck", "features", "sdk/cameras", "sdk/simulator"},
 }
-# Leaves that may be included from anywhere in the plugin, each with the folders that it may know
-# itself: those below whoever includes it.
+# Leaves that may be included from anywhere in the plugin, each with the folders that it may include
+# itself: those that lie below all who include it.
 LEAVES = {
     "plugin/TabExtensionException": set(),
     "plugin/TABMessageHandler": set(),
     "ui/SettingsTreeModel": {"features"},
 }
-# The engine stands on parts in its own folder, which know nothing of it.
+# The engine is built on parts in its own folder, which know nothing of it.
 ENGINE = "trigger/AdvTriggerBase"
-# What the host shares with the plugin, and how the checker of presets reads them as the plugin does.
+# What the host shares with the plugin, and what lets the checker read presets as the plugin does.
 EXTRA = {
     "host": {"plugin/TabExtensionInterface.h"},
     "tools/presetcheck": {"trigger/PresetFile.h"},
 }
-# The one connection that is no pair of SIGNAL and SLOT: a class without slots hears itself.
+# The one connection that is not by SIGNAL and SLOT: a class without slots listens to itself.
 FUNCTOR_CONNECTS = {"widgets/CollapsingButton.cpp": 1}
 PLUGIN_FOLDERS = {"features", "widgets", "trigger", "ui", "plugin"}
-# What the plugin asks of an SDK: features, whoever opened the camera.
+# What the plugin needs of an SDK: features. Somebody else opens the camera.
 PLUGIN_SDK = {"EnumEntry.h", "Feature.h", "IFeatureObserver.h", "ZalTypes.h"}
 
 FUNCTOR_CONNECT = re.compile(r"\bconnect\([^;]*?&\s*\w+(?:::\w+)+\s*,")

@@ -1,7 +1,7 @@
 """Checks where programs and libraries look for the libraries that they need: check-runpath.py FOLDER...
 
-An empty entry of the run path means the working directory, and a relative one starts there: whoever
-can put a library into a folder could have it loaded by a program that is started there.
+An empty entry of a run path means the working directory, and a relative one starts there. Whoever can
+put a library into a folder could have it loaded by a program that is started in that folder.
 """
 
 import pathlib

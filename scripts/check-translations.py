@@ -19,7 +19,7 @@ def names():
 
 
 def fixed_parts(text):
-    """What is the same in every language: placeholders, tags, line breaks, numbers, outer blanks."""
+    """What has to be the same in every language: placeholders, tags, line breaks, numbers, outer blanks."""
     return sorted(re.findall(r"%L?\d|%n|</?\w[^>]*>|\n|^\d+\. |^ +| +$", text))
 
 
