@@ -27,9 +27,12 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 # Libraries from elsewhere are found where they were linked.
 set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 
+# Precompiled headers are a matter of trust for ccache: the compiler checks itself whether they fit.
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
 if(ADVTRIGGER_SANITIZER)
@@ -37,6 +40,10 @@ if(ADVTRIGGER_SANITIZER)
                         -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${ADVTRIGGER_SANITIZER})
 endif()
+
+# All programs have threads, those of the SDK; precompiled headers are for targets with like flags.
+add_compile_options(-pthread)
+add_link_options(-pthread)
 
 # Warnings as errors and the project root as include folder, for a target of our own code. Generated
 # code (moc, uic) is compiled with the same warnings.

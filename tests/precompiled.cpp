@@ -1,0 +1,1 @@
+// The precompiled headers need a file to be compiled with.
