@@ -21,6 +21,9 @@ inline const QString CommandKey = QStringLiteral("#execute");
 inline const QString ValueKey = QStringLiteral("#value");
 /// What a value begins with that stands for every entry of a selector.
 inline const QString EveryEntry = QStringLiteral("<all>");
+/// The values that stand for a number's limits, as they are when the value is written.
+inline const QString Minimum = QStringLiteral("<min>");
+inline const QString Maximum = QStringLiteral("<max>");
 
 /// Names of the presets that have a meaning of their own.
 inline const QString CustomPreset = QStringLiteral("Custom");
