@@ -106,7 +106,7 @@ private:
 
 bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
 {
-    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members());
+    const PresetFile::Plan plan = PresetFile::planOf(preset.members());
     std::size_t element = 0;
     const QString* previous = nullptr;
     for (const PresetFile::Step& step : plan.steps) {

@@ -51,7 +51,7 @@ bool checkAgainst(const FeatureManager& camera, const QVector<PresetFile::Preset
 
 Report checkPresets(const QByteArray& content, const FeatureManager* camera)
 {
-    const PresetFile::Content plugin = PresetFile::Parse(content);
+    const PresetFile::Content plugin = PresetFile::parse(content);
     const JsonTree tree = readJson(content);
     Report report;
     for (const PresetFile::Preset& preset : plugin.presets)

@@ -74,7 +74,7 @@ std::vector<Report> checkFiles(const QStringList& files, const OpenCamera* camer
 {
     std::vector<Report> reports;
     for (const QString& name : files) {
-        const PresetFile::Bytes file = PresetFile::Read(name);
+        const PresetFile::Bytes file = PresetFile::read(name);
         if (!file.error.isEmpty()) {
             complain(QStringLiteral("%1: %2").arg(name, file.error));
             continue;
