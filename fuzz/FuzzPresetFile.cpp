@@ -41,7 +41,7 @@ void checkStep(const PresetFile::Step& step)
 
 void checkPlan(const QJsonObject& members)
 {
-    const PresetFile::Plan plan = PresetFile::PlanOf(members);
+    const PresetFile::Plan plan = PresetFile::planOf(members);
     int expected = 0;
     for (auto it = members.begin(); it != members.end(); ++it)
         expected += it.key() == QLatin1String("#execute") ? 0 : entriesIn(it.value());
@@ -64,8 +64,8 @@ void checkPreset(const PresetFile::Preset& preset, const QJsonObject& root)
         "the tooltip begins with the name");
     // Presets travel through the combo box as a map.
     const QJsonObject back = QJsonObject::fromVariantMap(preset.members().toVariantMap());
-    require(PresetFile::PlanOf(back).steps.size() ==
-                PresetFile::PlanOf(preset.members()).steps.size(),
+    require(PresetFile::planOf(back).steps.size() ==
+                PresetFile::planOf(preset.members()).steps.size(),
             "the combo box keeps every step");
     checkPlan(preset.members());
 }
@@ -79,7 +79,7 @@ bool isListed(const QJsonArray& names, const QString& name)
 
 void checkContent(const QByteArray& json)
 {
-    const PresetFile::Content content = PresetFile::Parse(json);
+    const PresetFile::Content content = PresetFile::parse(json);
     QJsonParseError error{};
     const QJsonObject root = QJsonDocument::fromJson(json, &error).object();
     require(content.parseError.isEmpty() == (error.error == QJsonParseError::NoError),
@@ -100,8 +100,8 @@ void checkRewritten(const QByteArray& json)
     const QJsonDocument document = QJsonDocument::fromJson(json);
     if (!document.isObject())
         return;
-    const PresetFile::Content once = PresetFile::Parse(json);
-    const PresetFile::Content again = PresetFile::Parse(document.toJson(QJsonDocument::Compact));
+    const PresetFile::Content once = PresetFile::parse(json);
+    const PresetFile::Content again = PresetFile::parse(document.toJson(QJsonDocument::Compact));
     require(once.presets.size() == again.presets.size(), "rewriting keeps the presets");
     for (int i = 0; i < once.presets.size(); ++i)
         require(once.presets[i].name == again.presets[i].name, "rewriting keeps the names");

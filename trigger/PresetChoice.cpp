@@ -51,7 +51,7 @@ void appendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
 
 PresetFile::Plan planAt(const QComboBox& presets, int index)
 {
-    return PresetFile::PlanOf(QJsonObject::fromVariantMap(presets.itemData(index).toMap()));
+    return PresetFile::planOf(QJsonObject::fromVariantMap(presets.itemData(index).toMap()));
 }
 
 } // namespace
@@ -66,13 +66,13 @@ void PresetChoice::load(QComboBox& presets, const QString& applicationDir) const
 {
     presets.clear();
     const QString family = m_features.GetStringValue(QStringLiteral("DeviceFamilyName"));
-    const PresetFile::Bytes file = PresetFile::Read(PresetFile::PathFor(applicationDir, family));
+    const PresetFile::Bytes file = PresetFile::read(PresetFile::pathFor(applicationDir, family));
     if (!file.error.isEmpty()) {
         // Which of the files was tried says less than where the camera's files are looked for.
         qWarning("WARN: Couldn't open file with presets: '%s'", qUtf8Printable(applicationDir));
         return;
     }
-    const PresetFile::Content content = PresetFile::Parse(file.content);
+    const PresetFile::Content content = PresetFile::parse(file.content);
     if (!content.parseError.isEmpty())
         qWarning("JSON parse error: '%s'", qUtf8Printable(content.parseError));
     appendPresets(presets, content.presets);

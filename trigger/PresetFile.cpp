@@ -24,57 +24,57 @@ bool isRegularFile(int descriptor)
     return ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
-/// Numbers and booleans too, unlike QJsonValue::toString().
-QString TextOf(const QJsonValue& value)
+/// Unlike QJsonValue::toString(), takes numbers and booleans as well.
+QString textOf(const QJsonValue& value)
 {
     return value.toVariant().toString();
 }
 
-/// Appends instead of replacing in place, which moves the rest of the text for every bracket.
-QString Escaped(const QString& text)
+/// Appends, since replacing in place would move the rest of the text for every bracket.
+QString escaped(const QString& text)
 {
-    QString escaped;
-    escaped.reserve(text.size());
+    QString result;
+    result.reserve(text.size());
     for (const QChar character : text) {
         if (character == QLatin1Char('<'))
-            escaped += QLatin1String("&lt;");
+            result += QLatin1String("&lt;");
         else if (character == QLatin1Char('>'))
-            escaped += QLatin1String("&gt;");
+            result += QLatin1String("&gt;");
         else
-            escaped += character;
+            result += character;
     }
-    return escaped;
+    return result;
 }
 
-/// The lines of one member. What stands in a list, or by itself, is not shown.
-QString SettingLines(const QString& feature, const QJsonObject& members)
+/// The lines of one setting. Lists and plain values arrive here without members and show nothing.
+QString settingLines(const QString& feature, const QJsonObject& members)
 {
     QString lines;
     for (auto it = members.begin(); it != members.end(); ++it) {
         const bool isValue = it.key() == ValueKey;
         const QString title = isValue ? QStringLiteral("<b>%1</b>").arg(feature) : it.key();
-        lines += QStringLiteral("%1: %2<br>").arg(title, Escaped(TextOf(it.value())));
+        lines += QStringLiteral("%1: %2<br>").arg(title, escaped(textOf(it.value())));
     }
     return lines;
 }
 
-QString CommandLine(const QString& command)
+QString commandLine(const QString& command)
 {
     return QStringLiteral("<i> %1: %2</i><br>")
         .arg(QCoreApplication::translate("AdvTriggerBase", "Execute"), command);
 }
 
-QString SettingsOf(const QJsonObject& members)
+QString settingsOf(const QJsonObject& members)
 {
     QString settings;
     for (auto it = members.begin(); it != members.end(); ++it) {
-        settings += it.key() == CommandKey ? CommandLine(it.value().toString())
-                                           : SettingLines(it.key(), it.value().toObject());
+        settings += it.key() == CommandKey ? commandLine(it.value().toString())
+                                           : settingLines(it.key(), it.value().toObject());
     }
     return settings;
 }
 
-Step StepOf(const QString& feature, const QJsonObject& members)
+Step stepOf(const QString& feature, const QJsonObject& members)
 {
     Step step;
     step.feature = feature;
@@ -83,10 +83,10 @@ Step StepOf(const QString& feature, const QJsonObject& members)
     return step;
 }
 
-/// Only a step that stands alone can be for every entry: in a list the text is an entry like any.
-Step SingleStepOf(const QString& feature, const QJsonObject& members)
+/// Only a step that stands alone can be for every entry; in a list the text is an ordinary value.
+Step singleStepOf(const QString& feature, const QJsonObject& members)
 {
-    Step step = StepOf(feature, members);
+    Step step = stepOf(feature, members);
     step.forEveryEntry = step.value.startsWith(EveryEntry);
     const int separator = step.forEveryEntry ? step.value.indexOf(QLatin1Char('_')) : -1;
     step.namesLastEntry = separator >= 0;
@@ -95,39 +95,39 @@ Step SingleStepOf(const QString& feature, const QJsonObject& members)
     return step;
 }
 
-void AppendSteps(QVector<Step>& steps, const QString& feature, const QJsonValue& value)
+void appendSteps(QVector<Step>& steps, const QString& feature, const QJsonValue& value)
 {
     if (!value.isArray()) {
-        steps.append(SingleStepOf(feature, value.toObject()));
+        steps.append(singleStepOf(feature, value.toObject()));
         return;
     }
     const QJsonArray elements = value.toArray();
     for (const QJsonValue& element : elements)
-        steps.append(StepOf(feature, element.toObject()));
+        steps.append(stepOf(feature, element.toObject()));
 }
 
 } // namespace
 
-QString PresetFile::PathFor(const QString& applicationDir, const QString& familyName)
+QString PresetFile::pathFor(const QString& applicationDir, const QString& familyName)
 {
     const QString folder = applicationDir + QStringLiteral("/plugins/");
     const QString family = QString(familyName).remove(QLatin1Char(' '));
     const QString familyFile = folder + QStringLiteral("AdvTrigger_%1_Presets.json").arg(family);
-    // The camera says its family: it has no say in where files are looked for.
+    // The name comes from the camera, which must not lead the search to another folder.
     const bool staysInFolder = !family.contains(QLatin1Char('/'));
     return staysInFolder && QFile::exists(familyFile)
                ? familyFile
                : folder + QStringLiteral("AdvTrigger_Presets.json");
 }
 
-PresetFile::Bytes PresetFile::Read(const QString& path)
+PresetFile::Bytes PresetFile::read(const QString& path)
 {
     const QString notRegular = QStringLiteral("Not a regular file");
-    // Some devices act as soon as they are opened.
+    // Checked before opening, because opening alone makes some devices act.
     const QFileInfo info(path);
     if (info.exists() && !info.isFile())
         return {QByteArray(), notRegular};
-    // What lies there may have changed since: a pipe is opened without waiting, and found out then.
+    // The path may lead elsewhere by now, so a pipe is opened without waiting and found out below.
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     QFile file;
@@ -141,7 +141,7 @@ PresetFile::Bytes PresetFile::Read(const QString& path)
     return {content, file.error() == QFile::NoError ? QString() : file.errorString()};
 }
 
-PresetFile::Content PresetFile::Parse(const QByteArray& json)
+PresetFile::Content PresetFile::parse(const QByteArray& json)
 {
     Content content;
     QJsonParseError error{};
@@ -169,22 +169,22 @@ QJsonObject Preset::members() const
 QString Preset::toolTip() const
 {
     QString toolTip = QStringLiteral("<b>%1</b><br>").arg(name);
-    toolTip += TextOf(content.value(ToolTipKey));
-    const QString settings = SettingsOf(members());
+    toolTip += textOf(content.value(ToolTipKey));
+    const QString settings = settingsOf(members());
     if (!settings.isEmpty())
         toolTip += QStringLiteral("<br>%1:<blockquote>%2</blockquote>\n")
                        .arg(QCoreApplication::translate("AdvTriggerBase", "Settings"), settings);
     return toolTip;
 }
 
-PresetFile::Plan PresetFile::PlanOf(const QJsonObject& members)
+PresetFile::Plan PresetFile::planOf(const QJsonObject& members)
 {
     Plan plan;
     for (auto it = members.begin(); it != members.end(); ++it) {
         if (it.key() == CommandKey)
             plan.command = it.value().toString();
         else
-            AppendSteps(plan.steps, it.key(), it.value());
+            appendSteps(plan.steps, it.key(), it.value());
     }
     return plan;
 }

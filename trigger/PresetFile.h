@@ -7,20 +7,23 @@
 #include <QVector>
 
 /// The presets file, free of widgets and cameras: where it lies, what it offers, what the tooltip
-/// of a preset says and what applying it does, step by step. Whoever shows, applies or checks
-/// presets goes by this reading of the file. What cannot be understood is left out; only a file
-/// that cannot be read is a failure.
+/// of a preset says and what applying it does, step by step. The code that shows, applies and
+/// checks presets shares this reading of the file. What cannot be understood is left out; only a
+/// file that cannot be read is a failure.
 ///
 /// All functions may be called from any thread.
 namespace PresetFile {
 
-/// The members of a file that are no names of presets or features.
+/// The members of a file that are not names of presets or features.
 inline const QString ListKey = QStringLiteral("#presets");
 inline const QString ToolTipKey = QStringLiteral("#tooltip");
 inline const QString CommandKey = QStringLiteral("#execute");
 inline const QString ValueKey = QStringLiteral("#value");
 /// What a value begins with that stands for every entry of a selector.
 inline const QString EveryEntry = QStringLiteral("<all>");
+/// The values that stand for a number's limits, as they are when the value is written.
+inline const QString Minimum = QStringLiteral("<min>");
+inline const QString Maximum = QStringLiteral("<max>");
 
 /// Names of the presets that have a meaning of their own.
 inline const QString CustomPreset = QStringLiteral("Custom");
@@ -28,7 +31,7 @@ inline const QString TurnOffPreset = QStringLiteral("Turn Off All");
 inline const QString ResetPreset = QStringLiteral("Reset All");
 
 /// A preset that the file offers. Cheap to copy: all copies, and all listings of one name, share
-/// what the file holds, and what follows from it is made when it is asked for.
+/// the content, and what is derived from it is only made when asked for.
 struct Preset
 {
     QString name;
@@ -59,8 +62,8 @@ struct Step
     QString value;
     /// "<all>": the step is done once for every entry that the feature offers.
     bool forEveryEntry = false;
-    /// With forEveryEntry: `value` says at which entry to leave the feature. Otherwise it goes back
-    /// to the one that it had.
+    /// With forEveryEntry: `value` names the entry at which the feature is left. Otherwise the
+    /// feature goes back to the entry that it had.
     bool namesLastEntry = false;
     /// That entry, possibly empty.
     QString lastEntry;
@@ -76,9 +79,9 @@ struct Plan
     QString command;
 };
 
-/// The path of the presets file for a camera: the one of its family when it exists, otherwise the
+/// The path of the presets file for a camera: that of its family if it exists, otherwise the
 /// generic one, which may be missing. A family name with a "/" has no file.
-QString PathFor(const QString& applicationDir, const QString& familyName);
+QString pathFor(const QString& applicationDir, const QString& familyName);
 
 /// What a file holds, or why it cannot be read.
 struct Bytes
@@ -89,13 +92,13 @@ struct Bytes
 };
 
 /// Reads a regular file of at most 16 MB; anything else counts as a file that cannot be opened.
-/// Never waits for somebody at the other end of a pipe.
-Bytes Read(const QString& path);
+/// Never waits for the other end of a pipe.
+Bytes read(const QString& path);
 
 /// Reads the content of a file.
-Content Parse(const QByteArray& json);
+Content parse(const QByteArray& json);
 
 /// The steps of a preset in the order in which they are done.
-Plan PlanOf(const QJsonObject& members);
+Plan planOf(const QJsonObject& members);
 
 } // namespace PresetFile

@@ -114,9 +114,9 @@ PresetRunner::Outcome PresetRunner::WriteNumber(const QString& feature, const QV
 
 double PresetRunner::WithinRange(const QVariant& value, const FeatureRange& range)
 {
-    if (value.toString() == QLatin1String("<max>"))
+    if (value.toString() == PresetFile::Maximum)
         return range.max;
-    if (value.toString() == QLatin1String("<min>"))
+    if (value.toString() == PresetFile::Minimum)
         return range.min;
     const double number = value.toDouble();
     if (number < range.min)

@@ -35,7 +35,7 @@ QStringList presetsIn(const QString& fileName)
     QStringList names;
     if (!file.open(QIODevice::ReadOnly))
         return names;
-    for (const PresetFile::Preset& preset : PresetFile::Parse(file.readAll()).presets)
+    for (const PresetFile::Preset& preset : PresetFile::parse(file.readAll()).presets)
         names.append(preset.name);
     return names;
 }
@@ -291,7 +291,7 @@ void tst_ShippedPresets::theFilesLieBesideThePlugin()
     QFETCH(QString, file);
     QFile installed(QStringLiteral(PLUGIN_FOLDER "/") + file);
     QVERIFY(installed.open(QIODevice::ReadOnly));
-    const auto content = PresetFile::Parse(installed.readAll());
+    const auto content = PresetFile::parse(installed.readAll());
     QCOMPARE(content.parseError, QString());
     QVERIFY(content.presets.size() >= 11);
 }
@@ -311,7 +311,7 @@ void tst_ShippedPresets::everyPresetHasAToolTipAndAPromise()
     QTEST(presetsIn(file), "promised");
     QFile installed(QStringLiteral(PLUGIN_FOLDER "/") + file);
     QVERIFY(installed.open(QIODevice::ReadOnly));
-    for (const PresetFile::Preset& preset : PresetFile::Parse(installed.readAll()).presets) {
+    for (const PresetFile::Preset& preset : PresetFile::parse(installed.readAll()).presets) {
         const QString title = QStringLiteral("<b>%1</b><br>").arg(preset.name);
         QVERIFY2(preset.toolTip().startsWith(title) &&
                      !preset.toolTip().startsWith(title + "<br>") &&

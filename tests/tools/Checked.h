@@ -1,9 +1,10 @@
 #pragma once
 
 #include "features/FeatureManager.h"
-#include "tests/support/FakeCamera.h"
+#include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LeaksOfQtParser.h"
 #include "tools/presetcheck/Output.h"
+#include "tools/presetcheck/PresetCheck.h"
 
 #include <QByteArray>
 
@@ -15,7 +16,7 @@ inline QByteArray json(QByteArray text)
     return text.replace('\'', '"');
 }
 
-/// What the checker prints for a file of that content, called "f.json"; ' stands for ".
+/// What the checker prints for a file "f.json" of that content; ' stands for ".
 inline QByteArray findingsIn(const QByteArray& content, const FeatureManager* camera = nullptr)
 {
     [[maybe_unused]] const LeaksOfQtParser ignored;
@@ -49,13 +50,11 @@ public:
         fake->find("LineSource")->stateFor("Line0").writable = false;
         fake->find("LineDebounceDuration")->stateFor("Line2").maxReal = 50.0;
 
-        auto wrappers = QSharedPointer<QVector<ZalFeatureWrapperPtr>>::create();
-        const ZalCPP::FeatureList features = fake->features();
-        for (const ZalCPP::FeaturePtr& feature : *features)
-            wrappers->append(std::make_shared<ZalFeatureWrapper>(feature));
-        manager = std::make_unique<FeatureManager>(wrappers);
+        manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*fake));
         fake->clearLog();
     }
+
+    QStringList writes() const { return FeatureTest::toList(fake->writes()); }
 
     std::unique_ptr<Fake::FakeCamera> fake;
     std::unique_ptr<FeatureManager> manager;

@@ -58,7 +58,7 @@ private slots:
     }
     void aPresetThatTheCameraTakesHasNoFindings() { verify(); }
 
-    void featuresAndCommands_data()
+    void featuresThatTheCameraLacks_data()
     {
         table();
         row("unknown feature", "'B': {'#value': 1}",
@@ -96,6 +96,12 @@ private slots:
         row("half a surrogate pair", "'LineSelector': {'#value': 'Line0', '\\ude00': 1}",
             "f.json:1:27: error: The camera has no feature \"?\"; the plugin skips it "
             "[unknown-feature]\n");
+    }
+    void featuresThatTheCameraLacks() { verify(); }
+
+    void featuresThatCannotBeSet_data()
+    {
+        table();
         row("command as setting", "'TriggerSoftware': {'#value': 1}",
             "f.json:1:27: error: \"TriggerSoftware\" is a command and takes no value; "
             "\"#execute\" runs one [not-settable]\n");
@@ -111,16 +117,19 @@ private slots:
         row("not writable at one entry", "'LineSelector': {'#value': 'Line0', 'LineSource': 'Off'}",
             "f.json:1:77: warning: \"LineSource\" cannot be written at the moment with "
             "LineSelector at Line0; the plugin would skip it [not-writable-now]\n");
+    }
+    void featuresThatCannotBeSet() { verify(); }
+
+    void commands_data()
+    {
+        table();
         row("unknown command", "'#execute': 'Fire'",
             "f.json:1:39: error: The camera has no command \"Fire\" [unknown-feature]\n");
         row("no command", "'#execute': 'Width'",
             "f.json:1:39: error: \"Width\" is no command, so it cannot be executed "
             "[execute-no-command]\n");
-        row("not selected", "'LineSelector': {'#value': 'Line0', 'TriggerMode': 'On'}",
-            "f.json:1:63: warning: \"TriggerMode\" is not selected by \"LineSelector\" and has one "
-            "value for all of its entries [not-selected]\n");
     }
-    void featuresAndCommands() { verify(); }
+    void commands() { verify(); }
 
     void values_data()
     {
@@ -193,9 +202,12 @@ private slots:
     }
     void limits() { verify(); }
 
-    void everyEntry_data()
+    void selectors_data()
     {
         table();
+        row("not selected", "'LineSelector': {'#value': 'Line0', 'TriggerMode': 'On'}",
+            "f.json:1:63: warning: \"TriggerMode\" is not selected by \"LineSelector\" and has one "
+            "value for all of its entries [not-selected]\n");
         row("every entry of a number", "'ActionSelector': {'#value': '<all>', 'Width': 9}",
             "f.json:1:56: error: \"ActionSelector\" has no entries, so with \"<all>\" nothing is "
             "written [all-no-enumeration]\n");
@@ -224,7 +236,7 @@ private slots:
             "f.json:1:105: error: \"#value\" must be a text, a number or true or false, not null "
             "[value-not-plain]\n");
     }
-    void everyEntry() { verify(); }
+    void selectors() { verify(); }
 
     void dependentsOfAValueThatCannotBeSetAreCheckedForWhatNeverChanges()
     {
@@ -236,7 +248,7 @@ private slots:
                             "Line0, Line1, Line2, Line3 [unknown-entry]\n"
                             "f.json:1:75: error: \"LineMode\" has no entry \"Out\"; it has Input, "
                             "Output [unknown-entry]\n"));
-        QCOMPARE(writesOf(camera), QStringList());
+        QCOMPARE(camera.writes(), QStringList());
     }
 
     void onlySelectorsAreWrittenAndAllAreBackAfterwards_data()
@@ -277,7 +289,7 @@ private slots:
         const CameraToCheck camera;
         const auto report =
             PresetCheck::checkPresets(json(presetOf(members)), camera.manager.get());
-        QCOMPARE(writesOf(camera), writes);
+        QCOMPARE(camera.writes(), writes);
         QVERIFY(report.cameraFollowed);
     }
 
@@ -297,8 +309,8 @@ private slots:
         PresetCheck::checkPresets(
             json("{'#presets': ['A', 'A'], 'A': {'LineSelector': {'#value': 'Line2'}}}"),
             camera.manager.get());
-        QCOMPARE(writesOf(camera), (QStringList{"SetStringValue LineSelector=Line2",
-                                                "SetStringValue LineSelector=Line0"}));
+        QCOMPARE(camera.writes(), (QStringList{"SetStringValue LineSelector=Line2",
+                                               "SetStringValue LineSelector=Line0"}));
     }
 
     void aPresetStartsWithTheSelectorsAsTheyWere()
@@ -336,18 +348,9 @@ private slots:
             camera.fake->failNthCall(n);
             QCOMPARE(PresetCheck::checkPresets(json(content), camera.manager.get()).offered,
                      QStringList{"A"});
-            for (const QString& write : writesOf(camera))
+            for (const QString& write : camera.writes())
                 QVERIFY2(write.contains("Selector="), qPrintable(write));
         }
-    }
-
-private:
-    static QStringList writesOf(const CameraToCheck& camera)
-    {
-        QStringList result;
-        for (const std::string& write : camera.fake->writes())
-            result.append(QString::fromStdString(write));
-        return result;
     }
 };
 

@@ -59,7 +59,7 @@ private slots:
         QCOMPARE(findingsIn(content), QByteArray());
     }
 
-    void theFileAsAWhole_data()
+    void whatCannotBeParsed_data()
     {
         table();
         file("empty", "",
@@ -95,6 +95,12 @@ private slots:
         file("number without digits before the point", "{'#presets': [], 'A': .5}",
              "f.json:1:23: error: Only the plugin can parse this, other programs cannot, and "
              "nothing else was checked: invalid value [strict-json]\n");
+    }
+    void whatCannotBeParsed() { verify(); }
+
+    void theRoot_data()
+    {
+        table();
         file("list at the root", "[]",
              "f.json:1:1: error: The file must hold an object, not a list [root-no-object]\n");
         file("key twice", "{'#presets': ['A'], 'A': 1, 'A': {}}",
@@ -117,7 +123,7 @@ private slots:
              "f.json:1:18: error: \"#preset\" means nothing here; the file's own key is "
              "\"#presets\" [unknown-key]\n");
     }
-    void theFileAsAWhole() { verify(); }
+    void theRoot() { verify(); }
 
     void theListOfPresets_data()
     {
@@ -186,6 +192,12 @@ private slots:
         preset("plain element", "'B': ['Line0']",
                "f.json:1:33: error: The list of \"B\" must hold objects with \"#value\", not a "
                "text; the plugin would write an empty text [element-no-object]\n");
+    }
+    void aPreset() { verify(); }
+
+    void aSetting_data()
+    {
+        table();
         preset("no value", "'B': {'C': 1}",
                "f.json:1:32: error: \"B\" has no \"#value\"; the plugin would write an empty text "
                "[value-missing]\n");
@@ -208,7 +220,7 @@ private slots:
                "f.json:1:51: error: \"C\" must be a text, a number or true or false, not a list "
                "[dependent-not-plain]\n");
     }
-    void aPreset() { verify(); }
+    void aSetting() { verify(); }
 
     void numbersAndPlaceholders_data()
     {

@@ -2,6 +2,7 @@
 
 #include <QtTest>
 
+using Cameras::Source;
 using namespace PresetCheck;
 
 class tst_PresetCheckCommandLine : public QObject
@@ -20,19 +21,29 @@ private slots:
         const CommandLine line = read({"a.json", "b.json"});
         QCOMPARE(line.action, CommandLine::Action::Check);
         QCOMPARE(line.files, (QStringList{"a.json", "b.json"}));
-        QCOMPARE(line.camera.kind, CameraChoice::Kind::None);
+        QVERIFY(!line.camera);
         QVERIFY(!line.json);
     }
 
     void aCameraOrAModelCanBeNamed()
     {
         CommandLine line = read({"--camera", "SN1", "a.json"});
-        QCOMPARE(line.camera.kind, CameraChoice::Kind::ById);
-        QCOMPARE(line.camera.name, QString("SN1"));
+        QVERIFY(line.camera);
+        QCOMPARE(line.camera->kind, Source::Kind::Found);
+        QCOMPARE(line.camera->name, std::string("SN1"));
         line = read({"a.json", "--simulate", "basic", "--format", "json"});
-        QCOMPARE(line.camera.kind, CameraChoice::Kind::Simulated);
-        QCOMPARE(line.camera.name, QString("basic"));
+        QVERIFY(line.camera);
+        QCOMPARE(line.camera->kind, Source::Kind::Simulated);
+        QCOMPARE(line.camera->name, std::string("basic"));
         QVERIFY(line.json);
+    }
+
+    void theFirstCameraHasNoName()
+    {
+        const CommandLine line = read({"--camera", "first", "a.json"});
+        QVERIFY(line.camera);
+        QCOMPARE(line.camera->kind, Source::Kind::Found);
+        QCOMPARE(line.camera->name, std::string());
     }
 
     void nonsenseIsRejected_data()

@@ -39,11 +39,11 @@ class tst_PresetCheckProgram : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 
     QString fileOf(const QByteArray& content)
     {
-        QFile file(folder.filePath("f.json"));
+        QFile file(m_folder.filePath("f.json"));
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("Cannot write %s", qPrintable(file.fileName()));
         return file.fileName();
@@ -81,7 +81,7 @@ private slots:
         QVERIFY(outcome.output.startsWith(file.toUtf8() + ":1:15: error"));
         QCOMPARE(outcome.complaint, QByteArray("advtrigger-preset-check: /no/such.json: No such "
                                                "file or directory\n"));
-        QCOMPARE(run({folder.path()}).exitCode, 2);
+        QCOMPARE(run({m_folder.path()}).exitCode, 2);
     }
 
     void badArgumentsAreUnusable()
@@ -164,17 +164,17 @@ private slots:
 
     void whatIsNoRegularFileCannotBeRead()
     {
-        const QString pipe = folder.filePath("pipe");
-        const QString link = folder.filePath("link");
+        const QString pipe = m_folder.filePath("pipe");
+        const QString link = m_folder.filePath("link");
         QVERIFY(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
         QVERIFY(QFile::link("/dev/zero", link));
-        const Outcome outcome = run({pipe, link, folder.path()});
+        const Outcome outcome = run({pipe, link, m_folder.path()});
         QCOMPARE(outcome.exitCode, 2);
         QCOMPARE(QString::fromUtf8(outcome.complaint),
                  QString("advtrigger-preset-check: %1: Not a regular file\n"
                          "advtrigger-preset-check: %2: Not a regular file\n"
                          "advtrigger-preset-check: %3: Not a regular file\n")
-                     .arg(pipe, link, folder.path()));
+                     .arg(pipe, link, m_folder.path()));
     }
 
     void aFileOfMoreThan16MegabytesCannotBeRead()

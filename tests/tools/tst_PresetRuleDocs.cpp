@@ -9,6 +9,10 @@ using namespace PresetCheck;
 
 namespace {
 
+#define PRESETCHECK_RULE(name, id, severity) Rules::name,
+constexpr Rule AllRules[] = {PRESETCHECK_RULES(PRESETCHECK_RULE)};
+#undef PRESETCHECK_RULE
+
 struct Section
 {
     QString severity;
@@ -52,7 +56,7 @@ private slots:
     void everyRuleIsExplainedWithAnExampleThatBreaksIt_data()
     {
         QTest::addColumn<bool>("isError");
-        for (const Rule& rule : allRules())
+        for (const Rule& rule : AllRules)
             QTest::newRow(rule.id) << (rule.severity == Severity::Error);
     }
     void everyRuleIsExplainedWithAnExampleThatBreaksIt()
@@ -70,7 +74,7 @@ private slots:
     void noOtherRuleIsExplained()
     {
         QStringList ids;
-        for (const Rule& rule : allRules())
+        for (const Rule& rule : AllRules)
             ids.append(rule.id);
         ids.sort();
         QCOMPARE(QStringList(readSections().keys()), ids);

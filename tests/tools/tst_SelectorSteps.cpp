@@ -1,5 +1,5 @@
 #include "tests/tools/Checked.h"
-#include "tools/presetcheck/SelectorSteps.h"
+#include "tools/presetcheck/Checks.h"
 
 #include <QtTest>
 
@@ -38,7 +38,7 @@ private slots:
         SelectorSteps steps(*camera.manager);
         QVERIFY(!steps.move("ExposureMode", "TriggerWidth"));
         QVERIFY(!steps.move("NoSuchFeature", "1"));
-        QVERIFY(camera.fake->writes().empty());
+        QCOMPARE(camera.writes(), QStringList());
     }
 
     void aMoveIsTakenBackOnDemandAndAtTheLatestInTheEnd()
@@ -75,10 +75,7 @@ private slots:
         camera.fake->select("PartSelector", {"PartValue"});
         camera.fake->select("LineSelector", {"PartSelector"});
         camera.fake->find("PartSelector")->stateFor("Line1").text = "Second";
-        auto wrappers = QSharedPointer<QVector<ZalFeatureWrapperPtr>>::create();
-        for (const ZalCPP::FeaturePtr& feature : *camera.fake->features())
-            wrappers->append(std::make_shared<ZalFeatureWrapper>(feature));
-        const FeatureManager manager(wrappers);
+        const FeatureManager manager(FeatureTest::wrap(*camera.fake));
 
         SelectorSteps steps(manager);
         QVERIFY(steps.move("PartSelector", "Second"));
@@ -98,7 +95,7 @@ private slots:
         SelectorSteps steps(*camera.manager);
         QVERIFY(!steps.move("LineSelector", "Line2"));
         QVERIFY(steps.putBack());
-        QVERIFY(camera.fake->writes().empty());
+        QCOMPARE(camera.writes(), QStringList());
     }
 
     void whatTheCameraDoesNotTakeBackIsReported()

@@ -24,7 +24,7 @@ QStringList namesIn(const PresetFile::Content& content)
 
 QString toolTipOf(const QByteArray& members)
 {
-    const auto content = PresetFile::Parse(R"({"#presets": ["P"], "P": )" + members + "}");
+    const auto content = PresetFile::parse(R"({"#presets": ["P"], "P": )" + members + "}");
     return content.presets.isEmpty() ? QString() : content.presets.first().toolTip();
 }
 
@@ -105,13 +105,13 @@ void tst_PresetFile::aFamilyNameOfTwoWordsIsJoinedInTheFileName()
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("plugins")));
     const QString path = folder.path() + QStringLiteral("/plugins/") + file;
     QVERIFY(QFile(path).open(QIODevice::WriteOnly));
-    QCOMPARE(PresetFile::PathFor(folder.path(), family), path);
+    QCOMPARE(PresetFile::pathFor(folder.path(), family), path);
 }
 
 void tst_PresetFile::theGenericFileServesWhereTheFamilyHasNone()
 {
     const QTemporaryDir folder;
-    QCOMPARE(PresetFile::PathFor(folder.path(), QStringLiteral("A B")),
+    QCOMPARE(PresetFile::pathFor(folder.path(), QStringLiteral("A B")),
              folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"));
 }
 
@@ -131,14 +131,14 @@ void tst_PresetFile::aFamilyNameLeadsNowhereElse()
     const QString plugins = folder.path() + QStringLiteral("/plugins/");
     const QString path = plugins + QStringLiteral("AdvTrigger_%1_Presets.json").arg(family);
     QVERIFY(QFile(path).open(QIODevice::WriteOnly));
-    QCOMPARE(PresetFile::PathFor(folder.path(), family),
+    QCOMPARE(PresetFile::pathFor(folder.path(), family),
              plugins + QStringLiteral("AdvTrigger_Presets.json"));
 }
 
 void tst_PresetFile::offersWhatIsListedInListOrder()
 {
     const auto content =
-        PresetFile::Parse(R"({"#presets": ["B", "A"], "A": {}, "B": {}, "C": {}})");
+        PresetFile::parse(R"({"#presets": ["B", "A"], "A": {}, "B": {}, "C": {}})");
     QCOMPARE(namesIn(content), (QStringList{QStringLiteral("B"), QStringLiteral("A")}));
     QVERIFY(content.parseError.isEmpty());
 }
@@ -176,14 +176,14 @@ void tst_PresetFile::leavesOutWhatIsNotUsable_data()
 void tst_PresetFile::leavesOutWhatIsNotUsable()
 {
     QFETCH(QByteArray, json);
-    const auto content = PresetFile::Parse(json);
+    const auto content = PresetFile::parse(json);
     QTEST(namesIn(content), "names");
     QCOMPARE(content.parseError, QString());
 }
 
 void tst_PresetFile::keepsThePresetsMembersWithoutTheToolTip()
 {
-    const auto content = PresetFile::Parse(
+    const auto content = PresetFile::parse(
         R"({"#presets": ["A"], "A": {"#tooltip": "t", "#execute": "C", "F": {"#value": 1}}})");
     QCOMPARE(content.presets.first().members(), object(R"({"#execute": "C", "F": {"#value": 1}})"));
 }
@@ -232,7 +232,7 @@ void tst_PresetFile::buildsToolTips()
 
 void tst_PresetFile::namesAreInsertedAsTheyAre()
 {
-    const auto content = PresetFile::Parse(R"({"#presets": ["<i>P</i>&%1"],
+    const auto content = PresetFile::parse(R"({"#presets": ["<i>P</i>&%1"],
         "<i>P</i>&%1": {"#execute": "<C>", "<S>": {"#value": "a&b", "<D>": 1}}})");
     QCOMPARE(content.presets.first().toolTip(),
              QStringLiteral("<b><i>P</i>&%1</b><br><br>Settings:<blockquote><i> Execute: <C></i>"
@@ -264,7 +264,7 @@ void tst_PresetFile::theWordsOfToolTipsAreTranslated()
 
 void tst_PresetFile::plansStepsInKeyOrder()
 {
-    const auto plan = PresetFile::PlanOf(
+    const auto plan = PresetFile::planOf(
         object(R"({"b": {"#value": "3"}, "B": {"#value": "2", "y": "2", "X": "1"},
                    "A": {"#value": "1"}})"));
     QCOMPARE(described(plan), (QStringList{QStringLiteral("A=1"), QStringLiteral("B=2; X=1; y=2"),
@@ -273,7 +273,7 @@ void tst_PresetFile::plansStepsInKeyOrder()
 
 void tst_PresetFile::plansListsInTheirOwnOrder()
 {
-    const auto plan = PresetFile::PlanOf(
+    const auto plan = PresetFile::planOf(
         object(R"({"S": [{"#value": "b", "F": "1"}, {"#value": "a"}, {"F": "2"}, 5]})"));
     QCOMPARE(described(plan), (QStringList{QStringLiteral("S=b; F=1"), QStringLiteral("S=a"),
                                            QStringLiteral("S=; F=2"), QStringLiteral("S=")}));
@@ -301,7 +301,7 @@ void tst_PresetFile::takesValuesAsText_data()
 void tst_PresetFile::takesValuesAsText()
 {
     QFETCH(QByteArray, json);
-    const auto plan = PresetFile::PlanOf(object(R"({"F": {"#value": )" + json + "}}"));
+    const auto plan = PresetFile::planOf(object(R"({"F": {"#value": )" + json + "}}"));
     QTEST(plan.steps.first().value, "text");
 }
 
@@ -330,7 +330,7 @@ void tst_PresetFile::recognisesStepsForEveryEntry()
     QFETCH(QString, value);
     const QJsonObject members{
         {QStringLiteral("S"), QJsonObject{{QStringLiteral("#value"), value}}}};
-    const PresetFile::Step step = PresetFile::PlanOf(members).steps.first();
+    const PresetFile::Step step = PresetFile::planOf(members).steps.first();
     QTEST(step.forEveryEntry, "everyEntry");
     QTEST(step.namesLastEntry, "namesLast");
     QTEST(step.lastEntry, "last");
@@ -339,7 +339,7 @@ void tst_PresetFile::recognisesStepsForEveryEntry()
 
 void tst_PresetFile::inAListNoStepIsForEveryEntry()
 {
-    const auto plan = PresetFile::PlanOf(object(R"({"S": [{"#value": "<all>_Line0"}]})"));
+    const auto plan = PresetFile::planOf(object(R"({"S": [{"#value": "<all>_Line0"}]})"));
     QVERIFY(!plan.steps.first().forEveryEntry);
     QVERIFY(!plan.steps.first().namesLastEntry);
     QCOMPARE(plan.steps.first().value, QStringLiteral("<all>_Line0"));
@@ -348,7 +348,7 @@ void tst_PresetFile::inAListNoStepIsForEveryEntry()
 void tst_PresetFile::keepsTheTypesOfDependents()
 {
     const auto plan =
-        PresetFile::PlanOf(object(R"({"S": {"#value": "E", "B": false, "N": 2.5, "T": "x"}})"));
+        PresetFile::planOf(object(R"({"S": {"#value": "E", "B": false, "N": 2.5, "T": "x"}})"));
     const QVariantMap dependents = plan.steps.first().dependents;
     // Variants of different types may compare as equal.
     QCOMPARE(dependents.value(QStringLiteral("B")).userType(), int(QMetaType::Bool));
@@ -362,14 +362,14 @@ void tst_PresetFile::keepsTheTypesOfDependents()
 
 void tst_PresetFile::holdsTheCommandBack()
 {
-    const auto plan = PresetFile::PlanOf(object(R"({"#execute": "C", "F": {"#value": "1"}})"));
+    const auto plan = PresetFile::planOf(object(R"({"#execute": "C", "F": {"#value": "1"}})"));
     QCOMPARE(plan.command, QStringLiteral("C"));
     QCOMPARE(described(plan), QStringList{QStringLiteral("F=1")});
 }
 
 void tst_PresetFile::plansNothingForACommandThatIsNoText()
 {
-    const auto plan = PresetFile::PlanOf(object(R"({"#execute": ["C"]})"));
+    const auto plan = PresetFile::planOf(object(R"({"#execute": ["C"]})"));
     QCOMPARE(plan.command, QString());
     QVERIFY(plan.steps.isEmpty());
 }

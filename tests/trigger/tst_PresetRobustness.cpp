@@ -88,7 +88,7 @@ void tst_PresetRobustness::unusableFilesGiveNoPresets_data()
 void tst_PresetRobustness::unusableFilesGiveNoPresets()
 {
     QFETCH(QByteArray, json);
-    const auto content = PresetFile::Parse(json);
+    const auto content = PresetFile::parse(json);
     QTEST(content.parseError, "error");
     QVERIFY(content.presets.isEmpty());
 }
@@ -110,7 +110,7 @@ void tst_PresetRobustness::aFileOfTenMegabytesIsReadWhole()
     QCOMPARE(form.box.count(), 1);
     QCOMPARE(form.box.itemData(0).toMap().value(QStringLiteral("S")).toMap().size(),
              settings.size());
-    const PresetFile::Content content = PresetFile::Parse(json);
+    const PresetFile::Content content = PresetFile::parse(json);
     QCOMPARE(content.presets.first().toolTip().count(QStringLiteral("&lt;value")),
              settings.size() - 1);
 }
@@ -154,9 +154,9 @@ void tst_PresetRobustness::nestingUpToTheParsersLimitIsIgnoredWhereItMeansNothin
 
 void tst_PresetRobustness::numbersAtTheEdgeOfDoubleAreKept()
 {
-    const auto content = PresetFile::Parse(onePreset(
+    const auto content = PresetFile::parse(onePreset(
         R"({"S": {"#value": 1.7976931348623157e308, "A": -1e308, "B": 123456789012345678901}})"));
-    const auto plan = PresetFile::PlanOf(content.presets.first().members());
+    const auto plan = PresetFile::planOf(content.presets.first().members());
     QCOMPARE(plan.steps.first().value.toDouble(), 1.7976931348623157e308);
     QCOMPARE(plan.steps.first().dependents.value(QStringLiteral("A")).toDouble(), -1e308);
     QCOMPARE(plan.steps.first().dependents.value(QStringLiteral("B")).toDouble(),
@@ -167,7 +167,7 @@ void tst_PresetRobustness::duplicateMembersGiveOnePreset()
 {
     [[maybe_unused]] const LeaksOfQtParser ignored;
     const auto content =
-        PresetFile::Parse(R"({"#presets": ["A"], "A": {"F": {"#value": 1}}, "A": {}})");
+        PresetFile::parse(R"({"#presets": ["A"], "A": {"F": {"#value": 1}}, "A": {}})");
     QCOMPARE(content.presets.size(), 1);
     QVERIFY(content.presets.first().members().isEmpty());
 }

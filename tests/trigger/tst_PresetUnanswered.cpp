@@ -96,7 +96,7 @@ Application runPreset(
     Application result;
     watchGovernedWrites(*camera, result.governedWrites);
     prepare(*camera);
-    const auto plan = PresetFile::PlanOf(QJsonDocument::fromJson(members).object());
+    const auto plan = PresetFile::planOf(QJsonDocument::fromJson(members).object());
     result.errors = PresetRunner(manager).Run(plan);
     result.calls = camera->calls();
     for (const std::string& write : camera->writes())

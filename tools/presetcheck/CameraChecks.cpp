@@ -1,18 +1,17 @@
-#include "tools/presetcheck/CameraChecks.h"
+#include "tools/presetcheck/Checks.h"
 
 #include "features/FeatureManager.h"
-#include "tools/presetcheck/Placeholders.h"
-#include "tools/presetcheck/ValueChecks.h"
+#include "tools/presetcheck/Output.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
 namespace PresetCheck {
 
 namespace {
 
-/// The object itself where the two parsers differ: on half a surrogate pair, or on one key in two
-/// notations.
+/// The object itself where the plugin's parser has the member and ours has not: they differ on half
+/// a surrogate pair, and on one key in two notations.
 const JsonNode& placeOf(const JsonNode& object, const QString& key)
 {
     const JsonNode* member = object.member(key);
@@ -30,21 +29,22 @@ QString situationOf(const QString& selector, const QString& entry)
     return QStringLiteral(" with %1 at %2").arg(selector, entry);
 }
 
-/// "<all>" with the entry to end at is also how settings are written only on a camera that has the
-/// feature: without entries there is no turn in which to write them.
+/// "<all>" with an entry to end at also serves as a condition: on a camera without the feature
+/// there is no entry, so nothing is written.
 bool isCondition(const PresetFile::Step& step)
 {
     return step.forEveryEntry && !step.lastEntry.isEmpty();
 }
 
-/// A setting for every entry is meant for those that can take it.
-bool isPassing(const Rule& rule)
+/// A setting for every entry is meant for the entries that can take it, so these rules may be
+/// broken at some of them.
+bool isExcused(const Rule& rule)
 {
-    return std::strcmp(rule.id, Rules::NotWritableNow.id) == 0 ||
-           std::strcmp(rule.id, Rules::UnavailableEntry.id) == 0;
+    const std::string_view id = rule.id;
+    return id == Rules::NotWritableNow.id || id == Rules::UnavailableEntry.id;
 }
 
-/// What was found at all entries together: what passes counts only where no entry is without it.
+/// Joins what was found at each entry. What is excused counts only if it was found at every one.
 void addCommon(const std::vector<Findings>& perEntry, Findings& out)
 {
     for (const Findings& found : perEntry) {
@@ -52,23 +52,61 @@ void addCommon(const std::vector<Findings>& perEntry, Findings& out)
             const auto hasIt = [&](const Findings& other) {
                 return other.contains(finding.rule, finding.offset);
             };
-            if (!isPassing(finding.rule) || std::all_of(perEntry.begin(), perEntry.end(), hasIt))
+            if (!isExcused(finding.rule) || std::all_of(perEntry.begin(), perEntry.end(), hasIt))
                 out.add(finding.rule, finding.offset, finding.message);
         }
     }
 }
 
-} // namespace
-
-CameraChecks::CameraChecks(const FeatureManager& manager, Findings& collected)
-    : camera(manager), findings(collected), selectors(manager)
+/// Goes through the steps of one preset.
+class CameraChecks
 {
-}
+public:
+    CameraChecks(const FeatureManager& camera, Findings& findings)
+        : m_camera(camera), m_findings(findings), m_selectors(camera)
+    {
+    }
+
+    bool check(const PresetFile::Preset& preset, const JsonNode& node);
+
+private:
+    /// A step and its places in the file.
+    struct Placed
+    {
+        const PresetFile::Step& step;
+        std::size_t keyAt;
+        const JsonNode& object;
+        const JsonNode& value; ///< The object itself when it has no "#value".
+    };
+
+    void checkStep(const PresetFile::Step& step, std::size_t keyAt, const JsonNode& object);
+    void checkOneValue(const Placed& placed);
+    void checkForEveryEntry(const Placed& placed);
+    void checkAtEveryEntry(const Placed& placed);
+    void checkWithoutSelector(const Placed& placed);
+    bool moveSelector(const QString& selector, const JsonNode& value, const QString& situation,
+                      Findings& out);
+    void checkDependents(const Placed& placed, const QString& situation, Findings& out);
+    void checkDependent(const QString& feature, const JsonNode& value, const QString& situation,
+                        Findings& out);
+    void checkDependentFacts(const Placed& placed);
+    void checkSetting(const QString& feature, const JsonNode& value, const QString& situation,
+                      Findings& out);
+    void checkCommand(const QString& command, const JsonNode& node);
+    QString numberFor(const QString& feature, const QString& text) const;
+    bool goesWithSelected(const PresetFile::Step& step) const;
+    bool governs(const QString& selector, const QString& feature) const;
+
+    const FeatureManager& m_camera;
+    Findings& m_findings;
+    SelectorSteps m_selectors;
+    /// An earlier setting, other than a selector, may have prepared the camera for the next one.
+    bool m_isPrepared = false;
+};
 
 bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
 {
-    isPrepared = false;
-    const PresetFile::Plan plan = PresetFile::PlanOf(preset.members());
+    const PresetFile::Plan plan = PresetFile::planOf(preset.members());
     std::size_t element = 0;
     const QString* previous = nullptr;
     for (const PresetFile::Step& step : plan.steps) {
@@ -81,7 +119,7 @@ bool CameraChecks::check(const PresetFile::Preset& preset, const JsonNode& node)
     }
     if (!plan.command.isEmpty())
         checkCommand(plan.command, placeOf(node, PresetFile::CommandKey));
-    return selectors.putBack();
+    return m_selectors.putBack();
 }
 
 void CameraChecks::checkStep(const PresetFile::Step& step, std::size_t keyAt,
@@ -98,12 +136,12 @@ void CameraChecks::checkOneValue(const Placed& placed)
 {
     const QString& feature = placed.step.feature;
     const bool isSettable =
-        ValueChecks(camera, findings).checkFacts(feature, placed.value, placed.keyAt);
-    if (isSettable && !selectors.isSelector(feature)) {
-        checkSetting(feature, placed.value, QString(), findings);
-        checkDependents(placed, QString(), findings);
-    } else if (isSettable && moveSelector(feature, placed.value, QString(), findings)) {
-        checkDependents(placed, situationOf(feature, placed.value.text), findings);
+        ValueChecks(m_camera, m_findings).checkFacts(feature, placed.value, placed.keyAt);
+    if (isSettable && !m_selectors.isSelector(feature)) {
+        checkSetting(feature, placed.value, QString(), m_findings);
+        checkDependents(placed, QString(), m_findings);
+    } else if (isSettable && moveSelector(feature, placed.value, QString(), m_findings)) {
+        checkDependents(placed, situationOf(feature, placed.value.text), m_findings);
     } else {
         checkDependentFacts(placed);
     }
@@ -112,79 +150,79 @@ void CameraChecks::checkOneValue(const Placed& placed)
 void CameraChecks::checkForEveryEntry(const Placed& placed)
 {
     const QString& feature = placed.step.feature;
-    ValueChecks values(camera, findings);
+    ValueChecks values(m_camera, m_findings);
     if (!values.checkFeature(feature, placed.keyAt)) {
         checkDependentFacts(placed);
-    } else if (camera.GetDataType(feature) != ZalFeatureEnum) {
-        findings.add(Rules::AllNoEnumeration, placed.value.at,
-                     QStringLiteral("%1 has no entries, so with \"<all>\" nothing is written")
-                         .arg(quoted(feature)));
+    } else if (m_camera.GetDataType(feature) != ZalFeatureEnum) {
+        m_findings.add(Rules::AllNoEnumeration, placed.value.at,
+                       QStringLiteral("%1 has no entries, so with \"<all>\" nothing is written")
+                           .arg(quoted(feature)));
         checkDependentFacts(placed);
     } else {
         const QString& last = placed.step.lastEntry;
         const bool endsWell = last.isEmpty() || values.checkEntry(feature, last, placed.value.at);
-        if (selectors.isSelector(feature))
+        if (m_selectors.isSelector(feature))
             checkAtEveryEntry(placed);
         else
             checkWithoutSelector(placed);
         if (endsWell && !last.isEmpty())
-            selectors.move(feature, last);
+            m_selectors.move(feature, last);
     }
 }
 
 void CameraChecks::checkAtEveryEntry(const Placed& placed)
 {
     const QString& selector = placed.step.feature;
-    const QString before = camera.GetStringValue(selector);
-    const bool wasPrepared = isPrepared;
-    bool becomesPrepared = isPrepared;
+    const QString before = m_camera.GetStringValue(selector);
+    const bool wasPrepared = m_isPrepared;
+    bool becomesPrepared = m_isPrepared;
     std::vector<Findings> perEntry;
-    const QStringList entries = camera.GetAvailableEnumEntries(selector);
+    const QStringList entries = m_camera.GetAvailableEnumEntries(selector);
     for (const QString& entry : entries) {
-        if (!selectors.move(selector, entry))
+        if (!m_selectors.move(selector, entry))
             continue;
-        isPrepared = wasPrepared;
+        m_isPrepared = wasPrepared;
         checkDependents(placed, situationOf(selector, entry), perEntry.emplace_back());
-        becomesPrepared = becomesPrepared || isPrepared;
+        becomesPrepared = becomesPrepared || m_isPrepared;
     }
-    isPrepared = becomesPrepared;
-    addCommon(perEntry, findings);
-    selectors.move(selector, before);
+    m_isPrepared = becomesPrepared;
+    addCommon(perEntry, m_findings);
+    m_selectors.move(selector, before);
 }
 
 void CameraChecks::checkWithoutSelector(const Placed& placed)
 {
     const QString& feature = placed.step.feature;
     if (!isCondition(placed.step))
-        findings.add(Rules::AllNoSelector, placed.value.at,
-                     QStringLiteral("%1 selects nothing; \"<all>\" writes one entry after the "
-                                    "other to it")
-                         .arg(quoted(feature)));
-    isPrepared = true;
-    checkDependents(placed, QString(), findings);
+        m_findings.add(Rules::AllNoSelector, placed.value.at,
+                       QStringLiteral("%1 selects nothing; \"<all>\" writes one entry after the "
+                                      "other to it")
+                           .arg(quoted(feature)));
+    m_isPrepared = true;
+    checkDependents(placed, QString(), m_findings);
 }
 
 bool CameraChecks::moveSelector(const QString& selector, const JsonNode& value,
                                 const QString& situation, Findings& out)
 {
-    ValueChecks values(camera, out);
-    if (isPrepared)
+    ValueChecks values(m_camera, out);
+    if (m_isPrepared)
         values.checkLimits(selector, value, situation);
     else
         values.checkState(selector, value, situation);
-    return selectors.move(selector, numberFor(selector, value.text));
+    return m_selectors.move(selector, numberFor(selector, value.text));
 }
 
 void CameraChecks::checkDependents(const Placed& placed, const QString& situation, Findings& out)
 {
     const QString& key = placed.step.feature;
-    const bool needsSelected = selectors.isSelector(key) && !goesWithSelected(placed.step);
+    const bool needsSelected = m_selectors.isSelector(key) && !goesWithSelected(placed.step);
     const QStringList features = placed.step.dependents.keys();
     for (const QString& feature : features) {
         if (feature.startsWith(QLatin1Char('#')))
             continue;
         const JsonNode& node = placeOf(placed.object, feature);
-        if (needsSelected && camera.GetIsFeatureAvailable(feature) && !governs(key, feature))
+        if (needsSelected && m_camera.GetIsFeatureAvailable(feature) && !governs(key, feature))
             out.add(
                 Rules::NotSelected, node.keyAt,
                 QStringLiteral("%1 is not selected by %2 and has one value for all of its entries")
@@ -196,9 +234,9 @@ void CameraChecks::checkDependents(const Placed& placed, const QString& situatio
 void CameraChecks::checkDependent(const QString& feature, const JsonNode& value,
                                   const QString& situation, Findings& out)
 {
-    if (!ValueChecks(camera, out).checkFacts(feature, value, value.keyAt))
+    if (!ValueChecks(m_camera, out).checkFacts(feature, value, value.keyAt))
         return;
-    if (selectors.isSelector(feature))
+    if (m_selectors.isSelector(feature))
         moveSelector(feature, value, situation, out);
     else
         checkSetting(feature, value, situation, out);
@@ -210,44 +248,44 @@ void CameraChecks::checkDependentFacts(const Placed& placed)
     for (const QString& feature : features) {
         const JsonNode& node = placeOf(placed.object, feature);
         if (!feature.startsWith(QLatin1Char('#')))
-            ValueChecks(camera, findings).checkFacts(feature, node, node.keyAt);
+            ValueChecks(m_camera, m_findings).checkFacts(feature, node, node.keyAt);
     }
 }
 
 void CameraChecks::checkSetting(const QString& feature, const JsonNode& value,
                                 const QString& situation, Findings& out)
 {
-    ValueChecks values(camera, out);
-    if (isPrepared)
+    ValueChecks values(m_camera, out);
+    if (m_isPrepared)
         values.checkLimits(feature, value, situation);
     else
         values.checkState(feature, value, situation);
-    isPrepared = true;
+    m_isPrepared = true;
 }
 
 void CameraChecks::checkCommand(const QString& command, const JsonNode& node)
 {
-    if (!camera.GetIsFeatureAvailable(command))
-        findings.add(Rules::UnknownFeature, node.at,
-                     QStringLiteral("The camera has no command %1").arg(quoted(command)));
-    else if (camera.GetDataType(command) != ZalFeatureCommand)
-        findings.add(
+    if (!m_camera.GetIsFeatureAvailable(command))
+        m_findings.add(Rules::UnknownFeature, node.at,
+                       QStringLiteral("The camera has no command %1").arg(quoted(command)));
+    else if (m_camera.GetDataType(command) != ZalFeatureCommand)
+        m_findings.add(
             Rules::ExecuteNoCommand, node.at,
             QStringLiteral("%1 is no command, so it cannot be executed").arg(quoted(command)));
 }
 
 QString CameraChecks::numberFor(const QString& feature, const QString& text) const
 {
-    if (!Placeholders::isLimit(text))
+    if (!isLimit(text))
         return text;
     double min = 0.0;
     double max = 0.0;
-    camera.GetValueRange(feature, &min, &max);
-    return QString::number(text == Placeholders::Min ? min : max, 'f', 0);
+    m_camera.GetValueRange(feature, &min, &max);
+    return QString::number(text == PresetFile::Minimum ? min : max, 'f', 0);
 }
 
-/// A timer and the trigger that follows it are one thing: where the condition is about a selector
-/// and sets something of its entries, the rest is meant to go with it.
+/// A timer and the trigger that follows it belong together: where a condition on a selector also
+/// sets something that it selects, its other settings are meant to stand there as well.
 bool CameraChecks::goesWithSelected(const PresetFile::Step& step) const
 {
     const QStringList features = step.dependents.keys();
@@ -258,16 +296,71 @@ bool CameraChecks::goesWithSelected(const PresetFile::Step& step) const
 
 bool CameraChecks::governs(const QString& selector, const QString& feature) const
 {
-    QStringList reached = camera.GetSelectedFeatures(selector);
+    QStringList reached = m_camera.GetSelectedFeatures(selector);
     for (int i = 0; i < reached.size() && !reached.contains(feature); ++i) {
         // Selectors may select selectors.
-        const QStringList further = camera.GetSelectedFeatures(reached.at(i));
+        const QStringList further = m_camera.GetSelectedFeatures(reached.at(i));
         for (const QString& name : further) {
             if (!reached.contains(name))
                 reached.append(name);
         }
     }
     return reached.contains(feature);
+}
+
+} // namespace
+
+bool checkOnCamera(const FeatureManager& camera, const PresetFile::Preset& preset,
+                   const JsonNode& node, Findings& findings)
+{
+    return CameraChecks(camera, findings).check(preset, node);
+}
+
+SelectorSteps::SelectorSteps(const FeatureManager& camera) : m_camera(camera) {}
+
+SelectorSteps::~SelectorSteps()
+{
+    putBack();
+}
+
+bool SelectorSteps::isSelector(const QString& feature) const
+{
+    return !m_camera.GetSelectedFeatures(feature).isEmpty();
+}
+
+bool SelectorSteps::move(const QString& selector, const QString& value)
+{
+    if (!isSelector(selector))
+        return false;
+    const QString before = valueOf(selector);
+    if (before == value)
+        return true;
+    if (!m_camera.GetIsWritable(selector))
+        return false;
+    m_moves.push_back({selector, before});
+    return write(selector, value);
+}
+
+bool SelectorSteps::putBack()
+{
+    bool done = true;
+    for (; !m_moves.empty(); m_moves.pop_back())
+        done = write(m_moves.back().selector, m_moves.back().before) && done;
+    return done;
+}
+
+QString SelectorSteps::valueOf(const QString& selector) const
+{
+    return m_camera.GetDataType(selector) == ZalFeatureInteger
+               ? QString::number(m_camera.GetValue(selector), 'f', 0)
+               : m_camera.GetStringValue(selector);
+}
+
+bool SelectorSteps::write(const QString& selector, const QString& value) const
+{
+    if (m_camera.GetDataType(selector) == ZalFeatureInteger)
+        return m_camera.SetValue(selector, value.toDouble()) == value.toDouble();
+    return m_camera.SetValue(selector, value) == value;
 }
 
 } // namespace PresetCheck

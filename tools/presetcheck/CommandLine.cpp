@@ -9,30 +9,30 @@ namespace {
 class Reader
 {
 public:
-    Reader(const QStringList& arguments, const QStringList& simulatedModels)
-        : models(simulatedModels.join(QStringLiteral(", ")))
+    Reader(const QStringList& arguments, const QStringList& models)
+        : m_models(models.join(QStringLiteral(", ")))
     {
-        parser.setApplicationDescription(QStringLiteral(
+        m_parser.setApplicationDescription(QStringLiteral(
             "Checks presets files for what the trigger tab would skip or misread, and with a "
             "camera\nfor what that camera would not take. A camera's selectors are moved and put "
             "back;\nnothing else is written to it."));
-        parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("A presets file."),
-                                     QStringLiteral("FILE..."));
-        parser.addOptions({help, version, camera, simulate, format});
-        understood = parser.parse(arguments);
-        known = simulatedModels.contains(parser.value(simulate));
+        m_parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("A presets file."),
+                                       QStringLiteral("FILE..."));
+        m_parser.addOptions({m_help, m_version, m_camera, m_simulate, m_format});
+        m_understood = m_parser.parse(arguments);
+        m_known = models.contains(m_parser.value(m_simulate));
     }
 
     CommandLine result() const
     {
-        if (!understood)
-            return rejected(parser.errorText());
-        if (parser.isSet(help))
-            return shown(parser.helpText() + exitCodes());
-        if (parser.isSet(version))
+        if (!m_understood)
+            return rejected(m_parser.errorText());
+        if (m_parser.isSet(m_help))
+            return shown(m_parser.helpText() + exitCodes());
+        if (m_parser.isSet(m_version))
             return shown(QStringLiteral("advtrigger-preset-check " PRESETCHECK_VERSION));
-        const QString fault = this->fault();
-        return fault.isEmpty() ? accepted() : rejected(fault);
+        const QString complaint = fault();
+        return complaint.isEmpty() ? accepted() : rejected(complaint);
     }
 
 private:
@@ -44,11 +44,11 @@ private:
         return line;
     }
 
-    static CommandLine rejected(const QString& fault)
+    static CommandLine rejected(const QString& complaint)
     {
         CommandLine line;
         line.action = CommandLine::Action::Reject;
-        line.text = fault;
+        line.text = complaint;
         return line;
     }
 
@@ -62,54 +62,61 @@ private:
 
     QString fault() const
     {
-        if (parser.positionalArguments().isEmpty())
+        if (m_parser.positionalArguments().isEmpty())
             return QStringLiteral("Name a presets file to check.");
-        if (parser.isSet(camera) && parser.isSet(simulate))
+        if (m_parser.isSet(m_camera) && m_parser.isSet(m_simulate))
             return QStringLiteral("--camera and --simulate exclude each other.");
-        if (parser.isSet(camera) && parser.value(camera).isEmpty())
+        if (m_parser.isSet(m_camera) && m_parser.value(m_camera).isEmpty())
             return QStringLiteral(
                 "--camera needs an id, a serial number, an address or \"first\".");
-        if (parser.isSet(simulate) && !known)
+        if (m_parser.isSet(m_simulate) && !m_known)
             return QStringLiteral("There is no simulated model \"%1\". Known models: %2.")
-                .arg(parser.value(simulate), models);
+                .arg(m_parser.value(m_simulate), m_models);
         const QStringList formats = {QStringLiteral("text"), QStringLiteral("json")};
-        if (!formats.contains(parser.value(format)))
+        if (!formats.contains(m_parser.value(m_format)))
             return QStringLiteral("--format takes \"text\" or \"json\", not \"%1\".")
-                .arg(parser.value(format));
+                .arg(m_parser.value(m_format));
         return {};
     }
 
     CommandLine accepted() const
     {
         CommandLine line;
-        line.files = parser.positionalArguments();
-        line.json = parser.value(format) == QLatin1String("json");
-        if (parser.isSet(camera))
-            line.camera = {CameraChoice::Kind::ById, parser.value(camera)};
-        else if (parser.isSet(simulate))
-            line.camera = {CameraChoice::Kind::Simulated, parser.value(simulate)};
+        line.files = m_parser.positionalArguments();
+        line.json = m_parser.value(m_format) == QLatin1String("json");
+        if (m_parser.isSet(m_camera))
+            line.camera = found(m_parser.value(m_camera));
+        else if (m_parser.isSet(m_simulate))
+            line.camera = {Cameras::Source::Kind::Simulated,
+                           m_parser.value(m_simulate).toStdString()};
         return line;
     }
 
-    QString models;
-    QCommandLineParser parser;
-    bool understood = false;
-    bool known = false;
+    static Cameras::Source found(const QString& id)
+    {
+        const bool isFirst = id == QLatin1String("first");
+        return {Cameras::Source::Kind::Found, isFirst ? std::string() : id.toStdString()};
+    }
 
-    QCommandLineOption help{{"h", "help"}, QStringLiteral("Show this help and exit.")};
-    QCommandLineOption version{{"v", "version"}, QStringLiteral("Show the version and exit.")};
-    QCommandLineOption camera{
+    QString m_models;
+    QCommandLineParser m_parser;
+    bool m_understood = false;
+    bool m_known = false;
+
+    QCommandLineOption m_help{{"h", "help"}, QStringLiteral("Show this help and exit.")};
+    QCommandLineOption m_version{{"v", "version"}, QStringLiteral("Show the version and exit.")};
+    QCommandLineOption m_camera{
         "camera",
         QStringLiteral("Check against the camera with this id, serial number or network address, "
                        "or the first one found (\"first\")."),
         "ID"};
-    QCommandLineOption simulate{
+    QCommandLineOption m_simulate{
         "simulate",
-        QStringLiteral("Check against a simulated camera of this model (%1).").arg(models),
+        QStringLiteral("Check against a simulated camera of this model (%1).").arg(m_models),
         "MODEL"};
-    QCommandLineOption format{"format",
-                              QStringLiteral("How findings are printed: text (default) or json."),
-                              "text|json", "text"};
+    QCommandLineOption m_format{"format",
+                                QStringLiteral("How findings are printed: text (default) or json."),
+                                "text|json", "text"};
 };
 
 } // namespace

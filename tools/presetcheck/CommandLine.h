@@ -1,8 +1,10 @@
 #pragma once
 
-#include "tools/presetcheck/CheckCamera.h"
+#include "sdk/cameras/Cameras.h"
 
 #include <QStringList>
+
+#include <optional>
 
 namespace PresetCheck {
 
@@ -26,10 +28,12 @@ struct CommandLine
     Action action = Action::Check;
     QString text;
     QStringList files;
-    CameraChoice camera;
+    /// The camera to check against.
+    std::optional<Cameras::Source> camera;
     bool json = false;
 };
 
+/// `models` are the names of the simulated cameras.
 CommandLine readCommandLine(const QStringList& arguments, const QStringList& models);
 
 } // namespace PresetCheck

@@ -1,7 +1,5 @@
 #include "tools/presetcheck/JsonTree.h"
 
-#include "tools/presetcheck/Findings.h"
-
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
@@ -16,25 +14,29 @@ namespace {
 /// Root, preset, setting, element of a list, dependent setting.
 constexpr std::size_t DeepestLevel = 5;
 
-/// A byte order mark within the file is a character like any other, but fromUtf8() drops the first.
+/// fromUtf8() drops a byte order mark at the start, which is a character here like any other. So it
+/// is given one to drop.
 QString decoded(const char* text, rapidjson::SizeType length)
 {
     const QByteArray marked = "\xEF\xBB\xBF" + QByteArray(text, static_cast<int>(length));
-    // With its size, because the text may hold zeros.
+    // The text may hold zeros, so its size is passed along.
     return QString::fromUtf8(marked.constData(), marked.size());
 }
 
-/// Builds the tree from the reader's events. A token begins at the first byte after the one before
-/// that is neither space nor punctuation; the reader says where a text ends.
+/// Builds the tree from the reader's events, which come without places. A token begins at the first
+/// byte behind the previous token that is neither space nor punctuation; where a text ends is where
+/// the reader stands.
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder>
 {
 public:
-    TreeBuilder(const QByteArray& wholeText, const rapidjson::MemoryStream& reader,
-                std::size_t textStart, JsonNode& root)
-        : text(wholeText), stream(reader), start(textStart), end(textStart), result(root)
+    TreeBuilder(const QByteArray& text, const rapidjson::MemoryStream& stream, std::size_t start,
+                JsonNode& root)
+        : m_text(text), m_stream(stream), m_start(start), m_end(start), m_root(root)
     {
     }
 
+    // The reader calls these by their names.
+    // NOLINTBEGIN(readability-identifier-naming)
     bool Null() { return addWord(JsonNode::Kind::Null, QStringLiteral("null")); }
     bool Bool(bool value)
     {
@@ -57,8 +59,8 @@ public:
 
     bool Key(const char* value, rapidjson::SizeType length, bool)
     {
-        keyAt = tokenStart();
-        key = decoded(value, length);
+        m_keyAt = tokenStart();
+        m_key = decoded(value, length);
         return finishText();
     }
 
@@ -66,82 +68,83 @@ public:
     bool EndObject(rapidjson::SizeType) { return close(); }
     bool StartArray() { return open(JsonNode::Kind::Array); }
     bool EndArray(rapidjson::SizeType) { return close(); }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     std::size_t tokenStart() const
     {
-        std::size_t at = end;
-        while (std::strchr(" \t\r\n,:", text.at(static_cast<int>(at))) != nullptr)
+        std::size_t at = m_end;
+        while (std::strchr(" \t\r\n,:", m_text.at(static_cast<int>(at))) != nullptr)
             ++at;
         return at;
     }
 
     bool finishText()
     {
-        end = start + stream.Tell();
+        m_end = m_start + m_stream.Tell();
         return true;
     }
 
     /// Null below the deepest level.
     JsonNode* add(JsonNode::Kind kind, std::size_t at)
     {
-        if (skipped > 0 || parents.size() >= DeepestLevel)
+        if (m_skipped > 0 || m_parents.size() >= DeepestLevel)
             return nullptr;
-        JsonNode* node = &result;
-        if (!parents.empty())
-            node = &parents.back()->children.emplace_back();
+        JsonNode* node = &m_root;
+        if (!m_parents.empty())
+            node = &m_parents.back()->children.emplace_back();
         node->kind = kind;
         node->at = static_cast<std::uint32_t>(at);
-        node->keyAt = static_cast<std::uint32_t>(keyAt);
-        node->key.swap(key);
-        keyAt = 0;
+        node->keyAt = static_cast<std::uint32_t>(m_keyAt);
+        node->key.swap(m_key);
+        m_keyAt = 0;
         return node;
     }
 
-    /// A token that is written as it is read.
+    /// A token whose length in the file is that of the word.
     bool addWord(JsonNode::Kind kind, const QString& word)
     {
         const std::size_t at = tokenStart();
         if (JsonNode* node = add(kind, at))
             node->text = word;
-        end = at + static_cast<std::size_t>(word.size());
+        m_end = at + static_cast<std::size_t>(word.size());
         return true;
     }
 
     bool open(JsonNode::Kind kind)
     {
         const std::size_t at = tokenStart();
-        // A parent's children do not move while the last of them is open, so pointers hold.
+        // The pointers hold, because nothing is added to a parent while its last child is open.
         if (JsonNode* node = add(kind, at))
-            parents.push_back(node);
+            m_parents.push_back(node);
         else
-            ++skipped;
-        end = at + 1;
+            ++m_skipped;
+        m_end = at + 1;
         return true;
     }
 
     bool close()
     {
-        if (skipped > 0)
-            --skipped;
+        if (m_skipped > 0)
+            --m_skipped;
         else
-            parents.pop_back();
-        end = tokenStart() + 1;
+            m_parents.pop_back();
+        m_end = tokenStart() + 1;
         return true;
     }
 
-    const QByteArray& text;
-    const rapidjson::MemoryStream& stream;
-    const std::size_t start;
-    std::size_t end;
-    JsonNode& result;
-    std::vector<JsonNode*> parents;
-    std::size_t skipped = 0;
-    QString key;
-    std::size_t keyAt = 0;
+    const QByteArray& m_text;
+    const rapidjson::MemoryStream& m_stream;
+    const std::size_t m_start;
+    std::size_t m_end;
+    JsonNode& m_root;
+    std::vector<JsonNode*> m_parents;
+    std::size_t m_skipped = 0;
+    QString m_key;
+    std::size_t m_keyAt = 0;
 };
 
-/// The reader's sentence as part of one of ours.
+/// The reader's sentence, made to fit into one of ours.
 QString errorText(rapidjson::ParseErrorCode code)
 {
     QString text = QString::fromLatin1(rapidjson::GetParseError_En(code));
@@ -172,7 +175,7 @@ JsonTree readJson(const QByteArray& text)
                                    static_cast<std::size_t>(text.size()) - start);
     TreeBuilder builder(text, stream, start, tree.root);
     rapidjson::Reader reader;
-    // Iterative, because nesting is the file's choice and the stack is ours.
+    // Iterative, so that deep nesting does not exhaust the stack.
     constexpr unsigned flags = rapidjson::kParseIterativeFlag |
                                rapidjson::kParseValidateEncodingFlag |
                                rapidjson::kParseNumbersAsStringsFlag;
@@ -182,6 +185,11 @@ JsonTree readJson(const QByteArray& text)
         tree.errorAt = start + reader.GetErrorOffset();
     }
     return tree;
+}
+
+std::size_t byteOrderMark(const QByteArray& text)
+{
+    return text.startsWith("\xEF\xBB\xBF") ? 3 : 0;
 }
 
 } // namespace PresetCheck

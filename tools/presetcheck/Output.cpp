@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -10,8 +11,10 @@ namespace PresetCheck {
 
 namespace {
 
-/// Rises when a member changes its meaning or goes; new members do not count.
+/// Rises when a member goes or changes its meaning; new members do not count.
 constexpr int FormatVersion = 1;
+
+constexpr int LongestQuote = 60;
 
 QString nameOf(Severity severity)
 {
@@ -55,6 +58,45 @@ int countOf(const std::vector<Report>& reports, Severity severity)
     return static_cast<int>(count);
 }
 
+/// A number as 0.digits * 10^exponent, without leading and trailing zeros and without the sign.
+struct Decimal
+{
+    QString digits;
+    long long exponent = 0;
+
+    bool isWhole() const { return exponent >= digits.size(); }
+    bool operator==(const Decimal& other) const
+    {
+        return digits == other.digits && exponent == other.exponent;
+    }
+};
+
+bool isNoZero(QChar digit)
+{
+    return digit != QLatin1Char('0');
+}
+
+Decimal decimalOf(const QString& written)
+{
+    const QString number = written.toLower();
+    const int exponentAt = number.indexOf(QLatin1Char('e'));
+    QString digits = number.left(exponentAt);
+    digits.remove(QLatin1Char('-'));
+    const int pointAt = digits.indexOf(QLatin1Char('.'));
+    digits.remove(QLatin1Char('.'));
+
+    const auto first = std::find_if(digits.cbegin(), digits.cend(), isNoZero);
+    const auto last = std::find_if(digits.crbegin(), digits.crend(), isNoZero).base();
+    if (first == digits.cend())
+        return {};
+    Decimal decimal;
+    decimal.exponent = (pointAt < 0 ? digits.size() : pointAt) - (first - digits.cbegin());
+    if (exponentAt >= 0)
+        decimal.exponent += number.midRef(exponentAt + 1).toLongLong();
+    decimal.digits = QString(&*first, static_cast<int>(last - first));
+    return decimal;
+}
+
 } // namespace
 
 QByteArray asText(const std::vector<Report>& reports)
@@ -81,6 +123,29 @@ QByteArray asJson(const std::vector<Report>& reports, const QString& camera)
         {QStringLiteral("errors"), countOf(reports, Severity::Error)},
         {QStringLiteral("warnings"), countOf(reports, Severity::Warning)}};
     return QJsonDocument(all).toJson();
+}
+
+QString quoted(const QString& text)
+{
+    QString shown =
+        text.size() > LongestQuote ? text.left(LongestQuote) + QStringLiteral("...") : text;
+    for (QChar& character : shown) {
+        if (!character.isPrint() && !character.isSurrogate())
+            character = QChar::ReplacementCharacter;
+    }
+    return QLatin1Char('"') + shown + QLatin1Char('"');
+}
+
+bool isNumberLost(const QString& written)
+{
+    const Decimal meant = decimalOf(written);
+    if (!meant.isWhole())
+        return false;
+    // A number counts as held if it is written with all digits of the double, or as the shortest
+    // text that leads to it, such as 1e23.
+    const double value = written.toDouble();
+    return !(meant == decimalOf(QString::number(value, 'f', 0))) &&
+           !(meant == decimalOf(QString::number(value, 'g', QLocale::FloatingPointShortest)));
 }
 
 } // namespace PresetCheck

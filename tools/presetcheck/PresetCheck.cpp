@@ -1,9 +1,6 @@
 #include "tools/presetcheck/PresetCheck.h"
 
-#include "tools/presetcheck/CameraChecks.h"
-#include "tools/presetcheck/FileChecks.h"
-#include "tools/presetcheck/JsonTree.h"
-#include "trigger/PresetFile.h"
+#include "tools/presetcheck/Checks.h"
 
 #include <QJsonDocument>
 #include <QSet>
@@ -20,7 +17,7 @@ std::size_t pluginErrorAt(const QByteArray& text)
     return static_cast<std::size_t>(error.offset);
 }
 
-/// The plugin's parser has the say; the other one knows better where and why.
+/// The plugin's parser decides what is an error; ours says more precisely where and why.
 void checkSyntax(const QByteArray& text, const JsonTree& tree, const QString& pluginError,
                  Findings& findings)
 {
@@ -37,15 +34,14 @@ void checkSyntax(const QByteArray& text, const JsonTree& tree, const QString& pl
 }
 
 bool checkAgainst(const FeatureManager& camera, const QVector<PresetFile::Preset>& presets,
-                  const FileChecks& file, Findings& findings)
+                  const RootMembers& members, Findings& findings)
 {
     bool followed = true;
     QSet<QString> done;
-    CameraChecks checks(camera, findings);
     for (const PresetFile::Preset& preset : presets) {
-        const JsonNode* node = file.preset(preset.name);
+        const JsonNode* node = members.value(preset.name);
         if (node && !done.contains(preset.name))
-            followed = checks.check(preset, *node) && followed;
+            followed = checkOnCamera(camera, preset, *node, findings) && followed;
         done.insert(preset.name);
     }
     return followed;
@@ -55,7 +51,7 @@ bool checkAgainst(const FeatureManager& camera, const QVector<PresetFile::Preset
 
 Report checkPresets(const QByteArray& content, const FeatureManager* camera)
 {
-    const PresetFile::Content plugin = PresetFile::Parse(content);
+    const PresetFile::Content plugin = PresetFile::parse(content);
     const JsonTree tree = readJson(content);
     Report report;
     for (const PresetFile::Preset& preset : plugin.presets)
@@ -64,10 +60,9 @@ Report checkPresets(const QByteArray& content, const FeatureManager* camera)
     Findings findings;
     checkSyntax(content, tree, plugin.parseError, findings);
     if (findings.collected().empty()) {
-        FileChecks file(findings);
-        file.check(tree.root);
+        const RootMembers members = checkFile(tree.root, findings);
         if (camera)
-            report.cameraFollowed = checkAgainst(*camera, plugin.presets, file, findings);
+            report.cameraFollowed = checkAgainst(*camera, plugin.presets, members, findings);
     }
     report.findings = findings.located(content);
     report.omitted = findings.omitted();

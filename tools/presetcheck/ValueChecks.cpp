@@ -1,8 +1,7 @@
-#include "tools/presetcheck/ValueChecks.h"
+#include "tools/presetcheck/Checks.h"
 
 #include "features/FeatureManager.h"
-#include "tools/presetcheck/Placeholders.h"
-#include "trigger/PresetFile.h"
+#include "tools/presetcheck/Output.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,9 +14,8 @@ using Kind = JsonNode::Kind;
 
 bool isKnownToBeWrong(const JsonNode& value)
 {
-    if (!value.isPlain() || value.text.startsWith(PresetFile::EveryEntry))
-        return true;
-    return Placeholders::isBracketed(value.text) && !Placeholders::isLimit(value.text);
+    return !value.isPlain() || value.text.startsWith(PresetFile::EveryEntry) ||
+           isUnknownPlaceholder(value.text);
 }
 
 bool isNumber(const JsonNode& value)
@@ -41,7 +39,7 @@ bool isMultiple(double value, double step)
     return std::abs(steps - std::round(steps)) < 1e-9 * std::max(1.0, std::abs(steps));
 }
 
-/// A range as text, without the digits that nobody needs.
+/// A number as text, without the digits that come from rounding.
 QString shown(double value)
 {
     return QString::number(value, 'g', 15);
@@ -49,8 +47,8 @@ QString shown(double value)
 
 } // namespace
 
-ValueChecks::ValueChecks(const FeatureManager& manager, Findings& collected)
-    : camera(manager), findings(collected)
+ValueChecks::ValueChecks(const FeatureManager& camera, Findings& findings)
+    : m_camera(camera), m_findings(findings)
 {
 }
 
@@ -62,23 +60,23 @@ bool ValueChecks::checkFacts(const QString& feature, const JsonNode& value, std:
 
 bool ValueChecks::checkFeature(const QString& feature, std::size_t at)
 {
-    const ZalFeatureWrapperPtr wrapper = camera.GetFeatureByName(feature);
+    const ZalFeatureWrapperPtr wrapper = m_camera.GetFeatureByName(feature);
     if (!wrapper) {
-        findings.add(Rules::UnknownFeature, at,
-                     QStringLiteral("The camera has no feature %1; the plugin skips it")
-                         .arg(quoted(feature)));
+        m_findings.add(Rules::UnknownFeature, at,
+                       QStringLiteral("The camera has no feature %1; the plugin skips it")
+                           .arg(quoted(feature)));
         return false;
     }
     ZalFeatureFlagsType flags = ZalFeatureFlagsNone;
     wrapper->GetFlags(flags);
     if (FeatureManager::GetDataType(wrapper) == ZalFeatureCommand) {
-        findings.add(Rules::NotSettable, at,
-                     QStringLiteral("%1 is a command and takes no value; \"#execute\" runs one")
-                         .arg(quoted(feature)));
+        m_findings.add(Rules::NotSettable, at,
+                       QStringLiteral("%1 is a command and takes no value; \"#execute\" runs one")
+                           .arg(quoted(feature)));
         return false;
     }
     if ((flags & ZalFeatureFlagsWrite) == 0) {
-        findings.add(
+        m_findings.add(
             Rules::ReadOnly, at,
             QStringLiteral("%1 can only be read; the plugin skips it").arg(quoted(feature)));
         return false;
@@ -88,11 +86,11 @@ bool ValueChecks::checkFeature(const QString& feature, std::size_t at)
 
 bool ValueChecks::checkType(const QString& feature, const JsonNode& value)
 {
-    const bool isText = value.kind == Kind::Text && !Placeholders::isLimit(value.text);
-    switch (camera.GetDataType(feature)) {
+    const bool isText = value.kind == Kind::Text && !isLimit(value.text);
+    switch (m_camera.GetDataType(feature)) {
     case ZalFeatureInteger:
     case ZalFeatureFloat:
-        return expect(isNumber(value) || Placeholders::isLimit(value.text), feature, value,
+        return expect(isNumber(value) || isLimit(value.text), feature, value,
                       QStringLiteral("a number, \"<min>\" or \"<max>\""));
     case ZalFeatureBool:
         return expect(isBool(value), feature, value, QStringLiteral("true or false"));
@@ -102,7 +100,7 @@ bool ValueChecks::checkType(const QString& feature, const JsonNode& value)
     case ZalFeatureString:
         return expect(isText, feature, value, QStringLiteral("a text"));
     default:
-        findings.add(
+        m_findings.add(
             Rules::NotSettable, value.at,
             QStringLiteral("%1 is of a kind that presets cannot set").arg(quoted(feature)));
         return false;
@@ -113,49 +111,49 @@ bool ValueChecks::expect(bool fits, const QString& feature, const JsonNode& valu
                          const QString& wanted)
 {
     if (!fits)
-        findings.add(Rules::WrongType, value.at,
-                     QStringLiteral("%1 takes %2, not %3")
-                         .arg(quoted(feature), wanted,
-                              value.kind == Kind::Text ? quoted(value.text) : value.text));
+        m_findings.add(Rules::WrongType, value.at,
+                       QStringLiteral("%1 takes %2, not %3")
+                           .arg(quoted(feature), wanted,
+                                value.kind == Kind::Text ? quoted(value.text) : value.text));
     return fits;
 }
 
 bool ValueChecks::checkEntry(const QString& feature, const QString& entry, std::size_t at)
 {
-    const ZalFeatureWrapperPtr wrapper = camera.GetFeatureByName(feature);
+    const ZalFeatureWrapperPtr wrapper = m_camera.GetFeatureByName(feature);
     const QStringList entries = wrapper ? FeatureManager::GetEnumEntries(wrapper) : QStringList();
     if (entries.contains(entry))
         return true;
-    findings.add(Rules::UnknownEntry, at,
-                 QStringLiteral("%1 has no entry %2; it has %3")
-                     .arg(quoted(feature), quoted(entry), entries.join(QStringLiteral(", "))));
+    m_findings.add(Rules::UnknownEntry, at,
+                   QStringLiteral("%1 has no entry %2; it has %3")
+                       .arg(quoted(feature), quoted(entry), entries.join(QStringLiteral(", "))));
     return false;
 }
 
 void ValueChecks::checkState(const QString& feature, const JsonNode& value,
                              const QString& situation)
 {
-    if (!camera.GetIsWritable(feature)) {
-        findings.add(
+    if (!m_camera.GetIsWritable(feature)) {
+        m_findings.add(
             Rules::NotWritableNow, value.at,
             QStringLiteral("%1 cannot be written at the moment%2; the plugin would skip it")
                 .arg(quoted(feature), situation));
         return;
     }
-    if (camera.GetDataType(feature) == ZalFeatureEnum &&
-        !camera.GetIsFeatureValueAvailable(feature, value.text))
-        findings.add(Rules::UnavailableEntry, value.at,
-                     QStringLiteral("%1 does not take %2 at the moment%3")
-                         .arg(quoted(feature), quoted(value.text), situation));
+    if (m_camera.GetDataType(feature) == ZalFeatureEnum &&
+        !m_camera.GetIsFeatureValueAvailable(feature, value.text))
+        m_findings.add(Rules::UnavailableEntry, value.at,
+                       QStringLiteral("%1 does not take %2 at the moment%3")
+                           .arg(quoted(feature), quoted(value.text), situation));
     checkLimits(feature, value, situation);
 }
 
 void ValueChecks::checkLimits(const QString& feature, const JsonNode& value,
                               const QString& situation)
 {
-    const ZalFeatureDataType type = camera.GetDataType(feature);
+    const ZalFeatureDataType type = m_camera.GetDataType(feature);
     const bool isNumeric = type == ZalFeatureInteger || type == ZalFeatureFloat;
-    if (isNumeric && isNumber(value) && camera.GetIsWritable(feature))
+    if (isNumeric && isNumber(value) && m_camera.GetIsWritable(feature))
         checkNumber(feature, value, situation);
 }
 
@@ -165,25 +163,25 @@ void ValueChecks::checkNumber(const QString& feature, const JsonNode& value,
     double min = 0.0;
     double max = 0.0;
     double step = 0.0;
-    camera.GetValueRangeIncrement(feature, &min, &max, &step);
+    m_camera.GetValueRangeIncrement(feature, &min, &max, &step);
     const double number = value.text.toDouble();
     if (number < min || number > max) {
-        findings.add(Rules::OutOfRange, value.at,
-                     QStringLiteral("%1 takes %2 to %3%4; the plugin would write %5")
-                         .arg(quoted(feature), shown(min), shown(max), situation,
-                              shown(number < min ? min : max)));
+        m_findings.add(Rules::OutOfRange, value.at,
+                       QStringLiteral("%1 takes %2 to %3%4; the plugin would write %5")
+                           .arg(quoted(feature), shown(min), shown(max), situation,
+                                shown(number < min ? min : max)));
         return;
     }
     // A float without an increment takes any number; the manager makes one up for spin boxes.
-    const bool isInteger = camera.GetDataType(feature) == ZalFeatureInteger;
-    if (!isInteger && camera.GetIncrement(feature) <= 0.0)
+    const bool isInteger = m_camera.GetDataType(feature) == ZalFeatureInteger;
+    if (!isInteger && m_camera.GetIncrement(feature) <= 0.0)
         return;
     // The plugin counts an integer's steps from zero, the camera from its minimum.
     const bool fits = isMultiple(number - min, step) && (!isInteger || isMultiple(number, step));
     if (!fits)
-        findings.add(Rules::OffIncrement, value.at,
-                     QStringLiteral("%1 takes steps of %2%3, which %4 is not on")
-                         .arg(quoted(feature), shown(step), situation, shown(number)));
+        m_findings.add(Rules::OffIncrement, value.at,
+                       QStringLiteral("%1 takes steps of %2%3, which %4 is not on")
+                           .arg(quoted(feature), shown(step), situation, shown(number)));
 }
 
 } // namespace PresetCheck

@@ -1,12 +1,16 @@
+#include "features/FeatureManager.h"
 #include "sdk/simulator/SimulatedCamera.h"
 #include "tools/presetcheck/CommandLine.h"
 #include "tools/presetcheck/Output.h"
+#include "tools/presetcheck/PresetCheck.h"
 #include "trigger/PresetFile.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <cstdio>
+#include <memory>
+#include <utility>
 
 using namespace PresetCheck;
 
@@ -31,12 +35,46 @@ QStringList modelNames()
     return names;
 }
 
-/// The reports of those files that can be read; complains about the others.
-std::vector<Report> checkFiles(const QStringList& files, const CheckCamera* camera)
+QSharedPointer<QVector<ZalFeatureWrapperPtr>> wrappersOf(const ZalCPP::Camera& camera)
+{
+    auto wrappers = QSharedPointer<QVector<ZalFeatureWrapperPtr>>::create();
+    const ZalCPP::FeatureList features = camera.Features();
+    for (const ZalCPP::FeaturePtr& feature : *features)
+        wrappers->append(std::make_shared<ZalFeatureWrapper>(feature));
+    return wrappers;
+}
+
+/// An open camera behind the plugin's own access to features.
+class OpenCamera
+{
+public:
+    explicit OpenCamera(std::shared_ptr<ZalCPP::Camera> camera)
+        : m_camera(std::move(camera)), m_features(wrappersOf(*m_camera))
+    {
+    }
+
+    const FeatureManager& features() const { return m_features; }
+    bool isLost() const { return m_camera->IsLost(); }
+
+    /// Vendor, model and serial number.
+    QString name() const
+    {
+        const ZalCPP::CameraInfo& info = m_camera->Info();
+        return QString::fromStdString(info.vendor + ' ' + info.model + ' ' + info.serial)
+            .simplified();
+    }
+
+private:
+    const std::shared_ptr<ZalCPP::Camera> m_camera;
+    const FeatureManager m_features;
+};
+
+/// The reports on the files that can be read; complains about the others.
+std::vector<Report> checkFiles(const QStringList& files, const OpenCamera* camera)
 {
     std::vector<Report> reports;
     for (const QString& name : files) {
-        const PresetFile::Bytes file = PresetFile::Read(name);
+        const PresetFile::Bytes file = PresetFile::read(name);
         if (!file.error.isEmpty()) {
             complain(QStringLiteral("%1: %2").arg(name, file.error));
             continue;
@@ -56,7 +94,7 @@ int exitCodeOf(const std::vector<Report>& reports)
     return ExitClean;
 }
 
-bool followed(const std::vector<Report>& reports, const CheckCamera& camera)
+bool followed(const std::vector<Report>& reports, const OpenCamera& camera)
 {
     bool all = !camera.isLost();
     for (const Report& report : reports)
@@ -66,12 +104,13 @@ bool followed(const std::vector<Report>& reports, const CheckCamera& camera)
 
 int check(const CommandLine& line)
 {
-    std::unique_ptr<CheckCamera> camera;
-    QString error;
-    if (line.camera.kind != CameraChoice::Kind::None) {
-        camera = CheckCamera::open(line.camera, error);
-        if (!camera)
-            return complain(error);
+    std::unique_ptr<OpenCamera> camera;
+    if (line.camera) {
+        std::string error;
+        std::shared_ptr<ZalCPP::Camera> opened = Cameras::open(*line.camera, error);
+        if (!opened)
+            return complain(QString::fromStdString(error));
+        camera = std::make_unique<OpenCamera>(std::move(opened));
     }
     const std::vector<Report> reports = checkFiles(line.files, camera.get());
     print(line.json ? asJson(reports, camera ? camera->name() : QString()) : asText(reports));
@@ -87,7 +126,7 @@ int check(const CommandLine& line)
 int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
-    // What a lost camera means for each single access is noise here.
+    // After a camera is lost, one line for each failed access would be noise.
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
     const CommandLine line = readCommandLine(QCoreApplication::arguments(), modelNames());
     switch (line.action) {
