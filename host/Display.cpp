@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr char PLATFORM[] = "QT_QPA_PLATFORM";
+constexpr char PlatformVariable[] = "QT_QPA_PLATFORM";
 // Enough for a display at the other end of a slow network.
-constexpr unsigned PATIENCE_S = 20;
+constexpr unsigned PatienceSeconds = 20;
 
 void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
 {
@@ -30,7 +30,7 @@ void setAlarm()
     ::sigemptyset(&alarms);
     ::sigaddset(&alarms, SIGALRM);
     ::sigprocmask(SIG_UNBLOCK, &alarms, nullptr);
-    ::alarm(PATIENCE_S);
+    ::alarm(PatienceSeconds);
 }
 
 /// The part of the child: ends the process with 0 when Qt can connect to the display.
@@ -65,7 +65,7 @@ bool isUsable()
 QStringList namedDisplays()
 {
     QStringList named;
-    for (const char* variable : {PLATFORM, "DISPLAY", "WAYLAND_DISPLAY"}) {
+    for (const char* variable : {PlatformVariable, "DISPLAY", "WAYLAND_DISPLAY"}) {
         if (!qEnvironmentVariableIsEmpty(variable))
             named.append(QString::fromLatin1(variable) + '=' + qEnvironmentVariable(variable));
     }
@@ -79,9 +79,9 @@ bool Display::prepare(const ViewerOptions& options)
     if (isUsable())
         return true;
     // Who names a platform wants no other one.
-    if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PLATFORM))
+    if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PlatformVariable))
         return false;
-    qputenv(PLATFORM, "offscreen");
+    qputenv(PlatformVariable, "offscreen");
     return true;
 }
 

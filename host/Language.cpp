@@ -9,17 +9,17 @@
 
 namespace {
 
-constexpr char OPTION[] = "--language";
-constexpr std::size_t OPTION_LENGTH = sizeof OPTION - 1;
+constexpr char Option[] = "--language";
+constexpr std::size_t OptionLength = sizeof Option - 1;
 
 /// The value of the last --language, in either of its two forms; empty when there is none.
 QByteArray languageArgument(int argc, const char* const* argv)
 {
     QByteArray language;
     for (int i = 1; i < argc && qstrcmp(argv[i], "--") != 0; ++i) {
-        if (qstrncmp(argv[i], OPTION, OPTION_LENGTH) != 0)
+        if (qstrncmp(argv[i], Option, OptionLength) != 0)
             continue;
-        const char* rest = argv[i] + OPTION_LENGTH;
+        const char* rest = argv[i] + OptionLength;
         if (*rest == '=')
             language = rest + 1;
         else if (*rest == '\0' && i + 1 < argc)

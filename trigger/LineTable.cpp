@@ -16,7 +16,7 @@
 
 #include <array>
 
-static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
+static const QString LineSelector = QStringLiteral("LineSelector");
 
 using NumberInput::UnknownLimit;
 
@@ -48,13 +48,13 @@ constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
 
 /// A table without place for the debounce columns has the first ones only.
-int ShownColumns(const QTableWidget& table)
+int shownColumns(const QTableWidget& table)
 {
     return table.columnCount() > BasicColumns ? AllColumns : BasicColumns;
 }
 
 /// A picture does not look by itself for the dense one beside it.
-QPixmap LedImage(const QWidget& shownOn)
+QPixmap ledImage(const QWidget& shownOn)
 {
     return QPixmap(shownOn.devicePixelRatioF() > 1.0
                        ? QStringLiteral(":/AdvTriggerWidget/ledon@2x.png")
@@ -62,7 +62,7 @@ QPixmap LedImage(const QWidget& shownOn)
 }
 
 /// What the column's header says, in one line.
-QString HeaderText(const QTableWidget& table, int column, const QString& otherwise)
+QString headerText(const QTableWidget& table, int column, const QString& otherwise)
 {
     const QTableWidgetItem* header = table.horizontalHeaderItem(column);
     return header ? header->text().simplified() : otherwise;
@@ -90,7 +90,7 @@ const LineTable::Column& LineTable::columnAt(int column)
 
 void LineTable::build(QTableWidget& table) const
 {
-    const QStringList lines = m_features.GetAvailableEnumEntries(LINE_SELECTOR);
+    const QStringList lines = m_features.GetAvailableEnumEntries(LineSelector);
     table.setRowCount(lines.size());
     table.setVerticalHeaderLabels(lines);
     table.setAccessibleName(tr("I/O lines"));
@@ -109,10 +109,10 @@ void LineTable::build(QTableWidget& table) const
 QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
 {
     // After a write that got lost, the camera may tell the values of another line.
-    if (m_features.TrySetValue(LINE_SELECTOR, line).unanswered)
-        m_features.SetValue(LINE_SELECTOR, line);
+    if (m_features.trySetValue(LineSelector, line).unanswered)
+        m_features.SetValue(LineSelector, line);
     QList<int> unavailable;
-    for (int i = 0; i < ShownColumns(table); ++i) {
+    for (int i = 0; i < shownColumns(table); ++i) {
         const Column& column = columnAt(i);
         const QString feature = QLatin1String(column.feature);
         if (m_features.GetIsFeatureAvailable(feature)) {
@@ -152,7 +152,7 @@ void LineTable::buildLed(const Cell& cell) const
     auto* led = new QLabel(&cell.table);
     led->setObjectName(cell.objectName);
     led->setAlignment(Qt::AlignCenter);
-    led->setPixmap(LedImage(m_form.widget));
+    led->setPixmap(ledImage(m_form.widget));
     WidgetTable::place(cell.table, cell.row, cell.column, *led, *led);
     showLed(*led, cell.feature);
     m_form.filterEventsOf(*led);
@@ -187,7 +187,7 @@ void LineTable::placeEditor(const Cell& cell, QWidget& editor, QWidget& placed, 
 void LineTable::nameEditor(const Cell& cell, QWidget& editor)
 {
     const QString line = cell.table.verticalHeaderItem(cell.row)->text();
-    const QString setting = HeaderText(cell.table, cell.column, cell.feature);
+    const QString setting = headerText(cell.table, cell.column, cell.feature);
     const QString name = tr("%1, %2", "line, setting").arg(line, setting);
     editor.setAccessibleName(name);
     // Where the desktop is X11 or Wayland, Qt calls a combo box by its choice instead.
@@ -197,18 +197,18 @@ void LineTable::nameEditor(const Cell& cell, QWidget& editor)
 
 void LineTable::refresh(const QTableWidget& table, const QStringList& changedFeatures) const
 {
-    const QString selected = m_features.GetWritableEnumValue(LINE_SELECTOR);
+    const QString selected = m_features.GetWritableEnumValue(LineSelector);
     for (int row = 0; row < table.rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
         // After a write that got lost, the camera may tell the values of another line.
-        const bool isLost = m_features.TrySetValue(LINE_SELECTOR, line).unanswered;
+        const bool isLost = m_features.trySetValue(LineSelector, line).unanswered;
         const Answer<QString> addressed =
-            isLost ? m_features.AskStringValue(LINE_SELECTOR) : Answer<QString>{line};
+            isLost ? m_features.askStringValue(LineSelector) : Answer<QString>{line};
         if (addressed.isMissing() || addressed.value == line)
-            refreshRow(line, ShownColumns(table), changedFeatures);
+            refreshRow(line, shownColumns(table), changedFeatures);
     }
-    m_features.SetValue(LINE_SELECTOR, selected);
+    m_features.SetValue(LineSelector, selected);
 }
 
 void LineTable::refreshRow(const QString& line, int columnCount,
@@ -246,7 +246,7 @@ void LineTable::showLed(QWidget& widget, const QString& feature) const
 {
     const bool high = m_features.GetValue(feature) != 0.0;
     widget.setEnabled(high);
-    const QString line = BoundFeatureName(widget.objectName()).chopped(feature.size() + 1);
+    const QString line = boundFeatureName(widget.objectName()).chopped(feature.size() + 1);
     const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
     if (widget.accessibleName() == name)
         return;
@@ -285,8 +285,8 @@ QString LineTable::selectLineOf(const QString& objectName) const
         qWarning("Error: cannot parse object name of a table cell widget.");
         return QString();
     }
-    const QString line = BoundFeatureName(parts[0]);
-    return m_features.SetValue(LINE_SELECTOR, line) == line ? parts[1] : QString();
+    const QString line = boundFeatureName(parts[0]);
+    return m_features.SetValue(LineSelector, line) == line ? parts[1] : QString();
 }
 
 /// As for a widget of the form, with the feature of the cell; without one nothing happens.
@@ -294,7 +294,7 @@ template <class Widget, class Edit> void LineTable::edit(QObject* sender, const 
 {
     const QString feature = sender ? selectLineOf(sender->objectName()) : QString();
     if (!feature.isEmpty())
-        EditBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
+        editBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
 }
 
 void LineTable::editComboBox(QObject* sender, const QString& text) const

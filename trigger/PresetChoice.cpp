@@ -102,7 +102,7 @@ bool PresetChoice::applyOne(const QPointer<QComboBox>& presets, int index)
     const QPointer<QWidget> form(&m_form);
     const QString chosen = presets->currentText();
     PresetRunner runner(m_features);
-    const QString errors = runner.Run(planAt(*presets, index));
+    const QString errors = runner.run(planAt(*presets, index));
     if (!errors.isEmpty())
         showErrors(chosen, errors);
     if (!form)
@@ -110,7 +110,7 @@ bool PresetChoice::applyOne(const QPointer<QComboBox>& presets, int index)
     const QString astray = resetOverview();
     if (!astray.isEmpty())
         showErrors(chosen, astray);
-    return form && presets && astray.isEmpty() && !runner.LeftSelectorAstray();
+    return form && presets && astray.isEmpty() && !runner.leftSelectorAstray();
 }
 
 /// The overview steps selectors: a line for each that the camera did not put back.
@@ -119,7 +119,7 @@ QString PresetChoice::resetOverview() const
     const QMap<QString, QString> astray = m_resetOverview();
     QString errors;
     for (auto it = astray.begin(); it != astray.end(); ++it)
-        errors += PresetRunner::ErrorLine(it.key(), it.value());
+        errors += PresetRunner::errorLine(it.key(), it.value());
     return errors;
 }
 
