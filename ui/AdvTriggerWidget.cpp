@@ -4,7 +4,7 @@
 #include "plugin/TabExtensionException.h"
 #include "ui/AdvTriggerDialog.h"
 #include "ui/EntryWidth.h"
-#include "ui/HintRoom.h"
+#include "ui/Hints.h"
 #include "ui/SettingsTreeModel.h"
 #include "ui_AdvTriggerWidget.h"
 
@@ -56,7 +56,7 @@ AdvTriggerWidget::AdvTriggerWidget(const ZalCPP::FeatureList& features, QWidget*
     nameForAccessibility();
     m_form->setupUi(this);
     exemptFreeWidgets();
-    keepRoomOf(*m_form->lbl_notAcquireHint);
+    Hints::keepRoomOf(*m_form->lbl_notAcquireHint);
     m_form->lbl_notAcquireHint->hide();
     installTranslator();
 }
@@ -151,9 +151,7 @@ void AdvTriggerWidget::SetCustomPreset()
 
 void AdvTriggerWidget::updateColoredControls()
 {
-    static const QString lightBlue = QStringLiteral("color: rgba(56,111,251,255);");
-    static const QString darkBlue = QStringLiteral("color: rgba(50,95,201,255);");
-    m_form->lbl_notAcquireHint->setStyleSheet(isDarkMode() ? lightBlue : darkBlue);
+    Hints::colour(*m_form->lbl_notAcquireHint, isDarkMode());
 }
 
 void AdvTriggerWidget::camIsStreaming(bool streamingIsOn)
