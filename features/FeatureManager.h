@@ -162,7 +162,7 @@ public:
     /// Names of the features that this selector governs, in the camera's order.
     virtual QStringList GetSelectedFeatures(const QString& name) const;
     virtual ZalFeatureDataType GetDataType(const QString& name) const;
-    /// The camera's hint how to show a number, for example "HexNumber".
+    /// The camera's hint on how to show a number, for example "HexNumber".
     virtual QString GetRepresentation(const QString& name) const;
     /// What the feature is, as HTML for a tool tip: show it through RichText::forToolTip().
     virtual QString GetInformation(const QString& name) const;
@@ -177,7 +177,7 @@ public:
     Answer<QString> askStringValue(const QString& name) const;
     /// All entries, in the camera's order.
     Answer<QVector<OfferedEntry>> askEnumEntries(const QString& name) const;
-    /// As of GetValueRange().
+    /// The limits as GetValueRange() gives them.
     Answer<FeatureRange> askRange(const QString& name) const;
     /// As SetValue(), but writes nothing that rests on an answer that did not come.
     Written<double> trySetValue(const QString& name, double value) const;

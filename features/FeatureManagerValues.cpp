@@ -17,7 +17,7 @@ struct Limits
     double max = -1.0;
     double increment = -1.0;
     bool numeric = false;
-    /// Of the questions for the limits, one without an answer first of all.
+    /// Of the questions about the limits; one that was not answered comes first.
     ZalErrorType status = ZalErrorSuccess;
 };
 

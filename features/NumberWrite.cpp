@@ -67,7 +67,7 @@ std::optional<double> NumberWrite::writeFloat(double value)
 }
 
 /// A refused float is tried once more: what the camera holds now, reduced to a multiple of the
-/// increment. A lost one has not been refused; it is repeated as it is.
+/// increment. A write that got lost was not refused; it is repeated unchanged.
 ZalErrorType NumberWrite::attemptFloat(double requested)
 {
     const ZalErrorType status = noted(m_feature->SetValue(requested));

@@ -15,7 +15,7 @@ constexpr QSize SmallestWindow(640, 480);
 constexpr QSize LargestWindow(7680, 4320);
 
 /// The command line as a table of options, and the checks that the table cannot express. Each
-/// check returns a sentence when it finds fault.
+/// check returns a sentence about what is wrong, or nothing.
 class Reader
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)

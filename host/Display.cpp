@@ -22,7 +22,7 @@ void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
         ::_exit(1);
 }
 
-/// Whoever started the program may have made it deaf to alarms.
+/// The program may have been started with alarms ignored or blocked.
 void setAlarm()
 {
     std::signal(SIGALRM, SIG_DFL);
@@ -45,11 +45,10 @@ void setAlarm()
     ::_exit(0);
 }
 
-/// Qt does not tell whether it can use a display, it ends the process when it cannot: a child finds
-/// out.
+/// Qt ends the process when it cannot use a display, so a child process tries it.
 bool isUsable()
 {
-    std::signal(SIGCHLD, SIG_DFL); // Otherwise nothing may be left to wait for.
+    std::signal(SIGCHLD, SIG_DFL); // Ignored, it would leave nothing to wait for.
     const pid_t child = ::fork();
     if (child == 0)
         tryDisplay();
@@ -78,7 +77,7 @@ bool Display::prepare(const ViewerOptions& options)
 {
     if (isUsable())
         return true;
-    // Who names a platform wants no other one.
+    // A platform that the user named is not replaced.
     if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PlatformVariable))
         return false;
     qputenv(PlatformVariable, "offscreen");

@@ -8,8 +8,8 @@
 
 namespace {
 
-// Room for a form of 517 pixels and some more, wider with a large font, and never less than a
-// usable one.
+// Room for a form of 517 pixels with some to spare, wider with a large font, and never too narrow
+// to use.
 constexpr int PreferredWidth = 540;
 constexpr int PreferredWidthInLines = 33; // As wide as that many lines of text are high.
 constexpr int SmallestWidth = 374;

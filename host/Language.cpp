@@ -28,7 +28,7 @@ QByteArray languageArgument(int argc, const char* const* argv)
     return language;
 }
 
-/// LANGUAGE counts only beside a locale that speaks a language at all.
+/// LANGUAGE has no effect in a locale without a language.
 void leaveSilentLocale()
 {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -58,8 +58,8 @@ QStringList Language::codes()
     return {"de", "en", "es", "fr", "ja", "zh"};
 }
 
-// Tab extensions ask for the system's language, not for the application's. Qt takes that one from
-// the environment; LANGUAGE is the variable that leaves the character encoding alone.
+// Tab extensions ask for the system's language, not for the application's. Qt takes it from the
+// environment, where LANGUAGE is the variable that leaves the character encoding alone.
 void Language::choose(int argc, const char* const* argv)
 {
     const QString language = QString::fromLatin1(languageArgument(argc, argv));

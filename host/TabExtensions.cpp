@@ -92,8 +92,8 @@ private:
         m_result.page = std::move(page);
     }
 
-    /// Tabs choose their colours when they are told of a palette change, which nobody has made
-    /// since they were built.
+    /// Tabs choose their colours when the palette changes, which it has not done since they were
+    /// built.
     static void announcePalette(QWidget& container)
     {
         const auto tabs = container.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);

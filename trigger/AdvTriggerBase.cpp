@@ -38,7 +38,7 @@ AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* par
     for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
                                 "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
         addKnownFeature(QString::fromLatin1(feature));
-    // Pictures in a static library are there only for whoever asks for them.
+    // The resources of a static library are registered only on request.
     Q_INIT_RESOURCE(advtrigger);
     m_settingsModel = new SettingsTreeModel(m_featureManager, this);
     m_binding = std::make_unique<FormBinding>(*m_featureManager, BoundForm{*this, addKnownFeature});

@@ -136,7 +136,7 @@ void FormBinding::bind(QSpinBox& box, const QString& feature) const
     box.setFocusPolicy(Qt::StrongFocus);
     m_form.filterEventsOf(box);
     m_form.addFeature(feature);
-    // Asked first, unlike above: the sequence of camera calls is a defined one.
+    // Asked first, unlike above, because the order of the camera calls is defined.
     box.setEnabled(m_features.GetIsWritable(feature));
     show(box, feature);
     m_form.connectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
@@ -286,9 +286,9 @@ QVariant FormBinding::refreshLineEdit(QLineEdit& edit, const QString& feature) c
     return *text;
 }
 
-/// A camera that did not tell the limits when the form was bound, or whether there are any, may do
-/// so by now. Limits that are not known, or of a text that was taken for a number, would let
-/// nothing be typed; without any, what is no number would be written as 0.
+/// A camera that told no limits when the form was bound may tell them by now. Unknown limits, or
+/// those of a text that was taken for a number, would let nothing be typed; without a validator, a
+/// text that is no number would be written as 0.
 void FormBinding::limitLate(QLineEdit& edit, const QString& feature) const
 {
     const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());

@@ -47,13 +47,13 @@ namespace {
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
 
-/// A table without place for the debounce columns has the first ones only.
+/// A table without room for the debounce columns has only the first ones.
 int shownColumns(const QTableWidget& table)
 {
     return table.columnCount() > BasicColumns ? AllColumns : BasicColumns;
 }
 
-/// A picture does not look by itself for the dense one beside it.
+/// A pixmap does not choose the file for dense screens by itself.
 QPixmap ledImage(const QWidget& shownOn)
 {
     return QPixmap(shownOn.devicePixelRatioF() > 1.0
@@ -94,7 +94,7 @@ void LineTable::build(QTableWidget& table) const
     table.setRowCount(lines.size());
     table.setVerticalHeaderLabels(lines);
     table.setAccessibleName(tr("I/O lines"));
-    // Nothing lies behind the cells' widgets that could be typed into.
+    // The cells hold widgets; there is nothing behind them to type into.
     table.setEditTriggers(QAbstractItemView::NoEditTriggers);
     QList<int> hidden;
     for (int row = 0; row < lines.size(); ++row)
@@ -105,7 +105,7 @@ void LineTable::build(QTableWidget& table) const
     WidgetTable::fitToContents(table);
 }
 
-/// The columns that this line has no use for.
+/// Returns the columns whose features the camera lacks.
 QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
 {
     // After a write that got lost, the camera may tell the values of another line.
@@ -162,7 +162,7 @@ void LineTable::buildSpinBox(const Cell& cell) const
 {
     constexpr int decimals = 6;
     auto* box = new QDoubleSpinBox(&cell.table);
-    // First of all: a range is rounded to the decimals there are.
+    // First, because a range is rounded to the decimals of the box.
     box->setDecimals(decimals);
     box->setRange(UnknownLimit, UnknownLimit);
     showSpinBox(*box, cell.feature);
@@ -183,14 +183,14 @@ void LineTable::placeEditor(const Cell& cell, QWidget& editor, QWidget& placed, 
     m_form.connectEdits(editor, signal, slot);
 }
 
-/// What tells this editor from the others of its kind is where it stands.
+/// Only its place tells this editor from the others of its kind.
 void LineTable::nameEditor(const Cell& cell, QWidget& editor)
 {
     const QString line = cell.table.verticalHeaderItem(cell.row)->text();
     const QString setting = headerText(cell.table, cell.column, cell.feature);
     const QString name = tr("%1, %2", "line, setting").arg(line, setting);
     editor.setAccessibleName(name);
-    // Where the desktop is X11 or Wayland, Qt calls a combo box by its choice instead.
+    // On X11 and Wayland, Qt announces a combo box by its current entry instead.
     if (qobject_cast<QComboBox*>(&editor))
         editor.setAccessibleDescription(name);
 }
@@ -240,8 +240,8 @@ void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
     widget.setEnabled(m_features.GetIsWritable(feature));
 }
 
-/// A lamp is lit while it is enabled; disabled, the style greys it. Its name says it to those who
-/// cannot see it, and is set only where it changes: each time it is set, it is announced.
+/// The lamp is lit while it is enabled; disabled, the style greys it. Its name says the same to
+/// those who cannot see it, and is set only when it changes, because each setting is announced.
 void LineTable::showLed(QWidget& widget, const QString& feature) const
 {
     const bool high = m_features.GetValue(feature) != 0.0;
@@ -259,7 +259,7 @@ void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
     auto& box = static_cast<QDoubleSpinBox&>(widget);
     {
         const TypedText::Keeper typed(box);
-        // Fitted to an increment, an unknown maximum does not stay what it was.
+        // Only the minimum tells: an unknown maximum changes when it is fitted to an increment.
         if (box.minimum() == UnknownLimit)
             limitSpinBox(box, feature);
         box.setValue(m_features.GetValue(feature));

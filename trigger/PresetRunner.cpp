@@ -31,7 +31,7 @@ QString PresetRunner::runForEveryEntry(const PresetFile::Step& step)
     Answer<QString> lastEntry{step.lastEntry};
     if (!step.namesLastEntry)
         lastEntry = m_features.askStringValue(step.feature);
-    // Without the way back the feature had better stay where it is.
+    // Without knowing the way back, leave the feature where it is.
     if (lastEntry.isMissing())
         return errorLine(step.feature, step.value);
     QString errors;
@@ -46,8 +46,8 @@ QString PresetRunner::runForEveryEntry(const PresetFile::Step& step)
     return errors + putBack(step.feature, lastEntry.value);
 }
 
-/// A refusal is no news: the entry was, or was not, reached on the way. A write that got lost
-/// leaves another entry selected than anybody expects, and is worth another attempt.
+/// A refusal is not reported again: stepping through the entries has shown it. A write that got
+/// lost leaves an entry selected that nobody expects, and is worth another attempt.
 QString PresetRunner::putBack(const QString& feature, const QString& entry)
 {
     if (entry.isEmpty())
@@ -61,7 +61,7 @@ QString PresetRunner::putBack(const QString& feature, const QString& entry)
     return outcome.error;
 }
 
-/// What depends on a value that the camera did not take would end up under another one.
+/// Without the value, its dependents would be written under another one.
 QString PresetRunner::writeDependents(const PresetFile::Step& step,
                                       const QString& errorOfValue) const
 {
@@ -106,7 +106,7 @@ PresetRunner::Outcome PresetRunner::writeNumber(const QString& feature, const QV
     if (range.isMissing())
         return {errorLine(feature, value), true};
     const double requested = withinRange(value, range.value);
-    // "nan" in a file passes every limit, and cameras are not made for it.
+    // "nan" in a file passes every limit, and cameras do not expect it.
     if (std::isnan(requested))
         return {errorLine(feature, value, m_features.GetValue(feature))};
     return compared({feature, value, requested}, m_features.trySetValue(feature, requested));

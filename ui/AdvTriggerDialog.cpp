@@ -97,7 +97,7 @@ void AdvTriggerDialog::updateColoredControls()
     static const QString presetLight =
         QStringLiteral("background-color: rgba(192,220,243,255);border: 1px solid lightblue;");
 
-    // As readable as a value has to be, and still not like a field to type into.
+    // As readable as a value has to be, yet not like a field to type into.
     static const QString reported = QStringLiteral(
         "*[reportedValue=\"true\"]:disabled, *[reportedValue=\"true\"] QLineEdit:disabled "
         "{ color: %1 }");

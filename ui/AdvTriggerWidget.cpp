@@ -85,8 +85,8 @@ void AdvTriggerWidget::exemptFreeWidgets()
                     << QStringLiteral("chkTooltips");
 }
 
-// The texts above were translated by whoever installed a translator before: this one serves the
-// texts that are still to come.
+// The texts above were translated by translators installed earlier: this one serves the texts that
+// are still to come.
 void AdvTriggerWidget::installTranslator()
 {
     if (tr("Trigger IO").isEmpty())
@@ -175,7 +175,7 @@ void AdvTriggerWidget::OnClickAdvancedDialog()
     dialog->setWindowTitle(dialogTitle());
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* layout = new QVBoxLayout(dialog.get());
-    // The content's two frames come with margins enough; small screens have no room for more.
+    // The content's two frames have margins enough; small screens have no room for more.
     layout->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
     const int presetIndex = m_form->cmbSelectPreset->currentIndex();
     const WaitCursor wait(*this);

@@ -114,8 +114,8 @@ const QMap<QString, QString>& SettingsTreeModel::selectorsAstray() const
     return m_selectorsAstray;
 }
 
-/// Settings can only be read of the entry that is selected on the camera. Without the way back the
-/// selector had better stay where it is: presets go on from there.
+/// Only the settings of the entry selected on the camera can be read. Without knowing the way back,
+/// the selector stays where it is: presets go on from there.
 int SettingsTreeModel::appendActiveBranches(const QString& selector)
 {
     const QString status = BRANCHES.value(selector).second;
@@ -180,7 +180,7 @@ QString SettingsTreeModel::valueText(const QString& feature) const
     }
 }
 
-// The questions below are no alternatives: TriggerMode is a setting in its branch and also decides
+// These are not alternatives: TriggerMode is a setting in its branch and also decides
 // whether there is one.
 void SettingsTreeModel::OnFeatureChanged(const QString& featureName, const QVariant& value)
 {
@@ -240,8 +240,7 @@ void SettingsTreeModel::followStatus(const QString& selector, const QString& sta
 }
 
 /// A counter without a selector has no entry and is in use all the same; a selector without entry
-/// is one that cannot be read. On a camera that does not answer any more nothing can be found at
-/// all.
+/// is one that cannot be read. On a camera that no longer answers, nothing is found.
 bool SettingsTreeModel::hasNoSelector(const QString& selector) const
 {
     return !m_featureManager->GetIsFeatureAvailable(selector) &&
