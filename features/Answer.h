@@ -6,7 +6,7 @@
 
 /// Whether a question with this status was left unanswered by the camera. Any other failure is an
 /// answer: no.
-constexpr bool IsUnanswered(ZalErrorType status)
+constexpr bool isUnanswered(ZalErrorType status)
 {
     return status == ZalErrorTimeout || status == ZalErrorTransport || status == ZalErrorNotOpen;
 }
@@ -17,7 +17,7 @@ template <typename T> struct Answer
     T value = T(); ///< Neutral where the question failed, for whatever reason.
     ZalErrorType status = ZalErrorSuccess;
 
-    bool isMissing() const { return IsUnanswered(status); }
+    bool isMissing() const { return isUnanswered(status); }
 };
 
 /// What became of a write to the camera.

@@ -162,7 +162,7 @@ public:
     /// Names of the features that this selector governs, in the camera's order.
     virtual QStringList GetSelectedFeatures(const QString& name) const;
     virtual ZalFeatureDataType GetDataType(const QString& name) const;
-    /// The camera's hint how to show a number, for example "HexNumber".
+    /// The camera's hint on how to show a number, for example "HexNumber".
     virtual QString GetRepresentation(const QString& name) const;
     /// What the feature is, as HTML for a tool tip: show it through RichText::forToolTip().
     virtual QString GetInformation(const QString& name) const;
@@ -172,16 +172,16 @@ public:
     // For callers to whom "no" and "no answer" are not the same: questions and writes as above, by
     // one name, with what became of them. That there is no such feature counts as an answer, unless
     // a feature did not tell its name.
-    Answer<bool> AskIsWritable(const QString& name) const;
-    Answer<ZalFeatureDataType> AskDataType(const QString& name) const;
-    Answer<QString> AskStringValue(const QString& name) const;
+    Answer<bool> askIsWritable(const QString& name) const;
+    Answer<ZalFeatureDataType> askDataType(const QString& name) const;
+    Answer<QString> askStringValue(const QString& name) const;
     /// All entries, in the camera's order.
-    Answer<QVector<OfferedEntry>> AskEnumEntries(const QString& name) const;
-    /// As of GetValueRange().
-    Answer<FeatureRange> AskRange(const QString& name) const;
+    Answer<QVector<OfferedEntry>> askEnumEntries(const QString& name) const;
+    /// The limits as GetValueRange() gives them.
+    Answer<FeatureRange> askRange(const QString& name) const;
     /// As SetValue(), but writes nothing that rests on an answer that did not come.
-    Written<double> TrySetValue(const QString& name, double value) const;
-    Written<QString> TrySetValue(const QString& name, const QString& value) const;
+    Written<double> trySetValue(const QString& name, double value) const;
+    Written<QString> trySetValue(const QString& name, const QString& value) const;
 
     // Lookups: null when there is no such feature.
     ZalFeatureWrapperPtr GetFeatureByName(const std::string& name) const;
@@ -202,10 +202,10 @@ public:
     template <typename T> static void GetValue(ZalFeatureWrapperPtr wrapper, T* value);
 
 private:
-    Answer<ZalFeatureWrapperPtr> FindFeature(const std::string& name) const;
-    Answer<ZalFeatureWrapperPtr> FindFeature(const QString& name) const;
+    Answer<ZalFeatureWrapperPtr> findFeature(const std::string& name) const;
+    Answer<ZalFeatureWrapperPtr> findFeature(const QString& name) const;
 
-    QSharedPointer<QVector<ZalFeatureWrapperPtr>> wrappers;
+    QSharedPointer<QVector<ZalFeatureWrapperPtr>> m_wrappers;
 };
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): takes its own reference by contract.

@@ -27,7 +27,7 @@ QString descriptionPart(const ZalFeatureWrapperPtr& wrapper)
 
 QString visibilityText(const ZalFeatureWrapperPtr& wrapper)
 {
-    // A failed read shows as unknown: the status is of no interest.
+    // A failed read shows as unknown, so the status does not matter.
     ZalFeatureVisibilityType visibility = ZalFeatureVisibilityUnknown;
     wrapper->GetVisibility(visibility);
     switch (visibility) {
@@ -86,7 +86,7 @@ QString floatLimits(const ZalFeatureWrapperPtr& wrapper)
     QString text;
     double min = 0.0;
     double max = 0.0;
-    // 9 digits for the minimum and 12 for the maximum: the difference is meant.
+    // 9 digits for the minimum and 12 for the maximum: the difference is intended.
     if (wrapper->GetRange(min, max) == ZalErrorSuccess)
         text += rangeText("Float", QString::number(min, 'g', 9), QString::number(max, 'g', 12));
     double increment = 0.0;

@@ -19,17 +19,17 @@ Answer<QVector<OfferedEntry>> offeredEntries(ZalFeatureWrapper& feature)
 
 } // namespace
 
-FeatureManager::FeatureManager(const QSharedPointer<QVector<ZalFeatureWrapperPtr>>& sharedWrappers)
-    : wrappers(sharedWrappers)
+FeatureManager::FeatureManager(const QSharedPointer<QVector<ZalFeatureWrapperPtr>>& wrappers)
+    : m_wrappers(wrappers)
 {
 }
 
 FeatureManager::~FeatureManager() = default;
 
-Answer<ZalFeatureWrapperPtr> FeatureManager::FindFeature(const std::string& name) const
+Answer<ZalFeatureWrapperPtr> FeatureManager::findFeature(const std::string& name) const
 {
     // A copy, so that a change of the shared list during the walk does no harm.
-    const QVector<ZalFeatureWrapperPtr> snapshot = *wrappers;
+    const QVector<ZalFeatureWrapperPtr> snapshot = *m_wrappers;
     Answer<ZalFeatureWrapperPtr> result;
     for (const ZalFeatureWrapperPtr& wrapper : snapshot) {
         std::string found;
@@ -37,20 +37,20 @@ Answer<ZalFeatureWrapperPtr> FeatureManager::FindFeature(const std::string& name
         if (status == ZalErrorSuccess && found == name)
             return {wrapper, ZalErrorSuccess};
         // It may have been this one.
-        if (IsUnanswered(status))
+        if (isUnanswered(status))
             result.status = status;
     }
     return result;
 }
 
-Answer<ZalFeatureWrapperPtr> FeatureManager::FindFeature(const QString& name) const
+Answer<ZalFeatureWrapperPtr> FeatureManager::findFeature(const QString& name) const
 {
-    return FindFeature(name.toUtf8().toStdString());
+    return findFeature(name.toUtf8().toStdString());
 }
 
 ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const std::string& name) const
 {
-    return FindFeature(name).value;
+    return findFeature(name).value;
 }
 
 ZalFeatureWrapperPtr FeatureManager::GetFeatureByName(const QString& name) const
@@ -208,7 +208,7 @@ QStringList FeatureManager::GetSelectedFeatures(const QString& name) const
 
 QStringList FeatureManager::GetFeaturesList() const
 {
-    const QVector<ZalFeatureWrapperPtr> snapshot = *wrappers;
+    const QVector<ZalFeatureWrapperPtr> snapshot = *m_wrappers;
     QStringList names;
     for (const ZalFeatureWrapperPtr& wrapper : snapshot) {
         std::string name;
@@ -218,23 +218,23 @@ QStringList FeatureManager::GetFeaturesList() const
     return names;
 }
 
-Answer<bool> FeatureManager::AskIsWritable(const QString& name) const
+Answer<bool> FeatureManager::askIsWritable(const QString& name) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     return found.value ? Ask::isWritable(*found.value) : Answer<bool>{false, found.status};
 }
 
-Answer<ZalFeatureDataType> FeatureManager::AskDataType(const QString& name) const
+Answer<ZalFeatureDataType> FeatureManager::askDataType(const QString& name) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     if (!found.value)
         return {ZalFeatureUnknown, found.status};
     return Ask::dataType(*found.value);
 }
 
-Answer<QVector<OfferedEntry>> FeatureManager::AskEnumEntries(const QString& name) const
+Answer<QVector<OfferedEntry>> FeatureManager::askEnumEntries(const QString& name) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     if (!found.value)
         return {QVector<OfferedEntry>(), found.status};
     return offeredEntries(*found.value);

@@ -17,7 +17,7 @@ struct Limits
     double max = -1.0;
     double increment = -1.0;
     bool numeric = false;
-    /// Of the questions for the limits, one without an answer first of all.
+    /// Of the questions about the limits; one that was not answered comes first.
     ZalErrorType status = ZalErrorSuccess;
 };
 
@@ -270,24 +270,24 @@ bool FeatureManager::RunCommand(const QString& name) const
     return wrapper && wrapper->RunCommand() == ZalErrorSuccess;
 }
 
-Answer<QString> FeatureManager::AskStringValue(const QString& name) const
+Answer<QString> FeatureManager::askStringValue(const QString& name) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     return found.value ? Ask::text(*found.value) : Answer<QString>{QString(), found.status};
 }
 
-Answer<FeatureRange> FeatureManager::AskRange(const QString& name) const
+Answer<FeatureRange> FeatureManager::askRange(const QString& name) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     if (!found.value)
         return {FeatureRange(), found.status};
     const Limits limits = readLimits(*found.value);
     return {{limits.min, limits.max}, limits.status};
 }
 
-Written<double> FeatureManager::TrySetValue(const QString& name, double value) const
+Written<double> FeatureManager::trySetValue(const QString& name, double value) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     if (found.isMissing())
         return {std::nullopt, true};
     if (!found.value)
@@ -295,16 +295,16 @@ Written<double> FeatureManager::TrySetValue(const QString& name, double value) c
     return NumberWrite(found.value, name, NumberWrite::Silence::Ends).run(value);
 }
 
-Written<QString> FeatureManager::TrySetValue(const QString& name, const QString& value) const
+Written<QString> FeatureManager::trySetValue(const QString& name, const QString& value) const
 {
-    const Answer<ZalFeatureWrapperPtr> found = FindFeature(name);
+    const Answer<ZalFeatureWrapperPtr> found = findFeature(name);
     if (found.isMissing())
         return {std::nullopt, true};
     if (!found.value)
         return {QString(), false};
     const ZalErrorType status = found.value->SetValue(value.toUtf8().constData());
-    const Answer<QString> current = AskStringValue(name);
+    const Answer<QString> current = askStringValue(name);
     if (current.isMissing())
         return {std::nullopt, true};
-    return {current.value, IsUnanswered(status)};
+    return {current.value, isUnanswered(status)};
 }

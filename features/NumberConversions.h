@@ -9,7 +9,7 @@ namespace NumberConversions {
 
 namespace Detail {
 
-constexpr double twoTo64 = 18446744073709551616.0;
+constexpr double TwoTo64 = 18446744073709551616.0;
 
 /// `upperBound` is the smallest double above T's range: T's maximum itself has none for 64 bits.
 template <typename T> constexpr T saturate(double value, double upperBound)
@@ -40,10 +40,10 @@ constexpr int toInt(double value)
 /// integer holds, from 2^64 up, stays as it is.
 inline double truncateUnsigned(double quotient)
 {
-    if (quotient >= Detail::twoTo64)
+    if (quotient >= Detail::TwoTo64)
         return quotient;
     if (quotient <= -1.0)
-        return Detail::twoTo64 + std::trunc(quotient);
+        return Detail::TwoTo64 + std::trunc(quotient);
     return quotient >= 1.0 ? std::trunc(quotient) : 0.0;
 }
 

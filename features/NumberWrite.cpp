@@ -67,7 +67,7 @@ std::optional<double> NumberWrite::writeFloat(double value)
 }
 
 /// A refused float is tried once more: what the camera holds now, reduced to a multiple of the
-/// increment. A lost one has not been refused; it is repeated as it is.
+/// increment. A write that got lost was not refused; it is repeated unchanged.
 ZalErrorType NumberWrite::attemptFloat(double requested)
 {
     const ZalErrorType status = noted(m_feature->SetValue(requested));
@@ -76,7 +76,7 @@ ZalErrorType NumberWrite::attemptFloat(double requested)
         return status;
     const double step = Ask::increment<double>(*m_feature).value;
     const bool refused =
-        m_silence == Silence::CountsAsNeutral || !(IsUnanswered(status) || current.isMissing());
+        m_silence == Silence::CountsAsNeutral || !(isUnanswered(status) || current.isMissing());
     return noted(m_feature->SetValue(refused && step > 0.0
                                          ? NumberConversions::reduceToMultiple(current.value, step)
                                          : requested));
@@ -134,7 +134,7 @@ template <typename T> bool NumberWrite::mayGoOn(const Answer<T>& answer)
 
 ZalErrorType NumberWrite::noted(ZalErrorType status)
 {
-    m_unanswered = m_unanswered || IsUnanswered(status);
+    m_unanswered = m_unanswered || isUnanswered(status);
     return status;
 }
 

@@ -11,14 +11,14 @@
 
 namespace {
 
-/// What Qt's parser reads in a moment: its time grows with the square of the nesting.
+/// As much as Qt's parser reads quickly: its time grows with the square of the nesting.
 constexpr int LongestParsed = 1 << 14;
 constexpr int MostTagsParsed = 200;
 constexpr int LongestTag = 1 << 10;
 constexpr int LongestToolTip = 1 << 16;
 constexpr QLatin1Char Bracket('<');
 
-/// Tags and comments of which none can name a resource. No value holds an entity, and no style a
+/// Tags and comments that cannot name a resource: no value holds an entity, and no style a
 /// function, an escape or a rule.
 const QString FormattingTag = QStringLiteral(
     "(?:</?(?:a|address|b|big|blockquote|br|caption|center|cite|code|dd|dfn|div|dl|dt|em|font|"
@@ -29,8 +29,8 @@ const QString FormattingTag = QStringLiteral(
     "(?:\"[^\"<>&]*\"|'[^'<>&]*'|[\\w#%.-]+)|style=(?:\"[\\w #%:;,.-]*\"|'[\\w #%:;,.-]*')))*+"
     "\\s*/?>|<!--[^<>-]*-->)");
 
-/// What Qt's own parser asks for, which decides better than any other could. Nothing is laid out:
-/// that is what would open pictures past loadResource().
+/// Lets Qt's own parser say what it asks for: no other could judge better. Nothing is laid out,
+/// because the layout would open pictures without asking loadResource().
 class WatchedDocument : public QTextDocument
 {
 public:
@@ -62,7 +62,7 @@ bool isFormattingTag(const QString& tag)
     return formatting.match(tag).hasMatch();
 }
 
-/// The text with every bracket that does not open a tag of plain formatting as the text it is.
+/// The text with every bracket escaped that does not open a tag of plain formatting.
 QString formattingOnly(const QString& text)
 {
     QString result;

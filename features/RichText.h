@@ -14,7 +14,7 @@ namespace RichText {
 QString withoutResources(const QString& text);
 
 /// What a tooltip shows of a text: its first 64 K characters, without resources. Nobody reads more,
-/// and looking through millions of brackets holds the window for seconds.
+/// and looking through millions of brackets blocks the window for seconds.
 QString forToolTip(const QString& text);
 
 } // namespace RichText

@@ -92,7 +92,7 @@ public:
     UnregisterObserver(const std::shared_ptr<ZalCPP::IFeatureObserver>& observer);
 
 private:
-    const ZalCPP::FeaturePtr feature;
+    const ZalCPP::FeaturePtr m_feature;
 };
 
 /// Null means that the camera has no such feature.

@@ -11,39 +11,38 @@
 
 namespace {
 
-constexpr QSize SMALLEST_WINDOW(640, 480);
-constexpr QSize LARGEST_WINDOW(7680, 4320);
+constexpr QSize SmallestWindow(640, 480);
+constexpr QSize LargestWindow(7680, 4320);
 
 /// The command line as a table of options, and the checks that the table cannot express. Each
-/// check returns a sentence when it finds fault.
+/// check returns a sentence about what is wrong, or nothing.
 class Reader
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)
 
 public:
-    Reader(const QStringList& arguments, const QStringList& simulatedModels)
-        : models(simulatedModels)
+    Reader(const QStringList& arguments, const QStringList& models) : m_models(models)
     {
-        parser.setApplicationDescription(
+        m_parser.setApplicationDescription(
             tr("Shows a camera's live image, and the tab extensions that support the camera.\n"
                "Without --camera and --simulate it starts a simulated camera of its own."));
-        parser.addOptions({help, version, list, camera, simulate, acquire, plugins, screenshot,
-                           delay, size, palette, language});
-        understood = parser.parse(arguments);
+        m_parser.addOptions({m_help, m_version, m_list, m_camera, m_simulate, m_acquire, m_plugins,
+                             m_screenshot, m_delay, m_size, m_palette, m_language});
+        m_understood = m_parser.parse(arguments);
     }
 
     CommandLine result()
     {
         CommandLine line;
-        if (!understood) {
-            reject(line, sentence(parser.errorText()));
-        } else if (parser.isSet(help)) {
-            show(line, parser.helpText() + exitCodes());
-        } else if (parser.isSet(version)) {
+        if (!m_understood) {
+            reject(line, sentence(m_parser.errorText()));
+        } else if (m_parser.isSet(m_help)) {
+            show(line, m_parser.helpText() + exitCodes());
+        } else if (m_parser.isSet(m_version)) {
             show(line, QStringLiteral("ZalViewer " ZALVIEWER_VERSION));
         } else if (QString fault = readOptions(line.options); !fault.isEmpty()) {
             reject(line, fault);
-        } else if (parser.isSet(list)) {
+        } else if (m_parser.isSet(m_list)) {
             line.action = CommandLine::Action::ListCameras;
         }
         return line;
@@ -102,20 +101,20 @@ private:
 
     QString readRest(ViewerOptions&) const
     {
-        const QStringList rest = parser.positionalArguments();
+        const QStringList rest = m_parser.positionalArguments();
         return rest.isEmpty() ? QString() : tr("Unexpected argument \"%1\".").arg(rest.first());
     }
 
     QString readCamera(ViewerOptions& options) const
     {
-        if (parser.isSet(camera) && parser.isSet(simulate))
+        if (m_parser.isSet(m_camera) && m_parser.isSet(m_simulate))
             return tr("--camera and --simulate exclude each other.");
-        return parser.isSet(camera) ? readCameraId(options.camera) : readModel(options.camera);
+        return m_parser.isSet(m_camera) ? readCameraId(options.camera) : readModel(options.camera);
     }
 
     QString readCameraId(CameraChoice& choice) const
     {
-        choice.id = parser.value(camera);
+        choice.id = m_parser.value(m_camera);
         choice.kind = CameraChoice::Kind::ById;
         if (choice.id == QLatin1String("first")) {
             choice.id.clear();
@@ -128,21 +127,21 @@ private:
 
     QString readModel(CameraChoice& choice) const
     {
-        if (parser.isSet(simulate))
-            choice.model = parser.value(simulate);
-        if (models.contains(choice.model))
+        if (m_parser.isSet(m_simulate))
+            choice.model = m_parser.value(m_simulate);
+        if (m_models.contains(choice.model))
             return {};
         return tr("There is no simulated model \"%1\". Known models: %2.")
-            .arg(choice.model, models.join(QStringLiteral(", ")));
+            .arg(choice.model, m_models.join(QStringLiteral(", ")));
     }
 
     QString readAcquire(ViewerOptions& options) const
     {
         // A screenshot is meant to show an image.
-        options.acquire = parser.isSet(screenshot);
-        if (!parser.isSet(acquire))
+        options.acquire = m_parser.isSet(m_screenshot);
+        if (!m_parser.isSet(m_acquire))
             return {};
-        const QString value = parser.value(acquire);
+        const QString value = m_parser.value(m_acquire);
         options.acquire = value == QLatin1String("on");
         return options.acquire || value == QLatin1String("off")
                    ? QString()
@@ -151,54 +150,54 @@ private:
 
     QString readPlugins(ViewerOptions& options) const
     {
-        if (!parser.isSet(plugins))
+        if (!m_parser.isSet(m_plugins))
             return {};
-        const QFileInfo folder(parser.value(plugins));
+        const QFileInfo folder(m_parser.value(m_plugins));
         options.pluginFolder = folder.absoluteFilePath();
         return folder.isDir() ? QString() : tr("There is no folder \"%1\".").arg(folder.filePath());
     }
 
     QString readShot(ViewerOptions& options) const
     {
-        if (parser.isSet(screenshot)) {
-            if (parser.value(screenshot).isEmpty())
+        if (m_parser.isSet(m_screenshot)) {
+            if (m_parser.value(m_screenshot).isEmpty())
                 return tr("--screenshot needs the name of a file.");
-            options.screenshotFile = QFileInfo(parser.value(screenshot)).absoluteFilePath();
+            options.screenshotFile = QFileInfo(m_parser.value(m_screenshot)).absoluteFilePath();
         }
-        return parser.isSet(delay) ? readDelay(options) : QString();
+        return m_parser.isSet(m_delay) ? readDelay(options) : QString();
     }
 
     QString readDelay(ViewerOptions& options) const
     {
-        if (!parser.isSet(screenshot))
+        if (!m_parser.isSet(m_screenshot))
             return tr("--delay is for --screenshot only.");
         bool ok = false;
-        options.screenshotDelay = parser.value(delay).toInt(&ok);
+        options.screenshotDelay = m_parser.value(m_delay).toInt(&ok);
         return ok && options.screenshotDelay >= 0 && options.screenshotDelay <= 60000
                    ? QString()
                    : tr("--delay takes 0 to 60000 milliseconds, not \"%1\".")
-                         .arg(parser.value(delay));
+                         .arg(m_parser.value(m_delay));
     }
 
     QString readSize(ViewerOptions& options) const
     {
-        if (!parser.isSet(size))
+        if (!m_parser.isSet(m_size))
             return {};
         static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
-        const QRegularExpressionMatch match = pattern.match(parser.value(size));
+        const QRegularExpressionMatch match = pattern.match(m_parser.value(m_size));
         options.windowSize = QSize(match.captured(1).toInt(), match.captured(2).toInt());
-        const bool fits = options.windowSize.boundedTo(LARGEST_WINDOW) == options.windowSize &&
-                          options.windowSize.expandedTo(SMALLEST_WINDOW) == options.windowSize;
+        const bool fits = options.windowSize.boundedTo(LargestWindow) == options.windowSize &&
+                          options.windowSize.expandedTo(SmallestWindow) == options.windowSize;
         return fits ? QString()
                     : tr("--size takes a size from 640x480 to 7680x4320, not \"%1\".")
-                          .arg(parser.value(size));
+                          .arg(m_parser.value(m_size));
     }
 
     QString readPalette(ViewerOptions& options) const
     {
-        if (!parser.isSet(palette))
+        if (!m_parser.isSet(m_palette))
             return {};
-        options.palette = parser.value(palette);
+        options.palette = m_parser.value(m_palette);
         const bool known = QStringList{"light", "dark"}.contains(options.palette);
         return known
                    ? QString()
@@ -209,53 +208,53 @@ private:
     QString readLanguage(ViewerOptions&) const
     {
         const QStringList known = Language::codes();
-        if (!parser.isSet(language) || known.contains(parser.value(language)))
+        if (!m_parser.isSet(m_language) || known.contains(m_parser.value(m_language)))
             return {};
         return tr("--language takes one of %1, not \"%2\".")
-            .arg(known.join(QStringLiteral(", ")), parser.value(language));
+            .arg(known.join(QStringLiteral(", ")), m_parser.value(m_language));
     }
 
-    QStringList models;
-    QCommandLineParser parser;
-    bool understood = false;
+    QStringList m_models;
+    QCommandLineParser m_parser;
+    bool m_understood = false;
 
-    QCommandLineOption help{{"h", "help"}, tr("Show this help and exit.")};
-    QCommandLineOption version{{"v", "version"}, tr("Show the version and exit.")};
-    QCommandLineOption list{"list", tr("List the cameras that are found and exit.")};
-    QCommandLineOption camera{
+    QCommandLineOption m_help{{"h", "help"}, tr("Show this help and exit.")};
+    QCommandLineOption m_version{{"v", "version"}, tr("Show the version and exit.")};
+    QCommandLineOption m_list{"list", tr("List the cameras that are found and exit.")};
+    QCommandLineOption m_camera{
         "camera",
         tr("Open the camera with this id, serial number or network address, or the first "
            "one found (\"first\")."),
         "ID"};
-    QCommandLineOption simulate{
+    QCommandLineOption m_simulate{
         "simulate",
         tr("Start a simulated camera of this model and open it (default: full; known: %1).")
-            .arg(models.join(QStringLiteral(", "))),
+            .arg(m_models.join(QStringLiteral(", "))),
         "MODEL"};
-    QCommandLineOption acquire{
+    QCommandLineOption m_acquire{
         "acquire",
         tr("Acquire images from the start (\"on\") or not (\"off\"). Default: "
            "off, and on for a screenshot."),
         "on|off"};
-    QCommandLineOption plugins{
+    QCommandLineOption m_plugins{
         "plugins",
         tr("Load the tab extensions from this folder (default: plugins, beside the "
            "program)."),
         "DIR"};
-    QCommandLineOption screenshot{
+    QCommandLineOption m_screenshot{
         "screenshot",
         tr("Save the window as a PNG image once the tabs are filled and images arrive, and "
            "exit."),
         "FILE"};
-    QCommandLineOption delay{"delay", tr("Wait this long before the screenshot (default: 1500)."),
-                             "MS"};
-    QCommandLineOption size{"size", tr("Size of the window in pixels."), "WxH"};
-    QCommandLineOption palette{
+    QCommandLineOption m_delay{"delay", tr("Wait this long before the screenshot (default: 1500)."),
+                               "MS"};
+    QCommandLineOption m_size{"size", tr("Size of the window in pixels."), "WxH"};
+    QCommandLineOption m_palette{
         "palette", tr("Use this palette instead of the desktop's: light or dark."), "NAME"};
-    QCommandLineOption language{"language",
-                                tr("Speak this language instead of the desktop's: %1.")
-                                    .arg(Language::codes().join(QStringLiteral(", "))),
-                                "LANG"};
+    QCommandLineOption m_language{"language",
+                                  tr("Speak this language instead of the desktop's: %1.")
+                                      .arg(Language::codes().join(QStringLiteral(", "))),
+                                  "LANG"};
 };
 
 } // namespace

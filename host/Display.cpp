@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr char PLATFORM[] = "QT_QPA_PLATFORM";
+constexpr char PlatformVariable[] = "QT_QPA_PLATFORM";
 // Enough for a display at the other end of a slow network.
-constexpr unsigned PATIENCE_S = 20;
+constexpr unsigned PatienceSeconds = 20;
 
 void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
 {
@@ -22,7 +22,7 @@ void endQuietly(QtMsgType type, const QMessageLogContext&, const QString&)
         ::_exit(1);
 }
 
-/// Whoever started the program may have made it deaf to alarms.
+/// The program may have been started with alarms ignored or blocked.
 void setAlarm()
 {
     std::signal(SIGALRM, SIG_DFL);
@@ -30,7 +30,7 @@ void setAlarm()
     ::sigemptyset(&alarms);
     ::sigaddset(&alarms, SIGALRM);
     ::sigprocmask(SIG_UNBLOCK, &alarms, nullptr);
-    ::alarm(PATIENCE_S);
+    ::alarm(PatienceSeconds);
 }
 
 /// The part of the child: ends the process with 0 when Qt can connect to the display.
@@ -45,11 +45,10 @@ void setAlarm()
     ::_exit(0);
 }
 
-/// Qt does not tell whether it can use a display, it ends the process when it cannot: a child finds
-/// out.
+/// Qt ends the process when it cannot use a display, so a child process tries it.
 bool isUsable()
 {
-    std::signal(SIGCHLD, SIG_DFL); // Otherwise nothing may be left to wait for.
+    std::signal(SIGCHLD, SIG_DFL); // Ignored, it would leave nothing to wait for.
     const pid_t child = ::fork();
     if (child == 0)
         tryDisplay();
@@ -65,7 +64,7 @@ bool isUsable()
 QStringList namedDisplays()
 {
     QStringList named;
-    for (const char* variable : {PLATFORM, "DISPLAY", "WAYLAND_DISPLAY"}) {
+    for (const char* variable : {PlatformVariable, "DISPLAY", "WAYLAND_DISPLAY"}) {
         if (!qEnvironmentVariableIsEmpty(variable))
             named.append(QString::fromLatin1(variable) + '=' + qEnvironmentVariable(variable));
     }
@@ -78,10 +77,10 @@ bool Display::prepare(const ViewerOptions& options)
 {
     if (isUsable())
         return true;
-    // Who names a platform wants no other one.
-    if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PLATFORM))
+    // A platform that the user named is not replaced.
+    if (options.screenshotFile.isEmpty() || !qEnvironmentVariableIsEmpty(PlatformVariable))
         return false;
-    qputenv(PLATFORM, "offscreen");
+    qputenv(PlatformVariable, "offscreen");
     return true;
 }
 

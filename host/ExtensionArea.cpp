@@ -8,18 +8,18 @@
 
 namespace {
 
-// Room for a form of 517 pixels and some more, wider with a large font, and never less than a
-// usable one.
-constexpr int PREFERRED_WIDTH = 540;
-constexpr int PREFERRED_WIDTH_IN_LINES = 33; // As wide as that many lines of text are high.
-constexpr int SMALLEST_WIDTH = 374;
+// Room for a form of 517 pixels with some to spare, wider with a large font, and never too narrow
+// to use.
+constexpr int PreferredWidth = 540;
+constexpr int PreferredWidthInLines = 33; // As wide as that many lines of text are high.
+constexpr int SmallestWidth = 374;
 
 } // namespace
 
 ExtensionArea::ExtensionArea(QWidget* parent)
     : QWidget(parent), m_tabs(new QTabWidget), m_notice(new QLabel)
 {
-    setMinimumWidth(SMALLEST_WIDTH);
+    setMinimumWidth(SmallestWidth);
     m_tabs->setObjectName(QStringLiteral("tabWidget"));
     // A page reaches to the edges of the area, without a frame around it.
     m_tabs->setDocumentMode(true);
@@ -58,6 +58,6 @@ void ExtensionArea::add(std::vector<TabExtension> extensions)
 
 QSize ExtensionArea::sizeHint() const
 {
-    return {std::max(PREFERRED_WIDTH, PREFERRED_WIDTH_IN_LINES * fontMetrics().height()),
+    return {std::max(PreferredWidth, PreferredWidthInLines * fontMetrics().height()),
             QWidget::sizeHint().height()};
 }

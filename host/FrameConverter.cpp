@@ -15,37 +15,37 @@ struct Layout
     QImage::Format image;
 };
 
-constexpr QImage::Format GREY = QImage::Format_Grayscale8;
+constexpr QImage::Format Grey = QImage::Format_Grayscale8;
 
-constexpr Layout LAYOUTS[] = {
-    {0x01080001, 1, 8, GREY},                  // Mono8
-    {0x01100003, 2, 10, GREY},                 // Mono10
-    {0x01100005, 2, 12, GREY},                 // Mono12
-    {0x01100025, 2, 14, GREY},                 // Mono14
-    {0x01100007, 2, 16, GREY},                 // Mono16
-    {0x01080008, 1, 8, GREY},                  // BayerGR8
-    {0x01080009, 1, 8, GREY},                  // BayerRG8
-    {0x0108000A, 1, 8, GREY},                  // BayerGB8
-    {0x0108000B, 1, 8, GREY},                  // BayerBG8
-    {0x0110000C, 2, 10, GREY},                 // BayerGR10
-    {0x0110000D, 2, 10, GREY},                 // BayerRG10
-    {0x0110000E, 2, 10, GREY},                 // BayerGB10
-    {0x0110000F, 2, 10, GREY},                 // BayerBG10
-    {0x01100010, 2, 12, GREY},                 // BayerGR12
-    {0x01100011, 2, 12, GREY},                 // BayerRG12
-    {0x01100012, 2, 12, GREY},                 // BayerGB12
-    {0x01100013, 2, 12, GREY},                 // BayerBG12
-    {0x0110002E, 2, 16, GREY},                 // BayerGR16
-    {0x0110002F, 2, 16, GREY},                 // BayerRG16
-    {0x01100030, 2, 16, GREY},                 // BayerGB16
-    {0x01100031, 2, 16, GREY},                 // BayerBG16
+constexpr Layout Layouts[] = {
+    {0x01080001, 1, 8, Grey},                  // Mono8
+    {0x01100003, 2, 10, Grey},                 // Mono10
+    {0x01100005, 2, 12, Grey},                 // Mono12
+    {0x01100025, 2, 14, Grey},                 // Mono14
+    {0x01100007, 2, 16, Grey},                 // Mono16
+    {0x01080008, 1, 8, Grey},                  // BayerGR8
+    {0x01080009, 1, 8, Grey},                  // BayerRG8
+    {0x0108000A, 1, 8, Grey},                  // BayerGB8
+    {0x0108000B, 1, 8, Grey},                  // BayerBG8
+    {0x0110000C, 2, 10, Grey},                 // BayerGR10
+    {0x0110000D, 2, 10, Grey},                 // BayerRG10
+    {0x0110000E, 2, 10, Grey},                 // BayerGB10
+    {0x0110000F, 2, 10, Grey},                 // BayerBG10
+    {0x01100010, 2, 12, Grey},                 // BayerGR12
+    {0x01100011, 2, 12, Grey},                 // BayerRG12
+    {0x01100012, 2, 12, Grey},                 // BayerGB12
+    {0x01100013, 2, 12, Grey},                 // BayerBG12
+    {0x0110002E, 2, 16, Grey},                 // BayerGR16
+    {0x0110002F, 2, 16, Grey},                 // BayerRG16
+    {0x01100030, 2, 16, Grey},                 // BayerGB16
+    {0x01100031, 2, 16, Grey},                 // BayerBG16
     {0x02180014, 3, 8, QImage::Format_RGB888}, // RGB8
     {0x02180015, 3, 8, QImage::Format_BGR888}, // BGR8
 };
 
 const Layout* findLayout(std::uint32_t pixelFormat)
 {
-    for (const Layout& layout : LAYOUTS) {
+    for (const Layout& layout : Layouts) {
         if (layout.pixelFormat == pixelFormat)
             return &layout;
     }

@@ -9,17 +9,17 @@
 
 namespace {
 
-constexpr char OPTION[] = "--language";
-constexpr std::size_t OPTION_LENGTH = sizeof OPTION - 1;
+constexpr char Option[] = "--language";
+constexpr std::size_t OptionLength = sizeof Option - 1;
 
 /// The value of the last --language, in either of its two forms; empty when there is none.
 QByteArray languageArgument(int argc, const char* const* argv)
 {
     QByteArray language;
     for (int i = 1; i < argc && qstrcmp(argv[i], "--") != 0; ++i) {
-        if (qstrncmp(argv[i], OPTION, OPTION_LENGTH) != 0)
+        if (qstrncmp(argv[i], Option, OptionLength) != 0)
             continue;
-        const char* rest = argv[i] + OPTION_LENGTH;
+        const char* rest = argv[i] + OptionLength;
         if (*rest == '=')
             language = rest + 1;
         else if (*rest == '\0' && i + 1 < argc)
@@ -28,7 +28,7 @@ QByteArray languageArgument(int argc, const char* const* argv)
     return language;
 }
 
-/// LANGUAGE counts only beside a locale that speaks a language at all.
+/// LANGUAGE has no effect in a locale without a language.
 void leaveSilentLocale()
 {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -58,8 +58,8 @@ QStringList Language::codes()
     return {"de", "en", "es", "fr", "ja", "zh"};
 }
 
-// Tab extensions ask for the system's language, not for the application's. Qt takes that one from
-// the environment; LANGUAGE is the variable that leaves the character encoding alone.
+// Tab extensions ask for the system's language, not for the application's. Qt takes it from the
+// environment, where LANGUAGE is the variable that leaves the character encoding alone.
 void Language::choose(int argc, const char* const* argv)
 {
     const QString language = QString::fromLatin1(languageArgument(argc, argv));

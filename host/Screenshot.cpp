@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr quint64 FRAMES_TO_AWAIT = 3;
-constexpr int LONGEST_WAIT_FOR_FRAMES = 5000; // ms, after the delay
+constexpr quint64 FramesToAwait = 3;
+constexpr int LongestWaitForFrames = 5000; // ms, after the delay
 
 } // namespace
 
@@ -24,13 +24,13 @@ Screenshot::Screenshot(QWidget& window, const CameraSession& session, const QStr
     QTimer::singleShot(delay, this, [this] {
         m_delayOver = true;
         takeWhenReady();
-        QTimer::singleShot(LONGEST_WAIT_FOR_FRAMES, this, &Screenshot::take);
+        QTimer::singleShot(LongestWaitForFrames, this, &Screenshot::take);
     });
 }
 
 void Screenshot::takeWhenReady()
 {
-    if (m_delayOver && (!m_session.isAcquiring() || m_session.frameCount() >= FRAMES_TO_AWAIT))
+    if (m_delayOver && (!m_session.isAcquiring() || m_session.frameCount() >= FramesToAwait))
         take();
 }
 

@@ -9,38 +9,36 @@ namespace {
 class SdkCamera : public CameraDevice
 {
 public:
-    explicit SdkCamera(std::shared_ptr<ZalCPP::Camera> openCamera) : camera(std::move(openCamera))
-    {
-    }
+    explicit SdkCamera(std::shared_ptr<ZalCPP::Camera> camera) : m_camera(std::move(camera)) {}
 
     QString name() const override
     {
-        const ZalCPP::CameraInfo& info = camera->Info();
+        const ZalCPP::CameraInfo& info = m_camera->Info();
         const QString name = QString::fromStdString(info.vendor + ' ' + info.model).simplified();
         return info.serial.empty()
                    ? name
                    : QStringLiteral("%1 (%2)").arg(name, QString::fromStdString(info.serial));
     }
 
-    ZalCPP::FeatureList features() const override { return camera->Features(); }
+    ZalCPP::FeatureList features() const override { return m_camera->Features(); }
 
     ZalErrorType start(ZalCPP::Camera::FrameHandler handler) override
     {
-        return camera->StartAcquisition(std::move(handler));
+        return m_camera->StartAcquisition(std::move(handler));
     }
 
-    ZalErrorType stop() override { return camera->StopAcquisition(); }
+    ZalErrorType stop() override { return m_camera->StopAcquisition(); }
 
     void setLostHandler(ZalCPP::Camera::LostHandler handler) override
     {
-        camera->SetLostHandler(std::move(handler));
+        m_camera->SetLostHandler(std::move(handler));
     }
 
-    bool isLost() const override { return camera->IsLost(); }
-    ZalCPP::CameraLoss loss() const override { return camera->Loss(); }
+    bool isLost() const override { return m_camera->IsLost(); }
+    ZalCPP::CameraLoss loss() const override { return m_camera->Loss(); }
 
 private:
-    const std::shared_ptr<ZalCPP::Camera> camera;
+    const std::shared_ptr<ZalCPP::Camera> m_camera;
 };
 
 Cameras::Source sourceOf(const CameraChoice& choice)

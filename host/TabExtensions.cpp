@@ -17,45 +17,42 @@
 
 namespace {
 
-constexpr char METADATA_NAME[] = "TabExtensionInterface";
-constexpr int CAMERA_NOT_SUPPORTED = 4;
-
 /// Turns one library into a tab, or into the sentence that says why not.
 class Loading
 {
     Q_DECLARE_TR_FUNCTIONS(TabExtensions)
 
 public:
-    explicit Loading(const QString& file) : loader(file)
+    explicit Loading(const QString& file) : m_loader(file)
     {
         static const QRegularExpression library(QStringLiteral("^lib"));
         static const QRegularExpression kind(QStringLiteral("^tabextension(?=.)"));
-        catalogue = QFileInfo(file).completeBaseName().remove(library);
-        result.name = QString(catalogue).remove(kind);
+        m_catalogue = QFileInfo(file).completeBaseName().remove(library);
+        m_result.name = QString(m_catalogue).remove(kind);
     }
 
     TabExtension run(const ZalCPP::FeatureList& features)
     {
         if (TabExtensionInterface* extension = load()) {
-            Language::installExtensionTranslator(catalogue);
+            Language::installExtensionTranslator(m_catalogue);
             ask(*extension, features);
         }
-        return std::move(result);
+        return std::move(m_result);
     }
 
 private:
     /// The library's tab extension; null after setting the sentence.
     TabExtensionInterface* load()
     {
-        const QJsonObject metaData = loader.metaData();
+        const QJsonObject metaData = m_loader.metaData();
         const QString interface = metaData.value(QStringLiteral("IID")).toString();
         if (metaData.isEmpty()) {
-            fail(tr("\"%1\" is not a plugin. %2"), loader.errorString());
-        } else if (interface != QLatin1String(METADATA_NAME)) {
+            fail(tr("\"%1\" is not a plugin. %2"), m_loader.errorString());
+        } else if (interface != QLatin1String(TAB_EXTENSION_METADATA_IID)) {
             fail(tr("\"%1\" is a plugin of another kind (%2)."), interface);
-        } else if (!loader.load()) {
-            fail(tr("The tab extension \"%1\" could not be loaded. %2"), loader.errorString());
-        } else if (auto* extension = qobject_cast<TabExtensionInterface*>(loader.instance())) {
+        } else if (!m_loader.load()) {
+            fail(tr("The tab extension \"%1\" could not be loaded. %2"), m_loader.errorString());
+        } else if (auto* extension = qobject_cast<TabExtensionInterface*>(m_loader.instance())) {
             return extension;
         } else {
             fail(tr("The tab extension \"%1\" was made for another version of the viewer "
@@ -71,7 +68,7 @@ private:
         // tab widget would have another parent by then.
         auto page = std::make_unique<TabPage>();
         QMap<QString, QVariant> options{
-            {QStringLiteral("connectWidgetToSignal"), TabPage::acquisitionSignal()}};
+            {TabExtensionInterface::StreamingSignalOption, TabPage::acquisitionSignal()}};
         try {
             const int status = extension.get(features, page->container(), &options);
             if (status == 0)
@@ -87,16 +84,16 @@ private:
 
     void accept(std::unique_ptr<TabPage> page)
     {
-        result.outcome = TabExtension::Outcome::Shown;
-        result.title = page->container().accessibleName();
-        if (result.title.isEmpty())
-            result.title = result.name;
+        m_result.outcome = TabExtension::Outcome::Shown;
+        m_result.title = page->container().accessibleName();
+        if (m_result.title.isEmpty())
+            m_result.title = m_result.name;
         announcePalette(page->container());
-        result.page = std::move(page);
+        m_result.page = std::move(page);
     }
 
-    /// Tabs choose their colours when they are told of a palette change, which nobody has made
-    /// since they were built.
+    /// Tabs choose their colours when the palette changes, which it has not done since they were
+    /// built.
     static void announcePalette(QWidget& container)
     {
         const auto tabs = container.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -108,24 +105,25 @@ private:
 
     void refuse(int status)
     {
-        result.outcome = TabExtension::Outcome::Refused;
-        if (status == CAMERA_NOT_SUPPORTED)
-            result.sentence =
-                tr("The tab extension \"%1\" does not support this camera.").arg(result.name);
+        m_result.outcome = TabExtension::Outcome::Refused;
+        if (status == TabExtensionInterface::CameraNotSupported)
+            m_result.sentence =
+                tr("The tab extension \"%1\" does not support this camera.").arg(m_result.name);
         else
-            result.sentence =
-                tr("The tab extension \"%1\" built no tab (code %2).").arg(result.name).arg(status);
+            m_result.sentence = tr("The tab extension \"%1\" built no tab (code %2).")
+                                    .arg(m_result.name)
+                                    .arg(status);
     }
 
     void fail(const QString& sentence, const QString& reason)
     {
-        result.outcome = TabExtension::Outcome::Broken;
-        result.sentence = sentence.arg(result.name, reason);
+        m_result.outcome = TabExtension::Outcome::Broken;
+        m_result.sentence = sentence.arg(m_result.name, reason);
     }
 
-    QPluginLoader loader;
-    QString catalogue; ///< The name of the extension's translation files.
-    TabExtension result;
+    QPluginLoader m_loader;
+    QString m_catalogue; ///< The name of the extension's translation files.
+    TabExtension m_result;
 };
 
 } // namespace

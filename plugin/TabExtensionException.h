@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plugin/TabExtensionInterface.h"
+
 #include <QString>
 
 /// Why a tab refuses to be built. Thrown by value out of widget constructors; a plain record.
@@ -15,11 +17,11 @@ struct TabExtensionException
     qint32 code;       ///< What TabExtensionInterface::get() returns to the host.
 };
 
-/// The camera does not qualify for the tab. The code is always 4.
+/// The camera does not qualify for the tab.
 struct TENotSupported : TabExtensionException
 {
     TENotSupported(const QString& refusingClass, const QString& reason)
-        : TabExtensionException(refusingClass, reason, 4)
+        : TabExtensionException(refusingClass, reason, TabExtensionInterface::CameraNotSupported)
     {
     }
 };

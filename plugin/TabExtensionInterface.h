@@ -12,6 +12,10 @@
 /// the same text: qobject_cast compares it.
 #define TAB_EXTENSION_INTERFACE_IID "com.tarselimaging.Plugin.TabExtensionInterface/1.0"
 
+/// What Q_PLUGIN_METADATA of a tab extension has as its IID: hosts tell the kind of a plugin by it
+/// before they load the library.
+#define TAB_EXTENSION_METADATA_IID "TabExtensionInterface"
+
 /// What a tab extension offers to the camera viewer. GUI thread only.
 ///
 /// Without Q_OBJECT on purpose: the interface has no meta-object of its own, so host and plugins
@@ -21,13 +25,18 @@ class TabExtensionInterface : public QObject
 public:
     using QObject::QObject;
 
+    /// The option of get() that names the host's signal about streaming.
+    static constexpr char StreamingSignalOption[] = "connectWidgetToSignal";
+    /// The result of get() for a camera that does not qualify.
+    static constexpr int CameraNotSupported = 4;
+
     /// Builds a tab for the camera with these features inside `container`, which must have no
-    /// layout yet and owns everything built. `options` may be null; the key
-    /// "connectWidgetToSignal" holds a SIGNAL() text of the container's parent, a signal with one
-    /// bool that says whether the camera is streaming.
+    /// layout yet and owns everything built. `options` may be null; StreamingSignalOption holds a
+    /// SIGNAL() text of the container's parent, a signal with one bool that says whether the camera
+    /// is streaming.
     ///
-    /// Returns 0, or a non-zero reason why there is no tab: 4 for a camera that does not qualify.
-    /// The features and the camera must stay open while the tab exists.
+    /// Returns 0, or a non-zero reason why there is no tab, such as CameraNotSupported. The
+    /// features and the camera must stay open while the tab exists.
     virtual int get(const ZalCPP::FeatureList& features, QWidget& container,
                     QMap<QString, QVariant>* options) = 0;
 

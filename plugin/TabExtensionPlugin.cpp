@@ -11,7 +11,9 @@ namespace {
 
 QString streamingSignal(const QMap<QString, QVariant>* options)
 {
-    return options ? options->value(QStringLiteral("connectWidgetToSignal")).toString() : QString();
+    if (!options)
+        return QString();
+    return options->value(QLatin1String(TabExtensionInterface::StreamingSignalOption)).toString();
 }
 
 bool connectNothing(QObject*, const char*)

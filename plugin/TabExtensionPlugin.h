@@ -10,14 +10,15 @@ class QLayout;
 class TabExtensionPlugin : public TabExtensionInterface
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "TabExtensionInterface")
+    Q_PLUGIN_METADATA(IID TAB_EXTENSION_METADATA_IID)
     Q_INTERFACES(TabExtensionInterface)
 
 public:
     TabExtensionPlugin();
 
-    /// Returns 0, or 4 for a camera of another vendor or without trigger features; then the
-    /// container is as it was. Exceptions other than TabExtensionException reach the caller.
+    /// Returns 0, or CameraNotSupported for a camera of another vendor or without trigger features;
+    /// then the container is as it was. Exceptions other than TabExtensionException reach the
+    /// caller.
     int get(const ZalCPP::FeatureList& features, QWidget& container,
             QMap<QString, QVariant>* options) override;
 

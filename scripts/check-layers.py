@@ -28,8 +28,10 @@ LEAVES = {
 }
 # The engine is built on parts in its own folder, which know nothing of it.
 ENGINE = "trigger/AdvTriggerBase"
-# What the host shares with the plugin, and what lets the checker read presets as the plugin does.
+# What the host shares with the plugin, what lets the checker read presets as the plugin does, and
+# where a refusal has its code from.
 EXTRA = {
+    "plugin/TabExtensionException": {"plugin/TabExtensionInterface.h"},
     "host": {"plugin/TabExtensionInterface.h"},
     "tools/presetcheck": {"trigger/PresetFile.h"},
 }
@@ -55,7 +57,7 @@ def leaf_of(path):
 def may_include(path, target):
     folder, leaf = folder_of(path), leaf_of(path)
     if leaf and leaf_of(target) != leaf:
-        return folder_of(target) in LEAVES[leaf]
+        return folder_of(target) in LEAVES[leaf] or target in EXTRA.get(leaf, set())
     if folder == "trigger" and target == ENGINE + ".h":
         return path == ENGINE + ".cpp"
     if folder_of(target) in ALLOWED[folder] or target in EXTRA.get(folder, set()):

@@ -38,7 +38,7 @@ AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* par
     for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
                                 "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
         addKnownFeature(QString::fromLatin1(feature));
-    // Pictures in a static library are there only for whoever asks for them.
+    // The resources of a static library are registered only on request.
     Q_INIT_RESOURCE(advtrigger);
     m_settingsModel = new SettingsTreeModel(m_featureManager, this);
     m_binding = std::make_unique<FormBinding>(*m_featureManager, BoundForm{*this, addKnownFeature});
@@ -163,31 +163,31 @@ bool AdvTriggerBase::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Wheel:
         return filterWheel(watched, event);
     case QEvent::ToolTip:
-        return FilterToolTip(watched);
+        return filterToolTip(watched);
     default:
         return BaseTabPluginWidget::eventFilter(watched, event);
     }
 }
 
-bool AdvTriggerBase::FilterToolTip(QObject* watched)
+bool AdvTriggerBase::filterToolTip(QObject* watched)
 {
     if (!m_tooltipsActive)
         return true;
     auto* widget = qobject_cast<QWidget*>(watched);
     if (widget && !m_exemptWidgets.contains(widget->objectName()))
-        widget->setToolTip(ToolTipOf(ToolTipFeature(widget->objectName())));
+        widget->setToolTip(toolTipOf(toolTipFeature(widget->objectName())));
     return false;
 }
 
-QString AdvTriggerBase::ToolTipFeature(const QString& objectName) const
+QString AdvTriggerBase::toolTipFeature(const QString& objectName) const
 {
-    const QString feature = BoundFeatureName(objectName);
+    const QString feature = boundFeatureName(objectName);
     if (m_knownFeatures.contains(feature) || !objectName.contains(QLatin1Char('_')))
         return feature;
     return objectName.section(QLatin1Char('_'), 1, 1);
 }
 
-QString AdvTriggerBase::ToolTipOf(const QString& feature)
+QString AdvTriggerBase::toolTipOf(const QString& feature)
 {
     if (!m_tooltipCache.contains(feature) && m_featureManager->GetIsFeatureAvailable(feature))
         m_tooltipCache.insert(feature, m_featureManager->GetInformation(feature));

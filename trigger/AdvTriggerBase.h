@@ -118,9 +118,9 @@ protected slots:
     void ActivateTooltips(int state);
 
 private:
-    bool FilterToolTip(QObject* watched);
-    QString ToolTipFeature(const QString& objectName) const;
-    QString ToolTipOf(const QString& feature);
+    bool filterToolTip(QObject* watched);
+    QString toolTipFeature(const QString& objectName) const;
+    QString toolTipOf(const QString& feature);
 
     std::unique_ptr<FormBinding> m_binding;
     std::unique_ptr<LineTable> m_lineTable;

@@ -10,7 +10,7 @@
 
 /// The feature that a widget of that object name belongs to: the name without the three letters in
 /// front, whatever they are.
-inline QString BoundFeatureName(const QString& objectName)
+inline QString boundFeatureName(const QString& objectName)
 {
     constexpr int prefixLength = 3;
     return objectName.mid(prefixLength);
@@ -37,7 +37,7 @@ struct BoundForm
 /// Lets `edit(Widget&)` write what the user changed and show what the camera took. The widget is
 /// silent meanwhile, so that showing a value is not taken for the next change. A sender of another
 /// class is logged and left alone; without a sender nothing happens.
-template <class Widget, class Edit> void EditBoundWidget(QObject* sender, const Edit& edit)
+template <class Widget, class Edit> void editBoundWidget(QObject* sender, const Edit& edit)
 {
     if (!sender)
         return;

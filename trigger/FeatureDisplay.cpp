@@ -80,7 +80,7 @@ FeatureRange FeatureDisplay::range(const QString& feature) const
 
 bool FeatureDisplay::knowsLimits(const QString& feature) const
 {
-    // By the minimum alone: fitted to an increment, an unknown maximum does not stay what it was.
+    // Only the minimum tells: an unknown maximum changes when it is fitted to an increment.
     return isHexadecimal(feature) || range(feature).min != NumberInput::UnknownLimit;
 }
 

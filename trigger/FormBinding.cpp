@@ -55,7 +55,7 @@ void FormBinding::bindAll(const QStringList& exemptWidgets) const
 bool FormBinding::disableUnlessAvailable(QWidget& widget, const QStringList& exemptWidgets) const
 {
     const QString objectName = widget.objectName();
-    const bool available = m_features.GetIsFeatureAvailable(BoundFeatureName(objectName));
+    const bool available = m_features.GetIsFeatureAvailable(boundFeatureName(objectName));
     if (!available && !exemptWidgets.contains(objectName))
         widget.setEnabled(false);
     return available;
@@ -67,7 +67,7 @@ void FormBinding::bindComboBoxes(const QStringList& exemptWidgets) const
         box->setFocusPolicy(Qt::StrongFocus);
         m_form.filterEventsOf(*box);
         if (disableUnlessAvailable(*box, exemptWidgets))
-            bind(*box, BoundFeatureName(box->objectName()));
+            bind(*box, boundFeatureName(box->objectName()));
     }
 }
 
@@ -86,7 +86,7 @@ void FormBinding::bindLineEdits(const QStringList& exemptWidgets) const
             continue;
         m_form.filterEventsOf(*edit);
         if (disableUnlessAvailable(*edit, exemptWidgets))
-            bind(*edit, BoundFeatureName(edit->objectName()));
+            bind(*edit, boundFeatureName(edit->objectName()));
     }
 }
 
@@ -107,7 +107,7 @@ void FormBinding::bindDoubleSpinBoxes(const QStringList& exemptWidgets) const
 {
     for (QDoubleSpinBox* box : m_form.widget.findChildren<QDoubleSpinBox*>()) {
         if (disableUnlessAvailable(*box, exemptWidgets))
-            bind(*box, BoundFeatureName(box->objectName()));
+            bind(*box, boundFeatureName(box->objectName()));
     }
 }
 
@@ -127,7 +127,7 @@ void FormBinding::bindSpinBoxes(const QStringList& exemptWidgets) const
 {
     for (QSpinBox* box : m_form.widget.findChildren<QSpinBox*>()) {
         if (disableUnlessAvailable(*box, exemptWidgets))
-            bind(*box, BoundFeatureName(box->objectName()));
+            bind(*box, boundFeatureName(box->objectName()));
     }
 }
 
@@ -136,7 +136,7 @@ void FormBinding::bind(QSpinBox& box, const QString& feature) const
     box.setFocusPolicy(Qt::StrongFocus);
     m_form.filterEventsOf(box);
     m_form.addFeature(feature);
-    // Asked first, unlike above: the sequence of camera calls is a defined one.
+    // Asked first, unlike above, because the order of the camera calls is defined.
     box.setEnabled(m_features.GetIsWritable(feature));
     show(box, feature);
     m_form.connectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
@@ -149,7 +149,7 @@ void FormBinding::bindCheckBoxes(const QStringList& exemptWidgets) const
     for (QCheckBox* box : m_form.widget.findChildren<QCheckBox*>()) {
         m_form.filterEventsOf(*box);
         if (disableUnlessAvailable(*box, exemptWidgets))
-            bind(*box, BoundFeatureName(box->objectName()));
+            bind(*box, boundFeatureName(box->objectName()));
     }
 }
 
@@ -164,7 +164,7 @@ void FormBinding::bind(QCheckBox& box, const QString& feature) const
 void FormBinding::bindButtons(const QStringList& exemptWidgets) const
 {
     for (QPushButton* button : m_form.widget.findChildren<QPushButton*>()) {
-        const QString feature = BoundFeatureName(button->objectName());
+        const QString feature = boundFeatureName(button->objectName());
         m_form.filterEventsOf(*button);
         if (disableUnlessAvailable(*button, exemptWidgets)) {
             button->setEnabled(m_features.GetIsWritable(feature));
@@ -286,9 +286,9 @@ QVariant FormBinding::refreshLineEdit(QLineEdit& edit, const QString& feature) c
     return *text;
 }
 
-/// A camera that did not tell the limits when the form was bound, or whether there are any, may do
-/// so by now. Limits that are not known, or of a text that was taken for a number, would let
-/// nothing be typed; without any, what is no number would be written as 0.
+/// A camera that told no limits when the form was bound may tell them by now. Unknown limits, or
+/// those of a text that was taken for a number, would let nothing be typed; without a validator, a
+/// text that is no number would be written as 0.
 void FormBinding::limitLate(QLineEdit& edit, const QString& feature) const
 {
     const auto* limits = qobject_cast<const QDoubleValidator*>(edit.validator());
@@ -309,41 +309,41 @@ void FormBinding::limitLate(QLineEdit& edit, const QString& feature) const
 
 double FormBinding::write(const QWidget& widget, double value) const
 {
-    return m_features.SetValue(BoundFeatureName(widget.objectName()), value);
+    return m_features.SetValue(boundFeatureName(widget.objectName()), value);
 }
 
 void FormBinding::editComboBox(QObject* sender, const QString& text) const
 {
-    EditBoundWidget<QComboBox>(sender, [&](QComboBox& box) {
-        box.setCurrentText(m_features.SetValue(BoundFeatureName(box.objectName()), text));
+    editBoundWidget<QComboBox>(sender, [&](QComboBox& box) {
+        box.setCurrentText(m_features.SetValue(boundFeatureName(box.objectName()), text));
     });
 }
 
 void FormBinding::editLine(QObject* sender) const
 {
-    EditBoundWidget<QLineEdit>(sender, [&](QLineEdit& edit) {
+    editBoundWidget<QLineEdit>(sender, [&](QLineEdit& edit) {
         // Always parsed as a decimal number: a hexadecimal entry, or a text, counts as 0.
         const double taken = write(edit, edit.text().toDouble());
-        if (m_features.GetIsReadable(BoundFeatureName(edit.objectName())))
+        if (m_features.GetIsReadable(boundFeatureName(edit.objectName())))
             edit.setText(FeatureDisplay::numberText(taken));
     });
 }
 
 void FormBinding::editSpinBox(QObject* sender, int value) const
 {
-    EditBoundWidget<QSpinBox>(
+    editBoundWidget<QSpinBox>(
         sender, [&](QSpinBox& box) { box.setValue(NumberConversions::toInt(write(box, value))); });
 }
 
 void FormBinding::editDoubleSpinBox(QObject* sender, double value) const
 {
-    EditBoundWidget<QDoubleSpinBox>(sender,
+    editBoundWidget<QDoubleSpinBox>(sender,
                                     [&](QDoubleSpinBox& box) { box.setValue(write(box, value)); });
 }
 
 void FormBinding::editCheckBox(QObject* sender, int state) const
 {
-    EditBoundWidget<QCheckBox>(sender, [&](QCheckBox& box) {
+    editBoundWidget<QCheckBox>(sender, [&](QCheckBox& box) {
         // The check state itself is written: a checked box writes 2, not 1.
         box.setChecked(write(box, state) != 0.0);
     });
@@ -353,7 +353,7 @@ void FormBinding::runCommand(const QObject* sender) const
 {
     if (!sender)
         return;
-    const QString feature = BoundFeatureName(sender->objectName());
+    const QString feature = boundFeatureName(sender->objectName());
     if (!m_features.RunCommand(feature))
         qWarning("Error executing command '%s'", qUtf8Printable(feature));
 }

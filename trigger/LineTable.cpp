@@ -16,7 +16,7 @@
 
 #include <array>
 
-static const QString LINE_SELECTOR = QStringLiteral("LineSelector");
+static const QString LineSelector = QStringLiteral("LineSelector");
 
 using NumberInput::UnknownLimit;
 
@@ -47,14 +47,14 @@ namespace {
 constexpr int BasicColumns = 4;
 constexpr int AllColumns = 6;
 
-/// A table without place for the debounce columns has the first ones only.
-int ShownColumns(const QTableWidget& table)
+/// A table without room for the debounce columns has only the first ones.
+int shownColumns(const QTableWidget& table)
 {
     return table.columnCount() > BasicColumns ? AllColumns : BasicColumns;
 }
 
-/// A picture does not look by itself for the dense one beside it.
-QPixmap LedImage(const QWidget& shownOn)
+/// A pixmap does not choose the file for dense screens by itself.
+QPixmap ledImage(const QWidget& shownOn)
 {
     return QPixmap(shownOn.devicePixelRatioF() > 1.0
                        ? QStringLiteral(":/AdvTriggerWidget/ledon@2x.png")
@@ -62,7 +62,7 @@ QPixmap LedImage(const QWidget& shownOn)
 }
 
 /// What the column's header says, in one line.
-QString HeaderText(const QTableWidget& table, int column, const QString& otherwise)
+QString headerText(const QTableWidget& table, int column, const QString& otherwise)
 {
     const QTableWidgetItem* header = table.horizontalHeaderItem(column);
     return header ? header->text().simplified() : otherwise;
@@ -90,11 +90,11 @@ const LineTable::Column& LineTable::columnAt(int column)
 
 void LineTable::build(QTableWidget& table) const
 {
-    const QStringList lines = m_features.GetAvailableEnumEntries(LINE_SELECTOR);
+    const QStringList lines = m_features.GetAvailableEnumEntries(LineSelector);
     table.setRowCount(lines.size());
     table.setVerticalHeaderLabels(lines);
     table.setAccessibleName(tr("I/O lines"));
-    // Nothing lies behind the cells' widgets that could be typed into.
+    // The cells hold widgets; there is nothing behind them to type into.
     table.setEditTriggers(QAbstractItemView::NoEditTriggers);
     QList<int> hidden;
     for (int row = 0; row < lines.size(); ++row)
@@ -105,14 +105,14 @@ void LineTable::build(QTableWidget& table) const
     WidgetTable::fitToContents(table);
 }
 
-/// The columns that this line has no use for.
+/// Returns the columns whose features the camera lacks.
 QList<int> LineTable::buildRow(QTableWidget& table, int row, const QString& line) const
 {
     // After a write that got lost, the camera may tell the values of another line.
-    if (m_features.TrySetValue(LINE_SELECTOR, line).unanswered)
-        m_features.SetValue(LINE_SELECTOR, line);
+    if (m_features.trySetValue(LineSelector, line).unanswered)
+        m_features.SetValue(LineSelector, line);
     QList<int> unavailable;
-    for (int i = 0; i < ShownColumns(table); ++i) {
+    for (int i = 0; i < shownColumns(table); ++i) {
         const Column& column = columnAt(i);
         const QString feature = QLatin1String(column.feature);
         if (m_features.GetIsFeatureAvailable(feature)) {
@@ -152,7 +152,7 @@ void LineTable::buildLed(const Cell& cell) const
     auto* led = new QLabel(&cell.table);
     led->setObjectName(cell.objectName);
     led->setAlignment(Qt::AlignCenter);
-    led->setPixmap(LedImage(m_form.widget));
+    led->setPixmap(ledImage(m_form.widget));
     WidgetTable::place(cell.table, cell.row, cell.column, *led, *led);
     showLed(*led, cell.feature);
     m_form.filterEventsOf(*led);
@@ -162,7 +162,7 @@ void LineTable::buildSpinBox(const Cell& cell) const
 {
     constexpr int decimals = 6;
     auto* box = new QDoubleSpinBox(&cell.table);
-    // First of all: a range is rounded to the decimals there are.
+    // First, because a range is rounded to the decimals of the box.
     box->setDecimals(decimals);
     box->setRange(UnknownLimit, UnknownLimit);
     showSpinBox(*box, cell.feature);
@@ -183,32 +183,32 @@ void LineTable::placeEditor(const Cell& cell, QWidget& editor, QWidget& placed, 
     m_form.connectEdits(editor, signal, slot);
 }
 
-/// What tells this editor from the others of its kind is where it stands.
+/// Only its place tells this editor from the others of its kind.
 void LineTable::nameEditor(const Cell& cell, QWidget& editor)
 {
     const QString line = cell.table.verticalHeaderItem(cell.row)->text();
-    const QString setting = HeaderText(cell.table, cell.column, cell.feature);
+    const QString setting = headerText(cell.table, cell.column, cell.feature);
     const QString name = tr("%1, %2", "line, setting").arg(line, setting);
     editor.setAccessibleName(name);
-    // Where the desktop is X11 or Wayland, Qt calls a combo box by its choice instead.
+    // On X11 and Wayland, Qt announces a combo box by its current entry instead.
     if (qobject_cast<QComboBox*>(&editor))
         editor.setAccessibleDescription(name);
 }
 
 void LineTable::refresh(const QTableWidget& table, const QStringList& changedFeatures) const
 {
-    const QString selected = m_features.GetWritableEnumValue(LINE_SELECTOR);
+    const QString selected = m_features.GetWritableEnumValue(LineSelector);
     for (int row = 0; row < table.rowCount(); ++row) {
         // By the row, not by the label: lines of other names are built, but never refreshed.
         const QString line = QStringLiteral("Line%1").arg(row);
         // After a write that got lost, the camera may tell the values of another line.
-        const bool isLost = m_features.TrySetValue(LINE_SELECTOR, line).unanswered;
+        const bool isLost = m_features.trySetValue(LineSelector, line).unanswered;
         const Answer<QString> addressed =
-            isLost ? m_features.AskStringValue(LINE_SELECTOR) : Answer<QString>{line};
+            isLost ? m_features.askStringValue(LineSelector) : Answer<QString>{line};
         if (addressed.isMissing() || addressed.value == line)
-            refreshRow(line, ShownColumns(table), changedFeatures);
+            refreshRow(line, shownColumns(table), changedFeatures);
     }
-    m_features.SetValue(LINE_SELECTOR, selected);
+    m_features.SetValue(LineSelector, selected);
 }
 
 void LineTable::refreshRow(const QString& line, int columnCount,
@@ -240,13 +240,13 @@ void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
     widget.setEnabled(m_features.GetIsWritable(feature));
 }
 
-/// A lamp is lit while it is enabled; disabled, the style greys it. Its name says it to those who
-/// cannot see it, and is set only where it changes: each time it is set, it is announced.
+/// The lamp is lit while it is enabled; disabled, the style greys it. Its name says the same to
+/// those who cannot see it, and is set only when it changes, because each setting is announced.
 void LineTable::showLed(QWidget& widget, const QString& feature) const
 {
     const bool high = m_features.GetValue(feature) != 0.0;
     widget.setEnabled(high);
-    const QString line = BoundFeatureName(widget.objectName()).chopped(feature.size() + 1);
+    const QString line = boundFeatureName(widget.objectName()).chopped(feature.size() + 1);
     const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
     if (widget.accessibleName() == name)
         return;
@@ -259,7 +259,7 @@ void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
     auto& box = static_cast<QDoubleSpinBox&>(widget);
     {
         const TypedText::Keeper typed(box);
-        // Fitted to an increment, an unknown maximum does not stay what it was.
+        // Only the minimum tells: an unknown maximum changes when it is fitted to an increment.
         if (box.minimum() == UnknownLimit)
             limitSpinBox(box, feature);
         box.setValue(m_features.GetValue(feature));
@@ -285,8 +285,8 @@ QString LineTable::selectLineOf(const QString& objectName) const
         qWarning("Error: cannot parse object name of a table cell widget.");
         return QString();
     }
-    const QString line = BoundFeatureName(parts[0]);
-    return m_features.SetValue(LINE_SELECTOR, line) == line ? parts[1] : QString();
+    const QString line = boundFeatureName(parts[0]);
+    return m_features.SetValue(LineSelector, line) == line ? parts[1] : QString();
 }
 
 /// As for a widget of the form, with the feature of the cell; without one nothing happens.
@@ -294,7 +294,7 @@ template <class Widget, class Edit> void LineTable::edit(QObject* sender, const 
 {
     const QString feature = sender ? selectLineOf(sender->objectName()) : QString();
     if (!feature.isEmpty())
-        EditBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
+        editBoundWidget<Widget>(sender, [&](Widget& widget) { edit(widget, feature); });
 }
 
 void LineTable::editComboBox(QObject* sender, const QString& text) const

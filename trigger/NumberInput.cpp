@@ -61,7 +61,7 @@ bool isPartOfNumber(QChar character)
            character == QLatin1Char('+');
 }
 
-/// A text from another program comes with what stood around it, the end of a line for example.
+/// A text from another program brings along what surrounded it, such as the end of a line.
 void dropBlanksAround(QString& text, int& position)
 {
     const QString number = text.trimmed();
@@ -72,7 +72,7 @@ void dropBlanksAround(QString& text, int& position)
     text = number;
 }
 
-/// Writes decimal marks as `point` and counts them. Nothing for texts that are no single number:
+/// Writes decimal marks as `point` and counts them. Nothing for a text that is not one number:
 /// what is neither digit, letter, sign nor mark separates groups or numbers.
 std::optional<int> normalise(QString& text, int& position, QChar point)
 {
@@ -88,8 +88,8 @@ std::optional<int> normalise(QString& text, int& position, QChar point)
     return marks;
 }
 
-/// Of a text with a mark too many. As long as the mark is what was typed last, it stays in sight
-/// and keeps the field from taking the digits around it; a paste ends behind digits.
+/// For a text with one mark too many. While the mark is what was typed last, it stays in sight and
+/// keeps the field from taking the digits around it; a paste ends with digits.
 QValidator::State judgeSurplusMark(const QString& text, int position, QChar point)
 {
     const bool isTyped = position > 0 && text.at(position - 1) == point;
@@ -130,7 +130,7 @@ QString textOf(const QSpinBox& /*box*/, double number)
     return QString::number(number, 'f', 0);
 }
 
-/// By the minimum: fitted to an increment, an unknown maximum does not stay what it was. Between
+/// Only the minimum tells: an unknown maximum changes when it is fitted to an increment. Between
 /// equal limits there is nothing to choose.
 template <class SpinBox> bool hasKnownLimits(const SpinBox& box)
 {
@@ -142,8 +142,8 @@ bool hasExponent(const QString& text)
     return text.contains(QLatin1Char('e'), Qt::CaseInsensitive);
 }
 
-/// A sign, or a number up to its exponent: "1e", "1e-". A mark behind an exponent begins nothing,
-/// but swallowed it would let the digits around it close up.
+/// A sign, or a number up to its exponent: "1e", "1e-". A mark after an exponent begins nothing,
+/// but dropping it would join the digits around it.
 template <class SpinBox> bool beginsNumber(const SpinBox& box, QString text)
 {
     if (text.endsWith(box.locale().decimalPoint()))
@@ -156,7 +156,7 @@ template <class SpinBox> bool beginsNumber(const SpinBox& box, QString text)
     return numberIn(box, text).has_value();
 }
 
-/// Of a text that the box refuses. Beyond the limits, and on the way to an exponent, it stays in
+/// For a text that the box refuses. Beyond the limits, and on the way to an exponent, it stays in
 /// sight: without the last key it would be a number of another size. The decimals of a number with
 /// an exponent are not those of the box.
 template <class SpinBox> bool staysInSight(const SpinBox& box, const QString& text)
@@ -185,7 +185,7 @@ struct BoxText
     QString number;
 };
 
-/// Stands before a spin box's own validator, which refuses digits beyond the limits and swallows
+/// Comes before a spin box's own validator, which refuses digits beyond the limits and swallows
 /// commas in large numbers.
 template <class SpinBox> class BoxValidator : public QValidator
 {

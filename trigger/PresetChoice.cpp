@@ -12,8 +12,8 @@
 namespace {
 
 /// A preset in its box. Its settings and its tooltip are made when they are asked for: thousands of
-/// presets are listed where one is chosen. The tooltip is a file's text, so that it must not open
-/// anything.
+/// presets may be listed, and one is chosen. The tooltip's text comes from a file, so it must not
+/// open anything.
 class PresetItem : public QStandardItem
 {
 public:
@@ -38,14 +38,14 @@ private:
     PresetFile::Preset m_preset;
 };
 
-/// All at once: one signal of the model, on which the box and its list go to work, instead of two
-/// for each preset.
+/// All at once: the box and its list then react to one signal of the model, not to two for each
+/// preset.
 void appendPresets(QComboBox& box, const QVector<PresetFile::Preset>& presets)
 {
     QList<QStandardItem*> items;
     for (const PresetFile::Preset& preset : presets)
         items.append(new PresetItem(preset));
-    // The model of a box that was given no other.
+    // A box has such a model unless it was given another.
     static_cast<QStandardItemModel*>(box.model())->invisibleRootItem()->appendRows(items);
 }
 
@@ -102,7 +102,7 @@ bool PresetChoice::applyOne(const QPointer<QComboBox>& presets, int index)
     const QPointer<QWidget> form(&m_form);
     const QString chosen = presets->currentText();
     PresetRunner runner(m_features);
-    const QString errors = runner.Run(planAt(*presets, index));
+    const QString errors = runner.run(planAt(*presets, index));
     if (!errors.isEmpty())
         showErrors(chosen, errors);
     if (!form)
@@ -110,7 +110,7 @@ bool PresetChoice::applyOne(const QPointer<QComboBox>& presets, int index)
     const QString astray = resetOverview();
     if (!astray.isEmpty())
         showErrors(chosen, astray);
-    return form && presets && astray.isEmpty() && !runner.LeftSelectorAstray();
+    return form && presets && astray.isEmpty() && !runner.leftSelectorAstray();
 }
 
 /// The overview steps selectors: a line for each that the camera did not put back.
@@ -119,7 +119,7 @@ QString PresetChoice::resetOverview() const
     const QMap<QString, QString> astray = m_resetOverview();
     QString errors;
     for (auto it = astray.begin(); it != astray.end(); ++it)
-        errors += PresetRunner::ErrorLine(it.key(), it.value());
+        errors += PresetRunner::errorLine(it.key(), it.value());
     return errors;
 }
 

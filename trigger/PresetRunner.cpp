@@ -6,63 +6,63 @@
 
 PresetRunner::PresetRunner(const FeatureManager& featureManager) : m_features(featureManager) {}
 
-QString PresetRunner::Run(const PresetFile::Plan& plan)
+QString PresetRunner::run(const PresetFile::Plan& plan)
 {
     m_selectorAstray = false;
     QString errors;
     for (const PresetFile::Step& step : plan.steps)
-        errors += step.forEveryEntry ? RunForEveryEntry(step) : RunOnce(step);
+        errors += step.forEveryEntry ? runForEveryEntry(step) : runOnce(step);
     if (!plan.command.isEmpty() && !m_features.RunCommand(plan.command))
         errors += tr("  Executing '%1' failed.").arg(plan.command);
     return errors;
 }
 
-QString PresetRunner::RunOnce(const PresetFile::Step& step)
+QString PresetRunner::runOnce(const PresetFile::Step& step)
 {
-    const Outcome outcome = Write(step.feature, step.value);
+    const Outcome outcome = write(step.feature, step.value);
     if (outcome.isLost() && !m_features.GetSelectedFeatures(step.feature).isEmpty())
         m_selectorAstray = true;
-    return WriteDependents(step, outcome.error);
+    return writeDependents(step, outcome.error);
 }
 
-QString PresetRunner::RunForEveryEntry(const PresetFile::Step& step)
+QString PresetRunner::runForEveryEntry(const PresetFile::Step& step)
 {
-    const auto entries = m_features.AskEnumEntries(step.feature);
+    const auto entries = m_features.askEnumEntries(step.feature);
     Answer<QString> lastEntry{step.lastEntry};
     if (!step.namesLastEntry)
-        lastEntry = m_features.AskStringValue(step.feature);
-    // Without the way back the feature had better stay where it is.
+        lastEntry = m_features.askStringValue(step.feature);
+    // Without knowing the way back, leave the feature where it is.
     if (lastEntry.isMissing())
-        return ErrorLine(step.feature, step.value);
+        return errorLine(step.feature, step.value);
     QString errors;
     if (entries.isMissing())
-        errors = ErrorLine(step.feature, step.value);
+        errors = errorLine(step.feature, step.value);
     for (const OfferedEntry& entry : entries.value) {
         if (entry.available.isMissing())
-            errors += ErrorLine(step.feature, entry.name);
+            errors += errorLine(step.feature, entry.name);
         else if (entry.available.value)
-            errors += WriteDependents(step, SetFeatureValue(step.feature, entry.name));
+            errors += writeDependents(step, SetFeatureValue(step.feature, entry.name));
     }
-    return errors + PutBack(step.feature, lastEntry.value);
+    return errors + putBack(step.feature, lastEntry.value);
 }
 
-/// A refusal is no news: the entry was, or was not, reached on the way. A write that got lost
-/// leaves another entry selected than anybody expects, and is worth another attempt.
-QString PresetRunner::PutBack(const QString& feature, const QString& entry)
+/// A refusal is not reported again: stepping through the entries has shown it. A write that got
+/// lost leaves an entry selected that nobody expects, and is worth another attempt.
+QString PresetRunner::putBack(const QString& feature, const QString& entry)
 {
     if (entry.isEmpty())
         return QString();
-    if (!Write(feature, entry).isLost())
+    if (!write(feature, entry).isLost())
         return QString();
-    const Outcome outcome = Write(feature, entry);
+    const Outcome outcome = write(feature, entry);
     if (!outcome.isLost())
         return QString();
     m_selectorAstray = true;
     return outcome.error;
 }
 
-/// What depends on a value that the camera did not take would end up under another one.
-QString PresetRunner::WriteDependents(const PresetFile::Step& step,
+/// Without the value, its dependents would be written under another one.
+QString PresetRunner::writeDependents(const PresetFile::Step& step,
                                       const QString& errorOfValue) const
 {
     if (!errorOfValue.isEmpty())
@@ -75,44 +75,44 @@ QString PresetRunner::WriteDependents(const PresetFile::Step& step,
 
 QString PresetRunner::SetFeatureValue(const QString& feature, const QVariant& value) const
 {
-    return Write(feature, value).error;
+    return write(feature, value).error;
 }
 
-PresetRunner::Outcome PresetRunner::Write(const QString& feature, const QVariant& value) const
+PresetRunner::Outcome PresetRunner::write(const QString& feature, const QVariant& value) const
 {
-    const Answer<bool> writable = m_features.AskIsWritable(feature);
+    const Answer<bool> writable = m_features.askIsWritable(feature);
     if (writable.isMissing())
-        return {ErrorLine(feature, value), true};
+        return {errorLine(feature, value), true};
     if (!writable.value)
         return {};
-    const Answer<ZalFeatureDataType> type = m_features.AskDataType(feature);
+    const Answer<ZalFeatureDataType> type = m_features.askDataType(feature);
     if (type.isMissing())
-        return {ErrorLine(feature, value), true};
+        return {errorLine(feature, value), true};
     switch (type.value) {
     case ZalFeatureBool:
-        return Compared({feature, value, value.toBool()},
-                        m_features.TrySetValue(feature, value.toBool() ? 1.0 : 0.0));
+        return compared({feature, value, value.toBool()},
+                        m_features.trySetValue(feature, value.toBool() ? 1.0 : 0.0));
     case ZalFeatureInteger:
     case ZalFeatureFloat:
-        return WriteNumber(feature, value);
+        return writeNumber(feature, value);
     default:
-        return Compared({feature, value, value}, m_features.TrySetValue(feature, value.toString()));
+        return compared({feature, value, value}, m_features.trySetValue(feature, value.toString()));
     }
 }
 
-PresetRunner::Outcome PresetRunner::WriteNumber(const QString& feature, const QVariant& value) const
+PresetRunner::Outcome PresetRunner::writeNumber(const QString& feature, const QVariant& value) const
 {
-    const Answer<FeatureRange> range = m_features.AskRange(feature);
+    const Answer<FeatureRange> range = m_features.askRange(feature);
     if (range.isMissing())
-        return {ErrorLine(feature, value), true};
-    const double requested = WithinRange(value, range.value);
-    // "nan" in a file passes every limit, and cameras are not made for it.
+        return {errorLine(feature, value), true};
+    const double requested = withinRange(value, range.value);
+    // "nan" in a file passes every limit, and cameras do not expect it.
     if (std::isnan(requested))
-        return {ErrorLine(feature, value, m_features.GetValue(feature))};
-    return Compared({feature, value, requested}, m_features.TrySetValue(feature, requested));
+        return {errorLine(feature, value, m_features.GetValue(feature))};
+    return compared({feature, value, requested}, m_features.trySetValue(feature, requested));
 }
 
-double PresetRunner::WithinRange(const QVariant& value, const FeatureRange& range)
+double PresetRunner::withinRange(const QVariant& value, const FeatureRange& range)
 {
     if (value.toString() == PresetFile::Maximum)
         return range.max;
@@ -125,15 +125,15 @@ double PresetRunner::WithinRange(const QVariant& value, const FeatureRange& rang
 }
 
 template <typename T>
-PresetRunner::Outcome PresetRunner::Compared(const Wish& wish, const Written<T>& written)
+PresetRunner::Outcome PresetRunner::compared(const Wish& wish, const Written<T>& written)
 {
     const QVariant actual = written.value ? QVariant(*written.value) : QVariant();
     if (written.value && actual == wish.requested)
         return {QString(), written.unanswered};
-    return {ErrorLine(wish.feature, wish.value, actual), written.unanswered};
+    return {errorLine(wish.feature, wish.value, actual), written.unanswered};
 }
 
-QString PresetRunner::ErrorLine(const QString& feature, const QVariant& value,
+QString PresetRunner::errorLine(const QString& feature, const QVariant& value,
                                 const QVariant& current)
 {
     return tr("  Failed to set %1 = %2, Current value: '%3'\n")

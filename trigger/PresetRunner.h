@@ -24,15 +24,15 @@ public:
 
     /// Does the steps in their order, then the command. Returns the error text, one line for each
     /// setting that the camera did not take; empty when there is none.
-    QString Run(const PresetFile::Plan& plan);
+    QString run(const PresetFile::Plan& plan);
 
     /// Whether the last run left a selector at another entry than the plan says, since the camera
     /// did not answer. No preset that starts from there may follow.
-    bool LeftSelectorAstray() const { return m_selectorAstray; }
+    bool leftSelectorAstray() const { return m_selectorAstray; }
 
     /// The line about one setting. Without a current value where the camera left a question
     /// unanswered.
-    static QString ErrorLine(const QString& feature, const QVariant& value,
+    static QString errorLine(const QString& feature, const QVariant& value,
                              const QVariant& current = QVariant());
 
     /// Writes one feature and compares what the camera then has. Numbers are clamped to the
@@ -58,14 +58,14 @@ private:
         QVariant requested; ///< As it was sent to the camera.
     };
 
-    QString RunOnce(const PresetFile::Step& step);
-    QString RunForEveryEntry(const PresetFile::Step& step);
-    QString WriteDependents(const PresetFile::Step& step, const QString& errorOfValue) const;
-    QString PutBack(const QString& feature, const QString& entry);
-    Outcome Write(const QString& feature, const QVariant& value) const;
-    Outcome WriteNumber(const QString& feature, const QVariant& value) const;
-    static double WithinRange(const QVariant& value, const FeatureRange& range);
-    template <typename T> static Outcome Compared(const Wish& wish, const Written<T>& written);
+    QString runOnce(const PresetFile::Step& step);
+    QString runForEveryEntry(const PresetFile::Step& step);
+    QString writeDependents(const PresetFile::Step& step, const QString& errorOfValue) const;
+    QString putBack(const QString& feature, const QString& entry);
+    Outcome write(const QString& feature, const QVariant& value) const;
+    Outcome writeNumber(const QString& feature, const QVariant& value) const;
+    static double withinRange(const QVariant& value, const FeatureRange& range);
+    template <typename T> static Outcome compared(const Wish& wish, const Written<T>& written);
 
     const FeatureManager& m_features;
     bool m_selectorAstray = false;

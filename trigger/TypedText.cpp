@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Return, and going elsewhere but to the field's own menu. A box that is hidden takes its text
+/// Return, and going anywhere but to the field's own menu. A box that is hidden takes its text
 /// before it loses the focus.
 bool finishes(const QEvent& event)
 {
@@ -25,7 +25,7 @@ bool finishes(const QEvent& event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// A box hears of the mouse where its buttons are; its text has a line edit of its own.
+/// A box gets mouse events on its buttons only; its text is a line edit of its own.
 bool steps(const QEvent& event)
 {
     if (event.type() == QEvent::MouseButtonPress)
@@ -106,7 +106,7 @@ bool TypedText::isUnfinished() const
     return m_typed && m_field.hasFocus();
 }
 
-/// In silence: what comes back is the camera's already.
+/// Without signals: the camera has the value that comes back.
 void TypedText::giveUp()
 {
     const QSignalBlocker silence(&m_field);
@@ -131,20 +131,20 @@ void TypedText::end()
     m_shown = m_edit.text();
 }
 
-/// Of a line edit for numbers.
+/// Null for a field that is no line edit for numbers.
 const NumberInput::Validator* TypedText::numberValidator() const
 {
     return dynamic_cast<const NumberInput::Validator*>(m_edit.validator());
 }
 
-/// Where the text can be no number, it has nothing to finish.
+/// A text that cannot be a number is given up where a number would be taken.
 bool TypedText::isGivenUpBy(const QEvent& event) const
 {
     const auto* numbers = numberValidator();
     return m_typed && finishes(event) && numbers && numbers->hasSurplusMark(m_edit.text());
 }
 
-/// What a box would refuse for being beyond its limits, it takes as the limit.
+/// A number beyond the limits of a box, which would refuse it, becomes the limit.
 void TypedText::correct()
 {
     if (m_edit.hasAcceptableInput())
@@ -155,8 +155,8 @@ void TypedText::correct()
         m_edit.setText(text);
 }
 
-/// By itself a box ends the text with a step that changes its value only. Where it has no room for
-/// one, the typed number is taken as it is.
+/// By itself a box takes the text only with a step that changes its value. Without room for a step,
+/// the typed number is taken as it is.
 void TypedText::step(QAbstractSpinBox& box, QEvent& event)
 {
     const QPointer<TypedText> self(this);
@@ -168,8 +168,8 @@ void TypedText::step(QAbstractSpinBox& box, QEvent& event)
         end();
 }
 
-/// Back from its context menu, a field goes on where it was. A text that could not be taken still
-/// stands otherwise, unless another one was shown meanwhile.
+/// Back from its context menu, a field goes on where it was. Otherwise a text is still being typed
+/// if it could not be taken and no other one was shown meanwhile.
 void TypedText::resume(const QFocusEvent& event)
 {
     if (event.reason() != Qt::PopupFocusReason)
@@ -192,7 +192,7 @@ bool TypedText::escape(QEvent& event)
 
 bool TypedText::eventFilter(QObject* /*watched*/, QEvent* event)
 {
-    // On its way to the destruction, where it loses the focus, a field is a mere widget.
+    // While it is destroyed a field still loses the focus, but is no more than a QWidget.
     if (m_field.metaObject() == &QWidget::staticMetaObject)
         return false;
     auto* box = qobject_cast<QAbstractSpinBox*>(&m_field);

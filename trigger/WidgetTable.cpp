@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Stands behind a cell's widget: assistive technology that walks through the table meets cells and
-/// no widgets, and hears of the widget by the cell's text for it.
+/// The item behind a cell's widget: assistive technology that walks through the table meets cells,
+/// not widgets, and learns about the widget from the cell's text for it.
 class CellOfWidget : public QTableWidgetItem
 {
 public:
@@ -52,7 +52,7 @@ void WidgetTable::place(QTableWidget& table, int row, int column, QWidget& edito
         table.setItem(row, column, new CellOfWidget(editor));
 }
 
-/// By default the key would go round in the table for ever, and pass over the check boxes.
+/// By default the key would circle within the table and skip the check boxes.
 void WidgetTable::chainFocus(QTableWidget& table)
 {
     table.setTabKeyNavigation(false);

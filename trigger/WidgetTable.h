@@ -18,7 +18,7 @@ void chainFocus(QTableWidget& table);
 
 void fitToContents(QTableWidget& table);
 
-/// Tells assistive technology that the widget in a cell is called otherwise now. Nothing happens
+/// Tells assistive technology that the widget in a cell has another name now. Nothing happens
 /// where no table holds it.
 void announceName(const QWidget& placed);
 

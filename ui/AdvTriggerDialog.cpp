@@ -1,7 +1,7 @@
 #include "ui/AdvTriggerDialog.h"
 
 #include "features/FeatureManager.h"
-#include "ui/HintRoom.h"
+#include "ui/Hints.h"
 
 #include <QCoreApplication>
 
@@ -12,7 +12,7 @@ AdvTriggerDialog::AdvTriggerDialog(const ZalCPP::FeatureList& features, int pres
     setupUi(this);
     for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
                          lbl_noCounterTimerHint})
-        keepRoomOf(*hint);
+        Hints::keepRoomOf(*hint);
     lbl_notAcquireHint->hide();
     hintAtMissingFeatures();
     exemptFreeWidgets();
@@ -96,10 +96,8 @@ void AdvTriggerDialog::updateColoredControls()
         QStringLiteral("background-color: rgba(58,147,218,255);border: 1px solid lightblue;");
     static const QString presetLight =
         QStringLiteral("background-color: rgba(192,220,243,255);border: 1px solid lightblue;");
-    static const QString lightBlue = QStringLiteral("color: rgba(56,111,251,255);");
-    static const QString darkBlue = QStringLiteral("color: rgba(50,95,201,255);");
 
-    // As readable as a value has to be, and still not like a field to type into.
+    // As readable as a value has to be, yet not like a field to type into.
     static const QString reported = QStringLiteral(
         "*[reportedValue=\"true\"]:disabled, *[reportedValue=\"true\"] QLineEdit:disabled "
         "{ color: %1 }");
@@ -111,7 +109,7 @@ void AdvTriggerDialog::updateColoredControls()
     lblSelectPreset->setStyleSheet(dark ? presetDark : presetLight);
     for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
                          lbl_noCounterTimerHint})
-        hint->setStyleSheet(dark ? lightBlue : darkBlue);
+        Hints::colour(*hint, dark);
 }
 
 void AdvTriggerDialog::disableContents(bool streamingIsOn)

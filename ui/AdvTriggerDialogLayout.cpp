@@ -47,7 +47,7 @@ void alignLabels(const QGridLayout& grid)
             alignRight(*label);
 }
 
-/// What the box takes to show the longest of its entries that are measured.
+/// The width at which the box shows the longest of its measured entries.
 int widthForEntries(const QComboBox& box)
 {
     const QFontMetrics metrics = box.fontMetrics();
@@ -56,7 +56,7 @@ int widthForEntries(const QComboBox& box)
     return box.sizeHint().width() + longest - shortest;
 }
 
-/// What the edit takes to show 64 bits in hexadecimal digits.
+/// The width at which the edit shows 64 bits in hexadecimal digits.
 int widthForDigits(const QLineEdit& edit)
 {
     constexpr int frame = 14;
@@ -64,7 +64,7 @@ int widthForDigits(const QLineEdit& edit)
     return edit.fontMetrics().horizontalAdvance(digits) + frame;
 }
 
-/// What the widest field of the grid takes to show any of its values.
+/// The width at which the widest field of the grid shows any of its values.
 int widthForValues(const QGridLayout& grid)
 {
     int width = 0;
@@ -148,8 +148,8 @@ void AdvTriggerDialog::foldSections()
     btnConfigureActionCommand->setContent(frmActionCommand);
 }
 
-// The sections get the width that they need, as long as the screen has enough for the overview as
-// well, and no more than lets every field show its values: the overview has the rest.
+// The sections get the width at which every field shows its values, as far as the screen leaves
+// enough for the overview, which gets the rest.
 void AdvTriggerDialog::limitWidthOfSections()
 {
     const int needed = scrollAreaWidgetContents->minimumSizeHint().width() +

@@ -18,7 +18,7 @@ QString rounded(double value)
     return QStringLiteral("%1").arg(value, 0, 'g', -1);
 }
 
-/// The number in the field; 0 for anything that is none, such as one too large to be held.
+/// The number in the field; 0 for any other text, and for a number too large to hold.
 double numberIn(const QLineEdit& edit)
 {
     bool valid = false;
@@ -65,8 +65,8 @@ void AdvTriggerDialog::calculatePWM()
         return;
     const double duration = dutyCycle / (WholePercent * frequency * SecondsPerMicrosecond);
     m_featureManager->SetValue(QStringLiteral("TimerDuration"), rounded(duration).toDouble());
-    // From the exact duration: its rounding error would come on top of the delay's own. A full duty
-    // cycle leaves nothing, where the subtraction would leave the error of the multiplication.
+    // From the exact duration: its rounding error would add to the delay's own. A full duty cycle
+    // leaves no delay; the subtraction would leave the error of the multiplication.
     const bool isFull = dutyCycle == WholePercent;
     const double delay = isFull ? 0.0 : duration * WholePercent / dutyCycle - duration;
     m_featureManager->SetValue(QStringLiteral("TimerDelay"), rounded(delay).toDouble());
@@ -103,10 +103,10 @@ void AdvTriggerDialog::enablePWM(bool on)
         reverseCalcPWM();
     else
         calculatePWM();
-    // Chosen like a user would, so that the camera gets them.
+    // Chosen as a user would, so that the camera gets them.
     const QPointer<AdvTriggerDialog> dialog(this);
     cmbTimerTriggerSource->setCurrentText(ownActiveSignal());
-    // That may have opened an error box, and whoever owns the dialog may have destroyed it then.
+    // An error box may have been open meanwhile, and the dialog destroyed below it.
     if (dialog)
         cmbTimerTriggerActivation->setCurrentText(QStringLiteral("FallingEdge"));
 }
@@ -125,7 +125,7 @@ void AdvTriggerDialog::showPwmOfTimer()
     reverseCalcPWM();
 }
 
-// Never the other way: a timer with another trigger may be on its way to become a PWM.
+// Never switches off: a timer with another trigger may be about to become a PWM.
 void AdvTriggerDialog::detectPwm()
 {
     if (cmbTimerTriggerSource->currentText() == ownActiveSignal() &&

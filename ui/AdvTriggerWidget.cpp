@@ -4,7 +4,7 @@
 #include "plugin/TabExtensionException.h"
 #include "ui/AdvTriggerDialog.h"
 #include "ui/EntryWidth.h"
-#include "ui/HintRoom.h"
+#include "ui/Hints.h"
 #include "ui/SettingsTreeModel.h"
 #include "ui_AdvTriggerWidget.h"
 
@@ -56,7 +56,7 @@ AdvTriggerWidget::AdvTriggerWidget(const ZalCPP::FeatureList& features, QWidget*
     nameForAccessibility();
     m_form->setupUi(this);
     exemptFreeWidgets();
-    keepRoomOf(*m_form->lbl_notAcquireHint);
+    Hints::keepRoomOf(*m_form->lbl_notAcquireHint);
     m_form->lbl_notAcquireHint->hide();
     installTranslator();
 }
@@ -85,8 +85,8 @@ void AdvTriggerWidget::exemptFreeWidgets()
                     << QStringLiteral("chkTooltips");
 }
 
-// The texts above were translated by whoever installed a translator before: this one serves the
-// texts that are still to come.
+// The texts above were translated by translators installed earlier: this one serves the texts that
+// are still to come.
 void AdvTriggerWidget::installTranslator()
 {
     if (tr("Trigger IO").isEmpty())
@@ -151,9 +151,7 @@ void AdvTriggerWidget::SetCustomPreset()
 
 void AdvTriggerWidget::updateColoredControls()
 {
-    static const QString lightBlue = QStringLiteral("color: rgba(56,111,251,255);");
-    static const QString darkBlue = QStringLiteral("color: rgba(50,95,201,255);");
-    m_form->lbl_notAcquireHint->setStyleSheet(isDarkMode() ? lightBlue : darkBlue);
+    Hints::colour(*m_form->lbl_notAcquireHint, isDarkMode());
 }
 
 void AdvTriggerWidget::camIsStreaming(bool streamingIsOn)
@@ -177,7 +175,7 @@ void AdvTriggerWidget::OnClickAdvancedDialog()
     dialog->setWindowTitle(dialogTitle());
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* layout = new QVBoxLayout(dialog.get());
-    // The content's two frames come with margins enough; small screens have no room for more.
+    // The content's two frames have margins enough; small screens have no room for more.
     layout->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
     const int presetIndex = m_form->cmbSelectPreset->currentIndex();
     const WaitCursor wait(*this);

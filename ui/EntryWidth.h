@@ -9,8 +9,8 @@ namespace EntryWidth {
 /// The width of the widest of them, in pixels; 0 for a box without entries.
 int widest(const QComboBox& box);
 
-/// Has a box that makes room for all of its entries make room for those alone, once it has more. To
-/// be called when the box is filled.
+/// Makes a box that takes the width of all its entries go by those alone, once it has more of them.
+/// Call it when the box is filled.
 void limitMeasuring(QComboBox& box);
 
 } // namespace EntryWidth

@@ -17,8 +17,8 @@ static const QMap<QString, QPair<QString, QString>> BRANCHES = {
     {QStringLiteral("TriggerSelector"), {QStringLiteral("Trigger"), QStringLiteral("TriggerMode")}},
 };
 
-static const QString INACTIVE = QStringLiteral("inactive");
-static const QString OFF = QStringLiteral("Off");
+static const QString Inactive = QStringLiteral("inactive");
+static const QString Off = QStringLiteral("Off");
 
 namespace {
 
@@ -103,7 +103,7 @@ void SettingsTreeModel::followBranchesWithoutEntries()
     for (auto branch = BRANCHES.cbegin(); branch != BRANCHES.cend(); ++branch) {
         if (!hasNoSelector(branch.key()))
             continue;
-        const Answer<QString> status = m_featureManager->AskStringValue(branch.value().second);
+        const Answer<QString> status = m_featureManager->askStringValue(branch.value().second);
         if (!status.isMissing())
             followStatus(branch.key(), status.value);
     }
@@ -114,20 +114,20 @@ const QMap<QString, QString>& SettingsTreeModel::selectorsAstray() const
     return m_selectorsAstray;
 }
 
-/// Settings can only be read of the entry that is selected on the camera. Without the way back the
-/// selector had better stay where it is: presets go on from there.
+/// Only the settings of the entry selected on the camera can be read. Without knowing the way back,
+/// the selector stays where it is: presets go on from there.
 int SettingsTreeModel::appendActiveBranches(const QString& selector)
 {
     const QString status = BRANCHES.value(selector).second;
     const QStringList entries = m_featureManager->GetAvailableEnumEntries(selector);
-    const Answer<QString> selected = m_featureManager->AskStringValue(selector);
+    const Answer<QString> selected = m_featureManager->askStringValue(selector);
     m_currentEntries.insert(selector, selected.value);
     if (selected.isMissing())
         return 0;
     int count = 0;
     for (const QString& entry : entries) {
         m_featureManager->SetValue(selector, entry);
-        if (m_featureManager->GetStringValue(status) == OFF)
+        if (m_featureManager->GetStringValue(status) == Off)
             continue;
         addSelectorBranch(selector, entry);
         ++count;
@@ -142,7 +142,7 @@ bool SettingsTreeModel::putBack(const QString& selector, const QString& entry) c
 {
     constexpr int attempts = 2;
     for (int i = 0; i < attempts; ++i) {
-        const Written<QString> written = m_featureManager->TrySetValue(selector, entry);
+        const Written<QString> written = m_featureManager->trySetValue(selector, entry);
         if (!written.unanswered || written.value == entry)
             return true;
     }
@@ -180,7 +180,7 @@ QString SettingsTreeModel::valueText(const QString& feature) const
     }
 }
 
-// The questions below are no alternatives: TriggerMode is a setting in its branch and also decides
+// These are not alternatives: TriggerMode is a setting in its branch and also decides
 // whether there is one.
 void SettingsTreeModel::OnFeatureChanged(const QString& featureName, const QVariant& value)
 {
@@ -224,7 +224,7 @@ void SettingsTreeModel::followStatus(const QString& selector, const QString& sta
     const QString title = BRANCHES.value(selector).first;
     const QString entry = m_currentEntries.value(selector);
     const int branch = rowOfBranch(title, entry);
-    if (status == OFF) {
+    if (status == Off) {
         if (branch >= 0)
             m_model->removeRow(branch);
         if (m_model->findItems(title, Qt::MatchExactly, TitleColumn).isEmpty())
@@ -240,8 +240,7 @@ void SettingsTreeModel::followStatus(const QString& selector, const QString& sta
 }
 
 /// A counter without a selector has no entry and is in use all the same; a selector without entry
-/// is one that cannot be read. On a camera that does not answer any more nothing can be found at
-/// all.
+/// is one that cannot be read. On a camera that no longer answers, nothing is found.
 bool SettingsTreeModel::hasNoSelector(const QString& selector) const
 {
     return !m_featureManager->GetIsFeatureAvailable(selector) &&
@@ -251,7 +250,7 @@ bool SettingsTreeModel::hasNoSelector(const QString& selector) const
 int SettingsTreeModel::rowOfBranch(const QString& title, const QString& entry) const
 {
     for (QStandardItem* item : m_model->findItems(title, Qt::MatchExactly, TitleColumn)) {
-        const bool isBranch = item->data(Qt::UserRole).toString() != INACTIVE;
+        const bool isBranch = item->data(Qt::UserRole).toString() != Inactive;
         if (isBranch && m_model->item(item->row(), ValueColumn)->text() == entry)
             return item->row();
     }
@@ -261,7 +260,7 @@ int SettingsTreeModel::rowOfBranch(const QString& title, const QString& entry) c
 int SettingsTreeModel::rowOfInactive(const QString& title) const
 {
     for (QStandardItem* item : m_model->findItems(title, Qt::MatchExactly, TitleColumn)) {
-        if (item->data(Qt::UserRole).toString() == INACTIVE)
+        if (item->data(Qt::UserRole).toString() == Inactive)
             return item->row();
     }
     return -1;
@@ -270,6 +269,6 @@ int SettingsTreeModel::rowOfInactive(const QString& title) const
 void SettingsTreeModel::appendInactive(const QString& title)
 {
     auto* item = new QStandardItem(title);
-    item->setData(INACTIVE, Qt::UserRole);
-    m_model->appendRow({item, new QStandardItem(INACTIVE)});
+    item->setData(Inactive, Qt::UserRole);
+    m_model->appendRow({item, new QStandardItem(Inactive)});
 }

@@ -14,7 +14,7 @@ class CollapsingButton : public QToolButton
 public:
     explicit CollapsingButton(QWidget* parent = nullptr);
 
-    /// Shows the text with a blank before it, off the arrow.
+    /// Shows the text with a blank before it, to keep it off the arrow.
     void setText(const QString& text);
 
     /// Sets the widget to fold, which the button does not own; without one, or once it is

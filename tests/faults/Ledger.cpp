@@ -48,7 +48,7 @@ bool isRefusedThere(const Write& write, const Circumstances& step, const QString
 {
     const Failures there = failuresThere(write, step, operations);
     return std::any_of(there.begin(), there.end(),
-                       [](const FailedCall& failed) { return !IsUnanswered(failed.status); });
+                       [](const FailedCall& failed) { return !isUnanswered(failed.status); });
 }
 
 /// The overview looks at every entry of the three, the table at every line. That they put back what
@@ -158,7 +158,7 @@ bool goesByMissingSelector(const Write& write, const Circumstances& step)
     const auto isRefused = [&](const FailedCall& failed) {
         static const QStringList questions = {"GetName", "IsWritable"};
         return failed.feature == write.selector && questions.contains(failed.operation) &&
-               !IsUnanswered(failed.status);
+               !isUnanswered(failed.status);
     };
     return isSetElsewhere(write, step) &&
            std::any_of(step.failures.begin(), step.failures.end(), isRefused);

@@ -280,7 +280,7 @@ bool Session::isOnTroddenWay() const
         return false;
     const FailedCall& first = failures.front();
     QStringList way = {first.operation, first.feature, camera.isLasting() ? "lasting" : "once",
-                       IsUnanswered(first.status) ? "unanswered" : "refused",
+                       isUnanswered(first.status) ? "unanswered" : "refused",
                        QString::fromLatin1(camera.digest())};
     return gallery.isTrodden((way + portraitOfTab.values()).join('\n').toUtf8());
 }

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "features/ZalFeatureWrapper.h"
+#include "features/FeatureManager.h"
 #include "tests/support/FakeCamera.h"
 
+#include <QByteArray>
 #include <QSharedPointer>
 #include <QStringList>
 #include <QVector>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace FeatureTest {
@@ -55,6 +57,27 @@ inline QStringList toList(const std::vector<std::string>& texts)
         list.append(QString::fromStdString(text));
     return list;
 }
+
+/// Every bit of it: QCOMPARE takes doubles as equal that are merely close.
+inline QByteArray exact(double value)
+{
+    return QByteArray::number(value, 'g', 17);
+}
+
+/// A one-feature camera and a manager over it.
+struct World
+{
+    explicit World(const std::function<void(Fake::FakeCamera&)>& populate)
+    {
+        populate(camera);
+        manager = std::make_unique<FeatureManager>(wrap(camera));
+    }
+    QStringList writes() const { return toList(camera.writes()); }
+    Fake::FakeFeature& operator[](const char* name) const { return camera[name]; }
+
+    Fake::FakeCamera camera;
+    std::unique_ptr<FeatureManager> manager;
+};
 
 /// The camera's call log without the name reads of the lookups.
 inline QStringList callsAfterLookup(const Fake::FakeCamera& camera)

@@ -141,9 +141,60 @@ void threeDown(const char* name, Result (F::*three)(Q, Q, Q, Outputs...) const,
     place(qPrintable(QString("%1, one name").arg(name)), one);
 }
 
+void placeWritesAndFacts()
+{
+    place<double, Q, Q, Q, double>("SetValue number, three names", &F::SetValue);
+    place<double, Q, Q, double>("SetValue number, two names", &F::SetValue);
+    place<double, Q, double>("SetValue number, one name", &F::SetValue);
+    place<QString, Q, Q, Q, Q>("SetValue text, three names", &F::SetValue);
+    place<QString, Q, Q, Q>("SetValue text, two names", &F::SetValue);
+    place<QString, Q, Q>("SetValue text, one name", &F::SetValue);
+    place("RunCommand", &F::RunCommand);
+    place("GetCategory", &F::GetCategory);
+    place("GetIsFeatureValueAvailable", &F::GetIsFeatureValueAvailable);
+    place("GetSelectedFeatures", &F::GetSelectedFeatures);
+    place<ZalFeatureDataType, Q>("GetDataType", &F::GetDataType);
+    place("GetRepresentation", &F::GetRepresentation);
+    place("GetInformation", &F::GetInformation);
+    place("GetFeaturesList", &F::GetFeaturesList);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Call)
+
+namespace {
+
+// Qualified calls run the manager's own form; what that form calls is virtual again.
+using R = const Recorder&;
+
+void addForm(const char* name, const char* reached, const Call& call)
+{
+    QTest::newRow(name) << call << QString(reached);
+}
+
+void addRangeForms()
+{
+    static bool writable = false;
+    static double min = 0.0;
+    static double max = 0.0;
+    static double inc = 0.0;
+    addForm("GetValueIsWritableRangeIncrement 1", "GetValueIsWritableRangeIncrement|X||",
+            [](R m) { m.F::GetValueIsWritableRangeIncrement("X", &writable, &min, &max, &inc); });
+    addForm("GetValueIsWritableRangeIncrement 2", "GetValueIsWritableRangeIncrement|X|Y|", [](R m) {
+        m.F::GetValueIsWritableRangeIncrement("X", "Y", &writable, &min, &max, &inc);
+    });
+    addForm("GetValueRangeIncrement 1", "GetValueRangeIncrement|X||",
+            [](R m) { m.F::GetValueRangeIncrement("X", &min, &max, &inc); });
+    addForm("GetValueRangeIncrement 2", "GetValueRangeIncrement|X|Y|",
+            [](R m) { m.F::GetValueRangeIncrement("X", "Y", &min, &max, &inc); });
+    addForm("GetValueRange 1", "GetValueRange|X||",
+            [](R m) { m.F::GetValueRange("X", &min, &max); });
+    addForm("GetValueRange 2", "GetValueRange|X|Y|",
+            [](R m) { m.F::GetValueRange("X", "Y", &min, &max); });
+}
+
+} // namespace
 
 class tst_FeatureManagerDispatch : public QObject
 {
@@ -197,20 +248,7 @@ void tst_FeatureManagerDispatch::virtualOperationsStandInTheirOrder_data()
     place<bool, Q, Q, Q>("GetIsFeatureWritable, three names", &F::GetIsFeatureWritable);
     threeDown<bool>("GetIsFloatFeature", &F::GetIsFloatFeature, &F::GetIsFloatFeature,
                     &F::GetIsFloatFeature);
-    place<double, Q, Q, Q, double>("SetValue number, three names", &F::SetValue);
-    place<double, Q, Q, double>("SetValue number, two names", &F::SetValue);
-    place<double, Q, double>("SetValue number, one name", &F::SetValue);
-    place<QString, Q, Q, Q, Q>("SetValue text, three names", &F::SetValue);
-    place<QString, Q, Q, Q>("SetValue text, two names", &F::SetValue);
-    place<QString, Q, Q>("SetValue text, one name", &F::SetValue);
-    place("RunCommand", &F::RunCommand);
-    place("GetCategory", &F::GetCategory);
-    place("GetIsFeatureValueAvailable", &F::GetIsFeatureValueAvailable);
-    place("GetSelectedFeatures", &F::GetSelectedFeatures);
-    place<ZalFeatureDataType, Q>("GetDataType", &F::GetDataType);
-    place("GetRepresentation", &F::GetRepresentation);
-    place("GetInformation", &F::GetInformation);
-    place("GetFeaturesList", &F::GetFeaturesList);
+    placeWritesAndFacts();
     QCOMPARE(nextPlace, 2 + 51);
 }
 
@@ -223,51 +261,34 @@ void tst_FeatureManagerDispatch::virtualOperationsStandInTheirOrder()
 
 void tst_FeatureManagerDispatch::shorterFormsCallTheLongerOnesThroughTheVirtualTable_data()
 {
-    static bool writable = false;
-    static double min = 0.0;
-    static double max = 0.0;
-    static double inc = 0.0;
     QTest::addColumn<Call>("call");
     QTest::addColumn<QString>("reached");
-    const auto row = [](const char* name, const char* reached, const Call& call) {
-        QTest::newRow(name) << call << reached;
-    };
-    // Qualified calls run the manager's own form; what that form calls is virtual again.
-    using R = const Recorder&;
-    row("GetValue 1", "GetValue|X||", [](R m) { m.F::GetValue("X"); });
-    row("GetValue 2", "GetValue|X|Y|", [](R m) { m.F::GetValue("X", "Y"); });
-    row("GetStringValue 1", "GetStringValue|X|", [](R m) { m.F::GetStringValue("X"); });
-    row("GetIsWritable 1", "GetIsWritable|X|", [](R m) { m.F::GetIsWritable("X"); });
-    row("GetIncrement 1", "GetIncrement|X|", [](R m) { m.F::GetIncrement("X"); });
-    row("GetDisplayName 1", "GetDisplayName|X|", [](R m) { m.F::GetDisplayName(QString("X")); });
-    row("GetValueIsWritableRangeIncrement 1", "GetValueIsWritableRangeIncrement|X||",
-        [](R m) { m.F::GetValueIsWritableRangeIncrement("X", &writable, &min, &max, &inc); });
-    row("GetValueIsWritableRangeIncrement 2", "GetValueIsWritableRangeIncrement|X|Y|",
-        [](R m) { m.F::GetValueIsWritableRangeIncrement("X", "Y", &writable, &min, &max, &inc); });
-    row("GetValueRangeIncrement 1", "GetValueRangeIncrement|X||",
-        [](R m) { m.F::GetValueRangeIncrement("X", &min, &max, &inc); });
-    row("GetValueRangeIncrement 2", "GetValueRangeIncrement|X|Y|",
-        [](R m) { m.F::GetValueRangeIncrement("X", "Y", &min, &max, &inc); });
-    row("GetValueRange 1", "GetValueRange|X||", [](R m) { m.F::GetValueRange("X", &min, &max); });
-    row("GetValueRange 2", "GetValueRange|X|Y|",
-        [](R m) { m.F::GetValueRange("X", "Y", &min, &max); });
-    row("GetAvailableEnumEntries 1", "GetAvailableEnumEntries|X|",
-        [](R m) { m.F::GetAvailableEnumEntries("X"); });
-    row("GetIsFeatureAvailable 1", "GetIsFeatureAvailable|X|",
-        [](R m) { m.F::GetIsFeatureAvailable("X"); });
-    row("GetIsFeatureAvailable 2", "GetIsFeatureAvailable|X|Y|",
-        [](R m) { m.F::GetIsFeatureAvailable("X", "Y"); });
-    row("GetIsFeatureWritable 1", "GetIsFeatureWritable|X|",
-        [](R m) { m.F::GetIsFeatureWritable("X"); });
-    row("GetIsFeatureWritable 2", "GetIsFeatureWritable|X|Y|",
-        [](R m) { m.F::GetIsFeatureWritable("X", "Y"); });
-    row("GetIsFloatFeature 1", "GetIsFloatFeature|X||", [](R m) { m.F::GetIsFloatFeature("X"); });
-    row("GetIsFloatFeature 2", "GetIsFloatFeature|X|Y|",
-        [](R m) { m.F::GetIsFloatFeature("X", "Y"); });
-    row("SetValue number 1", "SetNumber|X||", [](R m) { m.F::SetValue("X", 1.0); });
-    row("SetValue number 2", "SetNumber|X|Y|", [](R m) { m.F::SetValue("X", "Y", 1.0); });
-    row("SetValue text 1", "SetText|X||", [](R m) { m.F::SetValue("X", QString("v")); });
-    row("SetValue text 2", "SetText|X|Y|", [](R m) { m.F::SetValue("X", "Y", QString("v")); });
+    addForm("GetValue 1", "GetValue|X||", [](R m) { m.F::GetValue("X"); });
+    addForm("GetValue 2", "GetValue|X|Y|", [](R m) { m.F::GetValue("X", "Y"); });
+    addForm("GetStringValue 1", "GetStringValue|X|", [](R m) { m.F::GetStringValue("X"); });
+    addForm("GetIsWritable 1", "GetIsWritable|X|", [](R m) { m.F::GetIsWritable("X"); });
+    addForm("GetIncrement 1", "GetIncrement|X|", [](R m) { m.F::GetIncrement("X"); });
+    addForm("GetDisplayName 1", "GetDisplayName|X|",
+            [](R m) { m.F::GetDisplayName(QString("X")); });
+    addRangeForms();
+    addForm("GetAvailableEnumEntries 1", "GetAvailableEnumEntries|X|",
+            [](R m) { m.F::GetAvailableEnumEntries("X"); });
+    addForm("GetIsFeatureAvailable 1", "GetIsFeatureAvailable|X|",
+            [](R m) { m.F::GetIsFeatureAvailable("X"); });
+    addForm("GetIsFeatureAvailable 2", "GetIsFeatureAvailable|X|Y|",
+            [](R m) { m.F::GetIsFeatureAvailable("X", "Y"); });
+    addForm("GetIsFeatureWritable 1", "GetIsFeatureWritable|X|",
+            [](R m) { m.F::GetIsFeatureWritable("X"); });
+    addForm("GetIsFeatureWritable 2", "GetIsFeatureWritable|X|Y|",
+            [](R m) { m.F::GetIsFeatureWritable("X", "Y"); });
+    addForm("GetIsFloatFeature 1", "GetIsFloatFeature|X||",
+            [](R m) { m.F::GetIsFloatFeature("X"); });
+    addForm("GetIsFloatFeature 2", "GetIsFloatFeature|X|Y|",
+            [](R m) { m.F::GetIsFloatFeature("X", "Y"); });
+    addForm("SetValue number 1", "SetNumber|X||", [](R m) { m.F::SetValue("X", 1.0); });
+    addForm("SetValue number 2", "SetNumber|X|Y|", [](R m) { m.F::SetValue("X", "Y", 1.0); });
+    addForm("SetValue text 1", "SetText|X||", [](R m) { m.F::SetValue("X", QString("v")); });
+    addForm("SetValue text 2", "SetText|X|Y|", [](R m) { m.F::SetValue("X", "Y", QString("v")); });
 }
 
 void tst_FeatureManagerDispatch::shorterFormsCallTheLongerOnesThroughTheVirtualTable()
@@ -283,7 +304,6 @@ void tst_FeatureManagerDispatch::formsThatResolveThemselvesReachNoOther_data()
 {
     QTest::addColumn<Call>("call");
     const auto row = [](const char* name, const Call& call) { QTest::newRow(name) << call; };
-    using R = const Recorder&;
     row("GetIsWritable 2", [](R m) { QVERIFY(m.F::GetIsWritable("Gone", "Count")); });
     row("GetIsWritable 3", [](R m) { QVERIFY(m.F::GetIsWritable("Gone", "Too", "Count")); });
     row("GetDisplayName 2",

@@ -1,4 +1,4 @@
-// FeatureManager: representation, data type, category and display name of a feature.
+// FeatureManager: representation, data type, category, display name and selected features.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
@@ -22,6 +22,11 @@ private slots:
     void categoryOfAnUnknownNameIsEmptyWithoutLogging();
     void displayNameUsesTheAlternatives();
     void unreadableDisplayNameIsEmptyWithoutFallback();
+    void selectedFeaturesAreNamedInOrder();
+    void namesOfSelectedFeaturesAreDecodedFromUtf8();
+    void selectedFeaturesOfAMissingOrFailingSelectorAreNone();
+    void selectedFeatureWithoutAReadableNameIsSkipped();
+    void selectedHandleWithoutAFeatureIsSkipped();
 };
 
 void tst_FeatureManagerFacts::representationPassesThrough()
@@ -140,6 +145,56 @@ void tst_FeatureManagerFacts::unreadableDisplayNameIsEmptyWithoutFallback()
     QCOMPARE(manager.GetDisplayName("Count", "Delay"), QString());
     QCOMPARE(manager.GetDisplayName("Count", "Delay", "Mode"), QString());
     QCOMPARE(log.lines(), QStringList());
+}
+
+void tst_FeatureManagerFacts::selectedFeaturesAreNamedInOrder()
+{
+    const auto camera = FakeCamera::standard();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"),
+             (QStringList{"TriggerMode", "TriggerSource", "TriggerActivation", "TriggerDelay",
+                          "TriggerSoftware"}));
+    QCOMPARE(manager.GetSelectedFeatures("TriggerDelay"), QStringList());
+    QVERIFY(camera->writes().empty());
+}
+
+void tst_FeatureManagerFacts::namesOfSelectedFeaturesAreDecodedFromUtf8()
+{
+    FakeCamera camera;
+    camera.addEnum("Mode", {"On"}, "On");
+    camera.addInteger("\xC3\x84", 1);
+    camera.select("Mode", {"\xC3\x84"});
+    const FeatureManager manager(FeatureTest::wrap(camera));
+    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{QStringLiteral(u"\u00C4")});
+}
+
+void tst_FeatureManagerFacts::selectedFeaturesOfAMissingOrFailingSelectorAreNone()
+{
+    const auto camera = FakeCamera::standard();
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QCOMPARE(manager.GetSelectedFeatures("NoSuchSelector"), QStringList());
+    camera->failCall("GetSelectedFeatures", "TriggerSelector");
+    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"), QStringList());
+}
+
+void tst_FeatureManagerFacts::selectedFeatureWithoutAReadableNameIsSkipped()
+{
+    const auto camera = FakeCamera::standard();
+    camera->failCall("GetName", "SoftwareSignalPulse");
+    camera->failCall("GetName", "TriggerSource");
+    const FeatureManager manager(FeatureTest::wrap(*camera));
+    QCOMPARE(manager.GetSelectedFeatures("SoftwareSignalSelector"), QStringList());
+    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"),
+             (QStringList{"TriggerMode", "TriggerActivation", "TriggerDelay", "TriggerSoftware"}));
+}
+
+void tst_FeatureManagerFacts::selectedHandleWithoutAFeatureIsSkipped()
+{
+    FakeCamera camera;
+    const auto mode = camera.addEnum("Mode", {"On"}, "On");
+    mode->selectedFeatures = {nullptr, camera.addInteger("B", 1)};
+    const FeatureManager manager(FeatureTest::wrap(camera));
+    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{"B"});
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerFacts)

@@ -2,6 +2,7 @@
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -13,7 +14,7 @@ using FeatureTest::callsAfterLookup;
 
 namespace {
 
-constexpr ZalFeatureFlagsType readWrite = ZalFeatureFlagsRead | ZalFeatureFlagsWrite;
+constexpr ZalFeatureFlagsType ReadWrite = ZalFeatureFlagsRead | ZalFeatureFlagsWrite;
 
 QString informationOf(const FakeCamera& camera, const char* name)
 {
@@ -117,18 +118,12 @@ void tst_FeatureManagerInformation::missingDescriptionIsNotAvailable()
 
 void tst_FeatureManagerInformation::eachSentenceOfTheDescriptionEndsALine_data()
 {
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("two sentences") << "First. Second."
-                                   << "<br/>First.<br/> Second.<br/><br/>";
-    QTest::newRow("no full stop") << "Just words"
-                                  << "<br/>Just words<br/>";
-    QTest::newRow("full stop in a number") << "Up to 2.5 s"
-                                           << "<br/>Up to 2.<br/>5 s<br/>";
-    QTest::newRow("ellipsis") << "Wait..."
-                              << "<br/>Wait.<br/>.<br/>.<br/><br/>";
-    QTest::newRow("other ends") << "Why? So!"
-                                << "<br/>Why? So!<br/>";
+    columns<QString, QString>("description", "shown");
+    row("two sentences", "First. Second.", "<br/>First.<br/> Second.<br/><br/>");
+    row("no full stop", "Just words", "<br/>Just words<br/>");
+    row("full stop in a number", "Up to 2.5 s", "<br/>Up to 2.<br/>5 s<br/>");
+    row("ellipsis", "Wait...", "<br/>Wait.<br/>.<br/>.<br/><br/>");
+    row("other ends", "Why? So!", "<br/>Why? So!<br/>");
 }
 
 void tst_FeatureManagerInformation::eachSentenceOfTheDescriptionEndsALine()
@@ -144,17 +139,12 @@ void tst_FeatureManagerInformation::eachSentenceOfTheDescriptionEndsALine()
 
 void tst_FeatureManagerInformation::placeMarkersInTheDescriptionAreReplacedByTheRest_data()
 {
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<QString>("shown");
+    columns<QString, QString>("description", "shown");
     // # stands for the information: it goes where the lowest place marker is left over.
-    QTest::newRow("none") << "100 %"
-                          << "<br/>100 %<br/>#";
-    QTest::newRow("%1") << "Duty %1 s"
-                        << "<br/>Duty # s<br/>%2";
-    QTest::newRow("%2") << "Duty %2 s"
-                        << "<br/>Duty # s<br/>#";
-    QTest::newRow("%3") << "Duty %3 s"
-                        << "<br/>Duty %3 s<br/>#";
+    row("none", "100 %", "<br/>100 %<br/>#");
+    row("%1", "Duty %1 s", "<br/>Duty # s<br/>%2");
+    row("%2", "Duty %2 s", "<br/>Duty # s<br/>#");
+    row("%3", "Duty %3 s", "<br/>Duty %3 s<br/>#");
 }
 
 void tst_FeatureManagerInformation::placeMarkersInTheDescriptionAreReplacedByTheRest()
@@ -171,15 +161,14 @@ void tst_FeatureManagerInformation::placeMarkersInTheDescriptionAreReplacedByThe
 
 void tst_FeatureManagerInformation::visibilityIsNamed_data()
 {
-    QTest::addColumn<unsigned>("visibility");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("0") << 0U << "UNKNOWN";
-    QTest::newRow("1") << 1U << "BEGINNER";
-    QTest::newRow("2") << 2U << "EXPERT";
-    QTest::newRow("3") << 3U << "GURU";
-    QTest::newRow("4") << 4U << "INVISIBLE";
-    QTest::newRow("5") << 5U << "N/A";
-    QTest::newRow("99") << 99U << "N/A";
+    columns<unsigned, QString>("visibility", "name");
+    row("0", 0U, "UNKNOWN");
+    row("1", 1U, "BEGINNER");
+    row("2", 2U, "EXPERT");
+    row("3", 3U, "GURU");
+    row("4", 4U, "INVISIBLE");
+    row("5", 5U, "N/A");
+    row("99", 99U, "N/A");
 }
 
 void tst_FeatureManagerInformation::visibilityIsNamed()
@@ -201,16 +190,15 @@ void tst_FeatureManagerInformation::visibilityThatCannotBeReadIsUnknown()
 
 void tst_FeatureManagerInformation::typesWithoutLimitsShowTheirTypeAlone_data()
 {
-    QTest::addColumn<unsigned>("type");
-    QTest::addColumn<QString>("block");
-    QTest::newRow("unknown") << 0U << "";
-    QTest::newRow("enumeration") << 3U << "<b>Type:</b> Enumeration<br/>";
-    QTest::newRow("string") << 4U << "<b>Type:</b> String<br/>";
-    QTest::newRow("boolean") << 5U << "<b>Type:</b> Boolean<br/>";
-    QTest::newRow("command") << 6U << "<b>Type:</b> Command<br/>";
-    QTest::newRow("raw") << 7U << "<b>Type:</b> Raw<br/>";
-    QTest::newRow("none") << 8U << "";
-    QTest::newRow("undocumented") << 99U << "";
+    columns<unsigned, QString>("type", "block");
+    row("unknown", 0U, "");
+    row("enumeration", 3U, "<b>Type:</b> Enumeration<br/>");
+    row("string", 4U, "<b>Type:</b> String<br/>");
+    row("boolean", 5U, "<b>Type:</b> Boolean<br/>");
+    row("command", 6U, "<b>Type:</b> Command<br/>");
+    row("raw", 7U, "<b>Type:</b> Raw<br/>");
+    row("none", 8U, "");
+    row("undocumented", 99U, "");
 }
 
 void tst_FeatureManagerInformation::typesWithoutLimitsShowTheirTypeAlone()
@@ -233,19 +221,18 @@ void tst_FeatureManagerInformation::dataTypeThatCannotBeReadShowsNoTypeBlock()
 
 void tst_FeatureManagerInformation::flagsDecideWhetherLimitsAreShown_data()
 {
-    QTest::addColumn<unsigned>("flags");
-    QTest::addColumn<bool>("shown");
-    QTest::newRow("none") << 0x00U << false;
-    QTest::newRow("read") << 0x01U << true;
-    QTest::newRow("write") << 0x02U << true;
-    QTest::newRow("read and write") << 0x03U << true;
-    QTest::newRow("undocumented bit alone") << 0x04U << false;
-    QTest::newRow("read and an undocumented bit") << 0x05U << false;
-    QTest::newRow("volatile") << 0x08U << true;
-    QTest::newRow("read and volatile") << 0x09U << true;
-    QTest::newRow("modify-write") << 0x10U << true;
-    QTest::newRow("read and a high undocumented bit") << 0x21U << false;
-    QTest::newRow("write and an undocumented bit") << 0x06U << true;
+    columns<unsigned, bool>("flags", "shown");
+    row("none", 0x00U, false);
+    row("read", 0x01U, true);
+    row("write", 0x02U, true);
+    row("read and write", 0x03U, true);
+    row("undocumented bit alone", 0x04U, false);
+    row("read and an undocumented bit", 0x05U, false);
+    row("volatile", 0x08U, true);
+    row("read and volatile", 0x09U, true);
+    row("modify-write", 0x10U, true);
+    row("read and a high undocumented bit", 0x21U, false);
+    row("write and an undocumented bit", 0x06U, true);
 }
 
 void tst_FeatureManagerInformation::flagsDecideWhetherLimitsAreShown()
@@ -265,19 +252,18 @@ void tst_FeatureManagerInformation::flagsDecideWhetherLimitsAreShown()
 void tst_FeatureManagerInformation::flagsThatCannotBeReadHideTheLimits()
 {
     FakeCamera camera;
-    camera.addInteger("Count", 1)->flags = readWrite;
+    camera.addInteger("Count", 1)->flags = ReadWrite;
     camera.failCall("GetFlags", "Count");
     QCOMPARE(typeBlockOf(camera, "Count"), QString());
 }
 
 void tst_FeatureManagerInformation::integerIntervalIsHiddenForOne_data()
 {
-    QTest::addColumn<qlonglong>("increment");
-    QTest::addColumn<QString>("interval");
-    QTest::newRow("1") << 1LL << "";
-    QTest::newRow("4") << 4LL << "<b>Interval:</b> 4<br/>";
-    QTest::newRow("0") << 0LL << "<b>Interval:</b> 0<br/>";
-    QTest::newRow("-1") << -1LL << "<b>Interval:</b> -1<br/>";
+    columns<qlonglong, QString>("increment", "interval");
+    row("1", qlonglong(1), "");
+    row("4", qlonglong(4), "<b>Interval:</b> 4<br/>");
+    row("0", qlonglong(0), "<b>Interval:</b> 0<br/>");
+    row("-1", qlonglong(-1), "<b>Interval:</b> -1<br/>");
 }
 
 void tst_FeatureManagerInformation::integerIntervalIsHiddenForOne()
@@ -306,12 +292,11 @@ void tst_FeatureManagerInformation::unreadableRangeHidesTheTypeLineButNotTheInte
 
 void tst_FeatureManagerInformation::floatIntervalHasTenDecimals_data()
 {
-    QTest::addColumn<double>("increment");
-    QTest::addColumn<QString>("interval");
-    QTest::newRow("0.5") << 0.5 << "0.5000000000";
-    QTest::newRow("1 is shown too") << 1.0 << "1.0000000000";
-    QTest::newRow("tiny") << 1e-9 << "0.0000000010";
-    QTest::newRow("large") << 1e6 << "1000000.0000000000";
+    columns<double, QString>("increment", "interval");
+    row("0.5", 0.5, "0.5000000000");
+    row("1 is shown too", 1.0, "1.0000000000");
+    row("tiny", 1e-9, "0.0000000010");
+    row("large", 1e6, "1000000.0000000000");
 }
 
 void tst_FeatureManagerInformation::floatIntervalHasTenDecimals()
@@ -328,17 +313,11 @@ void tst_FeatureManagerInformation::floatIntervalHasTenDecimals()
 
 void tst_FeatureManagerInformation::floatMinimumHasNineDigitsAndMaximumTwelve_data()
 {
-    QTest::addColumn<double>("limit");
-    QTest::addColumn<QString>("minimum");
-    QTest::addColumn<QString>("maximum");
-    QTest::newRow("many digits") << 1234567.891234 << "1234567.89"
-                                 << "1234567.89123";
-    QTest::newRow("ten digits") << 1234567891.0 << "1.23456789e+09"
-                                << "1234567891";
-    QTest::newRow("third") << 1.0 / 3.0 << "0.333333333"
-                           << "0.333333333333";
-    QTest::newRow("whole") << 1000000.0 << "1000000"
-                           << "1000000";
+    columns<double, QString, QString>("limit", "minimum", "maximum");
+    row("many digits", 1234567.891234, "1234567.89", "1234567.89123");
+    row("ten digits", 1234567891.0, "1.23456789e+09", "1234567891");
+    row("third", 1.0 / 3.0, "0.333333333", "0.333333333333");
+    row("whole", 1000000.0, "1000000", "1000000");
 }
 
 void tst_FeatureManagerInformation::floatMinimumHasNineDigitsAndMaximumTwelve()

@@ -1,6 +1,7 @@
 // How FeatureManager turns names into features.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -41,7 +42,7 @@ int nameQuestions(const FakeCamera& camera)
 const QString X("X");
 const QString Y("Y");
 const QString Z("Z");
-const QString none;
+const QString None;
 
 } // namespace
 
@@ -72,11 +73,6 @@ private slots:
     void featureNameOfAListStopsAtTheFirstFound();
     void nameThatFailsAfterTheLookupIsEmpty();
     void unreadableDisplayNameOfAListIsEmpty();
-    void selectedFeaturesAreNamedInOrder();
-    void namesOfSelectedFeaturesAreDecodedFromUtf8();
-    void selectedFeaturesOfAMissingOrFailingSelectorAreNone();
-    void selectedFeatureWithoutAReadableNameIsSkipped();
-    void selectedHandleWithoutAFeatureIsSkipped();
 };
 
 void tst_FeatureManagerLookup::sharesTheListWithoutCopyingItAndReleasesIt()
@@ -97,26 +93,16 @@ void tst_FeatureManagerLookup::sharesTheListWithoutCopyingItAndReleasesIt()
 
 void tst_FeatureManagerLookup::findsTheFeatureByItsExactName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("found");
-    QTest::newRow("exact") << "TriggerMode"
-                           << "TriggerMode";
-    QTest::newRow("lower case") << "triggermode"
-                                << "(null)";
-    QTest::newRow("longer") << "TriggerModes"
-                            << "(null)";
-    QTest::newRow("shorter") << "TriggerMod"
-                             << "(null)";
-    QTest::newRow("leading blank") << " TriggerMode"
-                                   << "(null)";
-    QTest::newRow("trailing blank") << "TriggerMode "
-                                    << "(null)";
-    QTest::newRow("lower case on the camera") << "LineMode"
-                                              << "(null)";
-    QTest::newRow("as on the camera") << "linemode"
-                                      << "linemode";
-    QTest::newRow("empty") << ""
-                           << "(null)";
+    columns<QString, QString>("name", "found");
+    row("exact", "TriggerMode", "TriggerMode");
+    row("lower case", "triggermode", "(null)");
+    row("longer", "TriggerModes", "(null)");
+    row("shorter", "TriggerMod", "(null)");
+    row("leading blank", " TriggerMode", "(null)");
+    row("trailing blank", "TriggerMode ", "(null)");
+    row("lower case on the camera", "LineMode", "(null)");
+    row("as on the camera", "linemode", "linemode");
+    row("empty", "", "(null)");
 }
 
 void tst_FeatureManagerLookup::findsTheFeatureByItsExactName()
@@ -138,7 +124,7 @@ void tst_FeatureManagerLookup::emptyNameMatchesAFeatureWhoseNameIsEmpty()
     const auto nameless = camera.addInteger("", 2);
     const FeatureManager manager(wrap(camera));
     QVERIFY(manager.GetFeatureByName(std::string())->GetZalFeaturePtr() == nameless);
-    QVERIFY(manager.GetFeatureByName(none)->GetZalFeaturePtr() == nameless);
+    QVERIFY(manager.GetFeatureByName(None)->GetZalFeaturePtr() == nameless);
 }
 
 void tst_FeatureManagerLookup::firstOfTwoFeaturesOfOneNameWins()
@@ -208,27 +194,22 @@ void tst_FeatureManagerLookup::scanIsUnaffectedByAChangeOfTheList()
 
 void tst_FeatureManagerLookup::alternativesAreTriedInOrder_data()
 {
-    QTest::addColumn<QStringList>("features");
-    QTest::addColumn<QStringList>("names");
-    QTest::addColumn<QString>("found");
-    QTest::newRow("X of (X, Y)") << QStringList{X, Y} << QStringList{X, Y} << X;
-    QTest::newRow("Y of (X, Y)") << QStringList{Y} << QStringList{X, Y} << Y;
-    QTest::newRow("nothing of (X, Y)") << QStringList{Z} << QStringList{X, Y} << "(null)";
-    QTest::newRow("X of (X, empty)") << QStringList{X} << QStringList{X, none} << X;
-    QTest::newRow("nothing of (X, empty)") << QStringList{Y} << QStringList{X, none} << "(null)";
-    QTest::newRow("Z of (X, Y, Z)") << QStringList{Z} << QStringList{X, Y, Z} << Z;
-    QTest::newRow("X before Z") << QStringList{Z, X} << QStringList{X, Y, Z} << X;
-    QTest::newRow("Y before Z") << QStringList{Z, Y} << QStringList{X, Y, Z} << Y;
-    QTest::newRow("X before Y") << QStringList{Y, X} << QStringList{X, Y, Z} << X;
-    QTest::newRow("nothing of (X, empty, Z)")
-        << QStringList{Z} << QStringList{X, none, Z} << "(null)";
-    QTest::newRow("X of (X, empty, Z)") << QStringList{X, Z} << QStringList{X, none, Z} << X;
-    QTest::newRow("nothing of (X, Y, empty)")
-        << QStringList{Z} << QStringList{X, Y, none} << "(null)";
-    QTest::newRow("nothing of (X, Y, Z)") << QStringList{"A"} << QStringList{X, Y, Z} << "(null)";
+    columns<QStringList, QStringList, QString>("features", "names", "found");
+    row("X of (X, Y)", QStringList{X, Y}, QStringList{X, Y}, X);
+    row("Y of (X, Y)", QStringList{Y}, QStringList{X, Y}, Y);
+    row("nothing of (X, Y)", QStringList{Z}, QStringList{X, Y}, "(null)");
+    row("X of (X, empty)", QStringList{X}, QStringList{X, None}, X);
+    row("nothing of (X, empty)", QStringList{Y}, QStringList{X, None}, "(null)");
+    row("Z of (X, Y, Z)", QStringList{Z}, QStringList{X, Y, Z}, Z);
+    row("X before Z", QStringList{Z, X}, QStringList{X, Y, Z}, X);
+    row("Y before Z", QStringList{Z, Y}, QStringList{X, Y, Z}, Y);
+    row("X before Y", QStringList{Y, X}, QStringList{X, Y, Z}, X);
+    row("nothing of (X, empty, Z)", QStringList{Z}, QStringList{X, None, Z}, "(null)");
+    row("X of (X, empty, Z)", QStringList{X, Z}, QStringList{X, None, Z}, X);
+    row("nothing of (X, Y, empty)", QStringList{Z}, QStringList{X, Y, None}, "(null)");
+    row("nothing of (X, Y, Z)", QStringList{"A"}, QStringList{X, Y, Z}, "(null)");
     // An empty alternative is never looked up, not even where a feature has an empty name.
-    QTest::newRow("nameless is no alternative")
-        << QStringList{""} << QStringList{X, none, none} << "(null)";
+    row("nameless is no alternative", QStringList{""}, QStringList{X, None, None}, "(null)");
 }
 
 void tst_FeatureManagerLookup::alternativesAreTriedInOrder()
@@ -252,15 +233,14 @@ void tst_FeatureManagerLookup::alternativesAreTriedInOrder()
 
 void tst_FeatureManagerLookup::scansOfTheThreeNameLookup_data()
 {
-    QTest::addColumn<QStringList>("names");
-    QTest::addColumn<int>("scans");
+    columns<QStringList, int>("names", "scans");
     // The first alternative is looked up twice before the second one's turn comes.
-    QTest::newRow("none exists") << QStringList{X, Y, Z} << 4;
-    QTest::newRow("no second alternative") << QStringList{X, Y, none} << 3;
-    QTest::newRow("no first alternative") << QStringList{X, none, Z} << 1;
-    QTest::newRow("first name exists") << QStringList{"A", Y, Z} << 1;
-    QTest::newRow("first alternative exists") << QStringList{X, "A", Z} << 2;
-    QTest::newRow("second alternative exists") << QStringList{X, Y, "A"} << 4;
+    row("none exists", QStringList{X, Y, Z}, 4);
+    row("no second alternative", QStringList{X, Y, None}, 3);
+    row("no first alternative", QStringList{X, None, Z}, 1);
+    row("first name exists", QStringList{"A", Y, Z}, 1);
+    row("first alternative exists", QStringList{X, "A", Z}, 2);
+    row("second alternative exists", QStringList{X, Y, "A"}, 4);
 }
 
 void tst_FeatureManagerLookup::scansOfTheThreeNameLookup()
@@ -320,16 +300,12 @@ void tst_FeatureManagerLookup::featuresListHoldsAllNamesInOrder()
 
 void tst_FeatureManagerLookup::featureNameOfAListIsTheFirstThatExists_data()
 {
-    QTest::addColumn<QStringList>("names");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("displayName");
-    QTest::newRow("only the second exists") << QStringList{"A", Y} << Y << "The Y";
-    QTest::newRow("first of two") << QStringList{Z, Y} << Z << "The Z";
-    QTest::newRow("neither exists") << QStringList{"A", "B"} << ""
-                                    << "";
-    QTest::newRow("fifth") << QStringList{"A", "B", "", "C", Z} << Z << "The Z";
-    QTest::newRow("empty list") << QStringList() << ""
-                                << "";
+    columns<QStringList, QString, QString>("names", "name", "displayName");
+    row("only the second exists", QStringList{"A", Y}, Y, "The Y");
+    row("first of two", QStringList{Z, Y}, Z, "The Z");
+    row("neither exists", QStringList{"A", "B"}, "", "");
+    row("fifth", QStringList{"A", "B", "", "C", Z}, Z, "The Z");
+    row("empty list", QStringList(), "", "");
 }
 
 void tst_FeatureManagerLookup::featureNameOfAListIsTheFirstThatExists()
@@ -374,56 +350,6 @@ void tst_FeatureManagerLookup::unreadableDisplayNameOfAListIsEmpty()
     const FeatureManager manager(wrap(camera));
     QCOMPARE(manager.GetDisplayName(QStringList{"A", "B"}), QString());
     QCOMPARE(manager.GetFeatureName(QStringList{"A", "B"}), QString("A"));
-}
-
-void tst_FeatureManagerLookup::selectedFeaturesAreNamedInOrder()
-{
-    const auto camera = FakeCamera::standard();
-    const FeatureManager manager(wrap(*camera));
-    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"),
-             (QStringList{"TriggerMode", "TriggerSource", "TriggerActivation", "TriggerDelay",
-                          "TriggerSoftware"}));
-    QCOMPARE(manager.GetSelectedFeatures("TriggerDelay"), QStringList());
-    QVERIFY(camera->writes().empty());
-}
-
-void tst_FeatureManagerLookup::namesOfSelectedFeaturesAreDecodedFromUtf8()
-{
-    FakeCamera camera;
-    camera.addEnum("Mode", {"On"}, "On");
-    camera.addInteger("\xC3\x84", 1);
-    camera.select("Mode", {"\xC3\x84"});
-    const FeatureManager manager(wrap(camera));
-    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{QStringLiteral(u"\u00C4")});
-}
-
-void tst_FeatureManagerLookup::selectedFeaturesOfAMissingOrFailingSelectorAreNone()
-{
-    const auto camera = FakeCamera::standard();
-    const FeatureManager manager(wrap(*camera));
-    QCOMPARE(manager.GetSelectedFeatures("NoSuchSelector"), QStringList());
-    camera->failCall("GetSelectedFeatures", "TriggerSelector");
-    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"), QStringList());
-}
-
-void tst_FeatureManagerLookup::selectedFeatureWithoutAReadableNameIsSkipped()
-{
-    const auto camera = FakeCamera::standard();
-    camera->failCall("GetName", "SoftwareSignalPulse");
-    camera->failCall("GetName", "TriggerSource");
-    const FeatureManager manager(wrap(*camera));
-    QCOMPARE(manager.GetSelectedFeatures("SoftwareSignalSelector"), QStringList());
-    QCOMPARE(manager.GetSelectedFeatures("TriggerSelector"),
-             (QStringList{"TriggerMode", "TriggerActivation", "TriggerDelay", "TriggerSoftware"}));
-}
-
-void tst_FeatureManagerLookup::selectedHandleWithoutAFeatureIsSkipped()
-{
-    FakeCamera camera;
-    const auto mode = camera.addEnum("Mode", {"On"}, "On");
-    mode->selectedFeatures = {nullptr, camera.addInteger("B", 1)};
-    const FeatureManager manager(wrap(camera));
-    QCOMPARE(manager.GetSelectedFeatures("Mode"), QStringList{"B"});
 }
 
 QTEST_APPLESS_MAIN(tst_FeatureManagerLookup)

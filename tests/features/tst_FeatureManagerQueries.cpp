@@ -40,16 +40,16 @@ private slots:
 private:
     ZalFeatureWrapperPtr find(const char* name) const
     {
-        return manager->GetFeatureByName(std::string(name));
+        return m_manager->GetFeatureByName(std::string(name));
     }
-    std::unique_ptr<FakeCamera> camera;
-    std::unique_ptr<FeatureManager> manager;
+    std::unique_ptr<FakeCamera> m_camera;
+    std::unique_ptr<FeatureManager> m_manager;
 };
 
 void tst_FeatureManagerQueries::init()
 {
-    camera = FeatureTest::mixedCamera();
-    manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*camera));
+    m_camera = FeatureTest::mixedCamera();
+    m_manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*m_camera));
 }
 
 void tst_FeatureManagerQueries::oneWrapperOperationsReadTheWrapper()
@@ -76,7 +76,7 @@ void tst_FeatureManagerQueries::oneWrapperOperationsReadTheWrapper()
 void tst_FeatureManagerQueries::oneWrapperOperationsAreNeutralOnFailure()
 {
     const ZalFeatureWrapperPtr mode = find("Mode");
-    camera->failEverything();
+    m_camera->failEverything();
     QCOMPARE(FeatureManager::GetDataType(mode), ZalFeatureUnknown);
     QCOMPARE(FeatureManager::GetIsWritable(mode), false);
     QCOMPARE(FeatureManager::GetIsReadable(mode), false);
@@ -107,31 +107,31 @@ void tst_FeatureManagerQueries::typedReadsGiveMinusOneOrFalseOnFailure()
 void tst_FeatureManagerQueries::enumEntriesDoNotAskForAvailability()
 {
     const ZalFeatureWrapperPtr mode = find("Mode");
-    camera->clearLog();
+    m_camera->clearLog();
     FeatureManager::GetEnumEntries(mode);
-    QCOMPARE(toList(camera->calls()), (QStringList{"GetEnumNames Mode", "GetEnumNames Mode"}));
+    QCOMPARE(toList(m_camera->calls()), (QStringList{"GetEnumNames Mode", "GetEnumNames Mode"}));
 }
 
 void tst_FeatureManagerQueries::availabilityIsPresenceWhateverTheAccess()
 {
-    (*camera)["Count"].state().readable = false;
-    (*camera)["Count"].state().writable = false;
-    QVERIFY(manager->GetIsFeatureAvailable("Count"));
-    QVERIFY(manager->GetIsFeatureAvailable("Gone", "Count"));
-    QVERIFY(manager->GetIsFeatureAvailable("Gone", "Too", "Count"));
-    QVERIFY(!manager->GetIsFeatureAvailable("Gone"));
-    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "Too"));
-    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "Too", "Also"));
+    (*m_camera)["Count"].state().readable = false;
+    (*m_camera)["Count"].state().writable = false;
+    QVERIFY(m_manager->GetIsFeatureAvailable("Count"));
+    QVERIFY(m_manager->GetIsFeatureAvailable("Gone", "Count"));
+    QVERIFY(m_manager->GetIsFeatureAvailable("Gone", "Too", "Count"));
+    QVERIFY(!m_manager->GetIsFeatureAvailable("Gone"));
+    QVERIFY(!m_manager->GetIsFeatureAvailable("Gone", "Too"));
+    QVERIFY(!m_manager->GetIsFeatureAvailable("Gone", "Too", "Also"));
     // A second alternative without a first one is never tried.
-    QVERIFY(!manager->GetIsFeatureAvailable("Gone", "", "Count"));
+    QVERIFY(!m_manager->GetIsFeatureAvailable("Gone", "", "Count"));
 }
 
 void tst_FeatureManagerQueries::writabilityFollowsTheCamera()
 {
-    QVERIFY(manager->GetIsWritable("Count") && manager->GetIsFeatureWritable("Count"));
-    (*camera)["Count"].state().writable = false;
-    QVERIFY(!manager->GetIsWritable("Count") && !manager->GetIsFeatureWritable("Count"));
-    QVERIFY(!manager->GetIsWritable("Gone") && !manager->GetIsFeatureWritable("Gone"));
+    QVERIFY(m_manager->GetIsWritable("Count") && m_manager->GetIsFeatureWritable("Count"));
+    (*m_camera)["Count"].state().writable = false;
+    QVERIFY(!m_manager->GetIsWritable("Count") && !m_manager->GetIsFeatureWritable("Count"));
+    QVERIFY(!m_manager->GetIsWritable("Gone") && !m_manager->GetIsFeatureWritable("Gone"));
 }
 
 void tst_FeatureManagerQueries::bothWritabilityFamiliesAgreeOnEveryFeature()
@@ -149,10 +149,10 @@ void tst_FeatureManagerQueries::bothWritabilityFamiliesAgreeOnEveryFeature()
 
 void tst_FeatureManagerQueries::writabilityIsFalseWhenItCannotBeRead()
 {
-    camera->failCall("IsWritable", "Count");
-    QVERIFY(!manager->GetIsWritable("Count"));
-    QVERIFY(!manager->GetIsWritable("Gone", "Too", "Count"));
-    QVERIFY(!manager->GetIsFeatureWritable("Count"));
+    m_camera->failCall("IsWritable", "Count");
+    QVERIFY(!m_manager->GetIsWritable("Count"));
+    QVERIFY(!m_manager->GetIsWritable("Gone", "Too", "Count"));
+    QVERIFY(!m_manager->GetIsFeatureWritable("Count"));
 }
 
 void tst_FeatureManagerQueries::writabilityUsesTheAlternatives_data()
@@ -186,8 +186,8 @@ void tst_FeatureManagerQueries::writabilityUsesTheAlternatives()
     QFETCH(QString, altName2);
     QFETCH(bool, two);
     QFETCH(bool, three);
-    camera->addInteger("Fixed", 1)->state().writable = false;
-    const FeatureManager all(FeatureTest::wrap(*camera));
+    m_camera->addInteger("Fixed", 1)->state().writable = false;
+    const FeatureManager all(FeatureTest::wrap(*m_camera));
     QCOMPARE(all.GetIsWritable(name, altName), two);
     QCOMPARE(all.GetIsFeatureWritable(name, altName), two);
     QCOMPARE(all.GetIsWritable(name, altName, altName2), three);
@@ -196,13 +196,13 @@ void tst_FeatureManagerQueries::writabilityUsesTheAlternatives()
 
 void tst_FeatureManagerQueries::readabilityFollowsTheCamera()
 {
-    QVERIFY(manager->GetIsReadable("Count"));
-    QVERIFY(!manager->GetIsReadable("Gone"));
-    (*camera)["Count"].state().readable = false;
-    QVERIFY(!manager->GetIsReadable("Count"));
-    (*camera)["Count"].state().readable = true;
-    camera->failCall("IsReadable", "Count");
-    QVERIFY(!manager->GetIsReadable("Count"));
+    QVERIFY(m_manager->GetIsReadable("Count"));
+    QVERIFY(!m_manager->GetIsReadable("Gone"));
+    (*m_camera)["Count"].state().readable = false;
+    QVERIFY(!m_manager->GetIsReadable("Count"));
+    (*m_camera)["Count"].state().readable = true;
+    m_camera->failCall("IsReadable", "Count");
+    QVERIFY(!m_manager->GetIsReadable("Count"));
 }
 
 void tst_FeatureManagerQueries::entryAvailabilityFollowsTheCamera_data()
@@ -229,72 +229,72 @@ void tst_FeatureManagerQueries::entryAvailabilityFollowsTheCamera()
     QFETCH(QString, name);
     QFETCH(QString, entry);
     QFETCH(bool, available);
-    QCOMPARE(manager->GetIsFeatureValueAvailable(name, entry), available);
+    QCOMPARE(m_manager->GetIsFeatureValueAvailable(name, entry), available);
 }
 
 void tst_FeatureManagerQueries::availableEntriesAreThoseThatCanBeChosen()
 {
-    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), (QStringList{"Off", "On"}));
-    (*camera)["Mode"].state().entries[0].available = false;
-    (*camera)["Mode"].state().entries[2].available = true;
-    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), (QStringList{"On", "Auto"}));
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Mode"), (QStringList{"Off", "On"}));
+    (*m_camera)["Mode"].state().entries[0].available = false;
+    (*m_camera)["Mode"].state().entries[2].available = true;
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Mode"), (QStringList{"On", "Auto"}));
 }
 
 void tst_FeatureManagerQueries::availableEntriesUseTheAlternative()
 {
-    QCOMPARE(manager->GetAvailableEnumEntries("Gone", "Mode"), (QStringList{"Off", "On"}));
-    QCOMPARE(manager->GetAvailableEnumEntries("Gone", "Too"), QStringList());
-    QCOMPARE(manager->GetAvailableEnumEntries("Gone"), QStringList());
-    QCOMPARE(manager->GetAvailableEnumEntries("Gone", ""), QStringList());
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Gone", "Mode"), (QStringList{"Off", "On"}));
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Gone", "Too"), QStringList());
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Gone"), QStringList());
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Gone", ""), QStringList());
 }
 
 void tst_FeatureManagerQueries::availableEntriesOfANonEnumerationAreNone()
 {
-    QCOMPARE(manager->GetAvailableEnumEntries("Count"), QStringList());
-    QCOMPARE(manager->GetAvailableEnumEntries("Family"), QStringList());
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Count"), QStringList());
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Family"), QStringList());
 }
 
 void tst_FeatureManagerQueries::availableEntriesLeaveOutWhatCannotBeAsked()
 {
-    camera->failCall("IsValueAvailable", "Mode");
-    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), QStringList());
+    m_camera->failCall("IsValueAvailable", "Mode");
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Mode"), QStringList());
 }
 
 void tst_FeatureManagerQueries::entryNamesAreUtf8()
 {
     const QString entry = QStringLiteral(u"\u00C4");
-    (*camera)["Mode"].state().entries = {{"\xC3\x84", 0, true}};
+    (*m_camera)["Mode"].state().entries = {{"\xC3\x84", 0, true}};
     QCOMPARE(FeatureManager::GetEnumEntries(find("Mode")), QStringList{entry});
     QVERIFY(FeatureManager::GetIsValueAvailable(find("Mode"), entry));
-    QVERIFY(manager->GetIsFeatureValueAvailable("Mode", entry));
-    QCOMPARE(manager->GetAvailableEnumEntries("Mode"), QStringList{entry});
+    QVERIFY(m_manager->GetIsFeatureValueAvailable("Mode", entry));
+    QCOMPARE(m_manager->GetAvailableEnumEntries("Mode"), QStringList{entry});
 }
 
 void tst_FeatureManagerQueries::queriesWriteNothing()
 {
-    manager->GetAvailableEnumEntries("Mode");
-    manager->GetIsFeatureWritable("Mode");
-    manager->GetIsReadable("Mode");
-    manager->GetSelectedFeatures("Mode");
-    QVERIFY(!camera->calls().empty());
-    QVERIFY(camera->writes().empty());
+    m_manager->GetAvailableEnumEntries("Mode");
+    m_manager->GetIsFeatureWritable("Mode");
+    m_manager->GetIsReadable("Mode");
+    m_manager->GetSelectedFeatures("Mode");
+    QVERIFY(!m_camera->calls().empty());
+    QVERIFY(m_camera->writes().empty());
 }
 
 void tst_FeatureManagerQueries::failuresAreNotLogged()
 {
     for (const char* operation :
          {"IsWritable", "IsReadable", "GetEnumNames", "IsValueAvailable", "GetSelectedFeatures"})
-        camera->failCall(operation, "Mode");
+        m_camera->failCall(operation, "Mode");
     const LogCapture log;
     for (const char* name : {"Mode", "Gone"}) {
-        manager->GetIsFeatureAvailable(name);
-        manager->GetIsWritable(name);
-        manager->GetIsFeatureWritable(name);
-        manager->GetIsReadable(name);
-        manager->GetIsFeatureValueAvailable(name, "On");
-        manager->GetAvailableEnumEntries(name);
-        manager->GetSelectedFeatures(name);
-        manager->GetFeatureName(QStringList{name});
+        m_manager->GetIsFeatureAvailable(name);
+        m_manager->GetIsWritable(name);
+        m_manager->GetIsFeatureWritable(name);
+        m_manager->GetIsReadable(name);
+        m_manager->GetIsFeatureValueAvailable(name, "On");
+        m_manager->GetAvailableEnumEntries(name);
+        m_manager->GetSelectedFeatures(name);
+        m_manager->GetFeatureName(QStringList{name});
     }
     QCOMPARE(log.lines(), QStringList());
 }

@@ -2,6 +2,7 @@
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -9,16 +10,11 @@
 
 using Fake::FakeCamera;
 using FeatureTest::callsAfterLookup;
+using FeatureTest::exact;
 
 namespace {
 
-constexpr double twoTo64 = 18446744073709551616.0;
-
-/// Every bit of it: QCOMPARE takes doubles as equal that are merely close.
-QByteArray exact(double value)
-{
-    return QByteArray::number(value, 'g', 17);
-}
+constexpr double TwoTo64 = 18446744073709551616.0;
 
 void addIntegersWithLimits(FakeCamera& camera)
 {
@@ -78,132 +74,123 @@ private slots:
     void missingFeaturesAndFailedReadsAreNotLogged();
 
 private:
-    std::unique_ptr<FakeCamera> camera;
-    std::unique_ptr<FeatureManager> manager;
+    std::unique_ptr<FakeCamera> m_camera;
+    std::unique_ptr<FeatureManager> m_manager;
 };
 
 void tst_FeatureManagerValues::init()
 {
-    camera = FeatureTest::mixedCamera();
-    addIntegersWithLimits(*camera);
-    addFloatsWithLimits(*camera);
-    camera->addBool("Clear", false);
-    camera->addString("Micro", "\xC2\xB5s");
-    camera->addString("Number", "1e3");
-    camera->add("Unknown", ZalFeatureUnknown);
-    manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*camera));
+    m_camera = FeatureTest::mixedCamera();
+    addIntegersWithLimits(*m_camera);
+    addFloatsWithLimits(*m_camera);
+    m_camera->addBool("Clear", false);
+    m_camera->addString("Micro", "\xC2\xB5s");
+    m_camera->addString("Number", "1e3");
+    m_camera->add("Unknown", ZalFeatureUnknown);
+    m_manager = std::make_unique<FeatureManager>(FeatureTest::wrap(*m_camera));
 }
 
 void tst_FeatureManagerValues::valueCrossesAsDouble_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<double>("value");
-    QTest::newRow("integer") << "Count" << 42.0;
-    QTest::newRow("smallest integer") << "Wide" << -9223372036854775808.0;
-    QTest::newRow("float") << "Delay" << 2.5;
-    QTest::newRow("boolean true") << "Flag" << 1.0;
-    QTest::newRow("boolean false") << "Clear" << 0.0;
-    QTest::newRow("enumeration") << "Mode" << -1.0;
-    QTest::newRow("string") << "Number" << -1.0;
-    QTest::newRow("command") << "Go" << -1.0;
-    QTest::newRow("raw") << "Data" << -1.0;
-    QTest::newRow("unknown") << "Unknown" << -1.0;
-    QTest::newRow("missing") << "Gone" << -1.0;
+    columns<QString, double>("name", "value");
+    row("integer", "Count", 42.0);
+    row("smallest integer", "Wide", -9223372036854775808.0);
+    row("float", "Delay", 2.5);
+    row("boolean true", "Flag", 1.0);
+    row("boolean false", "Clear", 0.0);
+    row("enumeration", "Mode", -1.0);
+    row("string", "Number", -1.0);
+    row("command", "Go", -1.0);
+    row("raw", "Data", -1.0);
+    row("unknown", "Unknown", -1.0);
+    row("missing", "Gone", -1.0);
 }
 
 void tst_FeatureManagerValues::valueCrossesAsDouble()
 {
     QFETCH(QString, name);
     QFETCH(double, value);
-    QCOMPARE(exact(manager->GetValue(name)), exact(value));
+    QCOMPARE(exact(m_manager->GetValue(name)), exact(value));
 }
 
 void tst_FeatureManagerValues::valueThatCannotBeReadIsMinusOneButFalseForABoolean()
 {
     for (const char* name : {"Count", "Delay", "Flag"})
-        (*camera)[name].state().readable = false;
-    QCOMPARE(manager->GetValue("Count"), -1.0);
-    QCOMPARE(manager->GetValue("Delay"), -1.0);
-    QCOMPARE(exact(manager->GetValue("Flag")), exact(0.0));
+        (*m_camera)[name].state().readable = false;
+    QCOMPARE(m_manager->GetValue("Count"), -1.0);
+    QCOMPARE(m_manager->GetValue("Delay"), -1.0);
+    QCOMPARE(exact(m_manager->GetValue("Flag")), exact(0.0));
 }
 
 void tst_FeatureManagerValues::valueUsesTheAlternatives()
 {
-    QCOMPARE(manager->GetValue("Gone", "Count"), 42.0);
-    QCOMPARE(manager->GetValue("Gone", "Too", "Count"), 42.0);
-    QCOMPARE(manager->GetValue("Delay", "Count"), 2.5);
-    QCOMPARE(manager->GetValue("Gone", "", "Count"), -1.0);
+    QCOMPARE(m_manager->GetValue("Gone", "Count"), 42.0);
+    QCOMPARE(m_manager->GetValue("Gone", "Too", "Count"), 42.0);
+    QCOMPARE(m_manager->GetValue("Delay", "Count"), 2.5);
+    QCOMPARE(m_manager->GetValue("Gone", "", "Count"), -1.0);
 }
 
 void tst_FeatureManagerValues::stringValueIsUnformatted_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("string") << "Family"
-                            << "Two words";
-    QTest::newRow("UTF-8") << "Micro" << QStringLiteral(u"\u00B5s");
-    QTest::newRow("number as text") << "Number"
-                                    << "1e3";
-    QTest::newRow("enumeration") << "Mode"
-                                 << "On";
-    QTest::newRow("integer") << "Count"
-                             << "";
-    QTest::newRow("boolean") << "Flag"
-                             << "";
-    QTest::newRow("missing") << "Gone"
-                             << "";
+    columns<QString, QString>("name", "value");
+    row("string", "Family", "Two words");
+    row("UTF-8", "Micro", QStringLiteral(u"\u00B5s"));
+    row("number as text", "Number", "1e3");
+    row("enumeration", "Mode", "On");
+    row("integer", "Count", "");
+    row("boolean", "Flag", "");
+    row("missing", "Gone", "");
 }
 
 void tst_FeatureManagerValues::stringValueIsUnformatted()
 {
     QFETCH(QString, name);
     QFETCH(QString, value);
-    QCOMPARE(manager->GetStringValue(name), value);
+    QCOMPARE(m_manager->GetStringValue(name), value);
 }
 
 void tst_FeatureManagerValues::stringValueUsesOneAlternative()
 {
-    QCOMPARE(manager->GetStringValue("Gone", "Family"), QString("Two words"));
-    QCOMPARE(manager->GetStringValue("Mode", "Family"), QString("On"));
-    QCOMPARE(manager->GetStringValue("Gone", "Too"), QString());
-    camera->failCall("GetStringValue", "Family");
-    QCOMPARE(manager->GetStringValue("Gone", "Family"), QString());
+    QCOMPARE(m_manager->GetStringValue("Gone", "Family"), QString("Two words"));
+    QCOMPARE(m_manager->GetStringValue("Mode", "Family"), QString("On"));
+    QCOMPARE(m_manager->GetStringValue("Gone", "Too"), QString());
+    m_camera->failCall("GetStringValue", "Family");
+    QCOMPARE(m_manager->GetStringValue("Gone", "Family"), QString());
 }
 
 void tst_FeatureManagerValues::onlyTheTypeFloatIsAFloatFeature()
 {
-    QVERIFY(manager->GetIsFloatFeature("Delay"));
-    QVERIFY(manager->GetIsFloatFeature("Gone", "Delay"));
-    QVERIFY(manager->GetIsFloatFeature("Gone", "Too", "Delay"));
-    QVERIFY(!manager->GetIsFloatFeature("Gone", "", "Delay"));
-    QVERIFY(!manager->GetIsFloatFeature("Count"));
-    QVERIFY(!manager->GetIsFloatFeature("Number"));
-    QVERIFY(!manager->GetIsFloatFeature("Gone"));
-    camera->failCall("GetDataType", "Delay");
-    QVERIFY(!manager->GetIsFloatFeature("Delay"));
+    QVERIFY(m_manager->GetIsFloatFeature("Delay"));
+    QVERIFY(m_manager->GetIsFloatFeature("Gone", "Delay"));
+    QVERIFY(m_manager->GetIsFloatFeature("Gone", "Too", "Delay"));
+    QVERIFY(!m_manager->GetIsFloatFeature("Gone", "", "Delay"));
+    QVERIFY(!m_manager->GetIsFloatFeature("Count"));
+    QVERIFY(!m_manager->GetIsFloatFeature("Number"));
+    QVERIFY(!m_manager->GetIsFloatFeature("Gone"));
+    m_camera->failCall("GetDataType", "Delay");
+    QVERIFY(!m_manager->GetIsFloatFeature("Delay"));
 }
 
 void tst_FeatureManagerValues::incrementOfNumbersOnly_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<double>("increment");
-    QTest::newRow("integer") << "Stepped" << 16.0;
-    QTest::newRow("integer without one") << "NoStep" << -1.0;
-    QTest::newRow("integer zero") << "ZeroStep" << 0.0;
-    QTest::newRow("float") << "FloatStepped" << 0.5;
-    QTest::newRow("float without one") << "FloatNoStep" << -1.0;
-    QTest::newRow("boolean") << "Flag" << -1.0;
-    QTest::newRow("enumeration") << "Mode" << -1.0;
-    QTest::newRow("string") << "Family" << -1.0;
-    QTest::newRow("missing") << "Gone" << -1.0;
+    columns<QString, double>("name", "increment");
+    row("integer", "Stepped", 16.0);
+    row("integer without one", "NoStep", -1.0);
+    row("integer zero", "ZeroStep", 0.0);
+    row("float", "FloatStepped", 0.5);
+    row("float without one", "FloatNoStep", -1.0);
+    row("boolean", "Flag", -1.0);
+    row("enumeration", "Mode", -1.0);
+    row("string", "Family", -1.0);
+    row("missing", "Gone", -1.0);
 }
 
 void tst_FeatureManagerValues::incrementOfNumbersOnly()
 {
     QFETCH(QString, name);
     QFETCH(double, increment);
-    QCOMPARE(exact(manager->GetIncrement(name)), exact(increment));
-    QCOMPARE(exact(manager->GetIncrement("Gone", name)), exact(increment));
+    QCOMPARE(exact(m_manager->GetIncrement(name)), exact(increment));
+    QCOMPARE(exact(m_manager->GetIncrement("Gone", name)), exact(increment));
 }
 
 void tst_FeatureManagerValues::rangeFamilyReportsValueLimitsAndStep_data()
@@ -223,17 +210,17 @@ void tst_FeatureManagerValues::rangeFamilyReportsValueLimitsAndStep_data()
     row("no integer step", "NoStep", 5, true, 0, 1023, 1);
     row("integer step of zero", "ZeroStep", 5, true, 0, 1023, 1);
     row("negative integer step", "NegativeStep", 5, true, 0, 1023, 1);
-    row("negative integer max wraps", "NegativeMax", -32, true, -100, 16 * twoTo64, 16);
+    row("negative integer max wraps", "NegativeMax", -32, true, -100, 16 * TwoTo64, 16);
     row("unreadable range, step 4", "NoRangeStep4", 4, true, -1, 0, 4);
-    row("unreadable range, step 1", "NoRangeStep1", 4, true, -1, twoTo64, 1);
+    row("unreadable range, step 1", "NoRangeStep1", 4, true, -1, TwoTo64, 1);
     row("unreadable integer", "WriteOnly", -1, true, 0, 100, 1);
     row("read-only integer", "Fixed", 5, false, 0, 100, 1);
-    row("64 bits", "Wide", -twoTo64 / 2, true, -twoTo64 / 2, twoTo64 / 2, 1);
+    row("64 bits", "Wide", -TwoTo64 / 2, true, -TwoTo64 / 2, TwoTo64 / 2, 1);
     row("float step", "FloatStepped", 2.5, true, -1.5, 99.5, 0.5);
     row("no float step", "FloatNoStep", 2.5, true, 0, 99.9, 0.01);
     row("float step of zero", "FloatZeroStep", 2.5, true, 0, 99.9, 0.01);
     row("negative float step", "FloatNegativeStep", 2.5, true, 0, 99.9, 0.01);
-    row("negative float max wraps", "FloatNegativeMax", -5, true, -10, twoTo64 / 2, 0.5);
+    row("negative float max wraps", "FloatNegativeMax", -5, true, -10, TwoTo64 / 2, 0.5);
     row("float max beyond 64 bits stays", "FloatHugeMax", 1, true, 0, 1e300, 0.5);
     row("unreadable float range", "FloatNoRange", 2.5, true, -1, -1, 0.01);
     row("unreadable float", "FloatWriteOnly", -1, true, 0, 10, 0.01);
@@ -254,19 +241,20 @@ void tst_FeatureManagerValues::rangeFamilyReportsValueLimitsAndStep()
     double step = 7.0;
     bool canWrite = !writable;
 
-    QCOMPARE(exact(manager->GetValueRange(name, &low, &high)), exact(value));
+    QCOMPARE(exact(m_manager->GetValueRange(name, &low, &high)), exact(value));
     QCOMPARE(exact(low), exact(min));
     QCOMPARE(exact(high), exact(max));
 
     low = high = 7.0;
-    QCOMPARE(exact(manager->GetValueRangeIncrement(name, &low, &high, &step)), exact(value));
+    QCOMPARE(exact(m_manager->GetValueRangeIncrement(name, &low, &high, &step)), exact(value));
     QCOMPARE(exact(low), exact(min));
     QCOMPARE(exact(high), exact(max));
     QCOMPARE(exact(step), exact(inc));
 
     low = high = step = 7.0;
-    QCOMPARE(exact(manager->GetValueIsWritableRangeIncrement(name, &canWrite, &low, &high, &step)),
-             exact(value));
+    QCOMPARE(
+        exact(m_manager->GetValueIsWritableRangeIncrement(name, &canWrite, &low, &high, &step)),
+        exact(value));
     QCOMPARE(canWrite, writable);
     QCOMPARE(exact(low), exact(min));
     QCOMPARE(exact(high), exact(max));
@@ -279,8 +267,8 @@ void tst_FeatureManagerValues::writableIsFalseWhenItCannotBeRead()
     double min = 0.0;
     double max = 0.0;
     double inc = 0.0;
-    camera->failCall("IsWritable", "Stepped");
-    QCOMPARE(manager->GetValueIsWritableRangeIncrement("Stepped", &writable, &min, &max, &inc),
+    m_camera->failCall("IsWritable", "Stepped");
+    QCOMPARE(m_manager->GetValueIsWritableRangeIncrement("Stepped", &writable, &min, &max, &inc),
              32.0);
     QVERIFY(!writable);
     QCOMPARE(max, 1008.0);
@@ -293,10 +281,10 @@ void tst_FeatureManagerValues::missingFeatureLeavesEveryOutputUntouched()
         double min = 1.5;
         double max = 2.5;
         double inc = 3.5;
-        QCOMPARE(manager->GetValueRange("Gone", &min, &max), -1.0);
-        QCOMPARE(manager->GetValueRangeIncrement("Gone", "Too", &min, &max, &inc), -1.0);
-        QCOMPARE(manager->GetValueIsWritableRangeIncrement("Gone", "Too", "Also", &writable, &min,
-                                                           &max, &inc),
+        QCOMPARE(m_manager->GetValueRange("Gone", &min, &max), -1.0);
+        QCOMPARE(m_manager->GetValueRangeIncrement("Gone", "Too", &min, &max, &inc), -1.0);
+        QCOMPARE(m_manager->GetValueIsWritableRangeIncrement("Gone", "Too", "Also", &writable, &min,
+                                                             &max, &inc),
                  -1.0);
         QCOMPARE(writable, before);
         QCOMPARE(min, 1.5);
@@ -311,7 +299,7 @@ void tst_FeatureManagerValues::rangeFamilyUsesTheAlternatives()
     double min = 0.0;
     double max = 0.0;
     double inc = 0.0;
-    const FeatureManager& m = *manager;
+    const FeatureManager& m = *m_manager;
     QCOMPARE(m.GetValueRange("Gone", "Stepped", &min, &max), 32.0);
     QCOMPARE(m.GetValueRange("Gone", "Too", "Stepped", &min, &max), 32.0);
     QCOMPARE(m.GetValueRangeIncrement("Gone", "Stepped", &min, &max, &inc), 32.0);
@@ -330,13 +318,13 @@ void tst_FeatureManagerValues::rangeFamilyAsksTheCameraInOrder()
     double min = 0.0;
     double max = 0.0;
     double inc = 0.0;
-    manager->GetValueIsWritableRangeIncrement("Stepped", &writable, &min, &max, &inc);
-    QCOMPARE(callsAfterLookup(*camera),
+    m_manager->GetValueIsWritableRangeIncrement("Stepped", &writable, &min, &max, &inc);
+    QCOMPARE(callsAfterLookup(*m_camera),
              (QStringList{"IsWritable Stepped", "GetDataType Stepped", "GetIntegerValue Stepped",
                           "GetIntegerRange Stepped", "GetIntegerIncrement Stepped"}));
-    camera->clearLog();
-    manager->GetValueRangeIncrement("FloatStepped", &min, &max, &inc);
-    QCOMPARE(callsAfterLookup(*camera),
+    m_camera->clearLog();
+    m_manager->GetValueRangeIncrement("FloatStepped", &min, &max, &inc);
+    QCOMPARE(callsAfterLookup(*m_camera),
              (QStringList{"GetDataType FloatStepped", "GetFloatValue FloatStepped",
                           "GetFloatRange FloatStepped", "GetFloatIncrement FloatStepped"}));
 }
@@ -345,11 +333,11 @@ void tst_FeatureManagerValues::rangeIsReadWithItsIncrementThoughItIsNotReported(
 {
     double min = 0.0;
     double max = 0.0;
-    manager->GetValueRange("FloatStepped", &min, &max);
-    QCOMPARE(camera->callCount("GetFloatIncrement", "FloatStepped"), 1);
-    QCOMPARE(camera->callCount("IsWritable", "FloatStepped"), 0);
-    camera->failCall("GetFloatIncrement", "FloatStepped");
-    manager->GetValueRange("FloatStepped", &min, &max);
+    m_manager->GetValueRange("FloatStepped", &min, &max);
+    QCOMPARE(m_camera->callCount("GetFloatIncrement", "FloatStepped"), 1);
+    QCOMPARE(m_camera->callCount("IsWritable", "FloatStepped"), 0);
+    m_camera->failCall("GetFloatIncrement", "FloatStepped");
+    m_manager->GetValueRange("FloatStepped", &min, &max);
     QCOMPARE(max, 99.9);
 }
 
@@ -358,8 +346,8 @@ void tst_FeatureManagerValues::otherTypesAreNotAskedForLimits()
     double min = 0.0;
     double max = 0.0;
     double inc = 0.0;
-    manager->GetValueRangeIncrement("Mode", &min, &max, &inc);
-    QCOMPARE(callsAfterLookup(*camera), QStringList{"GetDataType Mode"});
+    m_manager->GetValueRangeIncrement("Mode", &min, &max, &inc);
+    QCOMPARE(callsAfterLookup(*m_camera), QStringList{"GetDataType Mode"});
 }
 
 void tst_FeatureManagerValues::readsWriteNothing()
@@ -368,15 +356,15 @@ void tst_FeatureManagerValues::readsWriteNothing()
     double min = 0.0;
     double max = 0.0;
     double inc = 0.0;
-    for (const QString& name : manager->GetFeaturesList()) {
-        manager->GetValue(name);
-        manager->GetStringValue(name);
-        manager->GetIncrement(name);
-        manager->GetWritableEnumValue(name);
-        manager->GetValueIsWritableRangeIncrement(name, &writable, &min, &max, &inc);
+    for (const QString& name : m_manager->GetFeaturesList()) {
+        m_manager->GetValue(name);
+        m_manager->GetStringValue(name);
+        m_manager->GetIncrement(name);
+        m_manager->GetWritableEnumValue(name);
+        m_manager->GetValueIsWritableRangeIncrement(name, &writable, &min, &max, &inc);
     }
-    QVERIFY(!camera->calls().empty());
-    QVERIFY(camera->writes().empty());
+    QVERIFY(!m_camera->calls().empty());
+    QVERIFY(m_camera->writes().empty());
 }
 
 void tst_FeatureManagerValues::missingFeaturesAndFailedReadsAreNotLogged()
@@ -387,14 +375,14 @@ void tst_FeatureManagerValues::missingFeaturesAndFailedReadsAreNotLogged()
     double inc = 0.0;
     const LogCapture log;
     for (const char* name : {"Gone", "WriteOnly", "NoStep", "NoRangeStep1", "FloatNoRange"}) {
-        manager->GetValue(name);
-        manager->GetStringValue(name);
-        manager->GetIncrement(name);
-        manager->GetIsFloatFeature(name);
-        manager->GetWritableEnumValue(name);
-        manager->GetValueRange(name, &min, &max);
-        manager->GetValueRangeIncrement(name, &min, &max, &inc);
-        manager->GetValueIsWritableRangeIncrement(name, &writable, &min, &max, &inc);
+        m_manager->GetValue(name);
+        m_manager->GetStringValue(name);
+        m_manager->GetIncrement(name);
+        m_manager->GetIsFloatFeature(name);
+        m_manager->GetWritableEnumValue(name);
+        m_manager->GetValueRange(name, &min, &max);
+        m_manager->GetValueRangeIncrement(name, &min, &max, &inc);
+        m_manager->GetValueIsWritableRangeIncrement(name, &writable, &min, &max, &inc);
     }
     QCOMPARE(log.lines(), QStringList());
 }

@@ -1,7 +1,8 @@
-// FeatureManager: writing numbers.
+// FeatureManager: writing numbers that have limits.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -9,34 +10,15 @@
 #include <limits>
 
 using Fake::FakeCamera;
-using Fake::FakeFeature;
 using FeatureTest::callsAfterLookup;
+using FeatureTest::exact;
 using FeatureTest::toList;
+using FeatureTest::World;
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-QByteArray exact(double value)
-{
-    return QByteArray::number(value, 'g', 17);
-}
-
-/// A one-feature camera and a manager over it.
-struct World
-{
-    explicit World(std::function<void(FakeCamera&)> populate)
-    {
-        populate(camera);
-        manager = std::make_unique<FeatureManager>(FeatureTest::wrap(camera));
-    }
-    QStringList writes() const { return toList(camera.writes()); }
-    FakeFeature& operator[](const char* name) const { return camera[name]; }
-
-    FakeCamera camera;
-    std::unique_ptr<FeatureManager> manager;
-};
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+const double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
 
@@ -63,10 +45,6 @@ private slots:
     void floatNegativeValueInStepsWrapsAround();
     void floatThatCannotBeReadBackIsMinusOne();
     void floatWriteAsksTheCameraInOrder();
-    void booleanIsTrueAboveZero_data();
-    void booleanIsTrueAboveZero();
-    void booleanRefusalIsLogged();
-    void booleanThatCannotBeReadBackIsFalse();
     void readOnlyFeatureIsLeftAloneInSilence_data();
     void readOnlyFeatureIsLeftAloneInSilence();
     void otherTypesAndMissingFeaturesReturnTheValue_data();
@@ -99,9 +77,9 @@ void tst_FeatureManagerWrites::integerIsTruncatedSteppedAndClamped_data()
     row("minimum above the maximum in steps", 3.0, 5, 7, 10, 5);
     row("no step for zero", 7.9, 0, 100, 0, 7);
     row("no step for negative", 7.9, 0, 100, -4, 7);
-    row("not a number is zero", notANumber, -5, 100, 1, 0);
-    row("infinity", infinity, 0, 100, 1, 100);
-    row("minus infinity", -infinity, -100, 100, 1, -100);
+    row("not a number is zero", NotANumber, -5, 100, 1, 0);
+    row("infinity", Infinity, 0, 100, 1, 100);
+    row("minus infinity", -Infinity, -100, 100, 1, -100);
     row("1e300 in 64 bits", 1e300, LLONG_MIN, LLONG_MAX, 1, LLONG_MAX);
     row("32 bits unsigned", 4294967295.0, 0, 4294967295LL, 1, 4294967295LL);
 }
@@ -180,14 +158,13 @@ void tst_FeatureManagerWrites::integerWriteAsksTheCameraInOrder()
 
 void tst_FeatureManagerWrites::floatIsClampedToItsRange_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<double>("written");
-    QTest::newRow("inside") << 2.25 << 2.25;
-    QTest::newRow("150 above 100") << 150.0 << 100.0;
-    QTest::newRow("below") << -3.0 << 0.0;
-    QTest::newRow("infinity") << infinity << 100.0;
-    QTest::newRow("minus infinity") << -infinity << 0.0;
-    QTest::newRow("at the limit") << 100.0 << 100.0;
+    columns<double, double>("value", "written");
+    row("inside", 2.25, 2.25);
+    row("150 above 100", 150.0, 100.0);
+    row("below", -3.0, 0.0);
+    row("infinity", Infinity, 100.0);
+    row("minus infinity", -Infinity, 0.0);
+    row("at the limit", 100.0, 100.0);
 }
 
 void tst_FeatureManagerWrites::floatIsClampedToItsRange()
@@ -298,49 +275,6 @@ void tst_FeatureManagerWrites::floatWriteAsksTheCameraInOrder()
                      "SetFloatValue Delay=5", "GetFloatValue Delay"}));
 }
 
-void tst_FeatureManagerWrites::booleanIsTrueAboveZero_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("0.5") << 0.5 << "true";
-    QTest::newRow("one") << 1.0 << "true";
-    QTest::newRow("infinity") << infinity << "true";
-    QTest::newRow("zero") << 0.0 << "false";
-    QTest::newRow("negative zero") << -0.0 << "false";
-    QTest::newRow("negative") << -1.0 << "false";
-    QTest::newRow("not a number") << notANumber << "false";
-}
-
-void tst_FeatureManagerWrites::booleanIsTrueAboveZero()
-{
-    QFETCH(double, value);
-    QFETCH(QString, written);
-    World world([&](FakeCamera& camera) { camera.addBool("Flag", written == "false"); });
-    QCOMPARE(exact(world.manager->SetValue("Flag", value)), exact(written == "true" ? 1.0 : 0.0));
-    QCOMPARE(world.writes(), QStringList{"SetBoolValue Flag=" + written});
-    QCOMPARE(callsAfterLookup(world.camera),
-             (QStringList{"GetDataType Flag", "IsWritable Flag", "SetBoolValue Flag=" + written,
-                          "GetBoolValue Flag"}));
-}
-
-void tst_FeatureManagerWrites::booleanRefusalIsLogged()
-{
-    World world([](FakeCamera& camera) { camera.addBool("Flag", true); });
-    world.camera.failCall("SetBoolValue", "Flag", -4711);
-    const LogCapture log;
-    QCOMPARE(world.manager->SetValue("Flag", 0.0), 1.0);
-    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Bool:  "
-                                      "\"Flag\"  :  -4711"});
-}
-
-void tst_FeatureManagerWrites::booleanThatCannotBeReadBackIsFalse()
-{
-    World world([](FakeCamera& camera) { camera.addBool("Flag", false); });
-    world["Flag"].state().readable = false;
-    QCOMPARE(exact(world.manager->SetValue("Flag", 1.0)), exact(0.0));
-    QVERIFY(world["Flag"].state().boolean);
-}
-
 void tst_FeatureManagerWrites::readOnlyFeatureIsLeftAloneInSilence_data()
 {
     QTest::addColumn<QString>("name");
@@ -398,18 +332,10 @@ void tst_FeatureManagerWrites::numberIsWrittenToTheAlternativeAndReadBackFromIt(
 
 void tst_FeatureManagerWrites::logNamesTheFirstNameEvenWhenAnAlternativeWasWritten_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("tag");
-    QTest::newRow("integer") << "Count"
-                             << "SetIntegerValue"
-                             << "Int";
-    QTest::newRow("float") << "Delay"
-                           << "SetFloatValue"
-                           << "Double";
-    QTest::newRow("boolean") << "Flag"
-                             << "SetBoolValue"
-                             << "Bool";
+    columns<QString, QString, QString>("name", "operation", "tag");
+    row("integer", "Count", "SetIntegerValue", "Int");
+    row("float", "Delay", "SetFloatValue", "Double");
+    row("boolean", "Flag", "SetBoolValue", "Bool");
 }
 
 void tst_FeatureManagerWrites::logNamesTheFirstNameEvenWhenAnAlternativeWasWritten()

@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double twoTo63 = 9223372036854775808.0;
-constexpr double twoTo64 = 18446744073709551616.0;
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+const double NotANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double TwoTo63 = 9223372036854775808.0;
+constexpr double TwoTo64 = 18446744073709551616.0;
 
 /// Every bit of it: QCOMPARE takes doubles as equal that are merely close.
 QByteArray exact(double value)
@@ -48,16 +48,16 @@ void tst_NumberConversions::toInt64TruncatesAndSaturates_data()
     QTest::newRow("negative fraction") << -7.9 << qint64(-7);
     QTest::newRow("below one") << 0.999 << qint64(0);
     QTest::newRow("above minus one") << -0.999 << qint64(0);
-    QTest::newRow("NaN") << notANumber << qint64(0);
-    QTest::newRow("infinity") << infinity << qint64(LLONG_MAX);
-    QTest::newRow("minus infinity") << -infinity << qint64(LLONG_MIN);
-    QTest::newRow("2^63") << twoTo63 << qint64(LLONG_MAX);
+    QTest::newRow("NaN") << NotANumber << qint64(0);
+    QTest::newRow("infinity") << Infinity << qint64(LLONG_MAX);
+    QTest::newRow("minus infinity") << -Infinity << qint64(LLONG_MIN);
+    QTest::newRow("2^63") << TwoTo63 << qint64(LLONG_MAX);
     QTest::newRow("next below 2^63")
-        << std::nextafter(twoTo63, 0.0) << qint64(9223372036854774784LL);
-    QTest::newRow("-2^63") << -twoTo63 << qint64(LLONG_MIN);
+        << std::nextafter(TwoTo63, 0.0) << qint64(9223372036854774784LL);
+    QTest::newRow("-2^63") << -TwoTo63 << qint64(LLONG_MIN);
     QTest::newRow("next above -2^63")
-        << std::nextafter(-twoTo63, 0.0) << qint64(-9223372036854774784LL);
-    QTest::newRow("next below -2^63") << std::nextafter(-twoTo63, -infinity) << qint64(LLONG_MIN);
+        << std::nextafter(-TwoTo63, 0.0) << qint64(-9223372036854774784LL);
+    QTest::newRow("next below -2^63") << std::nextafter(-TwoTo63, -Infinity) << qint64(LLONG_MIN);
     QTest::newRow("2^53 + 1 rounded") << 9007199254740993.0 << qint64(9007199254740992LL);
     QTest::newRow("largest double") << std::numeric_limits<double>::max() << qint64(LLONG_MAX);
     QTest::newRow("smallest denormal") << std::numeric_limits<double>::denorm_min() << qint64(0);
@@ -76,9 +76,9 @@ void tst_NumberConversions::toIntTruncatesAndSaturates_data()
     QTest::addColumn<int>("expected");
     QTest::newRow("fraction") << 7.9 << 7;
     QTest::newRow("negative fraction") << -7.9 << -7;
-    QTest::newRow("NaN") << notANumber << 0;
-    QTest::newRow("infinity") << infinity << INT_MAX;
-    QTest::newRow("minus infinity") << -infinity << INT_MIN;
+    QTest::newRow("NaN") << NotANumber << 0;
+    QTest::newRow("infinity") << Infinity << INT_MAX;
+    QTest::newRow("minus infinity") << -Infinity << INT_MIN;
     QTest::newRow("largest int") << 2147483647.0 << INT_MAX;
     QTest::newRow("fraction above largest int") << 2147483647.5 << INT_MAX;
     QTest::newRow("2^31") << 2147483648.0 << INT_MAX;
@@ -109,16 +109,16 @@ void tst_NumberConversions::truncateUnsignedWrapsNegativeQuotients_data()
     QTest::newRow("minus one and a half") << -1.5 << static_cast<double>(ULLONG_MAX);
     QTest::newRow("-4096") << -4096.0 << static_cast<double>(0ULL - 4096ULL);
     QTest::newRow("-4096.9") << -4096.9 << static_cast<double>(0ULL - 4096ULL);
-    QTest::newRow("-2^62") << -twoTo63 / 2 << twoTo63 + twoTo63 / 2;
-    QTest::newRow("-2^63") << -twoTo63 << twoTo63;
-    QTest::newRow("-2^64") << -twoTo64 << 0.0;
-    QTest::newRow("2^63") << twoTo63 << twoTo63;
+    QTest::newRow("-2^62") << -TwoTo63 / 2 << TwoTo63 + TwoTo63 / 2;
+    QTest::newRow("-2^63") << -TwoTo63 << TwoTo63;
+    QTest::newRow("-2^64") << -TwoTo64 << 0.0;
+    QTest::newRow("2^63") << TwoTo63 << TwoTo63;
     QTest::newRow("next below 2^64")
-        << std::nextafter(twoTo64, 0.0) << std::nextafter(twoTo64, 0.0);
-    QTest::newRow("2^64") << twoTo64 << twoTo64;
+        << std::nextafter(TwoTo64, 0.0) << std::nextafter(TwoTo64, 0.0);
+    QTest::newRow("2^64") << TwoTo64 << TwoTo64;
     QTest::newRow("far above 2^64") << 1e300 << 1e300;
-    QTest::newRow("infinity") << infinity << infinity;
-    QTest::newRow("NaN") << notANumber << 0.0;
+    QTest::newRow("infinity") << Infinity << Infinity;
+    QTest::newRow("NaN") << NotANumber << 0.0;
 }
 
 void tst_NumberConversions::truncateUnsignedWrapsNegativeQuotients()
@@ -138,7 +138,7 @@ void tst_NumberConversions::reduceToMultipleCountsFromZero_data()
     QTest::newRow("fractional step") << 10.3 << 0.5 << 10.0;
     QTest::newRow("less than one step") << 3.0 << 16.0 << 0.0;
     QTest::newRow("little below zero") << -3.0 << 16.0 << 0.0;
-    QTest::newRow("negative wraps around") << -16.0 << 16.0 << 16.0 * twoTo64;
+    QTest::newRow("negative wraps around") << -16.0 << 16.0 << 16.0 * TwoTo64;
     QTest::newRow("huge stays") << 1e300 << 0.5 << 1e300;
 }
 

@@ -14,7 +14,7 @@ using Fake::FakeFeature;
 
 namespace {
 
-constexpr ZalFeatureDataType undocumentedType = 99;
+constexpr ZalFeatureDataType UndocumentedType = 99;
 
 /// What the observer reports for a change of that feature; empty when it reports nothing.
 QVariantList report(const std::shared_ptr<ZalCPP::Feature>& feature)
@@ -142,7 +142,7 @@ void tst_PluginFeatureObserver::valueTextFollowsTheDataType()
     camera.addRaw("Data", {1, 2});
     camera.add("Unknown", ZalFeatureUnknown);
     camera.add("None", ZalFeatureNone);
-    camera.add("Undocumented", undocumentedType);
+    camera.add("Undocumented", UndocumentedType);
     QCOMPARE(report(camera.find(feature.toStdString())), (QVariantList{feature, text}));
 }
 

@@ -18,18 +18,18 @@ public:
         CountingDocument document;
         document.setHtml(text);
         document.documentLayout()->documentSize();
-        return document.loads;
+        return document.m_loads;
     }
 
 protected:
     QVariant loadResource(int, const QUrl&) override
     {
-        ++loads;
+        ++m_loads;
         return QVariant();
     }
 
 private:
-    int loads = 0;
+    int m_loads = 0;
 };
 
 /// Texts that name "%1" wherever a text can name something to be loaded, each in many spellings.

@@ -82,19 +82,19 @@ private slots:
 private:
     ZalFeatureWrapper wrapped(const std::string& name)
     {
-        return ZalFeatureWrapper(camera->find(name));
+        return ZalFeatureWrapper(m_camera->find(name));
     }
-    std::unique_ptr<FakeCamera> camera;
+    std::unique_ptr<FakeCamera> m_camera;
 };
 
 void tst_ZalFeatureWrapper::init()
 {
-    camera = FeatureTest::mixedCamera();
+    m_camera = FeatureTest::mixedCamera();
 }
 
 void tst_ZalFeatureWrapper::sharesOwnershipOfItsFeature()
 {
-    ZalCPP::FeaturePtr feature = camera->find("Count");
+    ZalCPP::FeaturePtr feature = m_camera->find("Count");
     const auto before = feature.use_count();
     {
         ZalFeatureWrapper wrapper(feature);
@@ -103,7 +103,7 @@ void tst_ZalFeatureWrapper::sharesOwnershipOfItsFeature()
         QVERIFY(&wrapper.GetZalFeaturePtr() == &wrapper.GetZalFeaturePtr());
     }
     QCOMPARE(feature.use_count(), before);
-    QVERIFY(camera->calls().empty());
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_ZalFeatureWrapper::numbersAndFlagsComeFromTheFeature()
@@ -150,7 +150,7 @@ void tst_ZalFeatureWrapper::factsComeFromTheFeature()
     bool readable = false;
     bool writable = true;
     bool done = false;
-    (*camera)["Count"].state().writable = false;
+    (*m_camera)["Count"].state().writable = false;
     QCOMPARE(wrapped("Count").GetDataType(type), ZalErrorSuccess);
     QCOMPARE(wrapped("Count").GetFlags(flags), ZalErrorSuccess);
     QCOMPARE(wrapped("Count").GetVisibility(visibility), ZalErrorSuccess);
@@ -192,7 +192,7 @@ void tst_ZalFeatureWrapper::rawBytesComeWithTheirSize()
     QCOMPARE(wrapped("Data").GetValue(bytes, size), ZalErrorSuccess);
     QCOMPARE(bytes, expected);
     QCOMPARE(size, 3U);
-    (*camera)["Data"].state().raw.clear();
+    (*m_camera)["Data"].state().raw.clear();
     QCOMPARE(wrapped("Data").GetValue(bytes, size), ZalErrorSuccess);
     QVERIFY(bytes.empty());
     QCOMPARE(size, 0U);
@@ -202,7 +202,7 @@ void tst_ZalFeatureWrapper::sizeFilledStaysOnFailure()
 {
     std::vector<unsigned char> bytes{8};
     unsigned int size = 77;
-    camera->failCall("GetRawValue", "Data");
+    m_camera->failCall("GetRawValue", "Data");
     QCOMPARE(wrapped("Data").GetValue(bytes, size), ZalErrorTransport);
     QCOMPARE(size, 77U);
     QCOMPARE(bytes, std::vector<unsigned char>{8});
@@ -238,8 +238,8 @@ void tst_ZalFeatureWrapper::selectedFeaturesAreSharedHandles()
     std::vector<ZalCPP::FeaturePtr> selected;
     QCOMPARE(wrapped("Mode").GetSelectedFeatures(selected), ZalErrorSuccess);
     QCOMPARE(selected.size(), std::size_t(2));
-    QVERIFY(selected[0] == camera->find("Delay"));
-    QVERIFY(selected[1] == camera->find("Flag"));
+    QVERIFY(selected[0] == m_camera->find("Delay"));
+    QVERIFY(selected[1] == m_camera->find("Flag"));
     QCOMPARE(wrapped("Delay").GetSelectedFeatures(selected), ZalErrorSuccess);
     QVERIFY(selected.empty());
 }
@@ -261,7 +261,7 @@ void tst_ZalFeatureWrapper::writesReachTheFeature()
     QCOMPARE(wrapped("Mode").SetValue("Off"), ZalErrorSuccess);
     QCOMPARE(wrapped("Data").SetValue(bytes), ZalErrorSuccess);
     QCOMPARE(wrapped("Go").RunCommand(), ZalErrorSuccess);
-    QCOMPARE(toList(camera->writes()),
+    QCOMPARE(toList(m_camera->writes()),
              (QStringList{"SetIntegerValue Count=44", "SetFloatValue Delay=3",
                           "SetBoolValue Flag=false", "SetStringValue Family=One",
                           "SetStringValue Mode=Off", "SetRawValue Data=0aff", "RunCommand Go"}));
@@ -271,7 +271,7 @@ void tst_ZalFeatureWrapper::writingAnEmptyByteVectorIsRefusedWithoutAnSdkCall()
 {
     std::vector<unsigned char> nothing;
     QCOMPARE(wrapped("Data").SetValue(nothing), -7);
-    QVERIFY(camera->calls().empty());
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_ZalFeatureWrapper::emptyUnitYieldsAnEmptyStringAndSuccess()
@@ -281,14 +281,14 @@ void tst_ZalFeatureWrapper::emptyUnitYieldsAnEmptyStringAndSuccess()
     QCOMPARE(unit, std::string());
 
     unit = "before";
-    ZalFeatureWrapper bare(std::make_shared<BareFeature>(*camera, "Bare", ZalFeatureFloat));
+    ZalFeatureWrapper bare(std::make_shared<BareFeature>(*m_camera, "Bare", ZalFeatureFloat));
     QCOMPARE(bare.GetUnit(unit), ZalErrorSuccess);
     QCOMPARE(unit, std::string());
 }
 
 void tst_ZalFeatureWrapper::enumerationWithoutValuesYieldsAnEmptyVectorAndSuccess()
 {
-    (*camera)["Mode"].state().entries.clear();
+    (*m_camera)["Mode"].state().entries.clear();
     std::vector<long long> values{1};
     std::vector<std::string> names{"before"};
     std::vector<ZalCPP::EnumEntry> entries(1);
@@ -301,7 +301,7 @@ void tst_ZalFeatureWrapper::enumerationWithoutValuesYieldsAnEmptyVectorAndSucces
 
 void tst_ZalFeatureWrapper::failedReadsLeaveTheOutputUntouched()
 {
-    camera->failEverything();
+    m_camera->failEverything();
     long long integer = 5;
     bool flag = true;
     std::string text = "before";
@@ -328,10 +328,10 @@ void tst_ZalFeatureWrapper::observersAreRegisteredOnTheFeature()
     const auto observer = std::make_shared<SilentObserver>();
     ZalFeatureWrapper count = wrapped("Count");
     QCOMPARE(count.RegisterObserver(observer), ZalErrorSuccess);
-    QCOMPARE((*camera)["Count"].observerCount(), std::size_t(1));
+    QCOMPARE((*m_camera)["Count"].observerCount(), std::size_t(1));
     QCOMPARE(count.UnregisterObserver(observer), ZalErrorSuccess);
-    QCOMPARE((*camera)["Count"].observerCount(), std::size_t(0));
-    camera->failEverything(-4711);
+    QCOMPARE((*m_camera)["Count"].observerCount(), std::size_t(0));
+    m_camera->failEverything(-4711);
     QCOMPARE(count.RegisterObserver(observer), -4711);
     QCOMPARE(count.UnregisterObserver(observer), -4711);
 }

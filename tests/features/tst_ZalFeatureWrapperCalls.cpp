@@ -1,6 +1,7 @@
 // Which SDK calls each wrapper operation makes, and what happens when they fail.
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/AllocationLimit.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -77,12 +78,21 @@ public:
 
 Q_DECLARE_METATYPE(Operation)
 
+namespace {
+
+void addCall(const char* name, const char* feature, const char* call, const Operation& operation)
+{
+    row(name, feature, call, operation);
+}
+
+} // namespace
+
 class tst_ZalFeatureWrapperCalls : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init() { camera = FeatureTest::mixedCamera(); }
+    void init() { m_camera = FeatureTest::mixedCamera(); }
     void forwardsToOneCallAndPassesItsStatusOn_data();
     void forwardsToOneCallAndPassesItsStatusOn();
     void readsListsAndTextsWithTwoCallsAndPassesBothStatusesOn_data();
@@ -93,7 +103,7 @@ private slots:
     void entryWithoutNameIsAFailureOfItsOwn();
 
 private:
-    std::unique_ptr<FakeCamera> camera;
+    std::unique_ptr<FakeCamera> m_camera;
 };
 
 void tst_ZalFeatureWrapperCalls::forwardsToOneCallAndPassesItsStatusOn_data()
@@ -106,41 +116,36 @@ void tst_ZalFeatureWrapperCalls::forwardsToOneCallAndPassesItsStatusOn_data()
     static unsigned code = 0;
     static ZalCPP::EnumEntry entry;
     static std::vector<unsigned char> bytes{9};
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<Operation>("operation");
-    const auto row = [](const char* name, const char* feature, const char* call,
-                        const Operation& operation) {
-        QTest::newRow(name) << feature << call << operation;
-    };
+    columns<QString, QString, Operation>("feature", "call", "operation");
     using W = ZalFeatureWrapper;
-    row("get integer", "Count", "GetIntegerValue", [](W& w) { return w.GetValue(integer); });
-    row("get float", "Delay", "GetFloatValue", [](W& w) { return w.GetValue(real); });
-    row("get bool", "Flag", "GetBoolValue", [](W& w) { return w.GetValue(flag); });
-    row("get entry", "Mode", "GetEntry", [](W& w) { return w.GetEntry(entry, "On"); });
-    row("float range", "Delay", "GetFloatRange", [](W& w) { return w.GetRange(real, real2); });
-    row("integer range", "Count", "GetIntegerRange",
-        [](W& w) { return w.GetRange(integer, integer2); });
-    row("set integer", "Count", "SetIntegerValue", [](W& w) { return w.SetValue(44LL); });
-    row("set float", "Delay", "SetFloatValue", [](W& w) { return w.SetValue(3.0); });
-    row("set bool", "Flag", "SetBoolValue", [](W& w) { return w.SetValue(false); });
-    row("set text", "Family", "SetStringValue", [](W& w) { return w.SetValue("x"); });
-    row("set raw", "Data", "SetRawValue", [](W& w) { return w.SetValue(bytes); });
-    row("has increment", "Count", "HasIncrement", [](W& w) { return w.HasIncrement(flag); });
-    row("integer increment", "Count", "GetIntegerIncrement",
-        [](W& w) { return w.GetIncrement(integer); });
-    row("float increment", "Delay", "GetFloatIncrement", [](W& w) { return w.GetIncrement(real); });
-    row("available by name", "Mode", "IsValueAvailable",
-        [](W& w) { return w.IsValueAvailable("On", flag); });
-    row("available by value", "Mode", "IsValueAvailable",
-        [](W& w) { return w.IsValueAvailable(1LL, flag); });
-    row("run", "Go", "RunCommand", [](W& w) { return w.RunCommand(); });
-    row("done", "Go", "IsCommandDone", [](W& w) { return w.IsCommandDone(flag); });
-    row("data type", "Count", "GetDataType", [](W& w) { return w.GetDataType(code); });
-    row("flags", "Count", "GetFlags", [](W& w) { return w.GetFlags(code); });
-    row("visibility", "Count", "GetVisibility", [](W& w) { return w.GetVisibility(code); });
-    row("readable", "Count", "IsReadable", [](W& w) { return w.IsReadable(flag); });
-    row("writable", "Count", "IsWritable", [](W& w) { return w.IsWritable(flag); });
+    addCall("get integer", "Count", "GetIntegerValue", [](W& w) { return w.GetValue(integer); });
+    addCall("get float", "Delay", "GetFloatValue", [](W& w) { return w.GetValue(real); });
+    addCall("get bool", "Flag", "GetBoolValue", [](W& w) { return w.GetValue(flag); });
+    addCall("get entry", "Mode", "GetEntry", [](W& w) { return w.GetEntry(entry, "On"); });
+    addCall("float range", "Delay", "GetFloatRange", [](W& w) { return w.GetRange(real, real2); });
+    addCall("integer range", "Count", "GetIntegerRange",
+            [](W& w) { return w.GetRange(integer, integer2); });
+    addCall("set integer", "Count", "SetIntegerValue", [](W& w) { return w.SetValue(44LL); });
+    addCall("set float", "Delay", "SetFloatValue", [](W& w) { return w.SetValue(3.0); });
+    addCall("set bool", "Flag", "SetBoolValue", [](W& w) { return w.SetValue(false); });
+    addCall("set text", "Family", "SetStringValue", [](W& w) { return w.SetValue("x"); });
+    addCall("set raw", "Data", "SetRawValue", [](W& w) { return w.SetValue(bytes); });
+    addCall("has increment", "Count", "HasIncrement", [](W& w) { return w.HasIncrement(flag); });
+    addCall("integer increment", "Count", "GetIntegerIncrement",
+            [](W& w) { return w.GetIncrement(integer); });
+    addCall("float increment", "Delay", "GetFloatIncrement",
+            [](W& w) { return w.GetIncrement(real); });
+    addCall("available by name", "Mode", "IsValueAvailable",
+            [](W& w) { return w.IsValueAvailable("On", flag); });
+    addCall("available by value", "Mode", "IsValueAvailable",
+            [](W& w) { return w.IsValueAvailable(1LL, flag); });
+    addCall("run", "Go", "RunCommand", [](W& w) { return w.RunCommand(); });
+    addCall("done", "Go", "IsCommandDone", [](W& w) { return w.IsCommandDone(flag); });
+    addCall("data type", "Count", "GetDataType", [](W& w) { return w.GetDataType(code); });
+    addCall("flags", "Count", "GetFlags", [](W& w) { return w.GetFlags(code); });
+    addCall("visibility", "Count", "GetVisibility", [](W& w) { return w.GetVisibility(code); });
+    addCall("readable", "Count", "IsReadable", [](W& w) { return w.IsReadable(flag); });
+    addCall("writable", "Count", "IsWritable", [](W& w) { return w.IsWritable(flag); });
 }
 
 void tst_ZalFeatureWrapperCalls::forwardsToOneCallAndPassesItsStatusOn()
@@ -148,14 +153,14 @@ void tst_ZalFeatureWrapperCalls::forwardsToOneCallAndPassesItsStatusOn()
     QFETCH(QString, feature);
     QFETCH(QString, call);
     QFETCH(Operation, operation);
-    ZalFeatureWrapper wrapper(camera->find(feature.toStdString()));
+    ZalFeatureWrapper wrapper(m_camera->find(feature.toStdString()));
 
     QCOMPARE(operation(wrapper), ZalErrorSuccess);
-    const QStringList calls = toList(camera->calls());
+    const QStringList calls = toList(m_camera->calls());
     QCOMPARE(calls.size(), 1);
     QCOMPARE(calls.first().section('=', 0, 0), call + " " + feature);
 
-    camera->failCall(call.toStdString(), feature.toStdString(), -4711);
+    m_camera->failCall(call.toStdString(), feature.toStdString(), -4711);
     QCOMPARE(operation(wrapper), -4711);
 }
 
@@ -168,33 +173,27 @@ void tst_ZalFeatureWrapperCalls::readsListsAndTextsWithTwoCallsAndPassesBothStat
     static std::vector<std::string> names;
     static std::vector<ZalCPP::EnumEntry> entries;
     static std::vector<ZalCPP::FeaturePtr> features;
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<Operation>("operation");
-    const auto row = [](const char* name, const char* feature, const char* call,
-                        const Operation& operation) {
-        QTest::newRow(name) << feature << call << operation;
-    };
+    columns<QString, QString, Operation>("feature", "call", "operation");
     using W = ZalFeatureWrapper;
-    row("string", "Family", "GetStringValue", [](W& w) { return w.GetValue(text); });
-    row("current entry", "Mode", "GetStringValue", [](W& w) { return w.GetValue(text); });
-    row("raw", "Data", "GetRawValue", [](W& w) { return w.GetValue(bytes); });
-    row("raw with size", "Data", "GetRawValue", [](W& w) { return w.GetValue(bytes, size); });
-    row("entry values", "Mode", "GetEnumValues", [](W& w) { return w.GetValues(numbers); });
-    row("entry names", "Mode", "GetEnumNames", [](W& w) { return w.GetValues(names); });
-    row("entries", "Mode", "GetEntries", [](W& w) { return w.GetEntries(entries); });
-    row("name", "Count", "GetName", [](W& w) { return w.GetName(text); });
-    row("display name", "Count", "GetDisplayName", [](W& w) { return w.GetDisplayName(text); });
-    row("category", "Count", "GetCategory", [](W& w) { return w.GetCategory(text); });
-    row("unit", "Count", "GetUnit", [](W& w) { return w.GetUnit(text); });
-    row("representation", "Count", "GetRepresentation",
-        [](W& w) { return w.GetRepresentation(text); });
-    row("tool tip", "Count", "GetToolTip", [](W& w) { return w.GetToolTip(text); });
-    row("description", "Count", "GetDescription", [](W& w) { return w.GetDescription(text); });
-    row("selected", "Mode", "GetSelectedFeatures",
-        [](W& w) { return w.GetSelectedFeatures(features); });
-    row("valid values", "Count", "GetValidValueSet",
-        [](W& w) { return w.GetValidValueSet(numbers); });
+    addCall("string", "Family", "GetStringValue", [](W& w) { return w.GetValue(text); });
+    addCall("current entry", "Mode", "GetStringValue", [](W& w) { return w.GetValue(text); });
+    addCall("raw", "Data", "GetRawValue", [](W& w) { return w.GetValue(bytes); });
+    addCall("raw with size", "Data", "GetRawValue", [](W& w) { return w.GetValue(bytes, size); });
+    addCall("entry values", "Mode", "GetEnumValues", [](W& w) { return w.GetValues(numbers); });
+    addCall("entry names", "Mode", "GetEnumNames", [](W& w) { return w.GetValues(names); });
+    addCall("entries", "Mode", "GetEntries", [](W& w) { return w.GetEntries(entries); });
+    addCall("name", "Count", "GetName", [](W& w) { return w.GetName(text); });
+    addCall("display name", "Count", "GetDisplayName", [](W& w) { return w.GetDisplayName(text); });
+    addCall("category", "Count", "GetCategory", [](W& w) { return w.GetCategory(text); });
+    addCall("unit", "Count", "GetUnit", [](W& w) { return w.GetUnit(text); });
+    addCall("representation", "Count", "GetRepresentation",
+            [](W& w) { return w.GetRepresentation(text); });
+    addCall("tool tip", "Count", "GetToolTip", [](W& w) { return w.GetToolTip(text); });
+    addCall("description", "Count", "GetDescription", [](W& w) { return w.GetDescription(text); });
+    addCall("selected", "Mode", "GetSelectedFeatures",
+            [](W& w) { return w.GetSelectedFeatures(features); });
+    addCall("valid values", "Count", "GetValidValueSet",
+            [](W& w) { return w.GetValidValueSet(numbers); });
 }
 
 void tst_ZalFeatureWrapperCalls::readsListsAndTextsWithTwoCallsAndPassesBothStatusesOn()
@@ -202,18 +201,18 @@ void tst_ZalFeatureWrapperCalls::readsListsAndTextsWithTwoCallsAndPassesBothStat
     QFETCH(QString, feature);
     QFETCH(QString, call);
     QFETCH(Operation, operation);
-    ZalFeatureWrapper wrapper(camera->find(feature.toStdString()));
+    ZalFeatureWrapper wrapper(m_camera->find(feature.toStdString()));
     const QString expected = call + " " + feature;
 
     QCOMPARE(operation(wrapper), ZalErrorSuccess);
-    QCOMPARE(toList(camera->calls()), (QStringList{expected, expected}));
+    QCOMPARE(toList(m_camera->calls()), (QStringList{expected, expected}));
 
-    camera->clearLog();
-    camera->failNthCall(1, -4711);
+    m_camera->clearLog();
+    m_camera->failNthCall(1, -4711);
     QCOMPARE(operation(wrapper), -4711);
-    QCOMPARE(toList(camera->calls()), QStringList{expected});
+    QCOMPARE(toList(m_camera->calls()), QStringList{expected});
 
-    camera->failNthCall(2, -815);
+    m_camera->failNthCall(2, -815);
     QCOMPARE(operation(wrapper), -815);
 }
 
@@ -243,15 +242,15 @@ void tst_ZalFeatureWrapperCalls::bufferThatCannotBeAllocatedIsOutOfResources_dat
 void tst_ZalFeatureWrapperCalls::bufferThatCannotBeAllocatedIsOutOfResources()
 {
     QFETCH(Operation, operation);
-    ZalFeatureWrapper wrapper(std::make_shared<BoundlessFeature>(*camera, "Any", ZalFeatureRaw));
+    ZalFeatureWrapper wrapper(std::make_shared<BoundlessFeature>(*m_camera, "Any", ZalFeatureRaw));
     const AllocationLimit limit(1U << 20U);
     QCOMPARE(operation(wrapper), -14);
 }
 
 void tst_ZalFeatureWrapperCalls::entryNamesThatCannotBeCopiedAreOutOfResources()
 {
-    (*camera)["Mode"].state().entries = {{std::string(1U << 20U, 'x'), 0, true}};
-    ZalFeatureWrapper wrapper(camera->find("Mode"));
+    (*m_camera)["Mode"].state().entries = {{std::string(1U << 20U, 'x'), 0, true}};
+    ZalFeatureWrapper wrapper(m_camera->find("Mode"));
     std::vector<std::string> names{"before"};
     {
         const AllocationLimit limit(1U << 19U);
@@ -263,7 +262,7 @@ void tst_ZalFeatureWrapperCalls::entryNamesThatCannotBeCopiedAreOutOfResources()
 void tst_ZalFeatureWrapperCalls::entryWithoutNameIsAFailureOfItsOwn()
 {
     ZalFeatureWrapper wrapper(
-        std::make_shared<NamelessEntryFeature>(*camera, "Any", ZalFeatureEnum));
+        std::make_shared<NamelessEntryFeature>(*m_camera, "Any", ZalFeatureEnum));
     std::vector<std::string> names{"before"};
     QCOMPARE(wrapper.GetValues(names), ZalErrorUnknown);
     QCOMPARE(toList(names), QStringList{"before"});

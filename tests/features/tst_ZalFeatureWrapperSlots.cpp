@@ -38,6 +38,26 @@ void reader(const char* name, int order, Result (W::*function)(Arguments...) con
     row(name, order, virtualSlot(function));
 }
 
+void addFacts()
+{
+    reader("GetName", 29, &W::GetName);
+    reader("GetDisplayName", 30, &W::GetDisplayName);
+    reader("GetDataType", 31, &W::GetDataType);
+    reader("GetFlags", 32, &W::GetFlags);
+    reader("GetCategory", 33, &W::GetCategory);
+    reader("GetUnit", 34, &W::GetUnit);
+    reader("GetRepresentation", 35, &W::GetRepresentation);
+    reader("GetVisibility", 36, &W::GetVisibility);
+    reader("GetToolTip", 37, &W::GetToolTip);
+    reader("GetDescription", 38, &W::GetDescription);
+    writer("GetSelectedFeatures", 39, &W::GetSelectedFeatures);
+    reader("GetValidValueSet", 40, &W::GetValidValueSet);
+    writer("IsReadable", 41, &W::IsReadable);
+    writer("IsWritable", 42, &W::IsWritable);
+    writer("RegisterObserver", 43, &W::RegisterObserver);
+    writer("UnregisterObserver", 44, &W::UnregisterObserver);
+}
+
 } // namespace
 
 void tst_ZalFeatureWrapperSlots::virtualOperationsStandInTheirOrder_data()
@@ -69,22 +89,7 @@ void tst_ZalFeatureWrapperSlots::virtualOperationsStandInTheirOrder_data()
     reader<Z, long long, bool&>("IsValueAvailable(value)", 26, &W::IsValueAvailable);
     writer("RunCommand", 27, &W::RunCommand);
     reader("IsCommandDone", 28, &W::IsCommandDone);
-    reader("GetName", 29, &W::GetName);
-    reader("GetDisplayName", 30, &W::GetDisplayName);
-    reader("GetDataType", 31, &W::GetDataType);
-    reader("GetFlags", 32, &W::GetFlags);
-    reader("GetCategory", 33, &W::GetCategory);
-    reader("GetUnit", 34, &W::GetUnit);
-    reader("GetRepresentation", 35, &W::GetRepresentation);
-    reader("GetVisibility", 36, &W::GetVisibility);
-    reader("GetToolTip", 37, &W::GetToolTip);
-    reader("GetDescription", 38, &W::GetDescription);
-    writer("GetSelectedFeatures", 39, &W::GetSelectedFeatures);
-    reader("GetValidValueSet", 40, &W::GetValidValueSet);
-    writer("IsReadable", 41, &W::IsReadable);
-    writer("IsWritable", 42, &W::IsWritable);
-    writer("RegisterObserver", 43, &W::RegisterObserver);
-    writer("UnregisterObserver", 44, &W::UnregisterObserver);
+    addFacts();
 }
 
 void tst_ZalFeatureWrapperSlots::virtualOperationsStandInTheirOrder()

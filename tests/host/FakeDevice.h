@@ -42,8 +42,8 @@ struct FakeCameraState
 class FakeDevice : public CameraDevice
 {
 public:
-    explicit FakeDevice(std::shared_ptr<FakeCameraState> script) : state(std::move(script)) {}
-    ~FakeDevice() override { state->calls.append(QStringLiteral("close")); }
+    explicit FakeDevice(std::shared_ptr<FakeCameraState> script) : m_state(std::move(script)) {}
+    ~FakeDevice() override { m_state->calls.append(QStringLiteral("close")); }
 
     QString name() const override { return QStringLiteral("Tarsel Imaging Fake (F001)"); }
     ZalCPP::FeatureList features() const override
@@ -52,22 +52,22 @@ public:
     }
     ZalErrorType start(ZalCPP::Camera::FrameHandler handler) override
     {
-        state->calls.append(QStringLiteral("start"));
-        state->frameHandler = std::move(handler);
-        return state->startStatus;
+        m_state->calls.append(QStringLiteral("start"));
+        m_state->frameHandler = std::move(handler);
+        return m_state->startStatus;
     }
     ZalErrorType stop() override
     {
-        state->calls.append(QStringLiteral("stop"));
-        return state->stopStatus;
+        m_state->calls.append(QStringLiteral("stop"));
+        return m_state->stopStatus;
     }
     void setLostHandler(ZalCPP::Camera::LostHandler handler) override
     {
-        state->lostHandler = std::move(handler);
+        m_state->lostHandler = std::move(handler);
     }
-    bool isLost() const override { return state->alreadyLost; }
-    ZalCPP::CameraLoss loss() const override { return state->loss; }
+    bool isLost() const override { return m_state->alreadyLost; }
+    ZalCPP::CameraLoss loss() const override { return m_state->loss; }
 
 private:
-    std::shared_ptr<FakeCameraState> state;
+    std::shared_ptr<FakeCameraState> m_state;
 };

@@ -16,12 +16,12 @@ class tst_ExtensionTranslations : public QObject
     Q_OBJECT
 
     const QString folderBefore = QDir::currentPath();
-    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<QTemporaryDir> m_folder;
 
     /// Loads the extension from a library of that name.
     std::vector<TabExtension> load(const QString& library)
     {
-        const QString plugins = folder->filePath("plugins");
+        const QString plugins = m_folder->filePath("plugins");
         if (!QDir().mkpath(plugins) ||
             !QFile::copy(EXTENSIONS_DIR "/SignTab/libSignTab.so", plugins + '/' + library))
             qFatal("The extension cannot be copied");
@@ -38,8 +38,8 @@ private slots:
     void init()
     {
         QLocale::setDefault(QLocale("de_AT"));
-        folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(folder->path()));
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir::setCurrent(m_folder->path()));
         QVERIFY(QDir().mkdir("qm"));
     }
     void cleanup()

@@ -8,12 +8,12 @@
 
 namespace {
 
-const char* const VARIABLES[] = {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"};
+const char* const Variables[] = {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"};
 
 QStringList environment()
 {
     QStringList values;
-    for (const char* variable : VARIABLES)
+    for (const char* variable : Variables)
         values << QString::fromLocal8Bit(qgetenv(variable));
     return values;
 }
@@ -22,9 +22,9 @@ void setEnvironment(const QStringList& values)
 {
     for (int i = 0; i < values.size(); ++i) {
         if (values[i].isEmpty())
-            qunsetenv(VARIABLES[i]);
+            qunsetenv(Variables[i]);
         else
-            qputenv(VARIABLES[i], values[i].toLocal8Bit());
+            qputenv(Variables[i], values[i].toLocal8Bit());
     }
 }
 

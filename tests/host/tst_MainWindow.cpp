@@ -29,50 +29,50 @@ class tst_MainWindow : public QObject
 {
     Q_OBJECT
 
-    std::shared_ptr<FakeCameraState> camera;
-    std::unique_ptr<CameraSession> session;
-    std::unique_ptr<MainWindow> window;
+    std::shared_ptr<FakeCameraState> m_camera;
+    std::unique_ptr<CameraSession> m_session;
+    std::unique_ptr<MainWindow> m_window;
 
-    QAction& acquire() { return *window->findChild<QAction*>("actionAcquire"); }
-    QLabel& label(const char* name) { return *window->findChild<QLabel*>(name); }
-    ImageView& imageView() { return *window->findChild<ImageView*>("imageView"); }
+    QAction& acquire() { return *m_window->findChild<QAction*>("actionAcquire"); }
+    QLabel& label(const char* name) { return *m_window->findChild<QLabel*>(name); }
+    ImageView& imageView() { return *m_window->findChild<ImageView*>("imageView"); }
     QStringList heardByTheTab()
     {
-        return window->findChild<QWidget*>("goodTab")->property("heard").toStringList();
+        return m_window->findChild<QWidget*>("goodTab")->property("heard").toStringList();
     }
 
     void clickAcquire()
     {
-        QWidget* button = window->findChild<QToolBar*>("toolBar")->widgetForAction(&acquire());
+        QWidget* button = m_window->findChild<QToolBar*>("toolBar")->widgetForAction(&acquire());
         QTest::mouseClick(button, Qt::LeftButton);
     }
 
     void addExtension(const QString& name)
     {
         const QString folder = EXTENSIONS_DIR "/" + name;
-        window->addExtensions(loadTabExtensions(folder, session->features()));
+        m_window->addExtensions(loadTabExtensions(folder, m_session->features()));
     }
 
 private slots:
     void init()
     {
-        camera = std::make_shared<FakeCameraState>();
-        session = std::make_unique<CameraSession>(std::make_unique<FakeDevice>(camera));
-        window = std::make_unique<MainWindow>(*session);
-        window->resize(1024, 768);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        m_camera = std::make_shared<FakeCameraState>();
+        m_session = std::make_unique<CameraSession>(std::make_unique<FakeDevice>(m_camera));
+        m_window = std::make_unique<MainWindow>(*m_session);
+        m_window->resize(1024, 768);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     }
 
     void cleanup()
     {
-        window.reset();
-        session.reset();
+        m_window.reset();
+        m_session.reset();
     }
 
     void beginsStopped()
     {
-        QCOMPARE(window->windowTitle(), QString("Tarsel Imaging Fake (F001) - ZalViewer"));
+        QCOMPARE(m_window->windowTitle(), QString("Tarsel Imaging Fake (F001) - ZalViewer"));
         QCOMPARE(label("cameraName").text(), QString("Tarsel Imaging Fake (F001)"));
         QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
         QCOMPARE(label("frameCounter").text(), QString("Frames: 0"));
@@ -85,41 +85,41 @@ private slots:
     void clicksStartAndStopTheAcquisition()
     {
         clickAcquire();
-        QVERIFY(session->isAcquiring());
+        QVERIFY(m_session->isAcquiring());
         QVERIFY(acquire().isChecked());
         QCOMPARE(acquire().text(), QString("Stop"));
         QCOMPARE(label("acquisitionState").text(), QString("Acquiring"));
         clickAcquire();
-        QVERIFY(!session->isAcquiring());
+        QVERIFY(!m_session->isAcquiring());
         QVERIFY(!acquire().isChecked());
         QCOMPARE(acquire().text(), QString("Start"));
         QCOMPARE(label("acquisitionState").text(), QString("Stopped"));
-        QCOMPARE(camera->calls, QStringList({"start", "stop"}));
+        QCOMPARE(m_camera->calls, QStringList({"start", "stop"}));
     }
 
     void shortcutStartsTheAcquisition()
     {
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTest::keyClick(window.get(), Qt::Key_F5);
-        QVERIFY(session->isAcquiring());
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTest::keyClick(m_window.get(), Qt::Key_F5);
+        QVERIFY(m_session->isAcquiring());
     }
 
     void acquisitionStartedElsewhereShowsInTheButton()
     {
-        session->setAcquiring(true);
+        m_session->setAcquiring(true);
         QVERIFY(acquire().isChecked());
-        QCOMPARE(camera->calls, QStringList{"start"});
+        QCOMPARE(m_camera->calls, QStringList{"start"});
     }
 
     void framesAreShownAndCounted()
     {
         clickAcquire();
-        camera->sendFrame(90);
+        m_camera->sendFrame(90);
         QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
         QCOMPARE(imageView().image().size(), QSize(4, 2));
         QCOMPARE(qGray(imageView().image().pixel(0, 0)), 90);
-        camera->sendFrame(91);
+        m_camera->sendFrame(91);
         QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 2"));
         QCOMPARE(qGray(imageView().image().pixel(0, 0)), 91);
     }
@@ -127,7 +127,7 @@ private slots:
     void stoppingKeepsImageAndCountAndStartingCountsAnew()
     {
         clickAcquire();
-        camera->sendFrame(90);
+        m_camera->sendFrame(90);
         QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
         clickAcquire();
         QCOMPARE(label("frameCounter").text(), QString("Frames: 1"));
@@ -139,18 +139,18 @@ private slots:
     void frameThatCannotBeShownIsCountedAndExplained()
     {
         clickAcquire();
-        camera->sendFrames({{1, 4, 2, 0x02100032, std::vector<unsigned char>(16)}});
+        m_camera->sendFrames({{1, 4, 2, 0x02100032, std::vector<unsigned char>(16)}});
         QTRY_COMPARE(label("frameCounter").text(), QString("Frames: 1"));
         QCOMPARE(imageView().text(),
                  QString("Images in the pixel format 0x02100032 cannot be shown."));
-        camera->sendFrame(90);
+        m_camera->sendFrame(90);
         QTRY_VERIFY(imageView().text().isEmpty());
     }
 
     void tabHearsWhenTheAcquisitionStartsAndStops()
     {
         addExtension("GoodTab");
-        auto* tabs = window->findChild<QTabWidget*>("tabWidget");
+        auto* tabs = m_window->findChild<QTabWidget*>("tabWidget");
         QVERIFY(tabs->isVisible());
         QCOMPARE(tabs->tabText(0), QString("Good Tab"));
         QVERIFY(heardByTheTab().isEmpty());
@@ -163,32 +163,32 @@ private slots:
     void refusedCameraIsExplainedAndStillShown()
     {
         addExtension("RefusingTab");
-        QVERIFY(window->findChild<QTabWidget*>("tabWidget")->isHidden());
+        QVERIFY(m_window->findChild<QTabWidget*>("tabWidget")->isHidden());
         QVERIFY(label("extensionNotice").isVisible());
         QCOMPARE(label("extensionNotice").text(),
                  QString("The tab extension \"RefusingTab\" does not support this camera."));
         clickAcquire();
-        camera->sendFrame(1);
+        m_camera->sendFrame(1);
         QTRY_VERIFY(!imageView().image().isNull());
     }
 
     void failedStartIsExplainedAndTheButtonStaysUp()
     {
-        camera->startStatus = ZalErrorNotWritable;
+        m_camera->startStatus = ZalErrorNotWritable;
         clickAcquire();
         QVERIFY(!acquire().isChecked());
         QCOMPARE(acquire().text(), QString("Start"));
         QVERIFY(label("notice").isVisible());
         QCOMPARE(label("notice").text(), QString("The acquisition could not be started. "
                                                  "The feature cannot be written at the moment."));
-        camera->startStatus = ZalErrorSuccess;
+        m_camera->startStatus = ZalErrorSuccess;
         clickAcquire();
         QVERIFY(label("notice").isHidden());
     }
 
     void failedStopIsExplained()
     {
-        camera->stopStatus = ZalErrorTimeout;
+        m_camera->stopStatus = ZalErrorTimeout;
         clickAcquire();
         clickAcquire();
         QVERIFY(!acquire().isChecked());
@@ -202,7 +202,7 @@ private slots:
     {
         addExtension("GoodTab");
         clickAcquire();
-        camera->lose();
+        m_camera->lose();
         QTRY_VERIFY(label("notice").isVisible());
         QCOMPARE(label("notice").text(),
                  QString("The connection to the camera Tarsel Imaging Fake (F001) is lost. Close "
@@ -216,8 +216,8 @@ private slots:
     void cameraThatAnotherProgramControlsIsExplained()
     {
         addExtension("GoodTab");
-        camera->loss = ZalCPP::CameraLoss::ControlTaken;
-        camera->lose();
+        m_camera->loss = ZalCPP::CameraLoss::ControlTaken;
+        m_camera->lose();
         QTRY_VERIFY(label("notice").isVisible());
         QCOMPARE(label("notice").text(),
                  QString("The connection to the camera Tarsel Imaging Fake (F001) is lost. Another "
@@ -229,38 +229,38 @@ private slots:
     {
         addExtension("GoodTab");
         clickAcquire();
-        camera->lose();
-        QTRY_VERIFY(session->isLost());
-        QVERIFY(window->close());
-        QCOMPARE(camera->calls, QStringList{"start"});
+        m_camera->lose();
+        QTRY_VERIFY(m_session->isLost());
+        QVERIFY(m_window->close());
+        QCOMPARE(m_camera->calls, QStringList{"start"});
     }
 
     void closingStopsTheAcquisition()
     {
         addExtension("GoodTab");
         clickAcquire();
-        QVERIFY(window->close());
-        QCOMPARE(camera->calls, QStringList({"start", "stop"}));
+        QVERIFY(m_window->close());
+        QCOMPARE(m_camera->calls, QStringList({"start", "stop"}));
         QCOMPARE(heardByTheTab(), QStringList({"on", "off"}));
     }
 
     void shortcutClosesTheWindow()
     {
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
-        QVERIFY(!window->isVisible());
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTest::keyClick(m_window.get(), Qt::Key_Q, Qt::ControlModifier);
+        QVERIFY(!m_window->isVisible());
     }
 
     void tabsGoBeforeTheCameraDoes()
     {
         addExtension("GoodTab");
-        const QPointer<QWidget> tab = window->findChild<QWidget*>("goodTab");
-        window.reset();
+        const QPointer<QWidget> tab = m_window->findChild<QWidget*>("goodTab");
+        m_window.reset();
         QVERIFY(!tab);
-        QVERIFY(!camera->calls.contains("close"));
-        session.reset();
-        QVERIFY(camera->calls.contains("close"));
+        QVERIFY(!m_camera->calls.contains("close"));
+        m_session.reset();
+        QVERIFY(m_camera->calls.contains("close"));
     }
 
     void tabsHaveRoomInAWindowOfAnySize_data()
@@ -276,28 +276,28 @@ private slots:
         QFETCH(QSize, size);
         QFETCH(int, leastTabWidth);
         addExtension("NamelessTab");
-        window->resize(size);
-        auto* tabs = window->findChild<QTabWidget*>("tabWidget");
+        m_window->resize(size);
+        auto* tabs = m_window->findChild<QTabWidget*>("tabWidget");
         QTRY_VERIFY(tabs->currentWidget()->width() >= leastTabWidth);
-        QCOMPARE(window->size(), size);
+        QCOMPARE(m_window->size(), size);
         QVERIFY(imageView().width() >= imageView().minimumWidth());
     }
 
     void roomOfALargerWindowGoesToTheImage()
     {
         addExtension("NamelessTab");
-        const auto* area = window->findChild<QWidget*>("extensionArea");
+        const auto* area = m_window->findChild<QWidget*>("extensionArea");
         QTRY_VERIFY(area->width() > 0);
         const int tabs = area->width();
         const int image = imageView().width();
-        window->resize(window->width() + 300, window->height());
+        m_window->resize(m_window->width() + 300, m_window->height());
         QTRY_COMPARE(imageView().width(), image + 300);
         QCOMPARE(area->width(), tabs);
     }
 
     void neitherImageNorTabsCanBeDraggedAway()
     {
-        auto* splitter = window->findChild<QSplitter*>();
+        auto* splitter = m_window->findChild<QSplitter*>();
         splitter->setSizes({0, 5000});
         QVERIFY(splitter->sizes().at(0) >= 160);
         splitter->setSizes({5000, 0});
@@ -306,14 +306,14 @@ private slots:
 
     void toolBarStaysWhereItIs()
     {
-        const auto* bar = window->findChild<QToolBar*>("toolBar");
+        const auto* bar = m_window->findChild<QToolBar*>("toolBar");
         QVERIFY(!bar->isMovable());
         QCOMPARE(bar->contextMenuPolicy(), Qt::PreventContextMenu);
     }
 
     void buttonShowsWhatItDoes()
     {
-        const auto* bar = window->findChild<QToolBar*>("toolBar");
+        const auto* bar = m_window->findChild<QToolBar*>("toolBar");
         QCOMPARE(bar->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
         QCOMPARE(acquire().toolTip(), QString("Start the acquisition (F5)"));
         QVERIFY(!isSquare(acquire().icon()));
@@ -324,9 +324,9 @@ private slots:
 
     void statusBarEndsWithTheCamera()
     {
-        const int right = label("cameraName").mapTo(window.get(), QPoint()).x();
-        QVERIFY(right > window->width() / 2);
-        QVERIFY(label("frameCounter").mapTo(window.get(), QPoint()).x() < window->width() / 2);
+        const int right = label("cameraName").mapTo(m_window.get(), QPoint()).x();
+        QVERIFY(right > m_window->width() / 2);
+        QVERIFY(label("frameCounter").mapTo(m_window.get(), QPoint()).x() < m_window->width() / 2);
     }
 
     void textsOfTheCameraAreShownAsTheyAre_data()
@@ -343,7 +343,7 @@ private slots:
 
     void noticeStandsOut()
     {
-        camera->startStatus = ZalErrorTimeout;
+        m_camera->startStatus = ZalErrorTimeout;
         clickAcquire();
         const QImage bar = label("notice").grab().toImage();
         QCOMPARE(bar.pixelColor(1, 1), QColor(0xf6, 0xc3, 0x43));
@@ -353,7 +353,7 @@ private slots:
     void tabsGrowWithTheFont()
     {
         addExtension("NamelessTab");
-        auto* area = window->findChild<QWidget*>("extensionArea");
+        auto* area = m_window->findChild<QWidget*>("extensionArea");
         QFont font = area->font();
         font.setPixelSize(8);
         area->setFont(font);

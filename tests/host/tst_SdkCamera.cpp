@@ -25,10 +25,10 @@ class tst_SdkCamera : public QObject
 {
     Q_OBJECT
 
-    QString error;
+    QString m_error;
 
 private slots:
-    void init() { error.clear(); }
+    void init() { m_error.clear(); }
 
     void simulatedModelIsStartedAndOpened_data()
     {
@@ -41,8 +41,8 @@ private slots:
         CameraChoice choice;
         QFETCH(QString, model);
         choice.model = model;
-        const std::unique_ptr<CameraDevice> camera = openCamera(choice, error);
-        QVERIFY2(camera, qPrintable(error));
+        const std::unique_ptr<CameraDevice> camera = openCamera(choice, m_error);
+        QVERIFY2(camera, qPrintable(m_error));
         QVERIFY(!camera->isLost());
         QVERIFY2(camera->name().endsWith("(SIM0001)"), qPrintable(camera->name()));
         QVERIFY(camera->features()->size() > 10);
@@ -52,15 +52,15 @@ private slots:
     {
         CameraChoice choice;
         choice.model = "nonexistent";
-        QVERIFY(!openCamera(choice, error));
-        QVERIFY2(error.contains("nonexistent"), qPrintable(error));
-        QVERIFY2(error.endsWith('.'), qPrintable(error));
+        QVERIFY(!openCamera(choice, m_error));
+        QVERIFY2(m_error.contains("nonexistent"), qPrintable(m_error));
+        QVERIFY2(m_error.endsWith('.'), qPrintable(m_error));
     }
 
     void cameraThatIsNotThereGivesASentence()
     {
-        QVERIFY(!openCamera(byId("no-such-camera"), error));
-        QVERIFY2(error.endsWith('.'), qPrintable(error));
+        QVERIFY(!openCamera(byId("no-such-camera"), m_error));
+        QVERIFY2(m_error.endsWith('.'), qPrintable(m_error));
     }
 
     void foundCameraIsOpened_data()
@@ -79,14 +79,14 @@ private slots:
         std::string reason;
         const auto simulator = ZalSim::SimulatedCamera::Start(options, reason);
         QVERIFY2(simulator, reason.c_str());
-        const std::unique_ptr<CameraDevice> camera = openCamera(choice, error);
-        QVERIFY2(camera, qPrintable(error));
+        const std::unique_ptr<CameraDevice> camera = openCamera(choice, m_error);
+        QVERIFY2(camera, qPrintable(m_error));
         QVERIFY2(camera->name().endsWith("(SIM0077)"), qPrintable(camera->name()));
     }
 
     void windowShowsAndCountsTheCamerasFrames()
     {
-        CameraSession session(openCamera(CameraChoice(), error));
+        CameraSession session(openCamera(CameraChoice(), m_error));
         MainWindow window(session);
         window.show();
         auto* acquire = window.findChild<QAction*>("actionAcquire");
@@ -106,8 +106,8 @@ private slots:
 
     void nameIsMakerModelAndSerialNumber()
     {
-        const std::unique_ptr<CameraDevice> camera = openCamera(CameraChoice(), error);
-        QVERIFY2(camera, qPrintable(error));
+        const std::unique_ptr<CameraDevice> camera = openCamera(CameraChoice(), m_error);
+        QVERIFY2(camera, qPrintable(m_error));
         const QStringList words = camera->name().split(' ');
         QVERIFY2(camera->name().startsWith("Tarsel Imaging GmbH "), qPrintable(camera->name()));
         QVERIFY2(words.size() > 4 && !words.contains(QString()), qPrintable(camera->name()));
@@ -119,8 +119,8 @@ private slots:
         auto simulator = ZalSim::SimulatedCamera::Start({}, reason);
         QVERIFY2(simulator, reason.c_str());
         const std::unique_ptr<CameraDevice> camera =
-            openCamera(byId(QString::fromStdString(simulator->CameraId())), error);
-        QVERIFY2(camera, qPrintable(error));
+            openCamera(byId(QString::fromStdString(simulator->CameraId())), m_error);
+        QVERIFY2(camera, qPrintable(m_error));
         simulator.reset();
         QTRY_VERIFY_WITH_TIMEOUT(camera->isLost(), 30000);
     }
@@ -132,7 +132,7 @@ private slots:
         auto simulator = ZalSim::SimulatedCamera::Start(options, reason);
         QVERIFY2(simulator, reason.c_str());
         const QString id = QString::fromStdString(simulator->CameraId());
-        CameraSession session(openCamera(byId(id), error));
+        CameraSession session(openCamera(byId(id), m_error));
         MainWindow window(session);
         window.show();
         session.setAcquiring(true);

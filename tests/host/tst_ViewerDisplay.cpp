@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr quint16 X11_PORT = 6000; // Of display 0; the others follow.
+constexpr quint16 X11Port = 6000; // Of display 0; the others follow.
 
 using Variables = QMap<QString, QString>;
 
@@ -31,15 +31,15 @@ class SilentDisplay
 public:
     SilentDisplay()
     {
-        while (!server.isListening() && display < 1000)
-            server.listen(QHostAddress::LocalHost, X11_PORT + ++display);
+        while (!m_server.isListening() && m_display < 1000)
+            m_server.listen(QHostAddress::LocalHost, X11Port + ++m_display);
     }
-    QString name() const { return QString("127.0.0.1:%1").arg(display); }
-    bool wasAsked() { return server.waitForNewConnection(0); }
+    QString name() const { return QString("127.0.0.1:%1").arg(m_display); }
+    bool wasAsked() { return m_server.waitForNewConnection(0); }
 
 private:
-    QTcpServer server;
-    quint16 display = 100;
+    QTcpServer m_server;
+    quint16 m_display = 100;
 };
 
 /// A display in memory.
@@ -50,25 +50,25 @@ public:
     {
         const QString screen = QString("%1x%2x24").arg(size.width()).arg(size.height());
         const QStringList base{"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"};
-        server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        server.start("Xvfb", base + options);
-        server.waitForReadyRead();
-        number = server.readAllStandardOutput().trimmed();
+        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_server.start("Xvfb", base + options);
+        m_server.waitForReadyRead();
+        m_number = m_server.readAllStandardOutput().trimmed();
     }
     ~WorkingDisplay()
     {
-        server.terminate();
-        server.waitForFinished();
+        m_server.terminate();
+        m_server.waitForFinished();
     }
     WorkingDisplay(const WorkingDisplay&) = delete;
     WorkingDisplay& operator=(const WorkingDisplay&) = delete;
 
-    bool isRunning() const { return !number.isEmpty(); }
-    QString name() const { return ':' + QString::fromLatin1(number); }
+    bool isRunning() const { return !m_number.isEmpty(); }
+    QString name() const { return ':' + QString::fromLatin1(m_number); }
 
 private:
-    ChildProcess server;
-    QByteArray number;
+    ChildProcess m_server;
+    QByteArray m_number;
 };
 
 /// Hands its own deafness to ended children on to the program.
@@ -107,11 +107,11 @@ class tst_ViewerDisplay : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 
     Outcome open(const Variables& variables, const QStringList& arguments = {})
     {
-        return runViewerProgram(arguments, environmentWith(variables), folder.path());
+        return runViewerProgram(arguments, environmentWith(variables), m_folder.path());
     }
 
     /// With an extension that tells the platform.
@@ -122,7 +122,7 @@ class tst_ViewerDisplay : public QObject
     }
 
 private slots:
-    void init() { QFile::remove(folder.filePath("shot.png")); }
+    void init() { QFile::remove(m_folder.filePath("shot.png")); }
 
     void windowWithoutAUsableDisplayIsRefusedWithASentence_data()
     {
@@ -195,7 +195,7 @@ private slots:
 
     void displayThatRefusesTheUserIsNotUsable()
     {
-        QFile cookies(folder.filePath("cookies"));
+        QFile cookies(m_folder.filePath("cookies"));
         QVERIFY(cookies.open(QIODevice::WriteOnly));
         cookies.write(authorityFile());
         cookies.close();
@@ -238,7 +238,7 @@ private slots:
         open({{"DISPLAY", display.name()}},
              {"--screenshot", "shot.png", "--delay", "0", "--acquire", "off", "--plugins",
               extensionFolder("GoodTab")});
-        QTEST(QImage(folder.filePath("shot.png")).size(), "window");
+        QTEST(QImage(m_folder.filePath("shot.png")).size(), "window");
     }
 
     void screenshotNeedsNoDisplay_data()
@@ -256,7 +256,7 @@ private slots:
         QCOMPARE(outcome.exitCode, int(ExitBrokenExtension));
         QVERIFY2(outcome.complaint.contains("\"PlatformTab\" failed. offscreen."),
                  qPrintable(outcome.complaint));
-        QCOMPARE(QImage(folder.filePath("shot.png")).size(), QSize(640, 480));
+        QCOMPARE(QImage(m_folder.filePath("shot.png")).size(), QSize(640, 480));
     }
 
     /// Who names a platform wants no other one.
@@ -267,7 +267,7 @@ private slots:
         QCOMPARE(outcome.exitCode, int(ExitNoDisplay));
         QCOMPARE(outcome.complaint, QString("ZalViewer: There is no usable display to open the "
                                             "window on (QT_QPA_PLATFORM=nonsense).\n"));
-        QVERIFY(!QFile::exists(folder.filePath("shot.png")));
+        QVERIFY(!QFile::exists(m_folder.filePath("shot.png")));
     }
 };
 

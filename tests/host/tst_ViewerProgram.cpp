@@ -44,11 +44,11 @@ class tst_ViewerProgram : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 
     Outcome runViewer(const QStringList& arguments)
     {
-        return runViewerProgram(arguments, quietEnvironment(), folder.path());
+        return runViewerProgram(arguments, quietEnvironment(), m_folder.path());
     }
 
     Outcome shoot(const QStringList& arguments)
@@ -59,7 +59,7 @@ class tst_ViewerProgram : public QObject
     }
 
 private slots:
-    void init() { QFile::remove(folder.filePath("shot.png")); }
+    void init() { QFile::remove(m_folder.filePath("shot.png")); }
 
     void informationIsPrintedAndNothingOpened_data()
     {
@@ -75,7 +75,7 @@ private slots:
         QFETCH(QString, argument);
         QFETCH(QString, output);
         const Outcome outcome =
-            runViewerProgram({argument}, environmentWithoutDisplay(), folder.path());
+            runViewerProgram({argument}, environmentWithoutDisplay(), m_folder.path());
         QVERIFY(!outcome.crashed);
         QCOMPARE(outcome.exitCode, int(ExitSuccess));
         QVERIFY2(outcome.output.contains(output), qPrintable(outcome.output));
@@ -119,11 +119,11 @@ private slots:
         QVERIFY(!outcome.crashed);
         QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
         QCOMPARE(outcome.complaint, QString());
-        const QImage image(folder.filePath("shot.png"), "PNG");
+        const QImage image(m_folder.filePath("shot.png"), "PNG");
         QCOMPARE(image.size(), QSize(800, 600));
         const int emptyWithImage = pixelsWithoutImage(image);
         shoot({"--acquire", "off"});
-        const int emptyWithoutImage = pixelsWithoutImage(QImage(folder.filePath("shot.png")));
+        const int emptyWithoutImage = pixelsWithoutImage(QImage(m_folder.filePath("shot.png")));
         // The view is narrow in this window, and the image low.
         QVERIFY2(emptyWithImage < emptyWithoutImage * 9 / 10,
                  qPrintable(QString("%1 %2").arg(emptyWithImage).arg(emptyWithoutImage)));
@@ -141,7 +141,7 @@ private slots:
         QFETCH(QString, palette);
         const Outcome outcome = shoot({"--palette", palette, "--acquire", "off"});
         QVERIFY2(outcome.exitCode == ExitSuccess, qPrintable(outcome.complaint));
-        const QImage image(folder.filePath("shot.png"));
+        const QImage image(m_folder.filePath("shot.png"));
         QTEST(image.pixelColor(image.width() - 4, image.height() - 4).lightness() < 100, "dark");
     }
 
@@ -178,7 +178,7 @@ private slots:
         QVERIFY(!outcome.crashed);
         QTEST(outcome.exitCode, "exitCode");
         QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
-        QVERIFY(QFile::exists(folder.filePath("shot.png")));
+        QVERIFY(QFile::exists(m_folder.filePath("shot.png")));
     }
 
     void extensionsBesideTheProgramAreLoadedByDefault()
@@ -225,7 +225,8 @@ private slots:
         QFETCH(QString, desktop);
         QFETCH(QStringList, arguments);
         QFETCH(QString, sentence);
-        const Outcome outcome = runViewerProgram(arguments, environmentIn(desktop), folder.path());
+        const Outcome outcome =
+            runViewerProgram(arguments, environmentIn(desktop), m_folder.path());
         QCOMPARE(outcome.exitCode, int(ExitBadArguments));
         QVERIFY2(outcome.complaint.contains(sentence), qPrintable(outcome.complaint));
     }
@@ -250,7 +251,7 @@ private slots:
             runViewerProgram(QStringList{"--screenshot", "shot.png", "--delay", "0", "--acquire",
                                          "off", "--plugins", extensionFolder("SpeakingTab")} +
                                  option,
-                             environmentIn(desktop), folder.path());
+                             environmentIn(desktop), m_folder.path());
         QCOMPARE(outcome.exitCode, int(ExitBrokenExtension));
         QVERIFY2(outcome.complaint.contains(heard), qPrintable(outcome.complaint));
     }

@@ -1,9 +1,9 @@
 #include "plugin/TabExtensionPlugin.h"
 
 #include "plugin/TabExtensionException.h"
+#include "tests/plugin/AwkwardFeatures.h"
 #include "tests/plugin/HostWindow.h"
 #include "tests/support/FakeCamera.h"
-#include "tests/support/LogCapture.h"
 #include "tests/support/VirtualSlot.h"
 #include "ui/AdvTriggerWidget.h"
 
@@ -15,49 +15,11 @@
 #include <QTest>
 
 #include <memory>
-#include <optional>
 #include <stdexcept>
-#include <utility>
 
 namespace {
 
 using Options = QMap<QString, QVariant>;
-
-/// Throws while a tab is under construction.
-template <class Exception> class ThrowingFeature : public Fake::FakeFeature
-{
-public:
-    template <typename... Arguments>
-    explicit ThrowingFeature(const Exception& toThrow, Arguments&&... arguments)
-        : FakeFeature(std::forward<Arguments>(arguments)...), exception(toThrow)
-    {
-    }
-    ZalErrorType GetName(char*, std::uint32_t&) const override { throw exception; }
-
-private:
-    Exception exception;
-};
-
-/// Captures the log from its first use on: a tab under construction silences the log, then looks
-/// its features up.
-class CapturingFeature : public Fake::FakeFeature
-{
-public:
-    using FakeFeature::FakeFeature;
-    ZalErrorType GetName(char* buffer, std::uint32_t& count) const override
-    {
-        if (!capture)
-            capture.emplace();
-        return FakeFeature::GetName(buffer, count);
-    }
-    bool sawAConnectionFail() const
-    {
-        return !capture.value().lines().filter("QObject::connect").isEmpty();
-    }
-
-private:
-    mutable std::optional<LogCapture> capture;
-};
 
 AdvTriggerWidget* tabIn(const QWidget& container)
 {
@@ -112,33 +74,33 @@ private slots:
 private:
     int get(Options* options = nullptr)
     {
-        return plugin.get(camera->features(), *host->container, options);
+        return m_plugin.get(m_camera->features(), *m_host->container, options);
     }
 
-    TabExtensionPlugin plugin;
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<HostWindow> host;
+    TabExtensionPlugin m_plugin;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<HostWindow> m_host;
 };
 
 void tst_TabExtensionPlugin::init()
 {
-    camera = Fake::FakeCamera::standard();
-    host = std::make_unique<HostWindow>();
+    m_camera = Fake::FakeCamera::standard();
+    m_host = std::make_unique<HostWindow>();
 }
 
 void tst_TabExtensionPlugin::cleanup()
 {
-    host.reset();
+    m_host.reset();
 }
 
 void tst_TabExtensionPlugin::hasNoParent()
 {
-    QVERIFY(!plugin.parent());
+    QVERIFY(!m_plugin.parent());
 }
 
 void tst_TabExtensionPlugin::addsNoSignalsSlotsOrProperties()
 {
-    const QMetaObject* meta = plugin.metaObject();
+    const QMetaObject* meta = m_plugin.metaObject();
     QCOMPARE(meta->className(), "TabExtensionPlugin");
     QCOMPARE(meta->superClass(), &QObject::staticMetaObject);
     QCOMPARE(meta->methodCount(), QObject::staticMetaObject.methodCount());
@@ -174,10 +136,10 @@ void tst_TabExtensionPlugin::answersToItsNameAndTheInterface()
 {
     QFETCH(QByteArray, name);
     QFETCH(bool, itself);
-    QObject* object = &plugin;
-    void* expected = itself ? &plugin : nullptr;
+    QObject* object = &m_plugin;
+    void* expected = itself ? &m_plugin : nullptr;
     QCOMPARE(object->qt_metacast(name.constData()), expected);
-    QCOMPARE(qobject_cast<TabExtensionInterface*>(object), &plugin);
+    QCOMPARE(qobject_cast<TabExtensionInterface*>(object), &m_plugin);
 }
 
 void tst_TabExtensionPlugin::getBuildsTabAndNoticeSideBySide()
@@ -185,16 +147,16 @@ void tst_TabExtensionPlugin::getBuildsTabAndNoticeSideBySide()
     Options empty;
     QCOMPARE(get(&empty), 0);
 
-    auto* row = qobject_cast<QHBoxLayout*>(host->container->layout());
+    auto* row = qobject_cast<QHBoxLayout*>(m_host->container->layout());
     QVERIFY(row);
     QCOMPARE(row->count(), 2);
-    QCOMPARE(row->itemAt(0)->widget(), tabIn(*host->container));
-    QVERIFY(tabIn(*host->container));
+    QCOMPARE(row->itemAt(0)->widget(), tabIn(*m_host->container));
+    QVERIFY(tabIn(*m_host->container));
 
     auto* column = qobject_cast<QVBoxLayout*>(row->itemAt(1)->layout());
     QVERIFY(column);
     QCOMPARE(column->count(), 2);
-    QCOMPARE(column->itemAt(0)->widget(), noticeIn(*host->container));
+    QCOMPARE(column->itemAt(0)->widget(), noticeIn(*m_host->container));
     QVERIFY(column->itemAt(1)->spacerItem());
     QCOMPARE(column->stretch(1), 0);
 }
@@ -202,56 +164,56 @@ void tst_TabExtensionPlugin::getBuildsTabAndNoticeSideBySide()
 void tst_TabExtensionPlugin::tabFillsItsContainer()
 {
     QCOMPARE(get(), 0);
-    host->resize(600, 800);
-    host->container->resize(600, 800);
-    host->show();
-    QCOMPARE(tabIn(*host->container)->geometry(), host->container->rect());
+    m_host->resize(600, 800);
+    m_host->container->resize(600, 800);
+    m_host->show();
+    QCOMPARE(tabIn(*m_host->container)->geometry(), m_host->container->rect());
 }
 
 void tst_TabExtensionPlugin::noticeIsHiddenAndReady()
 {
     QCOMPARE(get(), 0);
-    const QLabel* notice = noticeIn(*host->container);
+    const QLabel* notice = noticeIn(*m_host->container);
     QVERIFY(notice);
-    QCOMPARE(notice->parentWidget(), host->container);
+    QCOMPARE(notice->parentWidget(), m_host->container);
     QCOMPARE(notice->text(), QStringLiteral("Please use the Advanced Trigger Dialog."));
     QCOMPARE(notice->alignment(), Qt::AlignCenter);
     QCOMPARE(notice->styleSheet(), QStringLiteral("font: bold 10px;"));
-    host->show();
+    m_host->show();
     QVERIFY(!notice->isVisible());
-    QVERIFY(tabIn(*host->container)->isVisible());
+    QVERIFY(tabIn(*m_host->container)->isVisible());
 }
 
 void tst_TabExtensionPlugin::noticeFollowsTheDialog()
 {
     QCOMPARE(get(), 0);
-    host->show();
-    AdvTriggerWidget* tab = tabIn(*host->container);
+    m_host->show();
+    AdvTriggerWidget* tab = tabIn(*m_host->container);
     emit tab->dialogWindowDisplayed(true);
-    QVERIFY(noticeIn(*host->container)->isVisible());
+    QVERIFY(noticeIn(*m_host->container)->isVisible());
     emit tab->dialogWindowDisplayed(false);
-    QVERIFY(!noticeIn(*host->container)->isVisible());
+    QVERIFY(!noticeIn(*m_host->container)->isVisible());
 }
 
 void tst_TabExtensionPlugin::streamingReachesTheTab()
 {
     Options options = {{"connectWidgetToSignal", SIGNAL(streaming(bool))}};
     QCOMPARE(get(&options), 0);
-    QVERIFY(presetsEnabled(*host->container));
-    emit host->streaming(true);
-    QVERIFY(!presetsEnabled(*host->container));
-    emit host->streaming(false);
-    QVERIFY(presetsEnabled(*host->container));
+    QVERIFY(presetsEnabled(*m_host->container));
+    emit m_host->streaming(true);
+    QVERIFY(!presetsEnabled(*m_host->container));
+    emit m_host->streaming(false);
+    QVERIFY(presetsEnabled(*m_host->container));
 }
 
 void tst_TabExtensionPlugin::signatureMayBeAnythingThatBecomesText()
 {
     Options options = {{"connectWidgetToSignal", QByteArray("2otherState(bool)")}};
     QCOMPARE(get(&options), 0);
-    emit host->streaming(true);
-    QVERIFY(presetsEnabled(*host->container));
-    emit host->otherState(true);
-    QVERIFY(!presetsEnabled(*host->container));
+    emit m_host->streaming(true);
+    QVERIFY(presetsEnabled(*m_host->container));
+    emit m_host->otherState(true);
+    QVERIFY(!presetsEnabled(*m_host->container));
 }
 
 void tst_TabExtensionPlugin::withoutUsableSignalTheTabNeverHearsOfStreaming_data()
@@ -274,11 +236,11 @@ void tst_TabExtensionPlugin::withoutUsableSignalTheTabNeverHearsOfStreaming()
     QFETCH(bool, nullOptions);
     QFETCH(Options, options);
     QCOMPARE(get(nullOptions ? nullptr : &options), 0);
-    QVERIFY(tabIn(*host->container));
-    QVERIFY(noticeIn(*host->container));
-    emit host->streaming(true);
-    emit host->otherState(true);
-    QVERIFY(presetsEnabled(*host->container));
+    QVERIFY(tabIn(*m_host->container));
+    QVERIFY(noticeIn(*m_host->container));
+    emit m_host->streaming(true);
+    emit m_host->otherState(true);
+    QVERIFY(presetsEnabled(*m_host->container));
 }
 
 void tst_TabExtensionPlugin::connectingIsAttemptedOnlyWithAParent_data()
@@ -297,12 +259,12 @@ void tst_TabExtensionPlugin::connectingIsAttemptedOnlyWithAParent()
 {
     QFETCH(bool, parent);
     QFETCH(QByteArray, signature);
-    const auto first = std::make_shared<CapturingFeature>(*camera, "First", ZalFeatureInteger);
-    camera->features()->insert(camera->features()->begin(), first);
+    const auto first = std::make_shared<CapturingFeature>(*m_camera, "First", ZalFeatureInteger);
+    m_camera->features()->insert(m_camera->features()->begin(), first);
     QWidget orphan;
     Options options = {{"connectWidgetToSignal", signature}};
-    QWidget& container = parent ? *host->container : orphan;
-    QCOMPARE(plugin.get(camera->features(), container, &options), 0);
+    QWidget& container = parent ? *m_host->container : orphan;
+    QCOMPARE(m_plugin.get(m_camera->features(), container, &options), 0);
     QTEST(first->sawAConnectionFail(), "fails");
 }
 
@@ -310,7 +272,7 @@ void tst_TabExtensionPlugin::containerWithoutParentGetsATabToo()
 {
     QWidget container;
     Options options = {{"connectWidgetToSignal", SIGNAL(streaming(bool))}};
-    QCOMPARE(plugin.get(camera->features(), container, &options), 0);
+    QCOMPARE(m_plugin.get(m_camera->features(), container, &options), 0);
     QVERIFY(tabIn(container));
     QVERIFY(noticeIn(container));
     QVERIFY(presetsEnabled(container));
@@ -332,54 +294,54 @@ void tst_TabExtensionPlugin::refusedCameraLeavesTheContainerAsItWas()
 {
     QFETCH(QString, vendor);
     QFETCH(QString, missing);
-    (*camera)["DeviceVendorName"].state().text = vendor.toStdString();
-    camera->remove(missing.toStdString());
+    (*m_camera)["DeviceVendorName"].state().text = vendor.toStdString();
+    m_camera->remove(missing.toStdString());
     Options options = {{"connectWidgetToSignal", SIGNAL(streaming(bool))}};
     QCOMPARE(get(&options), 4);
-    QVERIFY(!host->container->layout());
-    QVERIFY(host->container->children().isEmpty());
-    emit host->streaming(true);
+    QVERIFY(!m_host->container->layout());
+    QVERIFY(m_host->container->children().isEmpty());
+    emit m_host->streaming(true);
 }
 
 void tst_TabExtensionPlugin::nullFeatureListIsRefused()
 {
-    QCOMPARE(plugin.get(nullptr, *host->container, nullptr), 4);
-    QVERIFY(host->container->children().isEmpty());
+    QCOMPARE(m_plugin.get(nullptr, *m_host->container, nullptr), 4);
+    QVERIFY(m_host->container->children().isEmpty());
 }
 
 void tst_TabExtensionPlugin::refusalDoesNotSpoilTheNextCamera()
 {
-    QCOMPARE(plugin.get(nullptr, *host->container, nullptr), 4);
+    QCOMPARE(m_plugin.get(nullptr, *m_host->container, nullptr), 4);
     QCOMPARE(get(), 0);
-    QVERIFY(tabIn(*host->container));
+    QVERIFY(tabIn(*m_host->container));
 }
 
 void tst_TabExtensionPlugin::everyRefusalGivesItsOwnCode()
 {
     const auto refusing = std::make_shared<ThrowingFeature<TabExtensionException>>(
-        TabExtensionException("Widget", "reason", 9), *camera, "Refusing", ZalFeatureInteger);
-    camera->features()->insert(camera->features()->begin(), refusing);
+        TabExtensionException("Widget", "reason", 9), *m_camera, "Refusing", ZalFeatureInteger);
+    m_camera->features()->insert(m_camera->features()->begin(), refusing);
     QCOMPARE(get(), 9);
-    QVERIFY(host->container->children().isEmpty());
+    QVERIFY(m_host->container->children().isEmpty());
 }
 
 void tst_TabExtensionPlugin::otherExceptionsReachTheHost()
 {
     const auto broken = std::make_shared<ThrowingFeature<std::runtime_error>>(
-        std::runtime_error("broken"), *camera, "Broken", ZalFeatureInteger);
-    camera->features()->insert(camera->features()->begin(), broken);
+        std::runtime_error("broken"), *m_camera, "Broken", ZalFeatureInteger);
+    m_camera->features()->insert(m_camera->features()->begin(), broken);
     QVERIFY_EXCEPTION_THROWN(get(), std::runtime_error);
-    QVERIFY(!host->container->layout());
-    QVERIFY(host->container->children().isEmpty());
+    QVERIFY(!m_host->container->layout());
+    QVERIFY(m_host->container->children().isEmpty());
 }
 
 void tst_TabExtensionPlugin::containerOwnsEverything()
 {
     QCOMPARE(get(), 0);
-    const QPointer<QWidget> tab(tabIn(*host->container));
-    const QPointer<QLabel> notice(noticeIn(*host->container));
-    const QPointer<QLayout> layout(host->container->layout());
-    host.reset();
+    const QPointer<QWidget> tab(tabIn(*m_host->container));
+    const QPointer<QLabel> notice(noticeIn(*m_host->container));
+    const QPointer<QLayout> layout(m_host->container->layout());
+    m_host.reset();
     QVERIFY(!tab);
     QVERIFY(!notice);
     QVERIFY(!layout);
@@ -389,27 +351,27 @@ void tst_TabExtensionPlugin::eachContainerGetsItsOwnTab()
 {
     HostWindow second;
     QCOMPARE(get(), 0);
-    QCOMPARE(plugin.get(camera->features(), *second.container, nullptr), 0);
-    QVERIFY(tabIn(*second.container) != tabIn(*host->container));
-    emit tabIn(*host->container)->dialogWindowDisplayed(true);
-    QVERIFY(!noticeIn(*host->container)->isHidden());
+    QCOMPARE(m_plugin.get(m_camera->features(), *second.container, nullptr), 0);
+    QVERIFY(tabIn(*second.container) != tabIn(*m_host->container));
+    emit tabIn(*m_host->container)->dialogWindowDisplayed(true);
+    QVERIFY(!noticeIn(*m_host->container)->isHidden());
     QVERIFY(noticeIn(*second.container)->isHidden());
 }
 
 void tst_TabExtensionPlugin::connectOperationsConnectNothing()
 {
     QCOMPARE(get(), 0);
-    host->show();
-    const QSignalSpy relayed(host.get(), SIGNAL(streaming(bool)));
-    QCOMPARE(plugin.connectToResetFps(host.get(), SLOT(hide())), false);
-    QCOMPARE(plugin.connectFromAcquire(host.get(), SIGNAL(streaming(bool))), false);
-    QCOMPARE(plugin.connectToResetFps(nullptr, nullptr), false);
-    QCOMPARE(plugin.connectFromAcquire(nullptr, nullptr), false);
+    m_host->show();
+    const QSignalSpy relayed(m_host.get(), SIGNAL(streaming(bool)));
+    QCOMPARE(m_plugin.connectToResetFps(m_host.get(), SLOT(hide())), false);
+    QCOMPARE(m_plugin.connectFromAcquire(m_host.get(), SIGNAL(streaming(bool))), false);
+    QCOMPARE(m_plugin.connectToResetFps(nullptr, nullptr), false);
+    QCOMPARE(m_plugin.connectFromAcquire(nullptr, nullptr), false);
 
-    AdvTriggerWidget* tab = tabIn(*host->container);
+    AdvTriggerWidget* tab = tabIn(*m_host->container);
     emit tab->resetFPS();
     emit tab->dialogWindowDisplayed(true);
-    QVERIFY(host->isVisible());
+    QVERIFY(m_host->isVisible());
     QCOMPARE(relayed.count(), 0);
 }
 

@@ -24,13 +24,13 @@ const QByteArray Marker = "QTMETADATA !";
 class LoadedPlugin
 {
 public:
-    LoadedPlugin() : loader(QStringLiteral(PLUGIN)) {}
-    ~LoadedPlugin() { loader.unload(); }
-    QObject* instance() { return loader.instance(); }
+    LoadedPlugin() : m_loader(QStringLiteral(PLUGIN)) {}
+    ~LoadedPlugin() { m_loader.unload(); }
+    QObject* instance() { return m_loader.instance(); }
     TabExtensionInterface* extension() { return qobject_cast<TabExtensionInterface*>(instance()); }
 
 private:
-    QPluginLoader loader;
+    QPluginLoader m_loader;
 };
 
 QByteArray metadataSection()

@@ -97,7 +97,7 @@ Application runPreset(
     watchGovernedWrites(*camera, result.governedWrites);
     prepare(*camera);
     const auto plan = PresetFile::planOf(QJsonDocument::fromJson(members).object());
-    result.errors = PresetRunner(manager).Run(plan);
+    result.errors = PresetRunner(manager).run(plan);
     result.calls = camera->calls();
     for (const std::string& write : camera->writes())
         result.writes.insert(write);

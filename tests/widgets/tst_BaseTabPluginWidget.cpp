@@ -103,17 +103,17 @@ private slots:
     void changesReachTheBaseClass();
 
 private:
-    std::unique_ptr<Fake::FakeCamera> camera;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
 };
 
 void tst_BaseTabPluginWidget::init()
 {
-    camera = Fake::FakeCamera::standard();
+    m_camera = Fake::FakeCamera::standard();
 }
 
 void tst_BaseTabPluginWidget::startsIdle()
 {
-    const TestTabWidget widget(camera->features());
+    const TestTabWidget widget(m_camera->features());
     QVERIFY(!widget.m_updateTimer->isActive());
     QCOMPARE(widget.m_updateTimer->interval(), 0);
     QCOMPARE(widget.m_updateTimer->parent(), &widget);
@@ -127,33 +127,33 @@ void tst_BaseTabPluginWidget::startsIdle()
 void tst_BaseTabPluginWidget::takesParentAndDefaultFlags()
 {
     QWidget parent;
-    const TestTabWidget widget(camera->features(), &parent);
+    const TestTabWidget widget(m_camera->features(), &parent);
     QCOMPARE(widget.parentWidget(), &parent);
     QCOMPARE(widget.windowFlags(), QWidget(&parent).windowFlags());
 }
 
 void tst_BaseTabPluginWidget::sharesTheFeatureList()
 {
-    const TestTabWidget widget(camera->features());
-    QCOMPARE(widget.m_features, camera->features());
+    const TestTabWidget widget(m_camera->features());
+    QCOMPARE(widget.m_features, m_camera->features());
 }
 
 void tst_BaseTabPluginWidget::managerKeepsTheHostsOrder()
 {
-    const TestTabWidget widget(camera->features());
-    QCOMPARE(widget.m_featureManager->GetFeaturesList(), namesOf(*camera));
+    const TestTabWidget widget(m_camera->features());
+    QCOMPARE(widget.m_featureManager->GetFeaturesList(), namesOf(*m_camera));
 }
 
 void tst_BaseTabPluginWidget::nullFeaturesOfTheHostAreSkipped()
 {
-    const QStringList names = namesOf(*camera);
-    const TestTabWidget widget(withNullFeatures(*camera->features()));
+    const QStringList names = namesOf(*m_camera);
+    const TestTabWidget widget(withNullFeatures(*m_camera->features()));
     QCOMPARE(widget.m_featureManager->GetFeaturesList(), names);
 }
 
 void tst_BaseTabPluginWidget::managerOutlivesTheWidget()
 {
-    auto widget = std::make_unique<TestTabWidget>(camera->features());
+    auto widget = std::make_unique<TestTabWidget>(m_camera->features());
     const FeatureManager* manager = widget->m_featureManager;
     widget.reset();
     QCOMPARE(manager->GetStringValue("DeviceVendorName"), QStringLiteral("Tarsel Imaging GmbH"));
@@ -161,10 +161,10 @@ void tst_BaseTabPluginWidget::managerOutlivesTheWidget()
 
 void tst_BaseTabPluginWidget::constructionOnlyReadsTheVendor()
 {
-    camera->clearLog();
-    const TestTabWidget widget(camera->features());
-    QCOMPARE(camera->callCount("GetStringValue", "DeviceVendorName"), 2);
-    QVERIFY(camera->writes().empty());
+    m_camera->clearLog();
+    const TestTabWidget widget(m_camera->features());
+    QCOMPARE(m_camera->callCount("GetStringValue", "DeviceVendorName"), 2);
+    QVERIFY(m_camera->writes().empty());
 }
 
 void tst_BaseTabPluginWidget::vendorRule_data()
@@ -186,8 +186,8 @@ void tst_BaseTabPluginWidget::vendorRule()
 {
     QFETCH(QString, vendor);
     QFETCH(bool, accepted);
-    (*camera)["DeviceVendorName"].state().text = vendor.toStdString();
-    QCOMPARE(!refusalOf(camera->features()), accepted);
+    (*m_camera)["DeviceVendorName"].state().text = vendor.toStdString();
+    QCOMPARE(!refusalOf(m_camera->features()), accepted);
 }
 
 void tst_BaseTabPluginWidget::cameraWithoutVendorIsRefused_data()
@@ -212,13 +212,13 @@ void tst_BaseTabPluginWidget::cameraWithoutVendorIsRefused_data()
 void tst_BaseTabPluginWidget::cameraWithoutVendorIsRefused()
 {
     QFETCH(FeatureListMaker, features);
-    QVERIFY(refusalOf(features(*camera)));
+    QVERIFY(refusalOf(features(*m_camera)));
 }
 
 void tst_BaseTabPluginWidget::refusalSaysWhoWhyAndCode()
 {
-    (*camera)["DeviceVendorName"].state().text = "Foreign";
-    const auto refusal = refusalOf(camera->features());
+    (*m_camera)["DeviceVendorName"].state().text = "Foreign";
+    const auto refusal = refusalOf(m_camera->features());
     QVERIFY(refusal);
     QCOMPARE(refusal->className, QStringLiteral("BaseTabPluginWidget"));
     QCOMPARE(refusal->message,
@@ -228,10 +228,10 @@ void tst_BaseTabPluginWidget::refusalSaysWhoWhyAndCode()
 
 void tst_BaseTabPluginWidget::refusalIsTranslated()
 {
-    (*camera)["DeviceVendorName"].state().text = "Foreign";
+    (*m_camera)["DeviceVendorName"].state().text = "Foreign";
     FixedTranslator translator;
     QCoreApplication::installTranslator(&translator);
-    const auto refusal = refusalOf(camera->features());
+    const auto refusal = refusalOf(m_camera->features());
     QCoreApplication::removeTranslator(&translator);
     QVERIFY(refusal);
     QCOMPARE(refusal->message, QStringLiteral("Hersteller nicht unterstützt."));
@@ -240,8 +240,8 @@ void tst_BaseTabPluginWidget::refusalIsTranslated()
 void tst_BaseTabPluginWidget::refusedWidgetLeavesItsParent()
 {
     QWidget parent;
-    (*camera)["DeviceVendorName"].state().text = "Foreign";
-    QVERIFY(refusalOf(camera->features(), &parent));
+    (*m_camera)["DeviceVendorName"].state().text = "Foreign";
+    QVERIFY(refusalOf(m_camera->features(), &parent));
     QVERIFY(parent.children().isEmpty());
 }
 
@@ -249,7 +249,7 @@ void tst_BaseTabPluginWidget::constructionSilencesTheLog()
 {
     const LogCapture log;
     qWarning("before");
-    const TestTabWidget widget(camera->features());
+    const TestTabWidget widget(m_camera->features());
     qWarning("after");
     QCOMPARE(log.lines(), QStringList{"default/warning before"});
 }
@@ -257,22 +257,22 @@ void tst_BaseTabPluginWidget::constructionSilencesTheLog()
 // The handler comes before the vendor check and stays although there is no widget.
 void tst_BaseTabPluginWidget::refusalSilencesTheLogToo()
 {
-    (*camera)["DeviceVendorName"].state().text = "Foreign";
+    (*m_camera)["DeviceVendorName"].state().text = "Foreign";
     const LogCapture log;
-    QVERIFY(refusalOf(camera->features()));
+    QVERIFY(refusalOf(m_camera->features()));
     qWarning("after");
     QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidget::takesFocusByTabAndClick()
 {
-    QCOMPARE(TestTabWidget(camera->features()).focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(TestTabWidget(m_camera->features()).focusPolicy(), Qt::StrongFocus);
 }
 
 // The run of 44 blanks belongs to the text.
 void tst_BaseTabPluginWidget::styleSheetGreysDisabledControls()
 {
-    const TestTabWidget widget(camera->features());
+    const TestTabWidget widget(m_camera->features());
     const QString expected = "QPushButton:disabled, QLineEdit:disabled, QComboBox:disabled, "
                              "QDoubleSpinBox:disabled," +
                              QString(44, ' ') +
@@ -316,7 +316,7 @@ void tst_BaseTabPluginWidget::darkModeByLightness_data()
 void tst_BaseTabPluginWidget::darkModeByLightness()
 {
     QFETCH(int, lightness);
-    TestTabWidget widget(camera->features());
+    TestTabWidget widget(m_camera->features());
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Window, QColor(lightness, lightness, lightness));
     widget.setPalette(palette);
@@ -325,7 +325,7 @@ void tst_BaseTabPluginWidget::darkModeByLightness()
 
 void tst_BaseTabPluginWidget::darkModeLooksAtTheCurrentColourGroup()
 {
-    TestTabWidget widget(camera->features());
+    TestTabWidget widget(m_camera->features());
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Window, Qt::white);
     palette.setColor(QPalette::Disabled, QPalette::Window, Qt::black);
@@ -337,7 +337,7 @@ void tst_BaseTabPluginWidget::darkModeLooksAtTheCurrentColourGroup()
 
 void tst_BaseTabPluginWidget::paletteChangeRecoloursControls()
 {
-    TestTabWidget widget(camera->features());
+    TestTabWidget widget(m_camera->features());
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Window, Qt::black);
     widget.setPalette(palette);
@@ -356,7 +356,7 @@ void tst_BaseTabPluginWidget::otherChangesDoNotRecolour_data()
 void tst_BaseTabPluginWidget::otherChangesDoNotRecolour()
 {
     QFETCH(QEvent::Type, type);
-    TestTabWidget widget(camera->features());
+    TestTabWidget widget(m_camera->features());
     QEvent event(type);
     QCoreApplication::sendEvent(&widget, &event);
     QCOMPARE(widget.recolourings, 0);
@@ -366,7 +366,7 @@ void tst_BaseTabPluginWidget::otherChangesDoNotRecolour()
 void tst_BaseTabPluginWidget::changesReachTheBaseClass()
 {
     QWidget parent;
-    auto* widget = new TestTabWidget(camera->features(), &parent);
+    auto* widget = new TestTabWidget(m_camera->features(), &parent);
     QVBoxLayout layout(&parent);
     layout.addWidget(widget);
     layout.activate();

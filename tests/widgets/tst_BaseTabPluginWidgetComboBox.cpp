@@ -39,47 +39,47 @@ private slots:
     void signalsAreNotBlocked();
 
 private:
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestTabWidget> widget;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TestTabWidget> m_widget;
 };
 
 void tst_BaseTabPluginWidgetComboBox::init()
 {
-    camera = Fake::FakeCamera::standard();
-    camera->addEnum("Mode", {"First", "Second", "Third"}, "Second");
-    widget = std::make_unique<TestTabWidget>(camera->features());
-    camera->clearLog();
+    m_camera = Fake::FakeCamera::standard();
+    m_camera->addEnum("Mode", {"First", "Second", "Third"}, "Second");
+    m_widget = std::make_unique<TestTabWidget>(m_camera->features());
+    m_camera->clearLog();
 }
 
 void tst_BaseTabPluginWidgetComboBox::noBoxIsFalseWithoutAskingTheCamera()
 {
-    QCOMPARE(widget->updateComboBox("Mode", nullptr, true), false);
-    QVERIFY(camera->calls().empty());
+    QCOMPARE(m_widget->updateComboBox("Mode", nullptr, true), false);
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_BaseTabPluginWidgetComboBox::showsEntriesAndCurrentOne()
 {
     QComboBox combo;
-    QCOMPARE(widget->updateComboBox("Mode", &combo, false), true);
+    QCOMPARE(m_widget->updateComboBox("Mode", &combo, false), true);
     QCOMPARE(itemsOf(combo), QStringList({"First", "Second", "Third"}));
     QCOMPARE(combo.currentText(), QStringLiteral("Second"));
     QVERIFY(combo.isEnabled());
-    QVERIFY(camera->writes().empty());
+    QVERIFY(m_camera->writes().empty());
 }
 
 void tst_BaseTabPluginWidgetComboBox::replacesWhatTheBoxHeld()
 {
     QComboBox combo;
     combo.addItems({"Old", "Second", "Older"});
-    widget->updateComboBox("Mode", &combo, false);
+    m_widget->updateComboBox("Mode", &combo, false);
     QCOMPARE(itemsOf(combo), QStringList({"First", "Second", "Third"}));
 }
 
 void tst_BaseTabPluginWidgetComboBox::leavesOutUnavailableEntries()
 {
-    (*camera)["Mode"].state().entries[0].available = false;
+    (*m_camera)["Mode"].state().entries[0].available = false;
     QComboBox combo;
-    widget->updateComboBox("Mode", &combo, false);
+    m_widget->updateComboBox("Mode", &combo, false);
     QCOMPARE(itemsOf(combo), QStringList({"Second", "Third"}));
     QCOMPARE(combo.currentIndex(), 0);
 }
@@ -98,43 +98,43 @@ void tst_BaseTabPluginWidgetComboBox::selectsNothingUnlessEqual_data()
 void tst_BaseTabPluginWidgetComboBox::selectsNothingUnlessEqual()
 {
     QFETCH(QString, current);
-    (*camera)["Mode"].state().text = current.toStdString();
+    (*m_camera)["Mode"].state().text = current.toStdString();
     QComboBox combo;
-    widget->updateComboBox("Mode", &combo, false);
+    m_widget->updateComboBox("Mode", &combo, false);
     QTEST(combo.currentIndex(), "index");
 }
 
 void tst_BaseTabPluginWidgetComboBox::selectsTheFirstOfEqualEntries()
 {
-    camera->addEnum("Twice", {"A", "B", "B"}, "B");
+    m_camera->addEnum("Twice", {"A", "B", "B"}, "B");
     QComboBox combo;
-    widget = std::make_unique<TestTabWidget>(camera->features());
-    widget->updateComboBox("Twice", &combo, false);
+    m_widget = std::make_unique<TestTabWidget>(m_camera->features());
+    m_widget->updateComboBox("Twice", &combo, false);
     QCOMPARE(combo.currentIndex(), 1);
 }
 
 void tst_BaseTabPluginWidgetComboBox::toolTipsAreTheEntriesWhenAskedFor()
 {
     QComboBox combo;
-    widget->updateComboBox("Mode", &combo, true);
+    m_widget->updateComboBox("Mode", &combo, true);
     QCOMPARE(combo.itemData(0, Qt::ToolTipRole).toString(), QStringLiteral("First"));
     QCOMPARE(combo.itemData(1, Qt::ToolTipRole).toString(), QStringLiteral("Second"));
     QCOMPARE(combo.itemData(2, Qt::ToolTipRole).toString(), QStringLiteral("Third"));
 
-    widget->updateComboBox("Mode", &combo, false);
+    m_widget->updateComboBox("Mode", &combo, false);
     QVERIFY(!combo.itemData(0, Qt::ToolTipRole).isValid());
 }
 
 void tst_BaseTabPluginWidgetComboBox::readOnlyFeatureDisablesTheBox()
 {
-    (*camera)["Mode"].state().writable = false;
+    (*m_camera)["Mode"].state().writable = false;
     QComboBox combo;
-    QCOMPARE(widget->updateComboBox("Mode", &combo, false), false);
+    QCOMPARE(m_widget->updateComboBox("Mode", &combo, false), false);
     QVERIFY(!combo.isEnabled());
     QCOMPARE(combo.currentText(), QStringLiteral("Second"));
 
-    (*camera)["Mode"].state().writable = true;
-    QCOMPARE(widget->updateComboBox("Mode", &combo, false), true);
+    (*m_camera)["Mode"].state().writable = true;
+    QCOMPARE(m_widget->updateComboBox("Mode", &combo, false), true);
     QVERIFY(combo.isEnabled());
 }
 
@@ -153,7 +153,7 @@ void tst_BaseTabPluginWidgetComboBox::featureWithoutEntriesGivesAnEmptyBox()
     QFETCH(bool, writable);
     QComboBox combo;
     combo.addItem("Old");
-    QCOMPARE(widget->updateComboBox(feature, &combo, true), writable);
+    QCOMPARE(m_widget->updateComboBox(feature, &combo, true), writable);
     QCOMPARE(combo.count(), 0);
     QCOMPARE(combo.currentIndex(), -1);
     QCOMPARE(combo.isEnabled(), writable);
@@ -164,7 +164,7 @@ void tst_BaseTabPluginWidgetComboBox::signalsAreNotBlocked()
 {
     QComboBox combo;
     const QSignalSpy changes(&combo, SIGNAL(currentTextChanged(QString)));
-    widget->updateComboBox("Mode", &combo, false);
+    m_widget->updateComboBox("Mode", &combo, false);
     QVERIFY(changes.count() > 0);
     QCOMPARE(changes.last().first().toString(), QStringLiteral("Second"));
 }

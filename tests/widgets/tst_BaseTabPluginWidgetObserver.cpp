@@ -49,39 +49,42 @@ private slots:
     void lostCameraEndsQuietly();
 
 private:
-    std::size_t observers(const char* feature) const { return (*camera)[feature].observerCount(); }
+    std::size_t observers(const char* feature) const
+    {
+        return (*m_camera)[feature].observerCount();
+    }
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestTabWidget> widget;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TestTabWidget> m_widget;
 };
 
 // Vendor first; the last feature is one that nobody observes.
 void tst_BaseTabPluginWidgetObserver::init()
 {
-    camera = std::make_unique<Fake::FakeCamera>();
-    camera->addString("DeviceVendorName", "Tarsel Imaging GmbH");
-    camera->addInteger("Width", 640);
-    camera->addFloat("TriggerDelay", 1.0);
-    camera->addBool("LineStatus", true);
-    widget = std::make_unique<TestTabWidget>(camera->features());
-    widget->m_observedFeatures = QStringList{"TriggerDelay", "Width"};
-    camera->clearLog();
+    m_camera = std::make_unique<Fake::FakeCamera>();
+    m_camera->addString("DeviceVendorName", "Tarsel Imaging GmbH");
+    m_camera->addInteger("Width", 640);
+    m_camera->addFloat("TriggerDelay", 1.0);
+    m_camera->addBool("LineStatus", true);
+    m_widget = std::make_unique<TestTabWidget>(m_camera->features());
+    m_widget->m_observedFeatures = QStringList{"TriggerDelay", "Width"};
+    m_camera->clearLog();
 }
 
 void tst_BaseTabPluginWidgetObserver::attachesToObservedFeaturesOnly()
 {
-    QCOMPARE(widget->RegisterFeatureObserver(false), 0);
+    QCOMPARE(m_widget->RegisterFeatureObserver(false), 0);
     QCOMPARE(observers("DeviceVendorName"), std::size_t(0));
     QCOMPARE(observers("Width"), std::size_t(1));
     QCOMPARE(observers("TriggerDelay"), std::size_t(1));
     QCOMPARE(observers("LineStatus"), std::size_t(0));
-    const std::shared_ptr<ZalCPP::IFeatureObserver> expected = widget->m_observer;
-    QCOMPARE((*camera)["Width"].observers().front(), expected);
+    const std::shared_ptr<ZalCPP::IFeatureObserver> expected = m_widget->m_observer;
+    QCOMPARE((*m_camera)["Width"].observers().front(), expected);
 }
 
 void tst_BaseTabPluginWidgetObserver::walksTheListInOrderWithTwoCallsPerName()
 {
-    widget->RegisterFeatureObserver(false);
+    m_widget->RegisterFeatureObserver(false);
     const std::vector<std::string> expected = {"GetName DeviceVendorName",
                                                "GetName DeviceVendorName",
                                                "GetName Width",
@@ -92,50 +95,50 @@ void tst_BaseTabPluginWidgetObserver::walksTheListInOrderWithTwoCallsPerName()
                                                "RegisterObserver TriggerDelay",
                                                "GetName LineStatus",
                                                "GetName LineStatus"};
-    QCOMPARE(camera->calls(), expected);
+    QCOMPARE(m_camera->calls(), expected);
 }
 
 void tst_BaseTabPluginWidgetObserver::namesAreCaseSensitive()
 {
-    widget->m_observedFeatures = QStringList{"width"};
-    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
+    m_widget->m_observedFeatures = QStringList{"width"};
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), 0);
     QCOMPARE(observers("Width"), std::size_t(0));
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
 }
 
 void tst_BaseTabPluginWidgetObserver::namesAreReadAsUtf8()
 {
-    camera->addInteger("Größe", 1);
-    widget->m_observedFeatures = QStringList{QStringLiteral("Größe")};
-    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
+    m_camera->addInteger("Größe", 1);
+    m_widget->m_observedFeatures = QStringList{QStringLiteral("Größe")};
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), 0);
     QCOMPARE(observers("Größe"), std::size_t(1));
 }
 
 void tst_BaseTabPluginWidgetObserver::marksOnlyWhenAskedTo()
 {
-    widget->RegisterFeatureObserver(false);
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
-    widget->RegisterFeatureObserver(true);
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
+    m_widget->RegisterFeatureObserver(false);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
+    m_widget->RegisterFeatureObserver(true);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
 }
 
 // Doubles are harmless: a refresh shows the same value twice.
 void tst_BaseTabPluginWidgetObserver::markingDoesNotLookForDoubles()
 {
-    widget->RegisterFeatureObserver(true);
-    widget->RegisterFeatureObserver(true);
-    QCOMPARE(*widget->m_changedFeatures,
+    m_widget->RegisterFeatureObserver(true);
+    m_widget->RegisterFeatureObserver(true);
+    QCOMPARE(*m_widget->m_changedFeatures,
              QStringList({"Width", "TriggerDelay", "Width", "TriggerDelay"}));
     QCOMPARE(observers("Width"), std::size_t(1));
 }
 
 void tst_BaseTabPluginWidgetObserver::failedRegistrationIsLoggedMarkedAndPassedOver()
 {
-    camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
+    m_camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
     const LogCapture log;
-    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), 0);
     QCOMPARE(log.lines(), QStringList{RegisterFailed.arg(ZalErrorTransport)});
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
     QCOMPARE(observers("TriggerDelay"), std::size_t(1));
 }
 
@@ -158,17 +161,17 @@ void tst_BaseTabPluginWidgetObserver::resultIsTheStatusOfTheLastCall()
 {
     QFETCH(QString, operation);
     QFETCH(QString, feature);
-    camera->failCall(operation.toStdString(), feature.toStdString(), -13);
-    QTEST(widget->RegisterFeatureObserver(false), "status");
+    m_camera->failCall(operation.toStdString(), feature.toStdString(), -13);
+    QTEST(m_widget->RegisterFeatureObserver(false), "status");
 }
 
 void tst_BaseTabPluginWidgetObserver::lastFeaturesOwnStatusIsTheResult()
 {
-    widget->m_observedFeatures << QStringLiteral("LineStatus");
-    camera->failCall("RegisterObserver", "LineStatus", ZalErrorNotOpen);
-    camera->failCall("UnregisterObserver", "LineStatus", ZalErrorTimeout);
-    QCOMPARE(widget->RegisterFeatureObserver(false), -5);
-    QCOMPARE(widget->UnRegisterFeatureObserver(false), -12);
+    m_widget->m_observedFeatures << QStringLiteral("LineStatus");
+    m_camera->failCall("RegisterObserver", "LineStatus", ZalErrorNotOpen);
+    m_camera->failCall("UnregisterObserver", "LineStatus", ZalErrorTimeout);
+    QCOMPARE(m_widget->RegisterFeatureObserver(false), -5);
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(false), -12);
 }
 
 void tst_BaseTabPluginWidgetObserver::featureWithoutReadableNameIsSkipped_data()
@@ -181,30 +184,30 @@ void tst_BaseTabPluginWidgetObserver::featureWithoutReadableNameIsSkipped_data()
 void tst_BaseTabPluginWidgetObserver::featureWithoutReadableNameIsSkipped()
 {
     QFETCH(int, failingCall);
-    camera->failNthCall(failingCall, ZalErrorTransport);
+    m_camera->failNthCall(failingCall, ZalErrorTransport);
     const LogCapture log;
-    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
-    QCOMPARE(*widget->m_changedFeatures, QStringList{"TriggerDelay"});
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), 0);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList{"TriggerDelay"});
     QCOMPARE(observers("Width"), std::size_t(0));
     QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidgetObserver::detachesFromObservedFeaturesOnly()
 {
-    widget->RegisterFeatureObserver(true);
-    camera->clearLog();
-    QCOMPARE(widget->UnRegisterFeatureObserver(false), 0);
+    m_widget->RegisterFeatureObserver(true);
+    m_camera->clearLog();
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(false), 0);
     QCOMPARE(observers("Width"), std::size_t(0));
     QCOMPARE(observers("TriggerDelay"), std::size_t(0));
-    QCOMPARE(camera->callCount("UnregisterObserver", "LineStatus"), 0);
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
+    QCOMPARE(m_camera->callCount("UnregisterObserver", "LineStatus"), 0);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
 }
 
 void tst_BaseTabPluginWidgetObserver::featureNoLongerObservedStaysAttached()
 {
-    widget->RegisterFeatureObserver(false);
-    widget->m_observedFeatures.removeAll(QStringLiteral("Width"));
-    widget->UnRegisterFeatureObserver(false);
+    m_widget->RegisterFeatureObserver(false);
+    m_widget->m_observedFeatures.removeAll(QStringLiteral("Width"));
+    m_widget->UnRegisterFeatureObserver(false);
     QCOMPARE(observers("Width"), std::size_t(1));
     QCOMPARE(observers("TriggerDelay"), std::size_t(0));
 }
@@ -226,10 +229,10 @@ void tst_BaseTabPluginWidgetObserver::failedDetachingIsLogged()
     QFETCH(bool, tolerateNotOpen);
     QFETCH(int, status);
     QFETCH(bool, logged);
-    widget->RegisterFeatureObserver(false);
-    camera->failCall("UnregisterObserver", "Width", status);
+    m_widget->RegisterFeatureObserver(false);
+    m_camera->failCall("UnregisterObserver", "Width", status);
     const LogCapture log;
-    QCOMPARE(widget->UnRegisterFeatureObserver(tolerateNotOpen), 0);
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(tolerateNotOpen), 0);
     const QStringList expected = logged ? QStringList{UnregisterFailed.arg(status)} : QStringList();
     QCOMPARE(log.lines(), expected);
     QCOMPARE(observers("TriggerDelay"), std::size_t(0));
@@ -237,10 +240,10 @@ void tst_BaseTabPluginWidgetObserver::failedDetachingIsLogged()
 
 void tst_BaseTabPluginWidgetObserver::pausingToleratesNoFailure()
 {
-    widget->RegisterFeatureObserver(false);
-    camera->failCall("UnregisterObserver", "Width", ZalErrorNotOpen);
+    m_widget->RegisterFeatureObserver(false);
+    m_camera->failCall("UnregisterObserver", "Width", ZalErrorNotOpen);
     const LogCapture log;
-    widget->pauseUpdateTimer();
+    m_widget->pauseUpdateTimer();
     QCOMPARE(log.lines(), QStringList{UnregisterFailed.arg(ZalErrorNotOpen)});
 }
 
@@ -255,55 +258,55 @@ void tst_BaseTabPluginWidgetObserver::noFeaturesIsMinusThreeWithALogLine()
 {
     QFETCH(bool, nullList);
     if (nullList)
-        widget->m_features = nullptr;
+        m_widget->m_features = nullptr;
     else
-        camera->features()->clear();
+        m_camera->features()->clear();
     const LogCapture log;
-    QCOMPARE(widget->RegisterFeatureObserver(true), -3);
-    QCOMPARE(widget->UnRegisterFeatureObserver(true), -3);
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), -3);
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(true), -3);
     const QString line = "default/debug Could not get features. Error code: -3\n";
     QCOMPARE(log.lines(), QStringList({line, line}));
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
-    QVERIFY(camera->calls().empty());
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_BaseTabPluginWidgetObserver::nullFeaturesAreSkipped()
 {
-    camera->features()->insert(camera->features()->begin() + 1, nullptr);
-    camera->features()->push_back(nullptr);
-    QCOMPARE(widget->RegisterFeatureObserver(true), 0);
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
+    m_camera->features()->insert(m_camera->features()->begin() + 1, nullptr);
+    m_camera->features()->push_back(nullptr);
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), 0);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"Width", "TriggerDelay"}));
     QCOMPARE(observers("TriggerDelay"), std::size_t(1));
-    QCOMPARE(widget->UnRegisterFeatureObserver(false), 0);
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(false), 0);
     QCOMPARE(observers("TriggerDelay"), std::size_t(0));
 }
 
 void tst_BaseTabPluginWidgetObserver::listOfNullFeaturesHoldsNone()
 {
-    camera->features()->assign(2, nullptr);
-    QCOMPARE(widget->RegisterFeatureObserver(true), -3);
-    QCOMPARE(widget->UnRegisterFeatureObserver(false), -3);
+    m_camera->features()->assign(2, nullptr);
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), -3);
+    QCOMPARE(m_widget->UnRegisterFeatureObserver(false), -3);
 }
 
 // Without a capture the process stays silent.
 void tst_BaseTabPluginWidgetObserver::widgetsOwnHandlerHidesTheLogLines()
 {
     const LogCapture log;
-    const TestTabWidget another(camera->features());
-    camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
-    widget->RegisterFeatureObserver(false);
+    const TestTabWidget another(m_camera->features());
+    m_camera->failCall("RegisterObserver", "Width", ZalErrorTransport);
+    m_widget->RegisterFeatureObserver(false);
     QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_BaseTabPluginWidgetObserver::lostCameraEndsQuietly()
 {
-    widget->show();
-    camera->failEverything(ZalErrorNotOpen);
-    widget->hide();
-    QVERIFY(!widget->m_updateTimer->isActive());
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
-    QCOMPARE(widget->RegisterFeatureObserver(true), -5);
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
+    m_widget->show();
+    m_camera->failEverything(ZalErrorNotOpen);
+    m_widget->hide();
+    QVERIFY(!m_widget->m_updateTimer->isActive());
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
+    QCOMPARE(m_widget->RegisterFeatureObserver(true), -5);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
 }
 
 QTEST_MAIN(tst_BaseTabPluginWidgetObserver)

@@ -56,22 +56,25 @@ private slots:
     void hiddenWidgetLeavesNoObserver();
 
 private:
-    std::size_t observers(const char* feature) const { return (*camera)[feature].observerCount(); }
+    std::size_t observers(const char* feature) const
+    {
+        return (*m_camera)[feature].observerCount();
+    }
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestTabWidget> widget;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TestTabWidget> m_widget;
 };
 
 void tst_BaseTabPluginWidgetRefresh::init()
 {
-    camera = Fake::FakeCamera::standard();
-    widget = std::make_unique<TestTabWidget>(camera->features());
-    widget->m_observedFeatures = Observed;
+    m_camera = Fake::FakeCamera::standard();
+    m_widget = std::make_unique<TestTabWidget>(m_camera->features());
+    m_widget->m_observedFeatures = Observed;
 }
 
 void tst_BaseTabPluginWidgetRefresh::cleanup()
 {
-    widget.reset();
+    m_widget.reset();
 }
 
 void tst_BaseTabPluginWidgetRefresh::showRefreshesThenStartsAndAttaches()
@@ -79,20 +82,20 @@ void tst_BaseTabPluginWidgetRefresh::showRefreshesThenStartsAndAttaches()
     QStringList changedAtRefresh = {"not called"};
     bool activeAtRefresh = true;
     std::size_t observersAtRefresh = 1;
-    widget->onRefresh = [&] {
-        changedAtRefresh = *widget->m_changedFeatures;
-        activeAtRefresh = widget->m_updateTimer->isActive();
+    m_widget->onRefresh = [&] {
+        changedAtRefresh = *m_widget->m_changedFeatures;
+        activeAtRefresh = m_widget->m_updateTimer->isActive();
         observersAtRefresh = observers("TriggerMode");
     };
-    widget->show();
+    m_widget->show();
 
-    QCOMPARE(widget->refreshes, 1);
+    QCOMPARE(m_widget->refreshes, 1);
     QCOMPARE(changedAtRefresh, QStringList());
     QVERIFY(!activeAtRefresh);
     QCOMPARE(observersAtRefresh, std::size_t(0));
-    QVERIFY(widget->m_updateTimer->isActive());
-    QCOMPARE(widget->m_updateTimer->interval(), 1000);
-    QVERIFY(!widget->m_updateTimer->isSingleShot());
+    QVERIFY(m_widget->m_updateTimer->isActive());
+    QCOMPARE(m_widget->m_updateTimer->interval(), 1000);
+    QVERIFY(!m_widget->m_updateTimer->isSingleShot());
     for (const char* feature : {"TriggerMode", "TriggerDelay", "LineInverter"})
         QCOMPARE(observers(feature), std::size_t(1));
     QCOMPARE(observers("TriggerSource"), std::size_t(0));
@@ -101,193 +104,193 @@ void tst_BaseTabPluginWidgetRefresh::showRefreshesThenStartsAndAttaches()
 // The names come in the order of the camera's list, not in that of the observed ones.
 void tst_BaseTabPluginWidgetRefresh::showMarksEveryObservedFeatureOfTheCamera()
 {
-    widget->m_observedFeatures = QStringList{"LineInverter", "NotOnThisCamera", "TriggerMode"};
-    widget->show();
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"TriggerMode", "LineInverter"}));
+    m_widget->m_observedFeatures = QStringList{"LineInverter", "NotOnThisCamera", "TriggerMode"};
+    m_widget->show();
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"TriggerMode", "LineInverter"}));
 }
 
 void tst_BaseTabPluginWidgetRefresh::tickRefreshesWithTheNamesAndForgetsThem()
 {
-    widget->show();
+    m_widget->show();
     QStringList changedAtTick;
-    widget->onRefresh = [&] { changedAtTick = *widget->m_changedFeatures; };
-    tick(*widget);
-    QCOMPARE(widget->refreshes, 2);
+    m_widget->onRefresh = [&] { changedAtTick = *m_widget->m_changedFeatures; };
+    tick(*m_widget);
+    QCOMPARE(m_widget->refreshes, 2);
     QCOMPARE(changedAtTick, Observed);
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
 
-    tick(*widget);
-    QCOMPARE(widget->refreshes, 3);
+    tick(*m_widget);
+    QCOMPARE(m_widget->refreshes, 3);
     QCOMPARE(changedAtTick, QStringList());
 }
 
 void tst_BaseTabPluginWidgetRefresh::timerTicks()
 {
-    widget->show();
-    QTRY_COMPARE(widget->refreshes, 3);
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
+    m_widget->show();
+    QTRY_COMPARE(m_widget->refreshes, 3);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
 }
 
 void tst_BaseTabPluginWidgetRefresh::idleTickAsksTheCameraNothing()
 {
-    widget->show();
-    tick(*widget);
-    camera->clearLog();
-    tick(*widget);
-    QVERIFY(camera->calls().empty());
+    m_widget->show();
+    tick(*m_widget);
+    m_camera->clearLog();
+    tick(*m_widget);
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_BaseTabPluginWidgetRefresh::everyRefreshHoldsTheMutex()
 {
     int held = 0;
-    widget->onRefresh = [&] {
-        if (widget->m_mutex->tryLock())
-            widget->m_mutex->unlock();
+    m_widget->onRefresh = [&] {
+        if (m_widget->m_mutex->tryLock())
+            m_widget->m_mutex->unlock();
         else
             ++held;
     };
-    widget->show();
-    tick(*widget);
+    m_widget->show();
+    tick(*m_widget);
     QCOMPARE(held, 2);
-    QVERIFY2(widget->m_mutex->tryLock(), "free between refreshes");
-    widget->m_mutex->unlock();
+    QVERIFY2(m_widget->m_mutex->tryLock(), "free between refreshes");
+    m_widget->m_mutex->unlock();
 }
 
 void tst_BaseTabPluginWidgetRefresh::changeWaitsForTheMutex()
 {
-    widget->m_mutex->lock();
-    auto other = std::async(std::launch::async, [&] { change(*widget, "TriggerMode"); });
+    m_widget->m_mutex->lock();
+    auto other = std::async(std::launch::async, [&] { change(*m_widget, "TriggerMode"); });
     const auto state = other.wait_for(std::chrono::milliseconds(50));
-    widget->m_mutex->unlock();
+    m_widget->m_mutex->unlock();
     other.wait();
     QVERIFY2(state == std::future_status::timeout, "added while somebody else held the mutex");
-    QCOMPARE(*widget->m_changedFeatures, QStringList{"TriggerMode"});
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList{"TriggerMode"});
 }
 
 void tst_BaseTabPluginWidgetRefresh::notificationArrivesQueued()
 {
-    widget->show();
-    tick(*widget);
-    camera->notify("TriggerMode");
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
-    QTRY_COMPARE(*widget->m_changedFeatures, QStringList{"TriggerMode"});
+    m_widget->show();
+    tick(*m_widget);
+    m_camera->notify("TriggerMode");
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
+    QTRY_COMPARE(*m_widget->m_changedFeatures, QStringList{"TriggerMode"});
 }
 
 void tst_BaseTabPluginWidgetRefresh::threeNotificationsLeaveOneEntry()
 {
-    widget->show();
-    tick(*widget);
-    const QSignalSpy notified(widget->m_observer.get(),
+    m_widget->show();
+    tick(*m_widget);
+    const QSignalSpy notified(m_widget->m_observer.get(),
                               SIGNAL(setChangedFeature(QString, QString)));
     for (const char* feature : {"TriggerMode", "TriggerDelay", "TriggerMode", "TriggerMode"})
-        camera->notify(feature);
+        m_camera->notify(feature);
     QTRY_COMPARE(notified.count(), 4);
-    QTRY_COMPARE(*widget->m_changedFeatures, QStringList({"TriggerMode", "TriggerDelay"}));
+    QTRY_COMPARE(*m_widget->m_changedFeatures, QStringList({"TriggerMode", "TriggerDelay"}));
 }
 
 void tst_BaseTabPluginWidgetRefresh::changedNamesAreCaseSensitive()
 {
-    change(*widget, "TriggerMode");
-    change(*widget, "triggermode");
-    change(*widget, "TriggerMode");
-    QCOMPARE(*widget->m_changedFeatures, QStringList({"TriggerMode", "triggermode"}));
+    change(*m_widget, "TriggerMode");
+    change(*m_widget, "triggermode");
+    change(*m_widget, "TriggerMode");
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList({"TriggerMode", "triggermode"}));
 }
 
 void tst_BaseTabPluginWidgetRefresh::hideStopsDetachesAndForgets()
 {
-    widget->show();
-    widget->hide();
-    QVERIFY(!widget->m_updateTimer->isActive());
+    m_widget->show();
+    m_widget->hide();
+    QVERIFY(!m_widget->m_updateTimer->isActive());
     for (const QString& feature : Observed)
         QCOMPARE(observers(qPrintable(feature)), std::size_t(0));
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
-    QCOMPARE(widget->refreshes, 1);
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
+    QCOMPARE(m_widget->refreshes, 1);
 }
 
 void tst_BaseTabPluginWidgetRefresh::laterShowAttachesAndMarksAgain()
 {
-    widget->show();
-    tick(*widget);
-    widget->hide();
-    widget->show();
-    QCOMPARE(widget->refreshes, 3);
-    QVERIFY(widget->m_updateTimer->isActive());
+    m_widget->show();
+    tick(*m_widget);
+    m_widget->hide();
+    m_widget->show();
+    QCOMPARE(m_widget->refreshes, 3);
+    QVERIFY(m_widget->m_updateTimer->isActive());
     QCOMPARE(observers("TriggerMode"), std::size_t(1));
-    QCOMPARE(*widget->m_changedFeatures, Observed);
+    QCOMPARE(*m_widget->m_changedFeatures, Observed);
 }
 
 // A subclass may hide itself from within a refresh, which holds the mutex.
 void tst_BaseTabPluginWidgetRefresh::hideDoesNotTakeTheMutex()
 {
-    widget->show();
-    const QMutexLocker locker(widget->m_mutex.get());
-    widget->hide();
-    QCOMPARE(*widget->m_changedFeatures, QStringList());
+    m_widget->show();
+    const QMutexLocker locker(m_widget->m_mutex.get());
+    m_widget->hide();
+    QCOMPARE(*m_widget->m_changedFeatures, QStringList());
 }
 
 void tst_BaseTabPluginWidgetRefresh::pauseAndContinueKeepTheInterval()
 {
-    widget->show();
-    tick(*widget);
-    widget->m_updateTimer->setInterval(70000);
-    widget->pauseUpdateTimer();
-    QVERIFY(!widget->m_updateTimer->isActive());
+    m_widget->show();
+    tick(*m_widget);
+    m_widget->m_updateTimer->setInterval(70000);
+    m_widget->pauseUpdateTimer();
+    QVERIFY(!m_widget->m_updateTimer->isActive());
     QCOMPARE(observers("TriggerMode"), std::size_t(0));
 
-    widget->continueUpdateTimer();
-    QVERIFY(widget->m_updateTimer->isActive());
-    QCOMPARE(widget->m_updateTimer->interval(), 70000);
+    m_widget->continueUpdateTimer();
+    QVERIFY(m_widget->m_updateTimer->isActive());
+    QCOMPARE(m_widget->m_updateTimer->interval(), 70000);
     QCOMPARE(observers("TriggerMode"), std::size_t(1));
-    QCOMPARE(*widget->m_changedFeatures, Observed);
+    QCOMPARE(*m_widget->m_changedFeatures, Observed);
 }
 
 void tst_BaseTabPluginWidgetRefresh::pauseKeepsTheChangedNames()
 {
-    widget->show();
-    widget->pauseUpdateTimer();
-    QCOMPARE(*widget->m_changedFeatures, Observed);
+    m_widget->show();
+    m_widget->pauseUpdateTimer();
+    QCOMPARE(*m_widget->m_changedFeatures, Observed);
 }
 
 void tst_BaseTabPluginWidgetRefresh::resetFpsIsNeverEmitted()
 {
-    const QSignalSpy resets(widget.get(), SIGNAL(resetFPS()));
+    const QSignalSpy resets(m_widget.get(), SIGNAL(resetFPS()));
     QVERIFY(resets.isValid());
-    widget->show();
-    tick(*widget);
-    camera->notify("TriggerMode");
-    widget->hide();
+    m_widget->show();
+    tick(*m_widget);
+    m_camera->notify("TriggerMode");
+    m_widget->hide();
     QCOMPARE(resets.count(), 0);
 }
 
 // Whoever deletes a shown widget leaves the observer with the camera, which shares its ownership.
 void tst_BaseTabPluginWidgetRefresh::destructionLeavesTheObserverAttached()
 {
-    widget->show();
-    const std::weak_ptr<PluginFeatureObserver> observer = widget->m_observer;
-    camera->clearLog();
-    widget.reset();
-    QCOMPARE(camera->callCount("UnregisterObserver", "TriggerMode"), 0);
+    m_widget->show();
+    const std::weak_ptr<PluginFeatureObserver> observer = m_widget->m_observer;
+    m_camera->clearLog();
+    m_widget.reset();
+    QCOMPARE(m_camera->callCount("UnregisterObserver", "TriggerMode"), 0);
     QCOMPARE(observers("TriggerMode"), std::size_t(1));
     QVERIFY(!observer.expired());
-    camera->notify("TriggerMode");
+    m_camera->notify("TriggerMode");
     QCoreApplication::processEvents();
 }
 
 void tst_BaseTabPluginWidgetRefresh::notificationUnderwayDiesWithTheWidget()
 {
-    widget->show();
-    camera->notify("TriggerMode");
-    widget.reset();
+    m_widget->show();
+    m_camera->notify("TriggerMode");
+    m_widget.reset();
     QCoreApplication::processEvents();
     QCOMPARE(observers("TriggerMode"), std::size_t(1));
 }
 
 void tst_BaseTabPluginWidgetRefresh::hiddenWidgetLeavesNoObserver()
 {
-    widget->show();
-    const std::weak_ptr<PluginFeatureObserver> observer = widget->m_observer;
-    widget->hide();
-    widget.reset();
+    m_widget->show();
+    const std::weak_ptr<PluginFeatureObserver> observer = m_widget->m_observer;
+    m_widget->hide();
+    m_widget.reset();
     QVERIFY(observer.expired());
 }
 

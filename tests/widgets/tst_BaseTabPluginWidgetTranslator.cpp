@@ -29,15 +29,15 @@ private slots:
 private:
     QString translated(const QString& name);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestTabWidget> widget;
-    std::unique_ptr<QTemporaryDir> folder;
-    QString folderBefore;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TestTabWidget> m_widget;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_folderBefore;
 };
 
 QString tst_BaseTabPluginWidgetTranslator::translated(const QString& name)
 {
-    const std::unique_ptr<QTranslator> translator(widget->GetTranslator(name));
+    const std::unique_ptr<QTranslator> translator(m_widget->GetTranslator(name));
     return translator->translate("Test", "tab");
 }
 
@@ -49,18 +49,18 @@ void tst_BaseTabPluginWidgetTranslator::initTestCase()
 // Files are found below the working directory, so every test has an empty one of its own.
 void tst_BaseTabPluginWidgetTranslator::init()
 {
-    camera = Fake::FakeCamera::standard();
-    widget = std::make_unique<TestTabWidget>(camera->features());
-    folder = std::make_unique<QTemporaryDir>();
-    folderBefore = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(folder->path()));
+    m_camera = Fake::FakeCamera::standard();
+    m_widget = std::make_unique<TestTabWidget>(m_camera->features());
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_folderBefore = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folder->path()));
     QVERIFY(QDir().mkdir("qm"));
 }
 
 void tst_BaseTabPluginWidgetTranslator::cleanup()
 {
-    QVERIFY(QDir::setCurrent(folderBefore));
-    widget.reset();
+    QVERIFY(QDir::setCurrent(m_folderBefore));
+    m_widget.reset();
 }
 
 void tst_BaseTabPluginWidgetTranslator::findsTheBestFile_data()
@@ -101,7 +101,7 @@ void tst_BaseTabPluginWidgetTranslator::tabFallsBackFromAustriaToTheLanguage()
 
 void tst_BaseTabPluginWidgetTranslator::translatorIsReturnedWithoutAFileToo()
 {
-    const std::unique_ptr<QTranslator> translator(widget->GetTranslator("tab"));
+    const std::unique_ptr<QTranslator> translator(m_widget->GetTranslator("tab"));
     QVERIFY(translator);
     QVERIFY(translator->isEmpty());
     QVERIFY(!translator->parent());
@@ -109,8 +109,8 @@ void tst_BaseTabPluginWidgetTranslator::translatorIsReturnedWithoutAFileToo()
 
 void tst_BaseTabPluginWidgetTranslator::callerGetsANewOneEachTime()
 {
-    const std::unique_ptr<QTranslator> first(widget->GetTranslator("tab"));
-    const std::unique_ptr<QTranslator> second(widget->GetTranslator("tab"));
+    const std::unique_ptr<QTranslator> first(m_widget->GetTranslator("tab"));
+    const std::unique_ptr<QTranslator> second(m_widget->GetTranslator("tab"));
     QVERIFY(first != second);
 }
 

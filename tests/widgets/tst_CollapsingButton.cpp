@@ -1,76 +1,12 @@
-#include "widgets/CollapsingButton.h"
+#include "tests/support/Rows.h"
+#include "tests/widgets/FoldingSection.h"
 
-#include <QAnimationDriver>
-#include <QApplication>
-#include <QFrame>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
 
 #include <memory>
-
-namespace {
-
-constexpr int ContentHeight = 60;
-
-/// A section as the forms have it: the button above its content, which holds a field.
-struct Section
-{
-    Section()
-    {
-        auto* layout = new QVBoxLayout(&window);
-        before = new QLineEdit(&window);
-        button = new CollapsingButton(&window);
-        content = new QFrame;
-        field = new QLineEdit;
-        after = new QLineEdit;
-        auto* inner = new QVBoxLayout(content);
-        inner->setContentsMargins(0, 0, 0, 0);
-        inner->addWidget(field);
-        content->resize(100, ContentHeight);
-        for (QWidget* widget : {before, static_cast<QWidget*>(button), content, after})
-            layout->addWidget(widget);
-        layout->addStretch(1);
-    }
-
-    void show()
-    {
-        window.resize(200, 600);
-        window.show();
-        QApplication::setActiveWindow(&window);
-    }
-
-    QWidget window;
-    QWidget* before;
-    CollapsingButton* button;
-    QWidget* content;
-    QWidget* field;
-    QWidget* after;
-};
-
-/// A clock for animations that moves only when told to.
-class ManualClock : public QAnimationDriver
-{
-public:
-    ManualClock() { install(); }
-    ~ManualClock() override { uninstall(); }
-
-    void advanceTo(qint64 ms)
-    {
-        QCoreApplication::processEvents(); // animations enter the clock's list by a posted call
-        now = ms;
-        advanceAnimation();
-    }
-    qint64 elapsed() const override { return now; }
-
-private:
-    qint64 now = 0;
-};
-
-} // namespace
 
 class tst_CollapsingButton : public QObject
 {
@@ -159,7 +95,7 @@ void tst_CollapsingButton::setContentLeavesTheContentWhenChecked()
     section.button->setChecked(true);
     section.button->setContent(section.content);
     QCOMPARE(section.content->maximumHeight(), QWIDGETSIZE_MAX);
-    QCOMPARE(section.content->height(), ContentHeight);
+    QCOMPARE(section.content->height(), Section::Height);
     QVERIFY(!section.content->isHidden());
     QCOMPARE(section.button->arrowType(), Qt::DownArrow);
 }
@@ -171,19 +107,18 @@ void tst_CollapsingButton::checkingUnfoldsToTheHeightPlusTen()
     section.button->setChecked(true);
     QCOMPARE(section.button->arrowType(), Qt::DownArrow);
     QCOMPARE(section.content->maximumHeight(), 0);
-    QTRY_COMPARE(section.content->maximumHeight(), ContentHeight + 10);
+    QTRY_COMPARE(section.content->maximumHeight(), Section::Height + 10);
 }
 
 void tst_CollapsingButton::unfoldingFollowsTheCurve_data()
 {
-    QTest::addColumn<int>("ms");
-    QTest::addColumn<int>("height");
-    QTest::newRow("start") << 0 << 0;
-    QTest::newRow("a quarter, still slow") << 75 << 8;
-    QTest::newRow("half") << 150 << 35;
-    QTest::newRow("three quarters, slow again") << 225 << 61;
-    QTest::newRow("just before the end") << 299 << 69;
-    QTest::newRow("end") << 300 << 70;
+    columns<int, int>("ms", "height");
+    row("start", 0, 0);
+    row("a quarter, still slow", 75, 8);
+    row("half", 150, 35);
+    row("three quarters, slow again", 225, 61);
+    row("just before the end", 299, 69);
+    row("end", 300, 70);
 }
 
 void tst_CollapsingButton::unfoldingFollowsTheCurve()
@@ -223,7 +158,7 @@ void tst_CollapsingButton::unfoldsAgainAfterFolding()
     section.button->setContent(section.content);
     for (int round = 0; round < 2; ++round) {
         section.button->toggle();
-        QTRY_COMPARE(section.content->maximumHeight(), ContentHeight + 10);
+        QTRY_COMPARE(section.content->maximumHeight(), Section::Height + 10);
         section.button->toggle();
         QTRY_COMPARE(section.content->maximumHeight(), 0);
     }
@@ -246,7 +181,7 @@ void tst_CollapsingButton::grownContentUnfoldsToItsNewHeight()
     Section section;
     section.button->setContent(section.content);
     section.button->toggle();
-    QTRY_COMPARE(section.content->maximumHeight(), ContentHeight + 10);
+    QTRY_COMPARE(section.content->maximumHeight(), Section::Height + 10);
 
     section.content->setMaximumHeight(QWIDGETSIZE_MAX);
     section.content->resize(100, 200);
@@ -262,22 +197,21 @@ void tst_CollapsingButton::endHeightIsNeverLowered()
     Section section;
     section.button->setContent(section.content);
     section.button->toggle();
-    QTRY_COMPARE(section.content->maximumHeight(), ContentHeight + 10);
+    QTRY_COMPARE(section.content->maximumHeight(), Section::Height + 10);
     section.content->resize(100, 5);
     section.button->toggle();
     QTRY_COMPARE(section.content->maximumHeight(), 0);
     section.button->toggle();
-    QTRY_COMPARE(section.content->maximumHeight(), ContentHeight + 10);
+    QTRY_COMPARE(section.content->maximumHeight(), Section::Height + 10);
 }
 
 // The end height is raised only by content that is taller, not by content of just that height.
 void tst_CollapsingButton::endHeightIsRaisedFromOnePixelMore_data()
 {
-    QTest::addColumn<int>("height");
-    QTest::addColumn<int>("unfolded");
-    QTest::newRow("one less") << 69 << 70;
-    QTest::newRow("the same") << 70 << 70;
-    QTest::newRow("one more") << 71 << 71;
+    columns<int, int>("height", "unfolded");
+    row("one less", 69, 70);
+    row("the same", 70, 70);
+    row("one more", 71, 71);
 }
 
 void tst_CollapsingButton::endHeightIsRaisedFromOnePixelMore()
@@ -305,14 +239,11 @@ void tst_CollapsingButton::toggleWithoutContentOnlyChangesTheArrow()
 
 void tst_CollapsingButton::collapseChangesOnlyTheOtherState_data()
 {
-    QTest::addColumn<bool>("checkedBefore");
-    QTest::addColumn<bool>("argument");
-    QTest::addColumn<bool>("checkedAfter");
-    QTest::addColumn<int>("toggles");
-    QTest::newRow("collapse a checked one") << true << true << false << 1;
-    QTest::newRow("collapse an unchecked one") << false << true << false << 0;
-    QTest::newRow("expand a checked one") << true << false << true << 0;
-    QTest::newRow("expand an unchecked one") << false << false << true << 1;
+    columns<bool, bool, bool, int>("checkedBefore", "argument", "checkedAfter", "toggles");
+    row("collapse a checked one", true, true, false, 1);
+    row("collapse an unchecked one", false, true, false, 0);
+    row("expand a checked one", true, false, true, 0);
+    row("expand an unchecked one", false, false, true, 1);
 }
 
 void tst_CollapsingButton::collapseChangesOnlyTheOtherState()
@@ -334,12 +265,11 @@ void tst_CollapsingButton::collapseChangesOnlyTheOtherState()
 
 void tst_CollapsingButton::keysToggle_data()
 {
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<bool>("checked");
-    QTest::newRow("space bar") << Qt::Key_Space << true;
-    QTest::newRow("return") << Qt::Key_Return << true;
-    QTest::newRow("enter") << Qt::Key_Enter << true;
-    QTest::newRow("a letter") << Qt::Key_A << false;
+    columns<Qt::Key, bool>("key", "checked");
+    row("space bar", Qt::Key_Space, true);
+    row("return", Qt::Key_Return, true);
+    row("enter", Qt::Key_Enter, true);
+    row("a letter", Qt::Key_A, false);
 }
 
 void tst_CollapsingButton::keysToggle()
@@ -432,9 +362,9 @@ void tst_CollapsingButton::nullContentIsNoContent()
 
 void tst_CollapsingButton::contentMayGoBeforeItsButton_data()
 {
-    QTest::addColumn<bool>("unfolded");
-    QTest::newRow("folded") << false;
-    QTest::newRow("unfolded") << true;
+    columns<bool>("unfolded");
+    row("folded", false);
+    row("unfolded", true);
 }
 
 void tst_CollapsingButton::contentMayGoBeforeItsButton()

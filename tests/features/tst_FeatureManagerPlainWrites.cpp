@@ -1,18 +1,28 @@
-// FeatureManager: writing texts and entries, and running commands.
+// FeatureManager: writing booleans, texts and entries, which have no limits, and running commands.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
-using FeatureTest::callsAfterLookup;
-using FeatureTest::toList;
+#include <limits>
 
-class tst_FeatureManagerTextWrites : public QObject
+using Fake::FakeCamera;
+using FeatureTest::callsAfterLookup;
+using FeatureTest::exact;
+using FeatureTest::toList;
+using FeatureTest::World;
+
+class tst_FeatureManagerPlainWrites : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void booleanIsTrueAboveZero_data();
+    void booleanIsTrueAboveZero();
+    void booleanRefusalIsLogged();
+    void booleanThatCannotBeReadBackIsFalse();
     void textIsWrittenAndReadBack();
     void textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty();
     void textReadBackComesFromTheFirstNameAlone();
@@ -22,7 +32,49 @@ private slots:
     void commandThatCannotRunIsFalse();
 };
 
-void tst_FeatureManagerTextWrites::textIsWrittenAndReadBack()
+void tst_FeatureManagerPlainWrites::booleanIsTrueAboveZero_data()
+{
+    columns<double, QString>("value", "written");
+    row("0.5", 0.5, "true");
+    row("one", 1.0, "true");
+    row("infinity", std::numeric_limits<double>::infinity(), "true");
+    row("zero", 0.0, "false");
+    row("negative zero", -0.0, "false");
+    row("negative", -1.0, "false");
+    row("not a number", std::numeric_limits<double>::quiet_NaN(), "false");
+}
+
+void tst_FeatureManagerPlainWrites::booleanIsTrueAboveZero()
+{
+    QFETCH(double, value);
+    QFETCH(QString, written);
+    World world([&](FakeCamera& camera) { camera.addBool("Flag", written == "false"); });
+    QCOMPARE(exact(world.manager->SetValue("Flag", value)), exact(written == "true" ? 1.0 : 0.0));
+    QCOMPARE(world.writes(), QStringList{"SetBoolValue Flag=" + written});
+    QCOMPARE(callsAfterLookup(world.camera),
+             (QStringList{"GetDataType Flag", "IsWritable Flag", "SetBoolValue Flag=" + written,
+                          "GetBoolValue Flag"}));
+}
+
+void tst_FeatureManagerPlainWrites::booleanRefusalIsLogged()
+{
+    World world([](FakeCamera& camera) { camera.addBool("Flag", true); });
+    world.camera.failCall("SetBoolValue", "Flag", -4711);
+    const LogCapture log;
+    QCOMPARE(world.manager->SetValue("Flag", 0.0), 1.0);
+    QCOMPARE(log.lines(), QStringList{"default/debug Error: FeatureManager::SetValue:Bool:  "
+                                      "\"Flag\"  :  -4711"});
+}
+
+void tst_FeatureManagerPlainWrites::booleanThatCannotBeReadBackIsFalse()
+{
+    World world([](FakeCamera& camera) { camera.addBool("Flag", false); });
+    world["Flag"].state().readable = false;
+    QCOMPARE(exact(world.manager->SetValue("Flag", 1.0)), exact(0.0));
+    QVERIFY(world["Flag"].state().boolean);
+}
+
+void tst_FeatureManagerPlainWrites::textIsWrittenAndReadBack()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -34,7 +86,7 @@ void tst_FeatureManagerTextWrites::textIsWrittenAndReadBack()
     QCOMPARE((*camera)["Family"].state().text, std::string());
 }
 
-void tst_FeatureManagerTextWrites::textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty()
+void tst_FeatureManagerPlainWrites::textFoundUnderAnAlternativeIsWrittenButReadBackAsEmpty()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -46,7 +98,7 @@ void tst_FeatureManagerTextWrites::textFoundUnderAnAlternativeIsWrittenButReadBa
     QCOMPARE(camera->writes().size(), std::size_t(2));
 }
 
-void tst_FeatureManagerTextWrites::textReadBackComesFromTheFirstNameAlone()
+void tst_FeatureManagerPlainWrites::textReadBackComesFromTheFirstNameAlone()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -55,7 +107,7 @@ void tst_FeatureManagerTextWrites::textReadBackComesFromTheFirstNameAlone()
     QCOMPARE(toList(camera->writes()), QStringList{"SetStringValue Family=One"});
 }
 
-void tst_FeatureManagerTextWrites::refusedTextIsNeitherReportedNorLogged()
+void tst_FeatureManagerPlainWrites::refusedTextIsNeitherReportedNorLogged()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -68,7 +120,7 @@ void tst_FeatureManagerTextWrites::refusedTextIsNeitherReportedNorLogged()
     QCOMPARE(log.lines(), QStringList());
 }
 
-void tst_FeatureManagerTextWrites::writableEnumValueIsEmptyWhileReadOnly()
+void tst_FeatureManagerPlainWrites::writableEnumValueIsEmptyWhileReadOnly()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -79,7 +131,7 @@ void tst_FeatureManagerTextWrites::writableEnumValueIsEmptyWhileReadOnly()
     QCOMPARE(manager.GetWritableEnumValue("Mode"), QString());
 }
 
-void tst_FeatureManagerTextWrites::commandRunsOnceAndIsNotWaitedFor()
+void tst_FeatureManagerPlainWrites::commandRunsOnceAndIsNotWaitedFor()
 {
     const auto camera = FeatureTest::mixedCamera();
     (*camera)["Go"].commandDone = false;
@@ -88,7 +140,7 @@ void tst_FeatureManagerTextWrites::commandRunsOnceAndIsNotWaitedFor()
     QCOMPARE(callsAfterLookup(*camera), QStringList{"RunCommand Go"});
 }
 
-void tst_FeatureManagerTextWrites::commandThatCannotRunIsFalse()
+void tst_FeatureManagerPlainWrites::commandThatCannotRunIsFalse()
 {
     const auto camera = FeatureTest::mixedCamera();
     const FeatureManager manager(FeatureTest::wrap(*camera));
@@ -103,6 +155,6 @@ void tst_FeatureManagerTextWrites::commandThatCannotRunIsFalse()
     QCOMPARE(log.lines(), QStringList());
 }
 
-QTEST_APPLESS_MAIN(tst_FeatureManagerTextWrites)
+QTEST_APPLESS_MAIN(tst_FeatureManagerPlainWrites)
 
-#include "tst_FeatureManagerTextWrites.moc"
+#include "tst_FeatureManagerPlainWrites.moc"
