@@ -1,5 +1,5 @@
 // What a refresh tells the others, and that it tells the camera nothing.
-#include "tests/trigger/TestEngine.h"
+#include "tests/trigger/PlainForm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +11,7 @@
 #include <QSpinBox>
 #include <QTest>
 
-class tst_AdvTriggerReports : public QObject
+class tst_FormBindingReports : public QObject
 {
     Q_OBJECT
 
@@ -31,90 +31,89 @@ private slots:
     void widgetsAreSilentDuringARefresh();
     void refreshLeavesTheBlockingStateAsItWas();
     void lineEditDisabledWhileTypingWritesNothing();
-    void cameraSideChangeShowsAfterATick();
     void nothingChangedRefreshesNothing();
 
 private:
     void bindStandardForm();
     QStringList reportedNames() const;
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestEngine> engine;
-    std::unique_ptr<QSignalSpy> reports;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<PlainForm> m_form;
+    std::unique_ptr<QSignalSpy> m_reports;
 };
 
-void tst_AdvTriggerReports::init()
+void tst_FormBindingReports::init()
 {
-    camera = Fake::FakeCamera::standard();
-    engine = std::make_unique<TestEngine>(*camera);
-    reports = std::make_unique<QSignalSpy>(engine.get(),
-                                           SIGNAL(FeatureChanged(const QString&, const QVariant&)));
+    m_camera = Fake::FakeCamera::standard();
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_reports = std::make_unique<QSignalSpy>(
+        m_form.get(), SIGNAL(FeatureChanged(const QString&, const QVariant&)));
 }
 
-void tst_AdvTriggerReports::cleanup()
+void tst_FormBindingReports::cleanup()
 {
-    reports.reset();
-    engine.reset();
-    camera.reset();
+    m_reports.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
-QStringList tst_AdvTriggerReports::reportedNames() const
+QStringList tst_FormBindingReports::reportedNames() const
 {
     QStringList names;
-    for (const QList<QVariant>& report : *reports)
+    for (const QList<QVariant>& report : *m_reports)
         names.append(report.first().toString());
     return names;
 }
 
-void tst_AdvTriggerReports::bindStandardForm()
+void tst_FormBindingReports::bindStandardForm()
 {
     for (const char* name : {"TriggerSelector", "TriggerMode", "TriggerSource", "LineSource"})
-        engine->add<QComboBox>(QString("cmb") + name);
+        m_form->add<QComboBox>(QString("cmb") + name);
     for (const char* name : {"ActionGroupKey", "DeviceModelName", "CounterValue"})
-        engine->add<QLineEdit>(QString("txt") + name);
+        m_form->add<QLineEdit>(QString("txt") + name);
     for (const char* name : {"TriggerDelay", "TimerDuration"})
-        engine->add<QDoubleSpinBox>(QString("spb") + name);
+        m_form->add<QDoubleSpinBox>(QString("spb") + name);
     for (const char* name : {"CounterDuration", "ActionSelector"})
-        engine->add<QSpinBox>(QString("spb") + name);
-    engine->add<QCheckBox>("chkLineInverter");
-    engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
+        m_form->add<QSpinBox>(QString("spb") + name);
+    m_form->add<QCheckBox>("chkLineInverter");
+    m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
 }
 
-void tst_AdvTriggerReports::valuesAreReportedAfterTheirWidgetIsShown()
+void tst_FormBindingReports::valuesAreReportedAfterTheirWidgetIsShown()
 {
-    auto& box = engine->add<QSpinBox>("spbCounterDuration");
-    engine->InitBaseWidgets();
-    camera->find("CounterDuration")->state().integer = 77;
+    auto& box = m_form->add<QSpinBox>("spbCounterDuration");
+    m_form->bind();
+    m_camera->find("CounterDuration")->state().integer = 77;
     int shown = 0;
     bool silent = true;
-    connect(engine.get(), &AdvTriggerBase::FeatureChanged, &box, [&] {
+    connect(m_form.get(), &PlainForm::FeatureChanged, &box, [&] {
         shown = box.value();
         silent = box.signalsBlocked();
     });
-    engine->refresh({"CounterDuration"});
+    m_form->refresh({"CounterDuration"});
     QCOMPARE(shown, 77);
     QVERIFY(!silent);
 }
 
-void tst_AdvTriggerReports::buttonReportsNothing()
+void tst_FormBindingReports::buttonReportsNothing()
 {
-    engine->add<QPushButton>("btnCounterReset");
-    engine->refresh({"CounterReset"});
-    QCOMPARE(reports->count(), 0);
+    m_form->add<QPushButton>("btnCounterReset");
+    m_form->refresh({"CounterReset"});
+    QCOMPARE(m_reports->count(), 0);
 }
 
-void tst_AdvTriggerReports::labelReportsNothing()
+void tst_FormBindingReports::labelReportsNothing()
 {
-    auto& label = engine->add<QLabel>("lblTriggerMode");
+    auto& label = m_form->add<QLabel>("lblTriggerMode");
     label.setText("Mode:");
-    engine->refresh({"TriggerMode"});
+    m_form->refresh({"TriggerMode"});
     QCOMPARE(label.text(), QString("Mode:"));
     // A label counts as a widget of its feature.
-    QCOMPARE(reports->count(), 0);
+    QCOMPARE(m_reports->count(), 0);
 }
 
-void tst_AdvTriggerReports::featureWithoutWidgetIsReported_data()
+void tst_FormBindingReports::featureWithoutWidgetIsReported_data()
 {
     QTest::addColumn<QString>("feature");
     QTest::addColumn<QVariant>("value");
@@ -127,52 +126,52 @@ void tst_AdvTriggerReports::featureWithoutWidgetIsReported_data()
     QTest::newRow("unknown") << "NoSuchFeature" << QVariant(-1.0);
 }
 
-void tst_AdvTriggerReports::featureWithoutWidgetIsReported()
+void tst_FormBindingReports::featureWithoutWidgetIsReported()
 {
     QFETCH(QString, feature);
     QFETCH(QVariant, value);
-    engine->refresh({feature});
-    QCOMPARE(reports->count(), 1);
-    QCOMPARE(reports->first(), QList<QVariant>({feature, value}));
-    QCOMPARE(reports->first().last().type(), value.type());
+    m_form->refresh({feature});
+    QCOMPARE(m_reports->count(), 1);
+    QCOMPARE(m_reports->first(), QList<QVariant>({feature, value}));
+    QCOMPARE(m_reports->first().last().type(), value.type());
 }
 
-void tst_AdvTriggerReports::lineStatusWithoutWidgetIsNotReported()
+void tst_FormBindingReports::lineStatusWithoutWidgetIsNotReported()
 {
-    engine->refresh({"LineStatus"});
-    QCOMPARE(reports->count(), 0);
+    m_form->refresh({"LineStatus"});
+    QCOMPARE(m_reports->count(), 0);
 }
 
-void tst_AdvTriggerReports::lineStatusWithWidgetIsReported()
+void tst_FormBindingReports::lineStatusWithWidgetIsReported()
 {
-    engine->add<QCheckBox>("chkLineStatus");
-    engine->refresh({"LineStatus"});
+    m_form->add<QCheckBox>("chkLineStatus");
+    m_form->refresh({"LineStatus"});
     QCOMPARE(reportedNames(), QStringList("LineStatus"));
 }
 
-void tst_AdvTriggerReports::refreshMakesNoWrite()
+void tst_FormBindingReports::refreshMakesNoWrite()
 {
     bindStandardForm();
-    camera->find("TriggerMode")->state().text = "On";
-    camera->find("TriggerDelay")->state().real = 12.0;
-    camera->find("TriggerDelay")->state().minReal = 11.0;
-    camera->find("CounterDuration")->state().integer = 12;
-    camera->find("CounterValue")->state().integer = 12;
-    camera->find("LineInverter")->state().boolean = true;
-    camera->find("ActionGroupKey")->state().writable = false;
-    camera->clearLog();
+    m_camera->find("TriggerMode")->state().text = "On";
+    m_camera->find("TriggerDelay")->state().real = 12.0;
+    m_camera->find("TriggerDelay")->state().minReal = 11.0;
+    m_camera->find("CounterDuration")->state().integer = 12;
+    m_camera->find("CounterValue")->state().integer = 12;
+    m_camera->find("LineInverter")->state().boolean = true;
+    m_camera->find("ActionGroupKey")->state().writable = false;
+    m_camera->clearLog();
     QStringList everything;
-    for (const auto& feature : *camera->features())
+    for (const auto& feature : *m_camera->features())
         everything.append(
             QString::fromStdString(std::static_pointer_cast<Fake::FakeFeature>(feature)->name));
-    engine->refresh(everything);
-    QCOMPARE(writesOf(*camera), QStringList());
-    QCOMPARE(engine->customPresets, 0);
-    QVERIFY(reports->count() > 50);
-    QCOMPARE(engine->findChild<QSpinBox*>("spbCounterDuration")->value(), 12);
+    m_form->refresh(everything);
+    QCOMPARE(writesOf(*m_camera), QStringList());
+    QCOMPARE(m_form->customPresets, 0);
+    QVERIFY(m_reports->count() > 50);
+    QCOMPARE(m_form->findChild<QSpinBox*>("spbCounterDuration")->value(), 12);
 }
 
-void tst_AdvTriggerReports::widgetsAreSilentDuringARefresh_data()
+void tst_FormBindingReports::widgetsAreSilentDuringARefresh_data()
 {
     QTest::addColumn<QString>("objectName");
     QTest::addColumn<QByteArray>("signal");
@@ -186,72 +185,58 @@ void tst_AdvTriggerReports::widgetsAreSilentDuringARefresh_data()
     row("chkLineInverter", SIGNAL(stateChanged(int)));
 }
 
-void tst_AdvTriggerReports::widgetsAreSilentDuringARefresh()
+void tst_FormBindingReports::widgetsAreSilentDuringARefresh()
 {
     QFETCH(QString, objectName);
     QFETCH(QByteArray, signal);
     bindStandardForm();
-    camera->find("TriggerMode")->state().text = "On";
-    camera->find("CounterValue")->state().integer = 12;
-    camera->find("TriggerDelay")->state().real = 12.0;
-    camera->find("CounterDuration")->state().integer = 12;
-    camera->find("LineInverter")->state().boolean = true;
-    const QSignalSpy changes(engine->findChild<QWidget*>(objectName), signal.constData());
+    m_camera->find("TriggerMode")->state().text = "On";
+    m_camera->find("CounterValue")->state().integer = 12;
+    m_camera->find("TriggerDelay")->state().real = 12.0;
+    m_camera->find("CounterDuration")->state().integer = 12;
+    m_camera->find("LineInverter")->state().boolean = true;
+    const QSignalSpy changes(m_form->findChild<QWidget*>(objectName), signal.constData());
     QVERIFY(changes.isValid());
-    engine->refresh({objectName.mid(3)});
-    QCOMPARE(reports->count(), 1);
+    m_form->refresh({objectName.mid(3)});
+    QCOMPARE(m_reports->count(), 1);
     QCOMPARE(changes.count(), 0);
 }
 
-void tst_AdvTriggerReports::refreshLeavesTheBlockingStateAsItWas()
+void tst_FormBindingReports::refreshLeavesTheBlockingStateAsItWas()
 {
-    auto& open = engine->add<QSpinBox>("spbCounterDuration");
-    auto& silenced = engine->add<QSpinBox>("spbCounterDuration");
-    engine->InitBaseWidgets();
+    auto& open = m_form->add<QSpinBox>("spbCounterDuration");
+    auto& silenced = m_form->add<QSpinBox>("spbCounterDuration");
+    m_form->bind();
     silenced.blockSignals(true);
-    engine->refresh({"CounterDuration"});
+    m_form->refresh({"CounterDuration"});
     QVERIFY(!open.signalsBlocked());
     QVERIFY(silenced.signalsBlocked());
 }
 
-void tst_AdvTriggerReports::lineEditDisabledWhileTypingWritesNothing()
+void tst_FormBindingReports::lineEditDisabledWhileTypingWritesNothing()
 {
-    auto& edit = engine->add<QLineEdit>("txtCounterValue");
-    engine->InitBaseWidgets();
-    engine->show();
-    engine->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(engine.get()));
+    auto& edit = m_form->add<QLineEdit>("txtCounterValue");
+    m_form->bind();
+    m_form->show();
+    m_form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
     edit.setFocus();
     QTest::keyClicks(&edit, "12");
-    camera->find("CounterValue")->state().writable = false;
-    camera->clearLog();
-    engine->refresh({"CounterValue"});
+    m_camera->find("CounterValue")->state().writable = false;
+    m_camera->clearLog();
+    m_form->refresh({"CounterValue"});
     QVERIFY(!edit.hasFocus());
-    QCOMPARE(writesOf(*camera), QStringList());
+    QCOMPARE(writesOf(*m_camera), QStringList());
 }
 
-void tst_AdvTriggerReports::cameraSideChangeShowsAfterATick()
+void tst_FormBindingReports::nothingChangedRefreshesNothing()
 {
     bindStandardForm();
-    engine->show();
-    engine->updateTimer();
-    camera->find("CounterDuration")->state().integer = 77;
-    camera->notify("CounterDuration");
-    QTRY_VERIFY(engine->m_changedFeatures->contains("CounterDuration"));
-    reports->clear();
-    engine->updateTimer();
-    QCOMPARE(engine->findChild<QSpinBox*>("spbCounterDuration")->value(), 77);
-    QCOMPARE(reportedNames(), QStringList("CounterDuration"));
+    m_camera->clearLog();
+    m_form->refresh({});
+    QVERIFY(m_camera->calls().empty());
+    QCOMPARE(m_reports->count(), 0);
 }
 
-void tst_AdvTriggerReports::nothingChangedRefreshesNothing()
-{
-    bindStandardForm();
-    camera->clearLog();
-    engine->refresh({});
-    QVERIFY(camera->calls().empty());
-    QCOMPARE(reports->count(), 0);
-}
-
-QTEST_MAIN(tst_AdvTriggerReports)
-#include "tst_AdvTriggerReports.moc"
+QTEST_MAIN(tst_FormBindingReports)
+#include "tst_FormBindingReports.moc"
