@@ -17,13 +17,13 @@ template <typename Number> struct Range
 };
 
 /// What can be done with a feature at this moment.
-struct AccessMode
+struct Permissions
 {
     bool readable = false; ///< Implemented, available and not write-only.
     bool writable = false; ///< Implemented, available, unlocked and not read-only.
 };
 
-inline bool operator==(const AccessMode& a, const AccessMode& b)
+inline bool operator==(const Permissions& a, const Permissions& b)
 {
     return a.readable == b.readable && a.writable == b.writable;
 }
@@ -33,8 +33,11 @@ using RawData = std::vector<unsigned char>;
 
 namespace NodeAccess {
 
+/// One of the questions below.
+template <typename Answer> using Query = ZalErrorType (*)(const FeatureDescription&, Answer&);
+
 /// Both questions at once.
-ZalErrorType accessMode(const FeatureDescription& feature, AccessMode& mode);
+ZalErrorType permissions(const FeatureDescription& feature, Permissions& granted);
 /// See Feature::IsReadable().
 ZalErrorType isReadable(const FeatureDescription& feature, bool& readable);
 /// See Feature::IsWritable().
