@@ -1,22 +1,16 @@
 #include "sdk/bridge/DependencyGraph.h"
 
-#include <algorithm>
+#include "sdk/bridge/DescriptionNodes.h"
+
 #include <utility>
 
 namespace ZalCPP {
 namespace {
 
-bool isOneOf(ArvGcPropertyNodeType type, std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    return std::find(types.begin(), types.end(), type) != types.end();
-}
-
 // The registers that a node's value comes from.
 void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers)
 {
-    for (ArvGcNode* source : reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE})) {
+    for (ArvGcNode* source : valueNodes(node)) {
         if (ARV_IS_GC_STRUCT_ENTRY_NODE(source))
             source = ARV_GC_NODE(arv_dom_node_get_parent_node(ARV_DOM_NODE(source)));
         if (ARV_IS_GC_REGISTER(source))
@@ -25,52 +19,6 @@ void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers
 }
 
 } // namespace
-
-bool saysVolatile(ArvGcPropertyNode* property)
-{
-    const auto type = arv_gc_property_node_get_node_type(property);
-    if (type == ARV_GC_PROPERTY_NODE_TYPE_CACHABLE)
-        return arv_gc_property_node_get_cachable(property, ARV_GC_CACHABLE_WRITE_AROUND) ==
-               ARV_GC_CACHABLE_NO_CACHE;
-    return type == ARV_GC_PROPERTY_NODE_TYPE_POLLING_TIME;
-}
-
-std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
-                                    std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    std::vector<ArvGcNode*> nodes;
-    forEachChild(node, [&](ArvDomNode* child) {
-        if (!ARV_IS_GC_PROPERTY_NODE(child))
-            return;
-        auto* property = ARV_GC_PROPERTY_NODE(child);
-        if (!isOneOf(arv_gc_property_node_get_node_type(property), types))
-            return;
-        if (auto* linked = arv_gc_property_node_get_linked_node(property))
-            nodes.push_back(linked);
-    });
-    return nodes;
-}
-
-std::vector<ArvGcNode*> reachableNodes(ArvGcNode* start,
-                                       std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    std::vector<ArvGcNode*> found{start};
-    std::unordered_set<ArvGcNode*> known{start};
-    for (std::size_t next = 0; next < found.size(); ++next) {
-        for (ArvGcNode* linked : linkedNodes(ARV_DOM_NODE(found[next]), types)) {
-            if (known.insert(linked).second)
-                found.push_back(linked);
-        }
-    }
-    return found;
-}
-
-std::vector<ArvGcNode*> writtenNodes(ArvGcNode* node)
-{
-    return reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
-}
 
 DependencyGraph::DependencyGraph(ArvGc* genicam)
 {
@@ -97,18 +45,17 @@ void DependencyGraph::addNode(ArvDomNode* node, ArvGcNode* owner)
 
 void DependencyGraph::addProperties(ArvDomNode* node, ArvGcNode* owner)
 {
-    forEachChild(node, [&](ArvDomNode* child) {
-        if (ARV_IS_GC_PROPERTY_NODE(child))
-            addReference(ARV_GC_PROPERTY_NODE(child), owner);
+    forEachProperty(node, [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+        addReference(property, type, owner);
     });
 }
 
-void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcNode* owner)
+void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcPropertyNodeType type,
+                                   ArvGcNode* owner)
 {
-    const auto type = arv_gc_property_node_get_node_type(property);
     if (saysVolatile(property))
         volatileNodes.push_back(owner);
-    if (isOneOf(type, {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE, ARV_GC_PROPERTY_NODE_TYPE_P_PORT}))
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE || type == ARV_GC_PROPERTY_NODE_TYPE_P_PORT)
         return;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)

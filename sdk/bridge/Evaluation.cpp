@@ -1,7 +1,7 @@
 #include "sdk/bridge/Evaluation.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/DescriptionNodes.h"
 #include "sdk/bridge/DescriptionText.h"
 #include "sdk/bridge/Limits.h"
 
@@ -17,9 +17,8 @@ bool isNode(ArvDomNode* node)
 
 // A length that only the camera knows is asked before the access, but that is too late for numbers:
 // Aravis reads one on its own account wherever another node depends on it.
-bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length)
+bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length, ArvGcPropertyNodeType type)
 {
-    const auto type = arv_gc_property_node_get_node_type(length);
     if (type == ARV_GC_PROPERTY_NODE_TYPE_P_LENGTH)
         return longestLength(owner) > Limits::NumberLength;
     if (type != ARV_GC_PROPERTY_NODE_TYPE_LENGTH)
@@ -67,19 +66,20 @@ void Evaluation::addProperties(ArvGcNode* owner, ArvDomNode* node)
     if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
         connect(owner, Value, ARV_GC_NODE(arv_dom_node_get_parent_node(node)), Value);
     forEachChild(node, [&](ArvDomNode* child) {
-        if (ARV_IS_GC_ENUM_ENTRY(child)) {
-            connect(owner, Limits, ARV_GC_NODE(child), Value);
-            connect(owner, Limits, ARV_GC_NODE(child), Gates);
-        }
-        if (ARV_IS_GC_PROPERTY_NODE(child))
-            addReference(owner, ARV_GC_PROPERTY_NODE(child));
+        if (!ARV_IS_GC_ENUM_ENTRY(child))
+            return;
+        connect(owner, Limits, ARV_GC_NODE(child), Value);
+        connect(owner, Limits, ARV_GC_NODE(child), Gates);
+    });
+    forEachProperty(node, [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+        addReference(owner, property, type);
     });
 }
 
-void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property)
+void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property,
+                              ArvGcPropertyNodeType type)
 {
-    const auto type = arv_gc_property_node_get_node_type(property);
-    if (!isUsableLength(owner, property))
+    if (!isUsableLength(owner, property, type))
         states[idOf(owner, Value)].isBroken = true;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)

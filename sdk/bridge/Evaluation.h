@@ -55,7 +55,7 @@ private:
 
     void addNode(ArvDomNode* node);
     void addProperties(ArvGcNode* owner, ArvDomNode* node);
-    void addReference(ArvGcNode* owner, ArvGcPropertyNode* property);
+    void addReference(ArvGcNode* owner, ArvGcPropertyNode* property, ArvGcPropertyNodeType type);
     void addIndexOffsets(ArvGc* genicam);
     void connect(ArvGcNode* owner, Question question, ArvGcNode* asked, Question askedQuestion);
     void findWhatEnds();

@@ -1,7 +1,7 @@
 #include "sdk/bridge/Implementation.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/DescriptionNodes.h"
 
 #include <algorithm>
 
@@ -33,14 +33,11 @@ bool changesByItself(ArvGcNode* node)
 {
     const bool isStored = ARV_IS_GC_REGISTER(node) || ARV_IS_GC_STRUCT_ENTRY_NODE(node);
     bool changes = isStored && canBeWritten(node);
-    forEachChild(ARV_DOM_NODE(node), [&](ArvDomNode* child) {
-        if (!ARV_IS_GC_PROPERTY_NODE(child))
-            return;
-        auto* property = ARV_GC_PROPERTY_NODE(child);
-        const auto type = arv_gc_property_node_get_node_type(property);
-        changes =
-            changes || saysVolatile(property) || type == ARV_GC_PROPERTY_NODE_TYPE_P_INVALIDATOR;
-    });
+    forEachProperty(ARV_DOM_NODE(node),
+                    [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+                        changes = changes || saysVolatile(property) ||
+                                  type == ARV_GC_PROPERTY_NODE_TYPE_P_INVALIDATOR;
+                    });
     return changes;
 }
 
