@@ -38,7 +38,7 @@ void DependencyGraph::addNode(ArvDomNode* node, ArvGcNode* owner)
         return;
     }
     if (ARV_IS_GC_STRUCT_ENTRY_NODE(node) && owner)
-        dependents[owner].push_back(self);
+        m_dependents[owner].push_back(self);
     addProperties(node, self);
     forEachChild(node, [&](ArvDomNode* child) { addNode(child, self); });
 }
@@ -54,16 +54,16 @@ void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcPropertyNod
                                    ArvGcNode* owner)
 {
     if (saysVolatile(property))
-        volatileNodes.push_back(owner);
+        m_volatileNodes.push_back(owner);
     if (type == ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE || type == ARV_GC_PROPERTY_NODE_TYPE_P_PORT)
         return;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)
         return;
     if (type == ARV_GC_PROPERTY_NODE_TYPE_P_SELECTED)
-        dependents[owner].push_back(linked);
+        m_dependents[owner].push_back(linked);
     else
-        dependents[linked].push_back(owner);
+        m_dependents[linked].push_back(owner);
 }
 
 std::unordered_set<ArvGcNode*> DependencyGraph::affectedBy(ArvGcNode* node) const
@@ -76,7 +76,7 @@ std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>>
 DependencyGraph::volatileRegisters() const
 {
     std::unordered_set<ArvGcNode*> registers;
-    for (ArvGcNode* node : volatileNodes)
+    for (ArvGcNode* node : m_volatileNodes)
         collectRegisters(node, registers);
     std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>> found;
     found.reserve(registers.size());
@@ -90,9 +90,9 @@ DependencyGraph::withDependents(std::unordered_set<ArvGcNode*> affected) const
 {
     std::vector<ArvGcNode*> pending(affected.begin(), affected.end());
     while (!pending.empty()) {
-        const auto found = dependents.find(pending.back());
+        const auto found = m_dependents.find(pending.back());
         pending.pop_back();
-        if (found == dependents.end())
+        if (found == m_dependents.end())
             continue;
         for (ArvGcNode* dependent : found->second) {
             if (affected.insert(dependent).second)

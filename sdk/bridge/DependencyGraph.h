@@ -35,8 +35,8 @@ private:
     void addReference(ArvGcPropertyNode* property, ArvGcPropertyNodeType type, ArvGcNode* owner);
     std::unordered_set<ArvGcNode*> withDependents(std::unordered_set<ArvGcNode*> nodes) const;
 
-    std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> dependents;
-    std::vector<ArvGcNode*> volatileNodes;
+    std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> m_dependents;
+    std::vector<ArvGcNode*> m_volatileNodes;
 };
 
 } // namespace ZalCPP

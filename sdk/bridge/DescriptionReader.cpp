@@ -14,8 +14,8 @@
 namespace ZalCPP {
 namespace {
 
-// Of the nodes that Aravis asks on its own account when it opens a stream. It brings them along,
-// but a camera may describe them itself.
+// Of the nodes that Aravis itself asks when it opens a stream. It brings them along, but a camera
+// may describe its own.
 constexpr char StreamPrefix[] = "ArvGev";
 
 bool isAnswerable(const Evaluation& evaluation, ArvGcNode* node)
@@ -38,23 +38,20 @@ std::vector<ArvGcRegister*> sizedRegistersOf(const Evaluation& evaluation, ArvGc
     return registers;
 }
 
-/// Walks the tree of categories and collects what hangs on it.
+/// Walks the tree of categories and collects the features in it.
 class Walker
 {
 public:
-    explicit Walker(ArvGc* description)
-        : genicam(description), evaluation(description), graph(description)
-    {
-    }
+    explicit Walker(ArvGc* genicam) : m_genicam(genicam), m_evaluation(genicam), m_graph(genicam) {}
 
     ZalErrorType walk(CameraDescription& description)
     {
         collectMembers();
-        result.canStream = evaluation.areAnswerable(StreamPrefix);
+        m_result.canStream = m_evaluation.areAnswerable(StreamPrefix);
         const ZalErrorType status = addFeatures();
         connect();
         if (status == ZalErrorSuccess)
-            description = std::move(result);
+            description = std::move(m_result);
         return status;
     }
 
@@ -73,18 +70,18 @@ private:
     void connect();
     std::vector<std::size_t> positionsOf(const std::vector<ArvGcNode*>& nodes) const;
 
-    ArvGc* const genicam;
-    const Evaluation evaluation;
-    const DependencyGraph graph;
-    std::vector<Member> members; ///< The features among the categories' members, in their order.
-    CameraDescription result;
-    std::unordered_map<ArvGcNode*, std::size_t> positions;
+    ArvGc* const m_genicam;
+    const Evaluation m_evaluation;
+    const DependencyGraph m_graph;
+    std::vector<Member> m_members; ///< The features among the categories' members, in their order.
+    CameraDescription m_result;
+    std::unordered_map<ArvGcNode*, std::size_t> m_positions;
 };
 
 // A feature that several categories name belongs to the first of them.
 void Walker::collectMembers()
 {
-    ArvGcNode* root = arv_gc_get_node(genicam, "Root");
+    ArvGcNode* root = arv_gc_get_node(m_genicam, "Root");
     if (!ARV_IS_GC_CATEGORY(root))
         return;
     std::vector<Member> pending;
@@ -98,11 +95,11 @@ void Walker::collectMembers()
         if (ARV_IS_GC_CATEGORY(member.node))
             pushMembersOf(member, pending);
         else
-            members.push_back(member);
+            m_members.push_back(member);
     }
 }
 
-// The last one goes first: it is taken from the end.
+// In reverse, because the next one is taken from the end.
 void Walker::pushMembersOf(const Member& category, std::vector<Member>& pending) const
 {
     Member member{nullptr, category.path, category.depth + 1};
@@ -120,12 +117,12 @@ void Walker::pushMembersOf(const Member& category, std::vector<Member>& pending)
 ZalErrorType Walker::addFeatures()
 {
     std::vector<ArvGcNode*> listed;
-    for (const Member& member : members) {
-        if (isAnswerable(evaluation, member.node))
+    for (const Member& member : m_members) {
+        if (isAnswerable(m_evaluation, member.node))
             listed.push_back(member.node);
     }
-    const Implementation implementation(evaluation, listed);
-    for (const Member& member : members) {
+    const Implementation implementation(m_evaluation, listed);
+    for (const Member& member : m_members) {
         const ZalErrorType status = addFeature(member, implementation);
         if (status != ZalErrorSuccess)
             return status;
@@ -136,37 +133,37 @@ ZalErrorType Walker::addFeatures()
 ZalErrorType Walker::addFeature(const Member& member, const Implementation& implementation)
 {
     FeatureDescription feature = readTexts(ARV_GC_FEATURE_NODE(member.node), member.path);
-    feature.isAnswerable = isAnswerable(evaluation, member.node);
+    feature.isAnswerable = isAnswerable(m_evaluation, member.node);
     if (feature.isAnswerable) {
         readFacts(feature);
-        feature.sizedRegisters = sizedRegistersOf(evaluation, member.node);
+        feature.sizedRegisters = sizedRegistersOf(m_evaluation, member.node);
         bool implemented = false;
         const ZalErrorType status = implementation.decide(feature, implemented);
         if (status != ZalErrorSuccess || !implemented)
             return status;
     }
-    positions[member.node] = result.features.size();
-    result.positions[feature.name] = result.features.size();
-    result.features.push_back(std::move(feature));
+    m_positions[member.node] = m_result.features.size();
+    m_result.positions[feature.name] = m_result.features.size();
+    m_result.features.push_back(std::move(feature));
     return ZalErrorSuccess;
 }
 
 void Walker::connect()
 {
-    for (FeatureDescription& feature : result.features) {
+    for (FeatureDescription& feature : m_result.features) {
         const auto selected =
             linkedNodes(ARV_DOM_NODE(feature.node), {ARV_GC_PROPERTY_NODE_TYPE_P_SELECTED});
         if (!selected.empty())
             feature.flags |= ZalFeatureFlagsModifyWrite;
         feature.selected = positionsOf(selected);
-        const auto affected = graph.affectedBy(ARV_GC_NODE(feature.node));
+        const auto affected = m_graph.affectedBy(ARV_GC_NODE(feature.node));
         feature.affected = positionsOf({affected.begin(), affected.end()});
     }
-    for (const auto& [volatileRegister, dependents] : graph.volatileRegisters()) {
-        if (!evaluation.hasValue(ARV_GC_NODE(volatileRegister)))
+    for (const auto& [volatileRegister, dependents] : m_graph.volatileRegisters()) {
+        if (!m_evaluation.hasValue(ARV_GC_NODE(volatileRegister)))
             continue;
         for (const std::size_t position : positionsOf({dependents.begin(), dependents.end()}))
-            result.features[position].volatileRegisters.push_back(volatileRegister);
+            m_result.features[position].volatileRegisters.push_back(volatileRegister);
     }
 }
 
@@ -175,8 +172,8 @@ std::vector<std::size_t> Walker::positionsOf(const std::vector<ArvGcNode*>& node
 {
     std::vector<std::size_t> found;
     for (ArvGcNode* node : nodes) {
-        const auto position = positions.find(node);
-        if (position != positions.end())
+        const auto position = m_positions.find(node);
+        if (position != m_positions.end())
             found.push_back(position->second);
     }
     return found;

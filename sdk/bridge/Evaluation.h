@@ -63,9 +63,9 @@ private:
     std::size_t idOf(ArvGcNode* node, Question question);
     bool ends(ArvGcNode* node, Question question) const;
 
-    std::vector<State> states;
-    std::vector<ArvGcNode*> nodes; ///< In the order of their states.
-    std::unordered_map<ArvGcNode*, std::size_t> positions;
+    std::vector<State> m_states;
+    std::vector<ArvGcNode*> m_nodes; ///< In the order of their states.
+    std::unordered_map<ArvGcNode*, std::size_t> m_positions;
 };
 
 /// The longest that a register of this kind may be.

@@ -23,7 +23,7 @@ std::string displayNameOf(ArvGcFeatureNode* node)
     return displayName ? displayName : nameOf(node);
 }
 
-// The kind of node decides, not its interfaces: an enumeration, for example, also is an integer.
+// The kind of node decides, not its interfaces: an enumeration, for example, is also an integer.
 ZalFeatureDataType typeOf(ArvGcFeatureNode* node)
 {
     static const std::map<std::string_view, ZalFeatureDataType> types = {

@@ -8,8 +8,8 @@
 namespace ZalCPP {
 namespace {
 
-// A camera that cannot be asked differs from one whose description makes no sense: there the
-// feature does not exist.
+// A camera that cannot be asked differs from one whose description makes no sense: in the latter
+// the feature does not exist.
 bool isFailedRead(ZalErrorType status)
 {
     return isSilent(status) || status == ZalErrorTransport || status == ZalErrorUnknown;
@@ -43,9 +43,9 @@ bool changesByItself(ArvGcNode* node)
 
 } // namespace
 
-Implementation::Implementation(const Evaluation& descriptionEvaluation,
+Implementation::Implementation(const Evaluation& evaluation,
                                const std::vector<ArvGcNode*>& features)
-    : evaluation(descriptionEvaluation)
+    : m_evaluation(evaluation)
 {
     for (ArvGcNode* feature : features) {
         if (canBeWritten(feature))
@@ -58,7 +58,7 @@ Implementation::Implementation(const Evaluation& descriptionEvaluation,
 
 void Implementation::addAll(const std::vector<ArvGcNode*>& nodes)
 {
-    changing.insert(nodes.begin(), nodes.end());
+    m_changing.insert(nodes.begin(), nodes.end());
 }
 
 ZalErrorType Implementation::decide(FeatureDescription& feature, bool& implemented) const
@@ -80,9 +80,9 @@ bool Implementation::canChange(ArvGcFeatureNode* node) const
 {
     for (ArvGcNode* condition :
          linkedNodes(ARV_DOM_NODE(node), {ARV_GC_PROPERTY_NODE_TYPE_P_IS_IMPLEMENTED})) {
-        const auto sources = evaluation.sourcesOf(condition);
+        const auto sources = m_evaluation.sourcesOf(condition);
         const bool changes = std::any_of(sources.begin(), sources.end(), [this](ArvGcNode* source) {
-            return changing.count(source) > 0 || changesByItself(source);
+            return m_changing.count(source) > 0 || changesByItself(source);
         });
         if (changes)
             return true;

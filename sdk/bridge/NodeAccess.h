@@ -16,7 +16,7 @@ template <typename Number> struct Range
     Number max = 0;
 };
 
-/// What can be done with a feature at this moment.
+/// What may be done with a feature at this moment.
 struct Permissions
 {
     bool readable = false; ///< Implemented, available and not write-only.
@@ -53,7 +53,7 @@ ZalErrorType floatValue(const FeatureDescription& feature, double& value);
 ZalErrorType boolValue(const FeatureDescription& feature, bool& value);
 /// Of a string, or the name of an enumeration's current entry.
 ZalErrorType textValue(const FeatureDescription& feature, std::string& value);
-/// As long as the camera says that the register is.
+/// As many bytes as the camera says that the register has.
 ZalErrorType rawValue(const FeatureDescription& feature, RawData& value);
 
 /// Fails with ZalErrorOutOfRange outside the range or between two steps.
