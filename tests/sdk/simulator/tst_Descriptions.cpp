@@ -1,4 +1,5 @@
 #include "sdk/simulator/SimulatedCamera.h"
+#include "tests/sdk/simulator/DescribedRegisters.h"
 #include "tests/sdk/simulator/Description.h"
 
 #include <QtTest>
@@ -71,6 +72,9 @@ private slots:
     void registersDoNotOverlap();
     void registersLieWithinTheMemory_data() { addModels(); }
     void registersLieWithinTheMemory();
+    void registersLieWhereTheCameraHasThem_data() { addModels(); }
+    void registersLieWhereTheCameraHasThem();
+    void fullDescribesEveryRegister();
     void everyModelHasADescription();
     void fullHasEveryFeatureOfTheForms_data();
     void fullHasEveryFeatureOfTheForms();
@@ -157,6 +161,34 @@ void tst_Descriptions::registersLieWithinTheMemory()
     QFETCH(QString, model);
     for (const Range& range : allRanges(Description(model)))
         QVERIFY2(range.end <= 0x10000, qPrintable(range.name));
+}
+
+// Left out are registers that hold what a host writes, and nobody in the camera looks at.
+void tst_Descriptions::registersLieWhereTheCameraHasThem()
+{
+    QFETCH(QString, model);
+    const QStringList memory = {"LineSelectorReg",        "CounterSelectorReg",
+                                "TimerSelectorReg",       "ActionSelectorReg",
+                                "UserOutputSelectorReg",  "SoftwareSignalSelectorReg",
+                                "DeviceSerialNumber",     "DeviceUserID",
+                                "GevCurrentIPAddressReg", "GevHeartbeatTimeoutReg"};
+    const Description description(model);
+    for (const QString& name : description.nodes().keys()) {
+        const DescriptionNode node = description.node(name);
+        if (!node.elements.contains("Address") || memory.contains(name))
+            continue;
+        QVERIFY2(describedRegisters().contains(name), qPrintable(name));
+        const DescribedRegister expected = describedRegisters().value(name);
+        QVERIFY2(node.text("Address").toULongLong(nullptr, 0) == expected.address,
+                 qPrintable(name));
+        QVERIFY2(node.indexOffset.toULongLong(nullptr, 0) == expected.step, qPrintable(name));
+    }
+}
+
+void tst_Descriptions::fullDescribesEveryRegister()
+{
+    for (const QString& name : describedRegisters().keys())
+        QVERIFY2(m_full.nodes().contains(name), qPrintable(name));
 }
 
 void tst_Descriptions::everyModelHasADescription()
