@@ -181,7 +181,7 @@ bool AdvTriggerBase::filterToolTip(QObject* watched)
 
 QString AdvTriggerBase::toolTipFeature(const QString& objectName) const
 {
-    const QString feature = boundFeatureName(objectName);
+    QString feature = boundFeatureName(objectName);
     if (m_knownFeatures.contains(feature) || !objectName.contains(QLatin1Char('_')))
         return feature;
     return objectName.section(QLatin1Char('_'), 1, 1);
