@@ -16,7 +16,7 @@ int openAndListFeatures(const std::string& id)
         std::cerr << error << '\n';
         return 1;
     }
-    std::cout << camera->Info().model << ": " << camera->Features().size() << " features\n";
+    std::cout << camera->Info().model << ": " << camera->Features()->size() << " features\n";
     return 0;
 }
 
@@ -27,6 +27,6 @@ int main(int argumentCount, char** arguments)
 {
     if (argumentCount > 1)
         return openAndListFeatures(arguments[1]);
-    std::cout << ZalCPP::ErrorText(ZalCPP::ZalErrorNotOpen) << '\n';
+    std::cout << ZalCPP::ErrorText(ZalErrorNotOpen) << '\n';
     return 0;
 }
