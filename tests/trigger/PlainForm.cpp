@@ -4,11 +4,28 @@
 
 #include <QEvent>
 
+static EditSlots editSlots()
+{
+    EditSlots form;
+    form.comboBox = SLOT(OnChangeComboboxSelection(const QString&));
+    form.lineEdit = SLOT(OnFinishLineEdit());
+    form.spinBox = SLOT(OnChangeSpinbox(int));
+    form.doubleSpinBox = SLOT(OnChangeDoubleSpinbox(double));
+    form.checkBox = SLOT(OnChangeCheckbox(int));
+    form.command = SLOT(OnExecuteCommandButton());
+    form.tableComboBox = SLOT(OnChangeTableCombobox(const QString&));
+    form.tableCheckBox = SLOT(OnChangeTableCheckbox(int));
+    form.tableSpinBox = SLOT(OnChangeTableSpinbox(double));
+    form.anyEdit = SLOT(SetCustomPreset());
+    return form;
+}
+
 PlainForm::PlainForm(const Fake::FakeCamera& camera)
     : features(FeatureTest::wrap(camera)),
-      binding(features, {*this, [this](const QString& feature) { boundFeatures.append(feature); }}),
-      lineTable(features,
-                {*this, [this](const QString& feature) { tableFeatures.append(feature); }})
+      binding(features, {*this, editSlots(),
+                         [this](const QString& feature) { boundFeatures.append(feature); }}),
+      lineTable(features, {*this, editSlots(),
+                           [this](const QString& feature) { tableFeatures.append(feature); }})
 {
 }
 
