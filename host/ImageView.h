@@ -15,9 +15,6 @@ public:
     /// What is seen beside the image: dark under every palette, so that the image stands out.
     static QColor backgroundColour() { return {38, 40, 43}; }
 
-    const QImage& image() const { return m_image; }
-    /// The text shown instead of an image; empty while an image is shown.
-    QString text() const { return m_image.isNull() ? m_text : QString(); }
     /// Where the image is painted.
     QRect imageRect() const;
 

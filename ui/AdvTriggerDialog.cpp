@@ -10,8 +10,7 @@ AdvTriggerDialog::AdvTriggerDialog(const ZalCPP::FeatureList& features, int pres
     : AdvTriggerBase(features, parent)
 {
     setupUi(this);
-    for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
-                         lbl_noCounterTimerHint})
+    for (QLabel* hint : hints())
         Hints::keepRoomOf(*hint);
     lbl_notAcquireHint->hide();
     hintAtMissingFeatures();
@@ -24,6 +23,12 @@ AdvTriggerDialog::AdvTriggerDialog(const ZalCPP::FeatureList& features, int pres
     foldSections();
     connect(chkTooltips, SIGNAL(stateChanged(int)), SLOT(ActivateTooltips(int)));
     RegisterFeatureObserver(false);
+}
+
+std::array<QLabel*, 4> AdvTriggerDialog::hints() const
+{
+    return {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
+            lbl_noCounterTimerHint};
 }
 
 void AdvTriggerDialog::hintAtMissingFeatures()
@@ -107,8 +112,7 @@ void AdvTriggerDialog::updateColoredControls()
     const bool dark = isDarkMode();
     scrollAreaWidgetContents->setStyleSheet(dark ? reportedDark : reportedLight);
     lblSelectPreset->setStyleSheet(dark ? presetDark : presetLight);
-    for (QLabel* hint : {lbl_notAcquireHint, lbl_noActionCommandsHint, lbl_noSoftwareSignalHint,
-                         lbl_noCounterTimerHint})
+    for (QLabel* hint : hints())
         Hints::colour(*hint, dark);
 }
 

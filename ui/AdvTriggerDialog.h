@@ -43,6 +43,7 @@ protected:
     void updateColoredControls() override;
 
 private:
+    std::array<QLabel*, 4> hints() const;
     void hintAtMissingFeatures();
     void exemptFreeWidgets();
     void bind();

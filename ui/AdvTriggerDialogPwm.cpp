@@ -11,6 +11,8 @@ namespace {
 
 constexpr double SecondsPerMicrosecond = 1e-06;
 constexpr double WholePercent = 100.0;
+/// What lets a timer trigger itself again when its signal ends.
+constexpr char FallingEdge[] = "FallingEdge";
 
 /// Six significant digits, the precision of everything that the calculator writes and shows.
 QString rounded(double value)
@@ -108,7 +110,7 @@ void AdvTriggerDialog::enablePWM(bool on)
     cmbTimerTriggerSource->setCurrentText(ownActiveSignal());
     // An error box may have been open meanwhile, and the dialog destroyed below it.
     if (dialog)
-        cmbTimerTriggerActivation->setCurrentText(QStringLiteral("FallingEdge"));
+        cmbTimerTriggerActivation->setCurrentText(QLatin1String(FallingEdge));
 }
 
 /// The signal of the selected timer: triggered by its falling edge, the timer starts again and
@@ -129,6 +131,6 @@ void AdvTriggerDialog::showPwmOfTimer()
 void AdvTriggerDialog::detectPwm()
 {
     if (cmbTimerTriggerSource->currentText() == ownActiveSignal() &&
-        cmbTimerTriggerActivation->currentText() == QLatin1String("FallingEdge"))
+        cmbTimerTriggerActivation->currentText() == QLatin1String(FallingEdge))
         grpPWM->setChecked(true);
 }

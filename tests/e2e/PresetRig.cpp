@@ -82,6 +82,6 @@ void PresetRig::write(const QString& path) const
 
 bool PresetRig::startAcquisition()
 {
-    const auto status = camera->StartAcquisition([this](const ZalCPP::Frame&) { ++frameCount; });
+    const auto status = camera->StartAcquisition([this](const ZalCPP::Frame&) { ++m_frameCount; });
     return status == ZalErrorSuccess;
 }

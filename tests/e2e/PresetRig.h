@@ -49,7 +49,7 @@ public:
     void write(const QString& path) const;
 
     bool startAcquisition();
-    int frames() const { return frameCount; }
+    int frames() const { return m_frameCount; }
 
     QString problem;
     std::unique_ptr<ZalSim::SimulatedCamera> simulator;
@@ -59,5 +59,5 @@ public:
 private:
     QString readFeature(const QString& feature) const;
 
-    std::atomic<int> frameCount = 0;
+    std::atomic<int> m_frameCount = 0;
 };

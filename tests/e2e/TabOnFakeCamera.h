@@ -22,8 +22,8 @@ public:
     {
         if (!QDir::setCurrent(QStringLiteral(PROGRAM_FOLDER)))
             qFatal("There is no folder %s", PROGRAM_FOLDER);
-        extensions = loadTabExtensions(QStringLiteral(PLUGIN_FOLDER), camera->features());
-        if (extensions.size() != 1 || !extensions[0].page)
+        m_extensions = loadTabExtensions(QStringLiteral(PLUGIN_FOLDER), m_camera->features());
+        if (m_extensions.size() != 1 || !m_extensions[0].page)
             qFatal("The plugin gave no tab");
         page().resize(600, 800);
         page().show();
@@ -31,15 +31,15 @@ public:
     /// The application gets as mute as it was.
     ~TabOnFakeCamera()
     {
-        extensions.clear();
+        m_extensions.clear();
         qDeleteAll(translators());
-        QDir::setCurrent(folderBefore);
+        QDir::setCurrent(m_folderBefore);
     }
     TabOnFakeCamera(const TabOnFakeCamera&) = delete;
     TabOnFakeCamera& operator=(const TabOnFakeCamera&) = delete;
 
-    QString title() const { return extensions[0].title; }
-    QWidget& page() const { return *extensions[0].page; }
+    QString title() const { return m_extensions[0].title; }
+    QWidget& page() const { return *m_extensions[0].page; }
 
     /// A widget of the page by its object name; the test fails when there is none.
     template <class Widget> Widget* find(const char* name) const
@@ -68,7 +68,7 @@ public:
     }
 
 private:
-    const QString folderBefore = QDir::currentPath();
-    std::unique_ptr<Fake::FakeCamera> camera = Fake::FakeCamera::standard();
-    std::vector<TabExtension> extensions;
+    const QString m_folderBefore = QDir::currentPath();
+    std::unique_ptr<Fake::FakeCamera> m_camera = Fake::FakeCamera::standard();
+    std::vector<TabExtension> m_extensions;
 };

@@ -10,17 +10,17 @@ constexpr std::chrono::milliseconds Window{50};
 
 RegisterImage::RegisterImage(const ZalSim::SimulatedCamera& camera)
 {
-    bytes.reserve(MemorySize);
+    m_bytes.reserve(MemorySize);
     for (std::uint32_t address = 0; address < MemorySize; address += 4) {
         const std::uint32_t value = camera.ReadRegister(address);
         for (const unsigned shift : {24U, 16U, 8U, 0U})
-            bytes.push_back(static_cast<unsigned char>(value >> shift));
+            m_bytes.push_back(static_cast<unsigned char>(value >> shift));
     }
 }
 
 std::vector<unsigned char> RegisterImage::at(std::uint64_t address, std::uint32_t size) const
 {
-    const auto first = bytes.begin() + static_cast<std::ptrdiff_t>(address);
+    const auto first = m_bytes.begin() + static_cast<std::ptrdiff_t>(address);
     return {first, first + static_cast<std::ptrdiff_t>(size)};
 }
 
@@ -28,27 +28,28 @@ WireLedger::WireLedger(const std::vector<WireTap::Access>& accesses, const Regis
 {
     for (const WireTap::Access& access : accesses) {
         if (access.isWrite)
-            initial[access.address] = before.at(access.address, access.size);
+            m_initial[access.address] = before.at(access.address, access.size);
     }
-    present = initial;
+    m_present = m_initial;
     std::map<std::uint64_t, int> writesTo;
     for (const WireTap::Access& access : accesses) {
         if (access.isWrite) {
-            ++allWrites;
+            ++m_allWrites;
             ++writesTo[access.address];
-            present[access.address] = access.bytes;
+            m_present[access.address] = access.bytes;
         } else {
-            addRead({access.address, access.size, present, writesTo[access.address]}, access.time);
+            addRead({access.address, access.size, m_present, writesTo[access.address]},
+                    access.time);
         }
     }
 }
 
 void WireLedger::addRead(const Read& read, Time time)
 {
-    ++allReads;
-    addresses.insert(std::get<0>(read));
-    const auto [last, isFirst] = lastReads.emplace(read, time);
+    ++m_allReads;
+    m_addresses.insert(std::get<0>(read));
+    const auto [last, isFirst] = m_lastReads.emplace(read, time);
     if (isFirst || time - last->second >= Window)
-        ++needed;
+        ++m_needed;
     last->second = time;
 }

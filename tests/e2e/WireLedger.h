@@ -19,7 +19,7 @@ public:
     std::vector<unsigned char> at(std::uint64_t address, std::uint32_t size) const;
 
 private:
-    std::vector<unsigned char> bytes;
+    std::vector<unsigned char> m_bytes;
 };
 
 /// What an operation cost on the wire, and how little would have done.
@@ -34,14 +34,14 @@ class WireLedger
 public:
     WireLedger(const std::vector<WireTap::Access>& accesses, const RegisterImage& before);
 
-    std::size_t reads() const { return allReads; }
-    std::size_t writes() const { return allWrites; }
-    std::size_t transactions() const { return allReads + allWrites; }
-    std::size_t neededReads() const { return needed; }
+    std::size_t reads() const { return m_allReads; }
+    std::size_t writes() const { return m_allWrites; }
+    std::size_t transactions() const { return m_allReads + m_allWrites; }
+    std::size_t neededReads() const { return m_needed; }
 
-    std::set<std::uint64_t> readAddresses() const { return addresses; }
+    std::set<std::uint64_t> readAddresses() const { return m_addresses; }
     /// Whether every register that was written holds what it held before.
-    bool leavesEverythingAsItWas() const { return present == initial; }
+    bool leavesEverythingAsItWas() const { return m_present == m_initial; }
 
 private:
     using State = std::map<std::uint64_t, std::vector<unsigned char>>;
@@ -51,11 +51,11 @@ private:
 
     void addRead(const Read& read, Time time);
 
-    State initial;
-    State present;
-    std::set<std::uint64_t> addresses;
-    std::map<Read, Time> lastReads;
-    std::size_t allReads = 0;
-    std::size_t allWrites = 0;
-    std::size_t needed = 0;
+    State m_initial;
+    State m_present;
+    std::set<std::uint64_t> m_addresses;
+    std::map<Read, Time> m_lastReads;
+    std::size_t m_allReads = 0;
+    std::size_t m_allWrites = 0;
+    std::size_t m_needed = 0;
 };

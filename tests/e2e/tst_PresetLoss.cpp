@@ -13,20 +13,20 @@ private slots:
 
 private:
     static constexpr int Count = 10;
-    std::unique_ptr<PresetLoss> presets;
+    std::unique_ptr<PresetLoss> m_presets;
 };
 
 void tst_PresetLoss::initTestCase()
 {
-    presets = std::make_unique<PresetLoss>(QStringLiteral(PLUGIN_FOLDER "/.."));
-    QVERIFY2(presets->problem.isEmpty(), qPrintable(presets->problem));
+    m_presets = std::make_unique<PresetLoss>(QStringLiteral(PLUGIN_FOLDER "/.."));
+    QVERIFY2(m_presets->problem.isEmpty(), qPrintable(m_presets->problem));
 }
 
 void tst_PresetLoss::noApplicationIsSilentlyWrong()
 {
     std::uint64_t dropped = 0;
     for (int number = 0; number < Count; ++number) {
-        const auto result = presets->apply(number, 0.01);
+        const auto result = m_presets->apply(number, 0.01);
         dropped += result.datagrams.dropped;
         QVERIFY2(result.outcome != PresetLoss::WrongSilently,
                  qPrintable(result.preset + QLatin1String(": ") +

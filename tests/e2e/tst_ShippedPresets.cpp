@@ -19,14 +19,14 @@ class OnlyFile
 public:
     explicit OnlyFile(const QString& file)
     {
-        QDir(folder.path()).mkdir(QStringLiteral("plugins"));
+        QDir(m_folder.path()).mkdir(QStringLiteral("plugins"));
         QFile::copy(QStringLiteral(PLUGIN_FOLDER "/") + file,
-                    folder.path() + QStringLiteral("/plugins/") + Generic);
+                    m_folder.path() + QStringLiteral("/plugins/") + Generic);
     }
-    QString path() const { return folder.path(); }
+    QString path() const { return m_folder.path(); }
 
 private:
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 };
 
 QStringList presetsIn(const QString& fileName)

@@ -28,11 +28,11 @@ private slots:
 
     void bothTogetherSpeakGermanFromTheTabToTheDialogAndBack()
     {
-        const TabOnFakeCamera camera;
-        QCOMPARE(camera.title(), QString("Trigger-E/A"));
-        QCOMPARE(camera.find<QLabel>("lblTriggerSource")->text(), QString("Quelle:"));
+        const TabOnFakeCamera m_camera;
+        QCOMPARE(m_camera.title(), QString("Trigger-E/A"));
+        QCOMPARE(m_camera.find<QLabel>("lblTriggerSource")->text(), QString("Quelle:"));
 
-        QDialog* dialog = camera.openDialog();
+        QDialog* dialog = m_camera.openDialog();
         QVERIFY(dialog->windowTitle().startsWith("Erweiterte Trigger-E/A ("));
         const auto* section = dialog->findChild<QToolButton*>("btnConfigureSoftwareSignal");
         QCOMPARE(section->text().trimmed(), QString("Softwaresignal konfigurieren:"));
@@ -40,15 +40,15 @@ private slots:
         QSignalSpy gone(dialog, &QObject::destroyed);
         dialog->close();
         QTRY_COMPARE(gone.count(), 1);
-        QVERIFY(camera.tab()->isVisible());
-        QCOMPARE(camera.find<QLabel>("lblTriggerSource")->text(), QString("Quelle:"));
+        QVERIFY(m_camera.tab()->isVisible());
+        QCOMPARE(m_camera.find<QLabel>("lblTriggerSource")->text(), QString("Quelle:"));
     }
 
     void oneOfThemIsEnough()
     {
-        const TabOnFakeCamera camera;
+        const TabOnFakeCamera m_camera;
         delete TabOnFakeCamera::translators().first();
-        QVERIFY(camera.openDialog()->windowTitle().startsWith("Erweiterte Trigger-E/A ("));
+        QVERIFY(m_camera.openDialog()->windowTitle().startsWith("Erweiterte Trigger-E/A ("));
     }
 };
 

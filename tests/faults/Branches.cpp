@@ -27,40 +27,40 @@ bool isOnTheSessionsThread()
 } // namespace
 
 Branches::Branches(const QVector<Fault>& faults, bool areWhole, Plant planted)
-    : isWhole(areWhole), plant(planted)
+    : m_isWhole(areWhole), m_plant(planted)
 {
     for (const Fault& fault : faults)
-        waiting[{fault.series, fault.call}].append(fault);
+        m_waiting[{fault.series, fault.call}].append(fault);
 }
 
 void Branches::play()
 {
-    camera.onCount = [this](Series series, int call) { reach({series, call}); };
-    Session session(camera, gallery, plant);
-    session.leavesOutTroddenWays = !isWhole;
+    m_camera.onCount = [this](Series series, int call) { reach({series, call}); };
+    Session session(m_camera, m_gallery, m_plant);
+    session.leavesOutTroddenWays = !m_isWhole;
     session.play();
-    if (branch)
+    if (m_branch)
         endBranch(session);
     endTrunk();
 }
 
 void Branches::reach(const Call& call)
 {
-    const auto it = waiting.find(call);
-    if (branch || it == waiting.end())
+    const auto it = m_waiting.find(call);
+    if (m_branch || it == m_waiting.end())
         return;
     if (!isOnTheSessionsThread()) {
-        apart += it->second;
-        waiting.erase(it);
+        m_apart += it->second;
+        m_waiting.erase(it);
         return;
     }
     for (const Fault& fault : it->second) {
         branchOff(fault);
-        if (branch)
+        if (m_branch)
             return;
     }
-    waiting.erase(it);
-    if (waiting.empty() && apart.isEmpty())
+    m_waiting.erase(it);
+    if (m_waiting.empty() && m_apart.isEmpty())
         endTrunk();
 }
 
@@ -69,11 +69,11 @@ void Branches::branchOff(const Fault& fault)
     sayBegin(fault);
     auto copy = std::make_unique<ProcessCopy>();
     if (!copy->isOriginal()) {
-        branch = std::move(copy);
-        camera.arm(fault);
+        m_branch = std::move(copy);
+        m_camera.arm(fault);
         return;
     }
-    gallery.learn(copy->wait());
+    m_gallery.learn(copy->wait());
     sayEnd(*copy);
 }
 
@@ -83,7 +83,7 @@ void Branches::playApart(const Fault& fault)
     sayBegin(fault);
     ProcessCopy copy;
     if (!copy.isOriginal()) {
-        const Outcome outcome = playCase(fault, plant);
+        const Outcome outcome = playCase(fault, m_plant);
         say(outcome.findings, outcome.notes);
         copy.end(QByteArray());
     }
@@ -101,14 +101,14 @@ void Branches::sayEnd(const ProcessCopy& copy)
 void Branches::endBranch(const Session& session)
 {
     say(session.findings, session.notes);
-    branch->end(gallery.takeNews());
+    m_branch->end(m_gallery.takeNews());
 }
 
 void Branches::endTrunk()
 {
-    for (const Fault& fault : apart)
+    for (const Fault& fault : m_apart)
         playApart(fault);
-    for (const auto& [call, faults] : waiting) {
+    for (const auto& [call, faults] : m_waiting) {
         for (const Fault& fault : faults) {
             sayBegin(fault);
             sayFinding(noSuchCall());

@@ -33,13 +33,13 @@ private:
     [[noreturn]] void endBranch(const Session& session);
     [[noreturn]] void endTrunk();
 
-    std::map<Call, QVector<Fault>> waiting;
-    QVector<Fault> apart; ///< Of calls that the camera's thread makes.
-    const bool isWhole;
-    const Plant plant;
-    FaultyCamera camera;
-    Gallery gallery;
-    std::unique_ptr<ProcessCopy> branch; ///< This process, when it is one.
+    std::map<Call, QVector<Fault>> m_waiting;
+    QVector<Fault> m_apart; ///< Of calls that the camera's thread makes.
+    const bool m_isWhole;
+    const Plant m_plant;
+    FaultyCamera m_camera;
+    Gallery m_gallery;
+    std::unique_ptr<ProcessCopy> m_branch; ///< This process, when it is one.
 };
 
 } // namespace Faults

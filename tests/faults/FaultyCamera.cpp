@@ -84,88 +84,89 @@ bool hasFailed(const Failures& failures, const QString& feature, const QStringLi
     });
 }
 
-FaultyCamera::FaultyCamera() : camera(sessionCamera())
+FaultyCamera::FaultyCamera() : m_camera(sessionCamera())
 {
-    camera->onCall = [this](const std::string& operation, const std::string& feature) {
+    m_camera->onCall = [this](const std::string& operation, const std::string& feature) {
         return onCall(operation, feature);
     };
-    camera->onAccepted = [this](const Fake::Accepted& write) { onAccepted(write); };
+    m_camera->onAccepted = [this](const Fake::Accepted& write) { onAccepted(write); };
     reportChanges();
 }
 
 ZalErrorType FaultyCamera::onCall(const std::string& operation, const std::string& feature)
 {
-    if (aside)
+    if (m_aside)
         return ZalErrorSuccess;
     if (operation == "GetName") {
         countName(feature);
         if (onCount)
-            onCount(Series::Names, names);
-        return judge(operation, feature, fault.series == Series::Names && names == fault.call);
+            onCount(Series::Names, m_names);
+        return judge(operation, feature,
+                     m_fault.series == Series::Names && m_names == m_fault.call);
     }
     endWalk();
-    ++calls;
+    ++m_calls;
     if (onCount)
-        onCount(Series::Calls, calls);
-    list.append(QStringLiteral("%1: %2 %3").arg(step, qt(operation), qt(feature)));
-    return judge(operation, feature, fault.series == Series::Calls && calls == fault.call);
+        onCount(Series::Calls, m_calls);
+    m_list.append(QStringLiteral("%1: %2 %3").arg(m_step, qt(operation), qt(feature)));
+    return judge(operation, feature, m_fault.series == Series::Calls && m_calls == m_fault.call);
 }
 
 ZalErrorType FaultyCamera::judge(const std::string& operation, const std::string& feature,
                                  bool isTarget)
 {
     if (isTarget) {
-        struck = true;
-        failing = fault.mode == Mode::Lasting;
+        m_struck = true;
+        m_failing = m_fault.mode == Mode::Lasting;
     }
-    if (!isTarget && !failing)
+    if (!isTarget && !m_failing)
         return ZalErrorSuccess;
     const QString name = qt(feature);
-    failures.push_back({qt(operation), name, entryOf(selectorOf(name)), fault.status});
-    return fault.status;
+    m_failures.push_back({qt(operation), name, entryOf(selectorOf(name)), m_fault.status});
+    return m_fault.status;
 }
 
 /// A walk through the features starts at the first one, and each name is read in two calls.
 void FaultyCamera::countName(const std::string& feature)
 {
     static const std::string first = "DeviceVendorName";
-    if (feature == first && (lastName != first || lastReads.size() == 2))
+    if (feature == first && (m_lastName != first || m_lastReads.size() == 2))
         endWalk();
-    if (feature != lastName)
-        lastReads.clear();
-    lastName = feature;
-    lastReads.append(++names);
+    if (feature != m_lastName)
+        m_lastReads.clear();
+    m_lastName = feature;
+    m_lastReads.append(++m_names);
 }
 
 void FaultyCamera::endWalk()
 {
-    decisive += lastReads;
-    lastReads.clear();
-    lastName.clear();
+    m_decisive += m_lastReads;
+    m_lastReads.clear();
+    m_lastName.clear();
 }
 
 void FaultyCamera::beginStep(const QString& name)
 {
-    step = name;
+    m_step = name;
     for (const char* timer : {"Timer0", "Timer1"})
-        before[QString("TimerDuration") + timer] =
-            QString::number((*camera)["TimerDuration"].stateFor(timer).real);
-    before["ActionQueueSize"] = QString::number((*camera)["ActionQueueSize"].state().integer);
+        m_before[QString("TimerDuration") + timer] =
+            QString::number((*m_camera)["TimerDuration"].stateFor(timer).real);
+    m_before["ActionQueueSize"] = QString::number((*m_camera)["ActionQueueSize"].state().integer);
 }
 
 void FaultyCamera::onAccepted(const Fake::Accepted& write)
 {
-    if (aside)
+    if (m_aside)
         return;
     const QString entry = qt(write.entry);
     const QString feature = qt(write.feature);
-    writes.push_back(
-        {feature, qt(write.value), entry, before.value(feature + entry), selectorOf(feature)});
+    m_writes.push_back(
+        {feature, qt(write.value), entry, m_before.value(feature + entry), selectorOf(feature)});
 }
 
 QString FaultyCamera::entryOf(const QString& selector) const
 {
-    const auto feature = camera->find(selector.toStdString());
+    const auto feature = m_camera->find(selector.toStdString());
     if (!feature)
         return QString();
     const Fake::State& state = feature->state();
@@ -174,14 +175,14 @@ QString FaultyCamera::entryOf(const QString& selector) const
 
 QString FaultyCamera::selectorOf(const QString& feature) const
 {
-    const auto found = camera->find(feature.toStdString());
+    const auto found = m_camera->find(feature.toStdString());
     return found && found->selector ? qt(found->selector->name) : QString();
 }
 
 QByteArray FaultyCamera::digest() const
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const ZalCPP::FeaturePtr& listed : *camera->features()) {
+    for (const ZalCPP::FeaturePtr& listed : *m_camera->features()) {
         for (const Fake::State* state : statesOf(static_cast<Fake::FakeFeature&>(*listed))) {
             const std::string text = digestOf(*state) + '\n';
             hash.addData(text.data(), static_cast<int>(text.size()));
@@ -193,10 +194,10 @@ QByteArray FaultyCamera::digest() const
 void FaultyCamera::reportChanges()
 {
     std::vector<std::shared_ptr<Fake::FakeFeature>> changed;
-    for (const ZalCPP::FeaturePtr& listed : *camera->features()) {
+    for (const ZalCPP::FeaturePtr& listed : *m_camera->features()) {
         const auto feature = std::static_pointer_cast<Fake::FakeFeature>(listed);
         std::string digest = digestOf(feature->state());
-        std::string& known = reported[feature.get()];
+        std::string& known = m_reported[feature.get()];
         if (digest != known && feature->observerCount() > 0)
             changed.push_back(feature);
         known = std::move(digest);

@@ -45,25 +45,25 @@ public:
 
     FaultyCamera();
 
-    Fake::FakeCamera& fake() const { return *camera; }
+    Fake::FakeCamera& fake() const { return *m_camera; }
 
-    void arm(const Fault& toCome) { fault = toCome; }
+    void arm(const Fault& toCome) { m_fault = toCome; }
     /// From here on no call fails any more.
-    void recover() { failing = false; }
-    bool hasStruck() const { return struck; }
-    bool isLasting() const { return fault.mode == Mode::Lasting; }
+    void recover() { m_failing = false; }
+    bool hasStruck() const { return m_struck; }
+    bool isLasting() const { return m_fault.mode == Mode::Lasting; }
 
-    int count(Series series) const { return series == Series::Calls ? calls : names; }
+    int count(Series series) const { return series == Series::Calls ? m_calls : m_names; }
     /// The reads of names that decide something: those that end a look-up or a walk.
-    QVector<int> decisiveNames() const { return decisive; }
+    QVector<int> decisiveNames() const { return m_decisive; }
 
-    std::vector<Write> takeWrites() { return std::exchange(writes, {}); }
-    Failures takeFailures() { return std::exchange(failures, {}); }
+    std::vector<Write> takeWrites() { return std::exchange(m_writes, {}); }
+    Failures takeFailures() { return std::exchange(m_failures, {}); }
 
     /// What comes now, for the list of calls.
     void beginStep(const QString& name);
     /// The calls of the first series so far, each as "step: operation feature".
-    QStringList callList() const { return list; }
+    QStringList callList() const { return m_list; }
 
     /// The entry that a selector feature holds.
     QString entryOf(const QString& selector) const;
@@ -75,7 +75,7 @@ public:
     void reportChanges();
 
     /// From here on calls are those of a bystander: neither counted nor failed nor recorded.
-    void lookAway() { aside = true; }
+    void lookAway() { m_aside = true; }
 
     /// All that the camera holds, under each entry of each selector. Two cameras with the same
     /// digest answer the same.
@@ -91,22 +91,22 @@ private:
     ZalErrorType judge(const std::string& operation, const std::string& feature, bool isTarget);
     void onAccepted(const Fake::Accepted& write);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    Fault fault;
-    bool aside = false;
-    bool failing = false;
-    bool struck = false;
-    QString step;
-    QMap<QString, QString> before; ///< By feature and entry, when the step began.
-    QStringList list;
-    int calls = 0;
-    int names = 0;
-    std::string lastName;
-    QVector<int> lastReads;
-    QVector<int> decisive;
-    std::vector<Write> writes;
-    Failures failures;
-    std::map<const Fake::FakeFeature*, std::string> reported;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    Fault m_fault;
+    bool m_aside = false;
+    bool m_failing = false;
+    bool m_struck = false;
+    QString m_step;
+    QMap<QString, QString> m_before; ///< By feature and entry, when the step began.
+    QStringList m_list;
+    int m_calls = 0;
+    int m_names = 0;
+    std::string m_lastName;
+    QVector<int> m_lastReads;
+    QVector<int> m_decisive;
+    std::vector<Write> m_writes;
+    Failures m_failures;
+    std::map<const Fake::FakeFeature*, std::string> m_reported;
 };
 
 } // namespace Faults

@@ -31,7 +31,7 @@ template <class Value> Value unpacked(const QByteArray& bytes)
 
 Portrait Gallery::portraitFor(const QByteArray& state, const std::function<Portrait()>& make)
 {
-    if (const auto it = known.constFind(state); it != known.constEnd())
+    if (const auto it = m_known.constFind(state); it != m_known.constEnd())
         return *it;
     ProcessCopy copy;
     if (!copy.isOriginal())
@@ -39,29 +39,29 @@ Portrait Gallery::portraitFor(const QByteArray& state, const std::function<Portr
     const QByteArray message = copy.wait();
     if (!copy.failure().isEmpty())
         qFatal("A new form ended in a %s", qPrintable(copy.failure()));
-    return known[state] = made[state] = unpacked<Portrait>(message);
+    return m_known[state] = m_made[state] = unpacked<Portrait>(message);
 }
 
 bool Gallery::isTrodden(const QByteArray& way)
 {
-    if (ways.contains(way))
+    if (m_ways.contains(way))
         return true;
-    ways.insert(way);
-    newWays.insert(way);
+    m_ways.insert(way);
+    m_newWays.insert(way);
     return false;
 }
 
 QByteArray Gallery::takeNews()
 {
-    return packed(News(std::exchange(made, {}), std::exchange(newWays, {})));
+    return packed(News(std::exchange(m_made, {}), std::exchange(m_newWays, {})));
 }
 
 void Gallery::learn(const QByteArray& news)
 {
     const auto [portraits, moreWays] = unpacked<News>(news);
     for (auto it = portraits.begin(); it != portraits.end(); ++it)
-        known.insert(it.key(), it.value());
-    ways += moreWays;
+        m_known.insert(it.key(), it.value());
+    m_ways += moreWays;
 }
 
 } // namespace Faults

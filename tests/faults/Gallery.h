@@ -27,10 +27,10 @@ public:
     void learn(const QByteArray& news);
 
 private:
-    QHash<QByteArray, Portrait> known;
-    QHash<QByteArray, Portrait> made; ///< Since the last news.
-    QSet<QByteArray> ways;
-    QSet<QByteArray> newWays;
+    QHash<QByteArray, Portrait> m_known;
+    QHash<QByteArray, Portrait> m_made; ///< Since the last news.
+    QSet<QByteArray> m_ways;
+    QSet<QByteArray> m_newWays;
 };
 
 } // namespace Faults

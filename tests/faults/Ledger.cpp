@@ -103,13 +103,14 @@ bool stepsUnreadableDuration(const Write& write, const Circumstances& step)
            hasFailedThere(write, step, {"GetName", "GetDataType", "GetFloatValue"});
 }
 
+/// The field is one of the dialog's: what failed before that was bound, it has not shown.
 bool finishesFieldWithUnreadableValue(const Write& write, const Circumstances& step)
 {
     const QStringList reads = {"GetName", "GetDataType", "GetIntegerValue"};
     return write.feature == "ActionQueueSize" && isMeant(step.asks, write) &&
            isSameValue(write.value, "-1") &&
            (hasFailed(step.failures, write.feature, reads) ||
-            hasFailed(step.earlierFailures, write.feature, reads));
+            hasFailed(step.inDialog, write.feature, reads));
 }
 
 bool finishesFieldWithOldValue(const Write& write, const Circumstances& step)
@@ -268,11 +269,15 @@ void endStep(Circumstances& step, Binding binding)
     const Failures failures = std::exchange(step.failures, {});
     append(failures, step.earlierFailures);
     if (binding == Binding::Dialog) {
+        step.hasDialog = true;
+        step.inDialog.clear();
         step.whileBound.clear();
         step.whileChosen.clear();
     }
     if (binding != Binding::None)
         append(failures, step.whileBound);
+    if (step.hasDialog)
+        append(failures, step.inDialog);
     if (!step.appliesPreset)
         noteChoices(step.asks, failures, step.whileChosen);
     step.asks.clear();

@@ -21,8 +21,10 @@ struct Circumstances
     Failures failures;        ///< Of this step.
     Failures earlierFailures; ///< Of the steps before.
     Failures whileBound;      ///< Those of them while the form in use was bound.
+    Failures inDialog;        ///< Those of them since the dialog was bound; none without it.
     Failures whileChosen;     ///< Those of features whose last choice in that form failed.
     bool appliesPreset = false;
+    bool hasDialog = false; ///< Whether the dialog was bound in a step before.
 };
 
 /// Which form a step binds.

@@ -36,15 +36,15 @@ ProcessCopy::ProcessCopy()
 {
     int ends[2];
     std::fflush(nullptr); // Or else both sides say what waits to be said.
-    if (::pipe(ends) != 0 || (pid = ::fork()) < 0)
+    if (::pipe(ends) != 0 || (m_pid = ::fork()) < 0)
         qFatal("No copy of the process can be made");
-    readEnd = ends[0];
-    writeEnd = ends[1];
+    m_readEnd = ends[0];
+    m_writeEnd = ends[1];
     if (isOriginal()) {
-        ::close(writeEnd);
+        ::close(m_writeEnd);
         return;
     }
-    ::close(readEnd);
+    ::close(m_readEnd);
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
@@ -52,7 +52,7 @@ void ProcessCopy::end(const QByteArray& message) const
 {
     QFile pipe;
     const QByteArray marked = Mark + message;
-    if (!pipe.open(writeEnd, QIODevice::WriteOnly) || pipe.write(marked) != marked.size() ||
+    if (!pipe.open(m_writeEnd, QIODevice::WriteOnly) || pipe.write(marked) != marked.size() ||
         !pipe.flush())
         qFatal("The copy of the process cannot leave its message");
     std::fflush(nullptr);
@@ -63,12 +63,12 @@ QByteArray ProcessCopy::wait()
 {
     QFile pipe;
     QByteArray message;
-    if (pipe.open(readEnd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+    if (pipe.open(m_readEnd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         message = pipe.readAll();
     int status = 0;
-    ::waitpid(pid, &status, 0);
-    failed = failureOf(status, message);
-    return failed.isEmpty() ? message.mid(1) : QByteArray();
+    ::waitpid(m_pid, &status, 0);
+    m_failed = failureOf(status, message);
+    return m_failed.isEmpty() ? message.mid(1) : QByteArray();
 }
 
 } // namespace Faults

@@ -17,7 +17,7 @@ public:
     ProcessCopy(const ProcessCopy&) = delete;
     ProcessCopy& operator=(const ProcessCopy&) = delete;
 
-    bool isOriginal() const { return pid > 0; }
+    bool isOriginal() const { return m_pid > 0; }
 
     /// In the copy: ends it, and leaves a message.
     [[noreturn]] void end(const QByteArray& message) const;
@@ -25,13 +25,13 @@ public:
     /// In the original, once: blocks until the copy has ended, and gives its message.
     QByteArray wait();
     /// In the original, after the wait: how the copy ended if not by end(); else empty.
-    QString failure() const { return failed; }
+    QString failure() const { return m_failed; }
 
 private:
-    int readEnd = -1;
-    int writeEnd = -1;
-    pid_t pid = -1;
-    QString failed;
+    int m_readEnd = -1;
+    int m_writeEnd = -1;
+    pid_t m_pid = -1;
+    QString m_failed;
 };
 
 } // namespace Faults

@@ -10,10 +10,10 @@
 namespace Faults {
 namespace {
 
-const QStringList triggers = {"AcquisitionStart", "FrameStart", "LineStart"};
-const QStringList counters = {"Counter0", "Counter1"};
-const QStringList timers = {"Timer0", "Timer1"};
-const QStringList lines = {"Line0", "Line1", "Line2", "Line3"};
+const QStringList Triggers = {"AcquisitionStart", "FrameStart", "LineStart"};
+const QStringList Counters = {"Counter0", "Counter1"};
+const QStringList Timers = {"Timer0", "Timer1"};
+const QStringList Lines = {"Line0", "Line1", "Line2", "Line3"};
 
 void askEverywhere(std::vector<Ask>& asks, const QStringList& entries, const QString& feature,
                    const QString& value)
@@ -25,14 +25,14 @@ void askEverywhere(std::vector<Ask>& asks, const QStringList& entries, const QSt
 /// Whose row a table makes last; it leaves that line selected.
 void askLastLine(std::vector<Ask>& asks)
 {
-    asks.push_back({"LineSelector", lines.last(), QString()});
+    asks.push_back({"LineSelector", Lines.last(), QString()});
 }
 
 /// What presets.json says, setting by setting.
 void askTurnOff(std::vector<Ask>& asks)
 {
-    askEverywhere(asks, counters, "CounterEventSource", "Off");
-    askEverywhere(asks, triggers, "TriggerMode", "Off");
+    askEverywhere(asks, Counters, "CounterEventSource", "Off");
+    askEverywhere(asks, Triggers, "TriggerMode", "Off");
 }
 
 void askPulse(std::vector<Ask>& asks)
@@ -45,8 +45,8 @@ void askPulse(std::vector<Ask>& asks)
     asks.push_back({"LineSource", "Timer0Active", "Line2"});
     asks.push_back({"CounterDuration", "65535", "Counter0"});
     asks.push_back({"CounterSelector", "Counter0", QString()});
-    askEverywhere(asks, timers, "TimerDelay", "60");
-    askEverywhere(asks, timers, "TimerDuration", "40");
+    askEverywhere(asks, Timers, "TimerDelay", "60");
+    askEverywhere(asks, Timers, "TimerDuration", "40");
     asks.push_back({"TimerSelector", "Timer0", QString()});
     asks.push_back({"TriggerSelector", "FrameStart", QString()});
     asks.push_back({"TriggerDelay", "5", "FrameStart"});
@@ -58,12 +58,12 @@ void askPulse(std::vector<Ask>& asks)
 void askReset(std::vector<Ask>& asks)
 {
     asks.push_back({"AcquisitionMode", "Continuous", QString()});
-    askEverywhere(asks, counters, "CounterEventSource", "Off");
-    askEverywhere(asks, counters, "CounterDuration", "1");
+    askEverywhere(asks, Counters, "CounterEventSource", "Off");
+    askEverywhere(asks, Counters, "CounterDuration", "1");
     asks.push_back({"CounterSelector", "Counter0", QString()});
-    askEverywhere(asks, lines, "LineInverter", "false");
-    askEverywhere(asks, triggers, "TriggerDelay", "0");
-    askEverywhere(asks, triggers, "TriggerMode", "Off");
+    askEverywhere(asks, Lines, "LineInverter", "false");
+    askEverywhere(asks, Triggers, "TriggerDelay", "0");
+    askEverywhere(asks, Triggers, "TriggerMode", "Off");
     asks.push_back({"TriggerSelector", "FrameStart", QString()});
 }
 
@@ -71,14 +71,14 @@ void askReset(std::vector<Ask>& asks)
 
 void Session::askForPreset(const QString& name)
 {
-    circumstances.appliesPreset = true;
+    m_circumstances.appliesPreset = true;
     if (name == "Reset All") {
-        askReset(circumstances.asks);
+        askReset(m_circumstances.asks);
         return;
     }
-    askTurnOff(circumstances.asks);
+    askTurnOff(m_circumstances.asks);
     if (name == "Pulse")
-        askPulse(circumstances.asks);
+        askPulse(m_circumstances.asks);
 }
 
 void Session::applyPreset(QWidget& form, const QString& name)
@@ -94,7 +94,7 @@ void Session::applyPreset(QWidget& form, const QString& name)
 /// Another program, or the camera itself.
 void Session::changeFromOutside()
 {
-    Fake::FakeCamera& fake = camera.fake();
+    Fake::FakeCamera& fake = m_camera.fake();
     const auto bump = [&](const char* feature) { fake[feature].state().real += 3.0; };
     bump("TriggerDelay");
     bump("TimerDuration");
@@ -124,15 +124,15 @@ void Session::useTab()
     step("change from outside", [&] { changeFromOutside(); });
     step("preset in tab", [&] { applyPreset(*tab(), "Pulse"); });
     step("choose activation", [&] { hand.choose("cmbTriggerActivation", "LevelHigh"); });
-    step("streaming on", [&] { emit host->streaming(true); });
-    step("streaming off", [&] { emit host->streaming(false); });
-    step("hide and show", [&] { hideAndShow(*host); });
+    step("streaming on", [&] { emit m_host->streaming(true); });
+    step("streaming off", [&] { emit m_host->streaming(false); });
+    step("hide and show", [&] { hideAndShow(*m_host); });
 }
 
 void Session::useDialog()
 {
     step("open dialog", [&] {
-        askLastLine(circumstances.asks);
+        askLastLine(m_circumstances.asks);
         openDialog(*tab());
     });
     if (!dialog())
@@ -141,8 +141,8 @@ void Session::useDialog()
     editInDialog();
     usePwm();
     step("preset in dialog", [&] { applyPreset(*dialog(), "Reset All"); });
-    step("streaming on beside dialog", [&] { emit host->streaming(true); });
-    step("streaming off beside dialog", [&] { emit host->streaming(false); });
+    step("streaming on beside dialog", [&] { emit m_host->streaming(true); });
+    step("streaming off beside dialog", [&] { emit m_host->streaming(false); });
     step("change beside dialog", [&] { changeFromOutside(); });
     recoverAndCompare(true);
     step("close dialog", [&] { dialog()->window()->close(); });
@@ -187,21 +187,21 @@ void Session::usePwm()
 /// may ask again.
 void Session::start()
 {
-    step("get", [&] { openTab(plugin, *host, camera); });
+    step("get", [&] { openTab(m_plugin, *m_host, m_camera); });
     if (!tab()) {
-        camera.recover();
-        step("get again", [&] { openTab(plugin, *host, camera); });
+        m_camera.recover();
+        step("get again", [&] { openTab(m_plugin, *m_host, m_camera); });
     }
     step("show", [&] {
-        askLastLine(circumstances.asks);
-        showWindow(*host);
+        askLastLine(m_circumstances.asks);
+        showWindow(*m_host);
     });
 }
 
 void Session::end()
 {
-    step("delete", [&] { delete std::exchange(host->container, nullptr); });
-    host.reset();
+    step("delete", [&] { delete std::exchange(m_host->container, nullptr); });
+    m_host.reset();
 }
 
 } // namespace Faults

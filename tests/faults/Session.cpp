@@ -25,18 +25,18 @@ void crash()
     std::raise(SIGSEGV);
 }
 
-const QStringList steppedSelectors = {"CounterSelector", "TimerSelector", "TriggerSelector",
+const QStringList SteppedSelectors = {"CounterSelector", "TimerSelector", "TriggerSelector",
                                       "LineSelector"};
 
 /// The dialog is built and bound in one step, the tab in those until its first show.
-const QString dialogStep = "open dialog";
-const QStringList tabSteps = {"get", "get again", "show"};
+const QString DialogStep = "open dialog";
+const QStringList TabSteps = {"get", "get again", "show"};
 
 Binding bindingOf(const QString& step)
 {
-    if (step == dialogStep)
+    if (step == DialogStep)
         return Binding::Dialog;
-    return tabSteps.contains(step) ? Binding::Tab : Binding::None;
+    return TabSteps.contains(step) ? Binding::Tab : Binding::None;
 }
 
 QWidget* tabIn(const HostWindow& host)
@@ -95,17 +95,17 @@ void Session::openDialog(QWidget& tab)
 
 QWidget* Session::tab() const
 {
-    return host ? tabIn(*host) : nullptr;
+    return m_host ? tabIn(*m_host) : nullptr;
 }
 
 QWidget* Session::dialog() const
 {
-    return host ? dialogIn(*host) : nullptr;
+    return m_host ? dialogIn(*m_host) : nullptr;
 }
 
 User Session::user(QWidget& form)
 {
-    return User(form, circumstances.asks, camera);
+    return User(form, m_circumstances.asks, m_camera);
 }
 
 QList<QTimer*> Session::refreshTimers() const
@@ -135,7 +135,7 @@ void Session::settle()
             timer->setInterval(24 * 60 * 60 * 1000);
     }
     QApplication::processEvents();
-    camera.reportChanges();
+    m_camera.reportChanges();
     QApplication::processEvents();
     tick();
     QApplication::processEvents();
@@ -144,10 +144,10 @@ void Session::settle()
 
 void Session::step(const QString& name, const std::function<void()>& action)
 {
-    stepName = name;
-    camera.beginStep(name);
-    for (const QString& selector : steppedSelectors)
-        selectedBefore[selector] = camera.entryOf(selector);
+    m_stepName = name;
+    m_camera.beginStep(name);
+    for (const QString& selector : SteppedSelectors)
+        m_selectedBefore[selector] = m_camera.entryOf(selector);
     action();
     spring();
     settle();
@@ -157,58 +157,58 @@ void Session::step(const QString& name, const std::function<void()>& action)
 /// Lets what was planted come to light.
 void Session::spring()
 {
-    if (plant == Plant::None || !camera.hasStruck())
+    if (m_plant == Plant::None || !m_camera.hasStruck())
         return;
-    if (plant == Plant::UnaskedWrite)
-        camera.fake()["TriggerDelay"].SetFloatValue(77.0);
-    else if (plant == Plant::Crash)
+    if (m_plant == Plant::UnaskedWrite)
+        m_camera.fake()["TriggerDelay"].SetFloatValue(77.0);
+    else if (m_plant == Plant::Crash)
         crash();
-    else if (plant == Plant::Hang)
+    else if (m_plant == Plant::Hang)
         std::raise(SIGSTOP);
-    else if (plant == Plant::LostLine)
-        camera.fake()["LineSelector"].SetStringValue("Line2");
+    else if (m_plant == Plant::LostLine)
+        m_camera.fake()["LineSelector"].SetStringValue("Line2");
 }
 
 /// A selector that was only looked through ends where it was, but for mayEndElsewhere().
 void Session::judgeSelectors()
 {
-    for (const QString& selector : steppedSelectors) {
-        const QString now = camera.entryOf(selector);
+    for (const QString& selector : SteppedSelectors) {
+        const QString now = m_camera.entryOf(selector);
         const auto isNow = [&](const Ask& ask) {
             return ask.feature == selector && ask.value == now;
         };
-        const auto& asks = circumstances.asks;
-        if (now == selectedBefore[selector] || std::any_of(asks.begin(), asks.end(), isNow))
+        const auto& asks = m_circumstances.asks;
+        if (now == m_selectedBefore[selector] || std::any_of(asks.begin(), asks.end(), isNow))
             continue;
-        const bool isExcused = mayEndElsewhere(selector, circumstances.failures);
+        const bool isExcused = mayEndElsewhere(selector, m_circumstances.failures);
         (isExcused ? notes : findings)
             .append(QStringLiteral("%1 left at another entry in step '%2', %3")
-                        .arg(selector, stepName, nameOf(circumstances.failures)));
+                        .arg(selector, m_stepName, nameOf(m_circumstances.failures)));
     }
 }
 
 void Session::judge()
 {
-    circumstances.failures = camera.takeFailures();
-    const std::vector<Write> writes = camera.takeWrites();
-    unansweredAsks += unanswered(circumstances.asks, writes);
-    for (const QString& write : unaskedWrites(writes, circumstances))
+    m_circumstances.failures = m_camera.takeFailures();
+    const std::vector<Write> writes = m_camera.takeWrites();
+    unansweredAsks += unanswered(m_circumstances.asks, writes);
+    for (const QString& write : unaskedWrites(writes, m_circumstances))
         findings.append(QStringLiteral("unasked write %1 in step '%2', %3")
-                            .arg(write, stepName, nameOf(circumstances.failures)));
+                            .arg(write, m_stepName, nameOf(m_circumstances.failures)));
     judgeSelectors();
-    remember(circumstances.failures);
-    endStep(circumstances, bindingOf(stepName));
+    remember(m_circumstances.failures);
+    endStep(m_circumstances, bindingOf(m_stepName));
 }
 
 void Session::remember(const Failures& failures)
 {
-    if (struckStep.isEmpty() && !failures.empty())
-        struckStep = stepName;
-    failuresOfSteps[stepName] = failures;
-    const bool isReset = stepName == "preset in dialog" && circumstances.appliesPreset;
-    if (stepName == dialogStep || isReset)
-        sinceDialogOverview.clear();
-    sinceDialogOverview.insert(sinceDialogOverview.end(), failures.begin(), failures.end());
+    if (m_struckStep.isEmpty() && !failures.empty())
+        m_struckStep = m_stepName;
+    m_failuresOfSteps[m_stepName] = failures;
+    const bool isReset = m_stepName == "preset in dialog" && m_circumstances.appliesPreset;
+    if (m_stepName == DialogStep || isReset)
+        m_sinceDialogOverview.clear();
+    m_sinceDialogOverview.insert(m_sinceDialogOverview.end(), failures.begin(), failures.end());
 }
 
 void Session::hideAndShow(QWidget& window)
@@ -220,25 +220,25 @@ void Session::hideAndShow(QWidget& window)
 
 void Session::recoverAndCompare(bool dialogIsOpen)
 {
-    bool& isCompared = dialogIsOpen ? isDialogCompared : isTabCompared;
-    if (!camera.hasStruck() || isCompared)
+    bool& isCompared = dialogIsOpen ? m_isDialogCompared : m_isTabCompared;
+    if (!m_camera.hasStruck() || isCompared)
         return;
     isCompared = true;
-    camera.recover();
+    m_camera.recover();
     QWidget* form = dialogIsOpen ? dialog() : tab();
     step("recovery", [&] { hideAndShow(*form->window()); });
-    if (plant == Plant::StaleWidget && !dialogIsOpen)
+    if (m_plant == Plant::StaleWidget && !dialogIsOpen)
         form->findChild<QComboBox*>("cmbTriggerSource")->clear();
     const Portrait actual = portraitOf(*form);
     if (!dialogIsOpen)
-        portraitOfTab = actual;
+        m_portraitOfTab = actual;
     const Portrait expected =
-        gallery.portraitFor((dialogIsOpen ? "dialog " : "tab ") + camera.digest(),
-                            [&] { return portraitOfNewForm(dialogIsOpen); });
+        m_gallery.portraitFor((dialogIsOpen ? "dialog " : "tab ") + m_camera.digest(),
+                              [&] { return portraitOfNewForm(dialogIsOpen); });
     for (const Difference& difference :
          unexplained(differences(actual, expected), lifeOf(dialogIsOpen)))
         findings.append(QStringLiteral("after %1 in step '%2', %3 shows %4: %5, not %6")
-                            .arg(nameOf(circumstances.earlierFailures), struckStep,
+                            .arg(nameOf(m_circumstances.earlierFailures), m_struckStep,
                                  dialogIsOpen ? "the dialog" : "the tab", difference.widget,
                                  difference.actual, difference.expected));
 }
@@ -246,10 +246,10 @@ void Session::recoverAndCompare(bool dialogIsOpen)
 /// Of a bystander's form, on the camera as it is.
 Portrait Session::portraitOfNewForm(bool isDialog) const
 {
-    camera.lookAway();
+    m_camera.lookAway();
     TabExtensionPlugin newPlugin;
     HostWindow window;
-    openTab(newPlugin, window, camera);
+    openTab(newPlugin, window, m_camera);
     showWindow(window);
     if (isDialog)
         openDialog(*tabIn(window));
@@ -262,11 +262,11 @@ FormLife Session::lifeOf(bool isDialog) const
 {
     FormLife life;
     life.isDialog = isDialog;
-    life.sinceOverview = sinceDialogOverview;
+    life.sinceOverview = m_sinceDialogOverview;
     const QWidget* form = isDialog ? dialog() : tab();
     life.lines = linesOf(*form->findChild<QTableWidget*>("tableWidget"));
-    for (auto it = failuresOfSteps.begin(); it != failuresOfSteps.end(); ++it) {
-        const bool isBuilding = isDialog ? it.key() == dialogStep : tabSteps.contains(it.key());
+    for (auto it = m_failuresOfSteps.begin(); it != m_failuresOfSteps.end(); ++it) {
+        const bool isBuilding = isDialog ? it.key() == DialogStep : TabSteps.contains(it.key());
         auto& failures = isBuilding ? life.whileBuilt : life.sinceBuilt;
         failures.insert(failures.end(), it->begin(), it->end());
     }
@@ -275,20 +275,20 @@ FormLife Session::lifeOf(bool isDialog) const
 
 bool Session::isOnTroddenWay() const
 {
-    const Failures& failures = circumstances.earlierFailures;
-    if (!leavesOutTroddenWays || !isTabCompared || !findings.isEmpty() || failures.empty())
+    const Failures& failures = m_circumstances.earlierFailures;
+    if (!leavesOutTroddenWays || !m_isTabCompared || !findings.isEmpty() || failures.empty())
         return false;
     const FailedCall& first = failures.front();
-    QStringList way = {first.operation, first.feature, camera.isLasting() ? "lasting" : "once",
+    QStringList way = {first.operation, first.feature, m_camera.isLasting() ? "lasting" : "once",
                        isUnanswered(first.status) ? "unanswered" : "refused",
-                       QString::fromLatin1(camera.digest())};
-    return gallery.isTrodden((way + portraitOfTab.values()).join('\n').toUtf8());
+                       QString::fromLatin1(m_camera.digest())};
+    return m_gallery.isTrodden((way + m_portraitOfTab.values()).join('\n').toUtf8());
 }
 
 void Session::play()
 {
     const MessageBoxes boxes;
-    host = std::make_unique<HostWindow>();
+    m_host = std::make_unique<HostWindow>();
     start();
     useTab();
     recoverAndCompare(false);

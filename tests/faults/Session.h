@@ -35,7 +35,7 @@ class Session
 {
 public:
     Session(FaultyCamera& usedCamera, Gallery& usedGallery, Plant planted = Plant::None)
-        : camera(usedCamera), gallery(usedGallery), plant(planted)
+        : m_camera(usedCamera), m_gallery(usedGallery), m_plant(planted)
     {
     }
 
@@ -86,20 +86,20 @@ private:
     QWidget* dialog() const;
     User user(QWidget& form);
 
-    FaultyCamera& camera;
-    Gallery& gallery;
-    Plant plant;
-    TabExtensionPlugin plugin;
-    std::unique_ptr<HostWindow> host;
-    bool isTabCompared = false;
-    bool isDialogCompared = false;
-    Portrait portraitOfTab; ///< As it was compared.
-    QString stepName;
-    QMap<QString, QString> selectedBefore; ///< By selector, when the step began.
-    QString struckStep;                    ///< In which the first call failed.
-    QMap<QString, Failures> failuresOfSteps;
-    Failures sinceDialogOverview;
-    Circumstances circumstances;
+    FaultyCamera& m_camera;
+    Gallery& m_gallery;
+    Plant m_plant;
+    TabExtensionPlugin m_plugin;
+    std::unique_ptr<HostWindow> m_host;
+    bool m_isTabCompared = false;
+    bool m_isDialogCompared = false;
+    Portrait m_portraitOfTab; ///< As it was compared.
+    QString m_stepName;
+    QMap<QString, QString> m_selectedBefore; ///< By selector, when the step began.
+    QString m_struckStep;                    ///< In which the first call failed.
+    QMap<QString, Failures> m_failuresOfSteps;
+    Failures m_sinceDialogOverview;
+    Circumstances m_circumstances;
 };
 
 } // namespace Faults

@@ -11,10 +11,10 @@
 namespace Faults {
 namespace {
 
-const QString begun = QStringLiteral("begin ");
-const QString played = QStringLiteral("done");
-const QString finding = QStringLiteral("finding ");
-const QString note = QStringLiteral("note ");
+const QString Begun = QStringLiteral("begin ");
+const QString Played = QStringLiteral("done");
+const QString Finding = QStringLiteral("finding ");
+const QString Note = QStringLiteral("note ");
 
 /// The more sessions share what comes before their faults and the forms to compare with, the less
 /// each of them costs; the fewer, the sooner one that hangs is played around.
@@ -30,44 +30,44 @@ void say(const QString& line)
 class Board
 {
 public:
-    Board(const QVector<Fault>& toPlay, const Sweep& running) : cases(toPlay), sweep(running) {}
+    Board(const QVector<Fault>& toPlay, const Sweep& running) : m_cases(toPlay), m_sweep(running) {}
 
     QStringList nextCases()
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        const int size = qMin(CasesPerProcess, cases.size() / sweep.jobs + 1);
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const int size = qMin(CasesPerProcess, m_cases.size() / m_sweep.jobs + 1);
         QStringList batch;
-        for (; batch.size() < size && taken < cases.size(); ++taken)
-            batch.append(toText(cases[taken]));
+        for (; batch.size() < size && m_taken < m_cases.size(); ++m_taken)
+            batch.append(toText(m_cases[m_taken]));
         return batch;
     }
 
     void add(Groups Report::*groups, const QString& text, const Fault& fault)
     {
-        const std::lock_guard<std::mutex> lock(mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         Group& group = (report.*groups)[text];
         if (group.count++ > 0)
             return;
         group.first = fault;
-        if (groups == &Report::findings && sweep.onNewFinding)
-            sweep.onNewFinding(text, fault);
+        if (groups == &Report::findings && m_sweep.onNewFinding)
+            m_sweep.onNewFinding(text, fault);
     }
 
     void countPlayed()
     {
-        const std::lock_guard<std::mutex> lock(mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         ++report.played;
-        if (sweep.onProgress)
-            sweep.onProgress(report.played);
+        if (m_sweep.onProgress)
+            m_sweep.onProgress(report.played);
     }
 
     Report report;
 
 private:
-    const QVector<Fault>& cases;
-    const Sweep& sweep;
-    int taken = 0;
-    std::mutex mutex;
+    const QVector<Fault>& m_cases;
+    const Sweep& m_sweep;
+    int m_taken = 0;
+    std::mutex m_mutex;
 };
 
 /// One child process and what it is about to play.
@@ -75,77 +75,77 @@ class Batch
 {
 public:
     Batch(const Sweep& ownerSweep, Board& sharedBoard, const QStringList& toPlay)
-        : sweep(ownerSweep), board(sharedBoard), left(toPlay)
+        : m_sweep(ownerSweep), m_board(sharedBoard), m_left(toPlay)
     {
     }
 
     /// The cases that are left when the child is gone.
     QStringList play()
     {
-        child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        child.start(sweep.program, sweep.arguments);
-        child.write(left.join('\n').toUtf8() + '\n');
-        child.closeWriteChannel();
+        m_child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_child.start(m_sweep.program, m_sweep.arguments);
+        m_child.write(m_left.join('\n').toUtf8() + '\n');
+        m_child.closeWriteChannel();
         while (listen()) {
         }
-        child.waitForFinished();
-        if (!left.isEmpty())
+        m_child.waitForFinished();
+        if (!m_left.isEmpty())
             blame();
-        return left;
+        return m_left;
     }
 
 private:
     bool listen()
     {
-        if (child.canReadLine() || child.waitForReadyRead(sweep.patienceMs)) {
-            while (child.canReadLine())
-                take(QString::fromUtf8(child.readLine()).trimmed());
+        if (m_child.canReadLine() || m_child.waitForReadyRead(m_sweep.patienceMs)) {
+            while (m_child.canReadLine())
+                take(QString::fromUtf8(m_child.readLine()).trimmed());
             return true;
         }
-        isHanging = child.state() != QProcess::NotRunning && !left.isEmpty();
-        if (isHanging)
-            child.kill();
+        m_isHanging = m_child.state() != QProcess::NotRunning && !m_left.isEmpty();
+        if (m_isHanging)
+            m_child.kill();
         return false;
     }
 
     void take(const QString& line)
     {
-        if (line.startsWith(begun))
-            current = qMax(0, left.indexOf(line.mid(begun.size())));
-        else if (line.startsWith(finding))
-            board.add(&Report::findings, line.mid(finding.size()), currentFault());
-        else if (line.startsWith(note))
-            board.add(&Report::notes, line.mid(note.size()), currentFault());
-        else if (line == played)
+        if (line.startsWith(Begun))
+            m_current = qMax(0, m_left.indexOf(line.mid(Begun.size())));
+        else if (line.startsWith(Finding))
+            m_board.add(&Report::findings, line.mid(Finding.size()), currentFault());
+        else if (line.startsWith(Note))
+            m_board.add(&Report::notes, line.mid(Note.size()), currentFault());
+        else if (line == Played)
             endCurrent();
     }
 
-    Fault currentFault() const { return fromText(left[current]).value_or(Fault()); }
+    Fault currentFault() const { return fromText(m_left[m_current]).value_or(Fault()); }
 
     void endCurrent()
     {
-        left.removeAt(current);
-        current = 0;
-        board.countPlayed();
+        m_left.removeAt(m_current);
+        m_current = 0;
+        m_board.countPlayed();
     }
 
     /// The child did not finish the session that it had begun.
     void blame()
     {
-        const QString end = isHanging ? QStringLiteral("hang")
-                            : child.exitStatus() == QProcess::CrashExit
-                                ? QStringLiteral("crash, signal %1").arg(child.exitCode())
-                                : QStringLiteral("exit with status %1").arg(child.exitCode());
-        board.add(&Report::findings, end, currentFault());
+        const QString end = m_isHanging ? QStringLiteral("hang")
+                            : m_child.exitStatus() == QProcess::CrashExit
+                                ? QStringLiteral("crash, signal %1").arg(m_child.exitCode())
+                                : QStringLiteral("exit with status %1").arg(m_child.exitCode());
+        m_board.add(&Report::findings, end, currentFault());
         endCurrent();
     }
 
-    const Sweep& sweep;
-    Board& board;
-    QStringList left; ///< What is not played yet, as it is written.
-    int current = 0;  ///< Of those.
-    ChildProcess child;
-    bool isHanging = false;
+    const Sweep& m_sweep;
+    Board& m_board;
+    QStringList m_left; ///< What is not played yet, as it is written.
+    int m_current = 0;  ///< Of those.
+    ChildProcess m_child;
+    bool m_isHanging = false;
 };
 
 } // namespace
@@ -179,22 +179,22 @@ QVector<Fault> faultsFromStandardInput()
 
 void sayBegin(const Fault& fault)
 {
-    say(begun + toText(fault));
+    say(Begun + toText(fault));
 }
 
 void sayFinding(const QString& text)
 {
-    say(finding + text);
+    say(Finding + text);
 }
 
 void sayNote(const QString& text)
 {
-    say(note + text);
+    say(Note + text);
 }
 
 void sayDone()
 {
-    say(played);
+    say(Played);
 }
 
 } // namespace Faults

@@ -35,15 +35,15 @@ QString sixDigits(double value)
 
 template <class Widget> Widget* User::usable(const QString& name) const
 {
-    auto* widget = form.findChild<Widget*>(name);
+    auto* widget = m_form.findChild<Widget*>(name);
     return widget && widget->isEnabled() && widget->isVisible() ? widget : nullptr;
 }
 
 QString User::shownText(const QString& widget) const
 {
-    if (const auto* box = form.findChild<QComboBox*>("cmb" + widget))
+    if (const auto* box = m_form.findChild<QComboBox*>("cmb" + widget))
         return box->currentText();
-    const auto* box = form.findChild<QAbstractSpinBox*>("spb" + widget);
+    const auto* box = m_form.findChild<QAbstractSpinBox*>("spb" + widget);
     return box ? box->text() : QString();
 }
 
@@ -51,25 +51,25 @@ QString User::shownText(const QString& widget) const
 QString User::shownEntry(const QString& selector) const
 {
     const QString shown = shownText(selector);
-    return shown.isEmpty() ? camera.entryOf(selector) : shown;
+    return shown.isEmpty() ? m_camera.entryOf(selector) : shown;
 }
 
 void User::ask(const QString& feature, const QString& value)
 {
-    const QString selector = camera.selectorOf(feature);
-    asks.push_back({feature, value, selector.isEmpty() ? QString() : shownEntry(selector)});
+    const QString selector = m_camera.selectorOf(feature);
+    m_asks.push_back({feature, value, selector.isEmpty() ? QString() : shownEntry(selector)});
 }
 
 void User::askNumber(const QString& feature, const QString& text)
 {
-    if (camera.fake()[feature.toStdString()].type != ZalFeatureString)
+    if (m_camera.fake()[feature.toStdString()].type != ZalFeatureString)
         ask(feature, QString::number(text.toDouble()));
 }
 
 void User::askCell(const QString& line, const QString& feature, const QString& value)
 {
-    asks.push_back({"LineSelector", line, QString()});
-    asks.push_back({feature, value, line});
+    m_asks.push_back({"LineSelector", line, QString()});
+    m_asks.push_back({feature, value, line});
 }
 
 void User::choose(const QString& name, const QString& entry)
@@ -153,7 +153,7 @@ void User::stepDuration(const QString& line, bool up)
     auto* box = usable<QAbstractSpinBox>("spb" + line + "_LineDebounceDuration");
     if (!box)
         return;
-    const double now = camera.fake()["LineDebounceDuration"].stateFor(line.toStdString()).real;
+    const double now = m_camera.fake()["LineDebounceDuration"].stateFor(line.toStdString()).real;
     askCell(line, "LineDebounceDuration", QString::number(up ? now * 2.0 : now * 0.5));
     box->setFocus();
     QTest::keyClick(box, up ? Qt::Key_Up : Qt::Key_Down);
@@ -179,8 +179,8 @@ void User::typePwm(const QString& name, const QString& number)
     edit->setFocus();
     edit->selectAll();
     QTest::keyClicks(edit, number);
-    const double frequency = form.findChild<QLineEdit*>("txtPWMFrequency")->text().toDouble();
-    const double dutyCycle = form.findChild<QLineEdit*>("txtPWMDutyCycle")->text().toDouble();
+    const double frequency = m_form.findChild<QLineEdit*>("txtPWMFrequency")->text().toDouble();
+    const double dutyCycle = m_form.findChild<QLineEdit*>("txtPWMDutyCycle")->text().toDouble();
     if (frequency > 0.0 && dutyCycle > 0.0) {
         const double period = 1e6 / frequency;
         ask("TimerDuration", sixDigits(period * dutyCycle / 100.0));
@@ -192,7 +192,7 @@ void User::typePwm(const QString& name, const QString& number)
 
 void User::unfoldSections()
 {
-    for (QToolButton* section : form.findChildren<QToolButton*>()) {
+    for (QToolButton* section : m_form.findChildren<QToolButton*>()) {
         if (section->isCheckable())
             section->setChecked(true);
     }
@@ -200,7 +200,7 @@ void User::unfoldSections()
 
 void User::hoverOver(const QString& name)
 {
-    if (auto* widget = form.findChild<QWidget*>(name)) {
+    if (auto* widget = m_form.findChild<QWidget*>(name)) {
         QHelpEvent hover(QEvent::ToolTip, QPoint(1, 1), widget->mapToGlobal(QPoint(1, 1)));
         QApplication::sendEvent(widget, &hover);
     }

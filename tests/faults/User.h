@@ -15,7 +15,7 @@ class User
 {
 public:
     User(QWidget& usedForm, std::vector<Ask>& askedFor, const FaultyCamera& usedCamera)
-        : form(usedForm), asks(askedFor), camera(usedCamera)
+        : m_form(usedForm), m_asks(askedFor), m_camera(usedCamera)
     {
     }
 
@@ -51,9 +51,9 @@ private:
     QString shownEntry(const QString& selector) const;
     QString shownText(const QString& widget) const;
 
-    QWidget& form;
-    std::vector<Ask>& asks;
-    const FaultyCamera& camera;
+    QWidget& m_form;
+    std::vector<Ask>& m_asks;
+    const FaultyCamera& m_camera;
 };
 
 } // namespace Faults

@@ -1,11 +1,36 @@
 // What the fault sweep lets pass: each exception in the situation of its rule, and in no other, but
 // for the stepping of selectors, which is judged by where they end.
-#include "tests/faults/FormLife.h"
 #include "tests/faults/Ledger.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
 using namespace Faults;
+
+namespace {
+
+/// Where a session stands after these steps, in those of which that are told as missed the call
+/// failed.
+Circumstances after(const QString& steps, const FailedCall& missed)
+{
+    static const QMap<QString, Binding> bindings = {{"tab", Binding::Tab},
+                                                    {"dialog", Binding::Dialog}};
+    Circumstances step;
+    for (const QString& text : steps.split(", ")) {
+        const QString kind = text.section(' ', 0, 0);
+        if (text.endsWith(" missed"))
+            step.failures = {missed};
+        step.appliesPreset = kind == "preset";
+        if (kind == "choose" || kind == "preset")
+            step.asks = {{"TimerSelector", "Timer1", QString()}};
+        else if (kind == "other")
+            step.asks = {{"CounterSelector", "Counter1", QString()}};
+        endStep(step, bindings.value(kind, Binding::None));
+    }
+    return step;
+}
+
+} // namespace
 
 class tst_FaultRules : public QObject
 {
@@ -18,6 +43,8 @@ private slots:
     void editsGoElsewhereOnlyWhereTheSelectorWasNotFound();
     void aMissedSelectorExcusesUntilItIsFound_data();
     void aMissedSelectorExcusesUntilItIsFound();
+    void aFieldIsFinishedWithWhatTheDialogCouldNotReadOnly_data();
+    void aFieldIsFinishedWithWhatTheDialogCouldNotReadOnly();
     void aPresetIsClampedToLimitsThatTheCameraRefuses_data();
     void aPresetIsClampedToLimitsThatTheCameraRefuses();
     void aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data();
@@ -26,60 +53,22 @@ private slots:
     void aFailureUnderAnotherEntryExcusesNothing();
     void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data();
     void aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack();
-    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data();
-    void aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data();
-    void anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly();
     void aPresetGoesOnBeneathASelectorThatIsRefusedOnly_data();
     void aPresetGoesOnBeneathASelectorThatIsRefusedOnly();
     void aStepGoesDownFromADurationThatCouldNotBeReadOnly();
-    void aFieldTakesOtherTextsWhereItsNotationWasMissedOnly();
-    void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data();
-    void pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly();
 };
 
 void tst_FaultRules::anExceptionCountsInItsSituationOnly_data()
 {
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QString>("failing");
-    QTest::addColumn<QString>("selector");
-    QTest::newRow("range") << "CounterDuration"
-                           << "9"
-                           << "-1"
-                           << "GetIntegerRange"
-                           << "";
-    QTest::newRow("float range") << "TriggerDelay"
-                                 << "9"
-                                 << "-1"
-                                 << "GetFloatRange"
-                                 << "";
-    QTest::newRow("second attempt") << "TimerDuration"
-                                    << "7"
-                                    << "40"
-                                    << "SetFloatValue"
-                                    << "";
-    QTest::newRow("duration") << "LineDebounceDuration"
-                              << "16"
-                              << "0.01"
-                              << "GetFloatValue"
-                              << "";
-    QTest::newRow("field") << "ActionQueueSize"
-                           << "5"
-                           << "-1"
-                           << "GetIntegerValue"
-                           << "";
-    QTest::newRow("field again") << "ActionQueueSize"
-                                 << "5"
-                                 << "8"
-                                 << "SetIntegerValue"
-                                 << "";
-    QTest::newRow("unbound selector") << "TimerDelay"
-                                      << "80"
-                                      << "80"
-                                      << "GetName"
-                                      << "TimerSelector";
+    columns<QString, QString, QString, QString, QString>("feature", "asked", "written", "failing",
+                                                         "selector");
+    row("range", "CounterDuration", "9", "-1", "GetIntegerRange", "");
+    row("float range", "TriggerDelay", "9", "-1", "GetFloatRange", "");
+    row("second attempt", "TimerDuration", "7", "40", "SetFloatValue", "");
+    row("duration", "LineDebounceDuration", "16", "0.01", "GetFloatValue", "");
+    row("field", "ActionQueueSize", "5", "-1", "GetIntegerValue", "");
+    row("field again", "ActionQueueSize", "5", "8", "SetIntegerValue", "");
+    row("unbound selector", "TimerDelay", "80", "80", "GetName", "TimerSelector");
 }
 
 void tst_FaultRules::anExceptionCountsInItsSituationOnly()
@@ -108,20 +97,16 @@ void tst_FaultRules::anExceptionCountsInItsSituationOnly()
 
 void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound_data()
 {
-    QTest::addColumn<QString>("selector");
-    QTest::addColumn<QString>("moment");
-    QTest::addColumn<bool>("isPreset");
-    QTest::addColumn<bool>("isPrescribed");
+    columns<QString, QString, bool, bool>("selector", "moment", "isPreset", "isPrescribed");
     const QString timers = "TimerSelector";
-    QTest::newRow("not bound") << timers << "bound" << false << true;
-    QTest::newRow("not written") << timers << "chosen" << false << true;
-    QTest::newRow("missed at another moment") << timers << "other" << false << false;
-    QTest::newRow("not bound, preset") << timers << "bound" << true << false;
-    QTest::newRow("not written, preset") << timers << "chosen" << true << false;
-    QTest::newRow("without a selector") << ""
-                                        << "bound" << false << false;
+    row("not bound", timers, "bound", false, true);
+    row("not written", timers, "chosen", false, true);
+    row("missed at another moment", timers, "other", false, false);
+    row("not bound, preset", timers, "bound", true, false);
+    row("not written, preset", timers, "chosen", true, false);
+    row("without a selector", "", "bound", false, false);
     for (const char* moment : {"bound", "chosen"})
-        QTest::addRow("line, %s", moment) << "LineSelector" << moment << false << false;
+        row(QByteArray("line, ") + moment, "LineSelector", moment, false, false);
 }
 
 void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
@@ -149,60 +134,68 @@ void tst_FaultRules::editsGoElsewhereOnlyWhereTheSelectorWasNotFound()
 
 void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound_data()
 {
-    QTest::addColumn<QString>("steps");
-    QTest::addColumn<bool>("isPrescribed");
-    QTest::newRow("tab") << "tab missed" << true;
-    QTest::newRow("tab in several steps") << "tab missed, tab" << true;
-    QTest::newRow("dialog") << "dialog missed" << true;
-    QTest::newRow("dialog after tab") << "tab missed, dialog" << false;
-    QTest::newRow("choice") << "choose missed" << true;
-    QTest::newRow("choice of something else") << "other missed" << false;
-    QTest::newRow("choice, then of something else") << "choose missed, other" << true;
-    QTest::newRow("choice, then unasked failure") << "choose missed, none missed" << true;
-    QTest::newRow("choice made good") << "choose missed, choose" << false;
-    QTest::newRow("choice missed again") << "choose missed, choose missed" << true;
+    columns<QString, bool>("steps", "isPrescribed");
+    row("tab", "tab missed", true);
+    row("tab in several steps", "tab missed, tab", true);
+    row("dialog", "dialog missed", true);
+    row("dialog after tab", "tab missed, dialog", false);
+    row("choice", "choose missed", true);
+    row("choice of something else", "other missed", false);
+    row("choice, then of something else", "choose missed, other", true);
+    row("choice, then unasked failure", "choose missed, none missed", true);
+    row("choice made good", "choose missed, choose", false);
+    row("choice missed again", "choose missed, choose missed", true);
     // The box need not show what a preset selects.
-    QTest::newRow("choice, then preset") << "choose missed, preset" << true;
-    QTest::newRow("preset") << "preset missed" << false;
-    QTest::newRow("choice in the tab, dialog") << "choose missed, dialog" << false;
+    row("choice, then preset", "choose missed, preset", true);
+    row("preset", "preset missed", false);
+    row("choice in the tab, dialog", "choose missed, dialog", false);
 }
 
 void tst_FaultRules::aMissedSelectorExcusesUntilItIsFound()
 {
     QFETCH(QString, steps);
     QFETCH(bool, isPrescribed);
-    Circumstances step;
-    for (const QString& text : steps.split(", ")) {
-        const QString kind = text.section(' ', 0, 0);
-        if (text.endsWith(" missed"))
-            step.failures = {{"GetName", "TimerSelector", QString(), ZalErrorTimeout}};
-        step.appliesPreset = kind == "preset";
-        if (kind == "choose" || kind == "preset")
-            step.asks = {{"TimerSelector", "Timer1", QString()}};
-        else if (kind == "other")
-            step.asks = {{"CounterSelector", "Counter1", QString()}};
-        endStep(step, kind == "tab"      ? Binding::Tab
-                      : kind == "dialog" ? Binding::Dialog
-                                         : Binding::None);
-    }
+    Circumstances step = after(steps, {"GetName", "TimerSelector", QString(), ZalErrorTimeout});
     step.asks = {{"TimerDelay", "80", "Timer1"}};
     const Write write = {"TimerDelay", "80", "Timer0", QString(), "TimerSelector"};
     QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
 }
 
+void tst_FaultRules::aFieldIsFinishedWithWhatTheDialogCouldNotReadOnly_data()
+{
+    columns<QString, bool>("steps", "isPrescribed");
+    row("while it was bound", "dialog missed", true);
+    row("later", "dialog, none missed", true);
+    row("later, then read", "dialog missed, none", true);
+    row("in the tab", "tab missed", false);
+    row("in the tab, then bound", "tab missed, dialog", false);
+    row("beside the tab, then bound", "tab, none missed, dialog, none", false);
+    row("in both", "tab missed, dialog missed", true);
+}
+
+void tst_FaultRules::aFieldIsFinishedWithWhatTheDialogCouldNotReadOnly()
+{
+    QFETCH(QString, steps);
+    QFETCH(bool, isPrescribed);
+    for (const char* read : {"GetName", "GetDataType", "GetIntegerValue"}) {
+        Circumstances step = after(steps, {read, "ActionQueueSize", QString(), ZalErrorTimeout});
+        step.asks = {{"ActionQueueSize", "5", QString()}};
+        const Write write = {"ActionQueueSize", "-1", QString()};
+        QCOMPARE(unaskedWrites({write}, step).isEmpty(), isPrescribed);
+    }
+}
+
 void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses_data()
 {
-    QTest::addColumn<QString>("failing");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("isPrescribed");
+    columns<QString, int, bool>("failing", "status", "isPrescribed");
     for (const char* question : {"GetFloatRange", "GetIntegerRange", "GetDataType", "GetName"}) {
-        QTest::addRow("%s refused", question) << question << int(ZalErrorNotReadable) << true;
-        QTest::addRow("%s unknown", question) << question << int(ZalErrorUnknown) << true;
-        QTest::addRow("%s timed out", question) << question << int(ZalErrorTimeout) << false;
-        QTest::addRow("%s lost", question) << question << int(ZalErrorTransport) << false;
-        QTest::addRow("%s not open", question) << question << int(ZalErrorNotOpen) << false;
+        row(QByteArray(question) + " refused", question, int(ZalErrorNotReadable), true);
+        row(QByteArray(question) + " unknown", question, int(ZalErrorUnknown), true);
+        row(QByteArray(question) + " timed out", question, int(ZalErrorTimeout), false);
+        row(QByteArray(question) + " lost", question, int(ZalErrorTransport), false);
+        row(QByteArray(question) + " not open", question, int(ZalErrorNotOpen), false);
     }
-    QTest::newRow("another question") << "IsWritable" << int(ZalErrorNotReadable) << false;
+    row("another question", "IsWritable", int(ZalErrorNotReadable), false);
 }
 
 void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses()
@@ -222,17 +215,15 @@ void tst_FaultRules::aPresetIsClampedToLimitsThatTheCameraRefuses()
 
 void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("isPreset");
-    QTest::addColumn<bool>("isPrescribed");
-    QTest::newRow("preset refused") << int(ZalErrorNotWritable) << true << true;
-    QTest::newRow("preset unknown") << int(ZalErrorUnknown) << true << true;
-    QTest::newRow("preset timed out") << int(ZalErrorTimeout) << true << false;
-    QTest::newRow("preset lost") << int(ZalErrorTransport) << true << false;
-    QTest::newRow("preset not open") << int(ZalErrorNotOpen) << true << false;
+    columns<int, bool, bool>("status", "isPreset", "isPrescribed");
+    row("preset refused", int(ZalErrorNotWritable), true, true);
+    row("preset unknown", int(ZalErrorUnknown), true, true);
+    row("preset timed out", int(ZalErrorTimeout), true, false);
+    row("preset lost", int(ZalErrorTransport), true, false);
+    row("preset not open", int(ZalErrorNotOpen), true, false);
     // What an edit gets for an answer is all one to it.
-    QTest::newRow("edit refused") << int(ZalErrorNotWritable) << false << true;
-    QTest::newRow("edit timed out") << int(ZalErrorTimeout) << false << true;
+    row("edit refused", int(ZalErrorNotWritable), false, true);
+    row("edit timed out", int(ZalErrorTimeout), false, true);
 }
 
 void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses()
@@ -250,21 +241,11 @@ void tst_FaultRules::aPresetTriesAgainWithMultipleWhereTheCameraRefuses()
 
 void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing_data()
 {
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QString>("failing");
-    QTest::newRow("range") << "CounterDuration"
-                           << "-1"
-                           << "GetIntegerRange";
-    QTest::newRow("float range") << "LineDebounceDuration"
-                                 << "-1"
-                                 << "GetFloatRange";
-    QTest::newRow("second attempt") << "TimerDuration"
-                                    << "10"
-                                    << "SetFloatValue";
-    QTest::newRow("duration") << "LineDebounceDuration"
-                              << "0.01"
-                              << "GetFloatValue";
+    columns<QString, QString, QString>("feature", "written", "failing");
+    row("range", "CounterDuration", "-1", "GetIntegerRange");
+    row("float range", "LineDebounceDuration", "-1", "GetFloatRange");
+    row("second attempt", "TimerDuration", "10", "SetFloatValue");
+    row("duration", "LineDebounceDuration", "0.01", "GetFloatValue");
 }
 
 void tst_FaultRules::aFailureUnderAnotherEntryExcusesNothing()
@@ -286,12 +267,11 @@ void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack_data()
     QTest::addColumn<bool>("isExcused");
     for (const QString selector : {"TimerSelector", "LineSelector"}) {
         for (const char* operation : {"GetName", "IsWritable", "GetStringValue", "SetStringValue"})
-            QTest::addRow("%s, %s", qPrintable(selector), operation)
-                << selector << operation << true;
+            row(selector.toLatin1() + ", " + operation, selector, operation, true);
         for (const char* operation : {"GetEnumNames", "IsValueAvailable"})
-            QTest::addRow("%s, %s", qPrintable(selector), operation)
-                << selector << operation << (selector == "LineSelector");
-        QTest::addRow("%s, type", qPrintable(selector)) << selector << "GetDataType" << false;
+            row(selector.toLatin1() + ", " + operation, selector, operation,
+                selector == "LineSelector");
+        row(selector.toLatin1() + ", type", selector, "GetDataType", false);
     }
 }
 
@@ -305,103 +285,20 @@ void tst_FaultRules::aSelectorEndsElsewhereOnlyWhereItCouldNotBePutBack()
     QVERIFY(!mayEndElsewhere(selector, {{failing, "TriggerSelector", "", ZalErrorTimeout}}));
 }
 
-void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly_data()
-{
-    QTest::addColumn<QString>("lines");
-    QTest::addColumn<QString>("failing");
-    QTest::addColumn<QString>("widget");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<bool>("isExplained");
-    const QString rows = "Line0,Line2,Line3";
-    const QString allRows = "Line0,Line1,Line2,Line3";
-    const QString question = "IsValueAvailable LineSelector";
-    const QString mode = "cmbLine%1_LineMode";
-    QTest::newRow("table") << rows << question << "tableWidget" << rows + " without " << true;
-    QTest::newRow("table's columns")
-        << allRows << question << "tableWidget" << allRows + " without 2" << false;
-    QTest::newRow("missing") << rows << question << mode.arg(1) << "missing" << true;
-    QTest::newRow("missing with a row") << rows << question << mode.arg(2) << "missing" << false;
-    QTest::newRow("before the last row") << rows << question << mode.arg(2) << "'Input'" << false;
-    QTest::newRow("behind the last row") << rows << question << mode.arg(3) << "'Input'" << true;
-    QTest::newRow("missing behind") << rows << question << mode.arg(3) << "missing" << false;
-    QTest::newRow("behind, lamp") << rows << question << "lblLine3_LineStatus"
-                                  << "there disabled" << true;
-    QTest::newRow("all rows") << allRows << question << mode.arg(3) << "'Input'" << false;
-    QTest::newRow("no row") << "" << question << mode.arg(0) << "missing" << true;
-    QTest::newRow("no cell") << rows << question << "cmbTriggerMode"
-                             << "missing" << false;
-    for (const char* other : {"IsValueAvailable LineMode", "GetStringValue LineSelector"}) {
-        QTest::addRow("table, %s", other)
-            << rows << other << "tableWidget" << rows + " without " << false;
-        QTest::addRow("missing, %s", other) << rows << other << mode.arg(1) << "missing" << false;
-        QTest::addRow("behind, %s", other) << rows << other << mode.arg(3) << "'Input'" << false;
-    }
-}
-
-void tst_FaultRules::aTableThatLacksLinesDiffersInThemAndBehindItsLastRowOnly()
-{
-    QFETCH(QString, lines);
-    QFETCH(QString, failing);
-    QFETCH(QString, widget);
-    QFETCH(QString, shown);
-    QFETCH(bool, isExplained);
-    FormLife life;
-    life.lines = lines.split(',', Qt::SkipEmptyParts);
-    const QString feature = failing.section(' ', 1);
-    life.whileBuilt = {{failing.section(' ', 0, 0), feature, QString(), ZalErrorTimeout}};
-    const QString expected =
-        widget == "tableWidget" ? "Line0,Line1,Line2,Line3 without " : "'Output'";
-    QCOMPARE(unexplained({{widget, shown, expected}}, life).empty(), isExplained);
-}
-
-void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly_data()
-{
-    QTest::addColumn<bool>("isDialog");
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<bool>("isSinceOverview");
-    QTest::addColumn<bool>("isExplained");
-    QTest::newRow("timer") << true << "TimerDelay" << true << true;
-    QTest::newRow("selector") << true << "TriggerSelector" << true << true;
-    QTest::newRow("line") << true << "LineInverter" << true << false;
-    QTest::newRow("before it was read") << true << "TimerDelay" << false << false;
-    QTest::newRow("tab") << false << "TimerDelay" << true << false;
-}
-
-void tst_FaultRules::anOverviewOfTheDialogDiffersAfterItsOwnFailuresOnly()
-{
-    QFETCH(bool, isDialog);
-    QFETCH(QString, feature);
-    QFETCH(bool, isSinceOverview);
-    QFETCH(bool, isExplained);
-    const Failures failures = {{"GetFloatValue", feature, QString(), ZalErrorTimeout}};
-    FormLife life;
-    life.isDialog = isDialog;
-    life.sinceBuilt = failures;
-    if (isSinceOverview)
-        life.sinceOverview = failures;
-    QCOMPARE(unexplained({{"treeView", "()", "(Timer)"}}, life).empty(), isExplained);
-}
-
 void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly_data()
 {
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("isPreset");
-    QTest::addColumn<bool>("isPrescribed");
+    columns<QString, QString, int, bool, bool>("operation", "feature", "status", "isPreset",
+                                               "isPrescribed");
     const QString name = "GetName";
     const QString selector = "TimerSelector";
-    QTest::newRow("refused") << name << selector << int(ZalErrorNotReadable) << true << true;
-    QTest::newRow("read-only") << "IsWritable" << selector << int(ZalErrorNotReadable) << true
-                               << true;
-    QTest::newRow("timed out") << name << selector << int(ZalErrorTimeout) << true << false;
-    QTest::newRow("lost") << name << selector << int(ZalErrorTransport) << true << false;
-    QTest::newRow("not open") << name << selector << int(ZalErrorNotOpen) << true << false;
-    QTest::newRow("edit") << name << selector << int(ZalErrorNotReadable) << false << false;
-    QTest::newRow("other selector")
-        << name << "LineSelector" << int(ZalErrorNotReadable) << true << false;
-    QTest::newRow("write refused")
-        << "SetStringValue" << selector << int(ZalErrorNotReadable) << true << false;
+    row("refused", name, selector, int(ZalErrorNotReadable), true, true);
+    row("read-only", "IsWritable", selector, int(ZalErrorNotReadable), true, true);
+    row("timed out", name, selector, int(ZalErrorTimeout), true, false);
+    row("lost", name, selector, int(ZalErrorTransport), true, false);
+    row("not open", name, selector, int(ZalErrorNotOpen), true, false);
+    row("edit", name, selector, int(ZalErrorNotReadable), false, false);
+    row("other selector", name, "LineSelector", int(ZalErrorNotReadable), true, false);
+    row("write refused", "SetStringValue", selector, int(ZalErrorNotReadable), true, false);
 }
 
 void tst_FaultRules::aPresetGoesOnBeneathASelectorThatIsRefusedOnly()
@@ -438,57 +335,6 @@ void tst_FaultRules::aStepGoesDownFromADurationThatCouldNotBeReadOnly()
     step.earlierFailures = {{"GetFloatValue", duration, "Line1", ZalErrorTimeout}};
     QCOMPARE(unaskedWrites({halved}, step), QStringList());
     QCOMPARE(unaskedWrites({{duration, "2", "Line1", QString(), "LineSelector"}}, step).size(), 1);
-}
-
-void tst_FaultRules::aFieldTakesOtherTextsWhereItsNotationWasMissedOnly()
-{
-    const Difference verdict = {"txtActionGroupKey", "'0x5' invalid enabled",
-                                "'0x5' acceptable enabled"};
-    FormLife life;
-    life.whileBuilt = {{"GetRepresentation", "ActionGroupMask", QString(), ZalErrorTimeout},
-                       {"GetIntegerRange", "ActionGroupKey", QString(), ZalErrorTimeout}};
-    QCOMPARE(unexplained({verdict}, life).size(), std::size_t(1));
-    life.whileBuilt = {{"GetRepresentation", "ActionGroupKey", QString(), ZalErrorTimeout}};
-    QCOMPARE(unexplained({verdict}, life).size(), std::size_t(0));
-    const Difference text = {"txtActionGroupKey", "'5' acceptable enabled",
-                             "'0x5' acceptable enabled"};
-    QCOMPARE(unexplained({text}, life).size(), std::size_t(1));
-}
-
-void tst_FaultRules::pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly_data()
-{
-    QTest::addColumn<QString>("widget");
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("feature");
-    QTest::addColumn<bool>("isExplained");
-    QTest::newRow("delay") << "txtPWMDutyCycle"
-                           << "GetName"
-                           << "TimerDelay" << true;
-    QTest::newRow("duration") << "txtPWMFrequency"
-                              << "GetName"
-                              << "TimerDuration" << true;
-    QTest::newRow("value") << "txtPWMFrequency"
-                           << "GetFloatValue"
-                           << "TimerDelay" << false;
-    QTest::newRow("other feature") << "txtPWMFrequency"
-                                   << "GetName"
-                                   << "TimerStatus" << false;
-    QTest::newRow("other field") << "txtActionQueueSize"
-                                 << "GetName"
-                                 << "TimerDelay" << false;
-}
-
-void tst_FaultRules::pwmFieldsAreUntrueBesideAnUnboundTimerBoxOnly()
-{
-    QFETCH(QString, widget);
-    QFETCH(QString, operation);
-    QFETCH(QString, feature);
-    QFETCH(bool, isExplained);
-    FormLife life;
-    life.isDialog = true;
-    life.whileBuilt = {{operation, feature, QString(), ZalErrorTimeout}};
-    const Difference difference = {widget, "'100' acceptable enabled", "'25' acceptable enabled"};
-    QCOMPARE(unexplained({difference}, life).empty(), isExplained);
 }
 
 QTEST_GUILESS_MAIN(tst_FaultRules)

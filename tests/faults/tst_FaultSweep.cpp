@@ -14,7 +14,7 @@ using namespace Faults;
 namespace {
 
 /// A call amid the edits in the tab.
-const Fault ordinary = {Series::Calls, 700, ZalErrorTimeout, Mode::Once};
+const Fault Ordinary = {Series::Calls, 700, ZalErrorTimeout, Mode::Once};
 
 Sweep sweepWith(const QStringList& arguments)
 {
@@ -174,26 +174,26 @@ void tst_FaultSweep::whatIsPlantedIsFound()
     Sweep sweep = sweepWith({"--plant", planted});
     if (planted == "hang")
         sweep.patienceMs = 2000;
-    const Report report = sweep.run({ordinary});
+    const Report report = sweep.run({Ordinary});
     QCOMPARE(report.played, 1);
     const QStringList findings = report.findings.keys();
     QVERIFY2(findings.join('\n').contains(found), qPrintable(findings.join('\n')));
-    QCOMPARE(toText(report.findings.first().first), toText(ordinary));
+    QCOMPARE(toText(report.findings.first().first), toText(Ordinary));
 }
 
 void tst_FaultSweep::aCrashIsThatOfItsFaultAndEndsNoOtherSession()
 {
-    Fault never = ordinary;
+    Fault never = Ordinary;
     never.call = 1000000000;
-    const Report report = sweepWith({"--plant", "crash"}).run({never, ordinary, never});
+    const Report report = sweepWith({"--plant", "crash"}).run({never, Ordinary, never});
     QCOMPARE(report.played, 3);
     QCOMPARE(report.findings["crash, signal 11"].count, 1);
-    QCOMPARE(toText(report.findings["crash, signal 11"].first), toText(ordinary));
+    QCOMPARE(toText(report.findings["crash, signal 11"].first), toText(Ordinary));
 }
 
 void tst_FaultSweep::aCallThatTheSessionDoesNotMakeIsAFinding()
 {
-    Fault never = ordinary;
+    Fault never = Ordinary;
     never.call = 1000000000;
     QCOMPARE(playCase(never).findings, QStringList{"the session has no such call"});
 }
@@ -237,7 +237,7 @@ void tst_FaultSweep::aReplayFailsWithAFinding()
 {
     QFETCH(QString, planted);
     QFETCH(int, exitCode);
-    const QStringList fault = toText(ordinary).split(' ');
+    const QStringList fault = toText(Ordinary).split(' ');
     QCOMPARE(QProcess::execute(SWEEP_PROGRAM, QStringList{"--plant", planted, "--replay"} + fault),
              exitCode);
 }
@@ -268,7 +268,7 @@ void tst_FaultSweep::aSessionThatBranchesOffFindsWhatItFindsAlone()
                         : planted == "line" ? Plant::LostLine
                                             : Plant::None;
     const QVector<Fault> faults = {{Series::Calls, 30, ZalErrorTimeout, Mode::Lasting},
-                                   ordinary,
+                                   Ordinary,
                                    // Made by the thread in which the camera reports a change.
                                    {Series::Calls, 1394, ZalErrorNotReadable, Mode::Once},
                                    {Series::Calls, 1800, ZalErrorNotReadable, Mode::Lasting},

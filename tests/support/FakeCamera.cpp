@@ -23,7 +23,7 @@ std::vector<std::string> entriesOf(const FakeFeature& selector)
 
 } // namespace
 
-FakeCamera::FakeCamera() : list(std::make_shared<std::vector<ZalCPP::FeaturePtr>>()) {}
+FakeCamera::FakeCamera() : m_list(std::make_shared<std::vector<ZalCPP::FeaturePtr>>()) {}
 
 FakeCamera::~FakeCamera() = default;
 
@@ -31,8 +31,8 @@ FakeFeaturePtr FakeCamera::add(const std::string& name, ZalFeatureDataType type)
 {
     auto feature = std::make_shared<FakeFeature>(*this, name, type);
     feature->displayName = name;
-    fakes.push_back(feature);
-    list->push_back(feature);
+    m_fakes.push_back(feature);
+    m_list->push_back(feature);
     return feature;
 }
 
@@ -102,14 +102,14 @@ void FakeCamera::remove(const std::string& name)
     const FakeFeaturePtr gone = find(name);
     if (!gone)
         return;
-    for (const FakeFeaturePtr& feature : fakes) {
+    for (const FakeFeaturePtr& feature : m_fakes) {
         if (feature->selector == gone.get())
             feature->selector = nullptr;
         auto& selected = feature->selectedFeatures;
         selected.erase(std::remove(selected.begin(), selected.end(), gone), selected.end());
     }
-    fakes.erase(std::find(fakes.begin(), fakes.end(), gone));
-    list->erase(std::find(list->begin(), list->end(), gone));
+    m_fakes.erase(std::find(m_fakes.begin(), m_fakes.end(), gone));
+    m_list->erase(std::find(m_list->begin(), m_list->end(), gone));
 }
 
 void FakeCamera::select(const std::string& selector, const std::vector<std::string>& selected)
@@ -126,9 +126,9 @@ void FakeCamera::select(const std::string& selector, const std::vector<std::stri
 
 FakeFeaturePtr FakeCamera::find(const std::string& name) const
 {
-    const auto it = std::find_if(fakes.begin(), fakes.end(),
+    const auto it = std::find_if(m_fakes.begin(), m_fakes.end(),
                                  [&](const FakeFeaturePtr& fake) { return fake->name == name; });
-    return it == fakes.end() ? nullptr : *it;
+    return it == m_fakes.end() ? nullptr : *it;
 }
 
 FakeFeature& FakeCamera::operator[](const std::string& name) const
@@ -143,84 +143,84 @@ FakeFeature& FakeCamera::operator[](const std::string& name) const
 
 ZalCPP::FeatureList FakeCamera::features() const
 {
-    return list;
+    return m_list;
 }
 
 void FakeCamera::failCall(const std::string& operation, const std::string& feature,
                           ZalErrorType status)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    failing[{operation, feature}] = status;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failing[{operation, feature}] = status;
 }
 
 void FakeCamera::failNthCall(int n, ZalErrorType status)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    failCountdown = n;
-    failCountdownStatus = status;
-    failAfterCountdown = false;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failCountdown = n;
+    m_failCountdownStatus = status;
+    m_failAfterCountdown = false;
 }
 
 void FakeCamera::failFromNthCall(int n, ZalErrorType status)
 {
     failNthCall(n, status);
-    const std::lock_guard<std::mutex> lock(mutex);
-    failAfterCountdown = true;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failAfterCountdown = true;
 }
 
 void FakeCamera::failEverything(ZalErrorType status)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    failAll = status;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failAll = status;
 }
 
 void FakeCamera::clearFailures()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    failing.clear();
-    failCountdown = 0;
-    failAll = ZalErrorSuccess;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failing.clear();
+    m_failCountdown = 0;
+    m_failAll = ZalErrorSuccess;
 }
 
 ZalErrorType FakeCamera::enter(const std::string& operation, const std::string& feature,
                                const std::string& value, bool write)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (logging) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_logging) {
         const bool assigns = write && operation != "RunCommand";
-        log.push_back({operation + " " + feature + (assigns ? "=" + value : ""), write});
+        m_log.push_back({operation + " " + feature + (assigns ? "=" + value : ""), write});
     }
     if (onCall) {
         if (const ZalErrorType status = onCall(operation, feature))
             return status;
     }
-    if (failAll)
-        return failAll;
-    if (failCountdown > 0 && --failCountdown == 0) {
-        if (failAfterCountdown)
-            failAll = failCountdownStatus;
-        return failCountdownStatus;
+    if (m_failAll)
+        return m_failAll;
+    if (m_failCountdown > 0 && --m_failCountdown == 0) {
+        if (m_failAfterCountdown)
+            m_failAll = m_failCountdownStatus;
+        return m_failCountdownStatus;
     }
-    if (failing.empty())
+    if (m_failing.empty())
         return ZalErrorSuccess;
-    const auto it = failing.find({operation, feature});
-    return it == failing.end() ? ZalErrorSuccess : it->second;
+    const auto it = m_failing.find({operation, feature});
+    return it == m_failing.end() ? ZalErrorSuccess : it->second;
 }
 
 std::vector<std::string> FakeCamera::calls() const
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<std::string> result;
-    for (const Call& call : log)
+    for (const Call& call : m_log)
         result.push_back(call.text);
     return result;
 }
 
 std::vector<std::string> FakeCamera::writes() const
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<std::string> result;
-    for (const Call& call : log) {
+    for (const Call& call : m_log) {
         if (call.write)
             result.push_back(call.text);
     }
@@ -234,20 +234,20 @@ int FakeCamera::callCount(const std::string& operation, const std::string& featu
     const auto matches = [&](const Call& call) {
         return call.text == exact || (call.write && call.text.rfind(assigned, 0) == 0);
     };
-    const std::lock_guard<std::mutex> lock(mutex);
-    return static_cast<int>(std::count_if(log.begin(), log.end(), matches));
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return static_cast<int>(std::count_if(m_log.begin(), m_log.end(), matches));
 }
 
 void FakeCamera::clearLog()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    log.clear();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_log.clear();
 }
 
 void FakeCamera::setLogging(bool on)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    logging = on;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_logging = on;
 }
 
 void FakeCamera::notify(const std::string& feature)

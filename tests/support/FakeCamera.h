@@ -101,16 +101,16 @@ private:
         std::string text;
         bool write = false;
     };
-    mutable std::mutex mutex;
-    std::vector<Call> log;
-    bool logging = true;
-    std::map<std::pair<std::string, std::string>, ZalErrorType> failing;
-    int failCountdown = 0;
-    ZalErrorType failCountdownStatus = 0;
-    bool failAfterCountdown = false;
-    ZalErrorType failAll = 0;
-    ZalCPP::FeatureList list;
-    std::vector<FakeFeaturePtr> fakes;
+    mutable std::mutex m_mutex;
+    std::vector<Call> m_log;
+    bool m_logging = true;
+    std::map<std::pair<std::string, std::string>, ZalErrorType> m_failing;
+    int m_failCountdown = 0;
+    ZalErrorType m_failCountdownStatus = 0;
+    bool m_failAfterCountdown = false;
+    ZalErrorType m_failAll = 0;
+    ZalCPP::FeatureList m_list;
+    std::vector<FakeFeaturePtr> m_fakes;
 };
 
 } // namespace Fake

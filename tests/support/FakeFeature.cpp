@@ -10,7 +10,7 @@ namespace Fake {
 
 FakeFeature::FakeFeature(FakeCamera& ownerCamera, std::string featureName,
                          ZalFeatureDataType dataType)
-    : name(std::move(featureName)), type(dataType), camera(ownerCamera)
+    : name(std::move(featureName)), type(dataType), m_camera(ownerCamera)
 {
 }
 
@@ -23,9 +23,9 @@ std::string FakeFeature::selectedEntry() const
 const State& FakeFeature::state() const
 {
     if (selector == nullptr)
-        return base;
-    const auto it = perEntry.find(selectedEntry());
-    return it == perEntry.end() ? base : it->second;
+        return m_base;
+    const auto it = m_perEntry.find(selectedEntry());
+    return it == m_perEntry.end() ? m_base : it->second;
 }
 
 State& FakeFeature::state()
@@ -35,7 +35,7 @@ State& FakeFeature::state()
 
 State& FakeFeature::stateFor(const std::string& entry)
 {
-    return perEntry.try_emplace(entry, base).first->second;
+    return m_perEntry.try_emplace(entry, m_base).first->second;
 }
 
 std::size_t FakeFeature::observerCount() const
@@ -45,13 +45,13 @@ std::size_t FakeFeature::observerCount() const
 
 std::vector<std::shared_ptr<ZalCPP::IFeatureObserver>> FakeFeature::observers() const
 {
-    const std::lock_guard<std::mutex> lock(camera.mutex);
-    return registered;
+    const std::lock_guard<std::mutex> lock(m_camera.m_mutex);
+    return m_registered;
 }
 
 ZalErrorType FakeFeature::checkRead(const char* operation, ZalFeatureDataType wanted) const
 {
-    if (const ZalErrorType status = camera.enter(operation, name))
+    if (const ZalErrorType status = m_camera.enter(operation, name))
         return status;
     if (type != wanted)
         return ZalErrorWrongType;
@@ -62,7 +62,7 @@ ZalErrorType FakeFeature::checkRead(const char* operation, ZalFeatureDataType wa
 
 ZalErrorType FakeFeature::checkRange(const char* operation, ZalFeatureDataType wanted) const
 {
-    if (const ZalErrorType status = camera.enter(operation, name))
+    if (const ZalErrorType status = m_camera.enter(operation, name))
         return status;
     if (type != wanted)
         return ZalErrorWrongType;
@@ -71,7 +71,7 @@ ZalErrorType FakeFeature::checkRange(const char* operation, ZalFeatureDataType w
 
 ZalErrorType FakeFeature::checkEnum(const char* operation) const
 {
-    if (const ZalErrorType status = camera.enter(operation, name))
+    if (const ZalErrorType status = m_camera.enter(operation, name))
         return status;
     if (type != ZalFeatureEnum)
         return ZalErrorWrongType;
@@ -81,8 +81,8 @@ ZalErrorType FakeFeature::checkEnum(const char* operation) const
 ZalErrorType FakeFeature::checkWrite(const char* operation, const std::string& value,
                                      ZalFeatureDataType wanted)
 {
-    offered = value;
-    if (const ZalErrorType status = camera.enter(operation, name, value, true))
+    m_offered = value;
+    if (const ZalErrorType status = m_camera.enter(operation, name, value, true))
         return status;
     if (type != wanted)
         return ZalErrorWrongType;
@@ -93,8 +93,8 @@ ZalErrorType FakeFeature::checkWrite(const char* operation, const std::string& v
 
 void FakeFeature::reportAccepted() const
 {
-    if (camera.onAccepted)
-        camera.onAccepted({name, offered, selector ? selectedEntry() : std::string()});
+    if (m_camera.onAccepted)
+        m_camera.onAccepted({name, m_offered, selector ? selectedEntry() : std::string()});
 }
 
 ZalErrorType FakeFeature::written()
@@ -108,13 +108,13 @@ ZalErrorType FakeFeature::written()
 ZalErrorType FakeFeature::giveFact(const char* operation, const std::string& fact, char* buffer,
                                    std::uint32_t& count) const
 {
-    const ZalErrorType status = camera.enter(operation, name);
+    const ZalErrorType status = m_camera.enter(operation, name);
     return status ? status : deliverText(fact, buffer, count);
 }
 
 ZalErrorType FakeFeature::GetName(char* buffer, std::uint32_t& count) const
 {
-    if (const ZalErrorType status = camera.enter("GetName", name))
+    if (const ZalErrorType status = m_camera.enter("GetName", name))
         return status;
     return state().implemented ? deliverText(name, buffer, count) : ZalErrorNotAvailable;
 }
@@ -151,7 +151,7 @@ ZalErrorType FakeFeature::GetDescription(char* buffer, std::uint32_t& count) con
 
 ZalErrorType FakeFeature::GetDataType(ZalFeatureDataType& dataType) const
 {
-    if (const ZalErrorType status = camera.enter("GetDataType", name))
+    if (const ZalErrorType status = m_camera.enter("GetDataType", name))
         return status;
     dataType = type;
     return ZalErrorSuccess;
@@ -159,7 +159,7 @@ ZalErrorType FakeFeature::GetDataType(ZalFeatureDataType& dataType) const
 
 ZalErrorType FakeFeature::GetFlags(ZalFeatureFlagsType& accessFlags) const
 {
-    if (const ZalErrorType status = camera.enter("GetFlags", name))
+    if (const ZalErrorType status = m_camera.enter("GetFlags", name))
         return status;
     accessFlags = flags;
     return ZalErrorSuccess;
@@ -167,7 +167,7 @@ ZalErrorType FakeFeature::GetFlags(ZalFeatureFlagsType& accessFlags) const
 
 ZalErrorType FakeFeature::GetVisibility(ZalFeatureVisibilityType& level) const
 {
-    if (const ZalErrorType status = camera.enter("GetVisibility", name))
+    if (const ZalErrorType status = m_camera.enter("GetVisibility", name))
         return status;
     level = visibility;
     return ZalErrorSuccess;
@@ -176,7 +176,7 @@ ZalErrorType FakeFeature::GetVisibility(ZalFeatureVisibilityType& level) const
 ZalErrorType FakeFeature::GetSelectedFeatures(ZalCPP::FeaturePtr* buffer,
                                               std::uint32_t& count) const
 {
-    if (const ZalErrorType status = camera.enter("GetSelectedFeatures", name))
+    if (const ZalErrorType status = m_camera.enter("GetSelectedFeatures", name))
         return status;
     const std::vector<ZalCPP::FeaturePtr> handles(selectedFeatures.begin(), selectedFeatures.end());
     return deliver(handles, buffer, count);
@@ -184,7 +184,7 @@ ZalErrorType FakeFeature::GetSelectedFeatures(ZalCPP::FeaturePtr* buffer,
 
 ZalErrorType FakeFeature::IsReadable(bool& readable) const
 {
-    if (const ZalErrorType status = camera.enter("IsReadable", name))
+    if (const ZalErrorType status = m_camera.enter("IsReadable", name))
         return status;
     readable = state().implemented && state().readable;
     return ZalErrorSuccess;
@@ -192,7 +192,7 @@ ZalErrorType FakeFeature::IsReadable(bool& readable) const
 
 ZalErrorType FakeFeature::IsWritable(bool& writable) const
 {
-    if (const ZalErrorType status = camera.enter("IsWritable", name))
+    if (const ZalErrorType status = m_camera.enter("IsWritable", name))
         return status;
     writable = state().implemented && state().writable;
     return ZalErrorSuccess;
@@ -201,26 +201,26 @@ ZalErrorType FakeFeature::IsWritable(bool& writable) const
 ZalErrorType
 FakeFeature::RegisterObserver(const std::shared_ptr<ZalCPP::IFeatureObserver>& observer)
 {
-    if (const ZalErrorType status = camera.enter("RegisterObserver", name))
+    if (const ZalErrorType status = m_camera.enter("RegisterObserver", name))
         return status;
     if (!observer)
         return ZalErrorBadParameter;
-    const std::lock_guard<std::mutex> lock(camera.mutex);
-    if (std::find(registered.begin(), registered.end(), observer) == registered.end())
-        registered.push_back(observer);
+    const std::lock_guard<std::mutex> lock(m_camera.m_mutex);
+    if (std::find(m_registered.begin(), m_registered.end(), observer) == m_registered.end())
+        m_registered.push_back(observer);
     return ZalErrorSuccess;
 }
 
 ZalErrorType
 FakeFeature::UnregisterObserver(const std::shared_ptr<ZalCPP::IFeatureObserver>& observer)
 {
-    if (const ZalErrorType status = camera.enter("UnregisterObserver", name))
+    if (const ZalErrorType status = m_camera.enter("UnregisterObserver", name))
         return status;
-    const std::lock_guard<std::mutex> lock(camera.mutex);
-    const auto it = std::find(registered.begin(), registered.end(), observer);
-    if (it == registered.end())
+    const std::lock_guard<std::mutex> lock(m_camera.m_mutex);
+    const auto it = std::find(m_registered.begin(), m_registered.end(), observer);
+    if (it == m_registered.end())
         return ZalErrorNotFound;
-    registered.erase(it);
+    m_registered.erase(it);
     return ZalErrorSuccess;
 }
 

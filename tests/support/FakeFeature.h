@@ -152,11 +152,11 @@ private:
     ZalErrorType written();
     std::string selectedEntry() const;
 
-    FakeCamera& camera;
-    State base;
-    std::map<std::string, State> perEntry;
-    std::string offered; ///< The value of the write that was checked last.
-    std::vector<std::shared_ptr<ZalCPP::IFeatureObserver>> registered;
+    FakeCamera& m_camera;
+    State m_base;
+    std::map<std::string, State> m_perEntry;
+    std::string m_offered; ///< The value of the write that was checked last.
+    std::vector<std::shared_ptr<ZalCPP::IFeatureObserver>> m_registered;
 };
 
 } // namespace Fake

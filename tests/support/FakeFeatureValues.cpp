@@ -198,7 +198,7 @@ ZalErrorType FakeFeature::GetFloatRange(double& min, double& max) const
 
 ZalErrorType FakeFeature::HasIncrement(bool& hasIncrement) const
 {
-    if (const ZalErrorType status = camera.enter("HasIncrement", name))
+    if (const ZalErrorType status = m_camera.enter("HasIncrement", name))
         return status;
     hasIncrement = (type == ZalFeatureInteger && state().incrementInteger) ||
                    (type == ZalFeatureFloat && state().incrementReal);
@@ -207,7 +207,7 @@ ZalErrorType FakeFeature::HasIncrement(bool& hasIncrement) const
 
 ZalErrorType FakeFeature::GetIntegerIncrement(long long& increment) const
 {
-    if (const ZalErrorType status = camera.enter("GetIntegerIncrement", name))
+    if (const ZalErrorType status = m_camera.enter("GetIntegerIncrement", name))
         return status;
     return type == ZalFeatureInteger ? give(state().incrementInteger, increment)
                                      : ZalErrorWrongType;
@@ -215,14 +215,14 @@ ZalErrorType FakeFeature::GetIntegerIncrement(long long& increment) const
 
 ZalErrorType FakeFeature::GetFloatIncrement(double& increment) const
 {
-    if (const ZalErrorType status = camera.enter("GetFloatIncrement", name))
+    if (const ZalErrorType status = m_camera.enter("GetFloatIncrement", name))
         return status;
     return type == ZalFeatureFloat ? give(state().incrementReal, increment) : ZalErrorWrongType;
 }
 
 ZalErrorType FakeFeature::GetValidValueSet(long long* buffer, std::uint32_t& count) const
 {
-    if (const ZalErrorType status = camera.enter("GetValidValueSet", name))
+    if (const ZalErrorType status = m_camera.enter("GetValidValueSet", name))
         return status;
     return type == ZalFeatureInteger ? deliver(validValues, buffer, count) : ZalErrorWrongType;
 }
@@ -295,7 +295,7 @@ ZalErrorType FakeFeature::RunCommand()
 
 ZalErrorType FakeFeature::IsCommandDone(bool& done) const
 {
-    if (const ZalErrorType status = camera.enter("IsCommandDone", name))
+    if (const ZalErrorType status = m_camera.enter("IsCommandDone", name))
         return status;
     if (type != ZalFeatureCommand)
         return ZalErrorWrongType;

@@ -8,12 +8,12 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr long long maxUnsigned32 = 0xFFFFFFFFLL;
-constexpr long long maxSigned64 = 0x7FFFFFFFFFFFFFFFLL;
+constexpr long long MaxUnsigned32 = 0xFFFFFFFFLL;
+constexpr long long MaxSigned64 = 0x7FFFFFFFFFFFFFFFLL;
 
-const Names lines = {"Line0", "Line1", "Line2", "Line3"};
-const Names activations = {"RisingEdge", "FallingEdge", "AnyEdge", "LevelHigh", "LevelLow"};
-const Names signalSources = {"Off",          "Line0",          "Line1",       "ExposureActive",
+const Names Lines = {"Line0", "Line1", "Line2", "Line3"};
+const Names Activations = {"RisingEdge", "FallingEdge", "AnyEdge", "LevelHigh", "LevelLow"};
+const Names SignalSources = {"Off",          "Line0",          "Line1",       "ExposureActive",
                              "Timer0Active", "Timer1Active",   "Counter0End", "Counter1End",
                              "Action0",      "SoftwareSignal0"};
 
@@ -37,27 +37,27 @@ class Section
 {
 public:
     Section(FakeCamera& targetCamera, std::string categoryName)
-        : camera(targetCamera), category(std::move(categoryName))
+        : m_camera(targetCamera), m_category(std::move(categoryName))
     {
     }
 
     FakeFeaturePtr describe(const FakeFeaturePtr& feature) const
     {
-        feature->category = category;
+        feature->category = m_category;
         feature->displayName = spaced(feature->name);
         feature->toolTip = feature->displayName + " of the camera";
-        feature->description = "Controls " + feature->name + ". Belongs to " + category + ".";
+        feature->description = "Controls " + feature->name + ". Belongs to " + m_category + ".";
         return feature;
     }
 
     FakeFeaturePtr enumeration(const std::string& name, const Names& entries) const
     {
-        return describe(camera.addEnum(name, entries, entries.front()));
+        return describe(m_camera.addEnum(name, entries, entries.front()));
     }
 
     FakeFeaturePtr integer(const std::string& name, long long value, long long max) const
     {
-        return describe(camera.addInteger(name, value, 0, max));
+        return describe(m_camera.addInteger(name, value, 0, max));
     }
 
     FakeFeaturePtr hexNumber(const std::string& name, long long value, long long max) const
@@ -69,24 +69,24 @@ public:
 
     FakeFeaturePtr microseconds(const std::string& name, double value) const
     {
-        FakeFeaturePtr feature = describe(camera.addFloat(name, value));
+        FakeFeaturePtr feature = describe(m_camera.addFloat(name, value));
         feature->unit = "us";
         return feature;
     }
 
     FakeFeaturePtr text(const std::string& name, const std::string& value) const
     {
-        return readOnly(describe(camera.addString(name, value)));
+        return readOnly(describe(m_camera.addString(name, value)));
     }
 
     FakeFeaturePtr boolean(const std::string& name) const
     {
-        return describe(camera.addBool(name, false));
+        return describe(m_camera.addBool(name, false));
     }
 
     FakeFeaturePtr command(const std::string& name) const
     {
-        return describe(camera.addCommand(name));
+        return describe(m_camera.addCommand(name));
     }
 
     static FakeFeaturePtr readOnly(const FakeFeaturePtr& feature)
@@ -97,8 +97,8 @@ public:
     }
 
 private:
-    FakeCamera& camera;
-    std::string category;
+    FakeCamera& m_camera;
+    std::string m_category;
 };
 
 void addDevice(FakeCamera& camera)
@@ -109,7 +109,7 @@ void addDevice(FakeCamera& camera)
     section.text("DeviceSerialNumber", "SN004711");
     section.text("DeviceFamilyName", "Tarsel X");
     section.command("TimestampLatch");
-    Section::readOnly(section.integer("TimestampLatchValue", 0, maxSigned64));
+    Section::readOnly(section.integer("TimestampLatchValue", 0, MaxSigned64));
 }
 
 void addAcquisition(FakeCamera& camera)
@@ -125,10 +125,10 @@ void addTrigger(FakeCamera& camera)
     const Section section(camera, "AcquisitionControl/TriggerControl");
     section.enumeration("TriggerSelector", {"AcquisitionStart", "FrameStart", "LineStart"});
     section.enumeration("TriggerMode", {"Off", "On"});
-    Names sources = signalSources;
+    Names sources = SignalSources;
     sources.front() = "Software";
     section.enumeration("TriggerSource", sources);
-    section.enumeration("TriggerActivation", activations);
+    section.enumeration("TriggerActivation", Activations);
     section.microseconds("TriggerDelay", 0.0);
     section.command("TriggerSoftware");
     camera.select("TriggerSelector", {"TriggerMode", "TriggerSource", "TriggerActivation",
@@ -139,10 +139,10 @@ void addTrigger(FakeCamera& camera)
 void addLines(FakeCamera& camera)
 {
     const Section section(camera, "DigitalIOControl");
-    section.enumeration("LineSelector", lines);
+    section.enumeration("LineSelector", Lines);
     section.enumeration("LineMode", {"Input", "Output"});
     section.boolean("LineInverter");
-    section.enumeration("LineSource", signalSources);
+    section.enumeration("LineSource", SignalSources);
     Section::readOnly(section.boolean("LineStatus"));
     section.enumeration("LineDebounceMode", {"Off", "Debounce", "Deglitch"});
     section.microseconds("LineDebounceDuration", 0.0);
@@ -156,11 +156,11 @@ void addActions(FakeCamera& camera)
 {
     const Section section(camera, "ActionControl");
     section.integer("ActionSelector", 0, 3);
-    const auto deviceKey = section.hexNumber("ActionDeviceKey", 0, maxUnsigned32);
+    const auto deviceKey = section.hexNumber("ActionDeviceKey", 0, MaxUnsigned32);
     deviceKey->flags = ZalFeatureFlagsWrite;
     deviceKey->state().readable = false;
-    section.hexNumber("ActionGroupKey", 0x11223344, maxUnsigned32);
-    section.hexNumber("ActionGroupMask", maxUnsigned32, maxUnsigned32);
+    section.hexNumber("ActionGroupKey", 0x11223344, MaxUnsigned32);
+    section.hexNumber("ActionGroupMask", MaxUnsigned32, MaxUnsigned32);
     Section::readOnly(section.integer("ActionQueueSize", 8, 8));
     camera.select("ActionSelector", {"ActionGroupKey", "ActionGroupMask"});
 }
@@ -176,9 +176,9 @@ void addPtp(FakeCamera& camera)
     Section::readOnly(section.enumeration("PtpServoStatus", {"Unknown", "Locked"}));
     Section::readOnly(section.enumeration("PtpClockAccuracy", {"Unknown", "Within1us"}));
     for (const char* name : {"PtpClockID", "PtpParentClockID", "PtpGrandmasterClockID"})
-        Section::readOnly(section.hexNumber(name, 0x0011223344556677, maxSigned64));
-    const auto offset = Section::readOnly(section.integer("PtpOffsetFromMaster", -42, maxSigned64));
-    offset->state().minInteger = -maxSigned64;
+        Section::readOnly(section.hexNumber(name, 0x0011223344556677, MaxSigned64));
+    const auto offset = Section::readOnly(section.integer("PtpOffsetFromMaster", -42, MaxSigned64));
+    offset->state().minInteger = -MaxSigned64;
     offset->unit = "ns";
 }
 
@@ -194,14 +194,14 @@ void addCounters(FakeCamera& camera)
 {
     const Section section(camera, "CounterAndTimerControl");
     section.enumeration("CounterSelector", {"Counter0", "Counter1"});
-    section.enumeration("CounterEventSource", signalSources);
-    section.enumeration("CounterEventActivation", activations);
+    section.enumeration("CounterEventSource", SignalSources);
+    section.enumeration("CounterEventActivation", Activations);
     section.integer("CounterDuration", 1, 65535);
     section.integer("CounterValue", 0, 65535);
-    section.enumeration("CounterTriggerSource", signalSources);
-    section.enumeration("CounterTriggerActivation", activations);
-    section.enumeration("CounterResetSource", signalSources);
-    section.enumeration("CounterResetActivation", activations);
+    section.enumeration("CounterTriggerSource", SignalSources);
+    section.enumeration("CounterTriggerActivation", Activations);
+    section.enumeration("CounterResetSource", SignalSources);
+    section.enumeration("CounterResetActivation", Activations);
     Section::readOnly(
         section.enumeration("CounterStatus", {"CounterIdle", "CounterTriggerWait", "CounterActive",
                                               "CounterCompleted", "CounterOverflow"}));
@@ -220,8 +220,8 @@ void addTimers(FakeCamera& camera)
     section.enumeration("TimerSelector", {"Timer0", "Timer1"});
     section.microseconds("TimerDuration", 1000.0);
     section.microseconds("TimerDelay", 0.0);
-    section.enumeration("TimerTriggerSource", signalSources);
-    section.enumeration("TimerTriggerActivation", activations);
+    section.enumeration("TimerTriggerSource", SignalSources);
+    section.enumeration("TimerTriggerActivation", Activations);
     Section::readOnly(section.enumeration(
         "TimerStatus", {"TimerIdle", "TimerTriggerWait", "TimerActive", "TimerCompleted"}));
     section.command("TimerReset");

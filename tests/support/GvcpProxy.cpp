@@ -28,21 +28,21 @@ constexpr std::size_t LongestDatagram = 2048;
 class Descriptor
 {
 public:
-    explicit Descriptor(int opened) : fd(opened) {}
-    Descriptor(Descriptor&& other) noexcept : fd(std::exchange(other.fd, -1)) {}
+    explicit Descriptor(int opened) : m_fd(opened) {}
+    Descriptor(Descriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
     ~Descriptor()
     {
-        if (fd >= 0)
-            ::close(fd);
+        if (m_fd >= 0)
+            ::close(m_fd);
     }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     Descriptor& operator=(Descriptor&&) = delete;
 
-    const int& get() const { return fd; }
+    const int& get() const { return m_fd; }
 
 private:
-    int fd;
+    int m_fd;
 };
 
 Descriptor udpSocket()
@@ -99,7 +99,7 @@ public:
     Private(const Private&) = delete;
     Private& operator=(const Private&) = delete;
 
-    bool isRunning() const { return running; }
+    bool isRunning() const { return m_running; }
 
     mutable std::mutex mutex;
     Judge judge;
@@ -117,28 +117,28 @@ private:
     void send(const Parcel& parcel) const;
     void sendWhatIsDue();
 
-    const Descriptor listener = udpSocket();
-    const Descriptor stop{::eventfd(0, EFD_CLOEXEC)};
-    std::map<std::pair<std::uint32_t, std::uint16_t>, Client> clients;
-    std::multimap<Clock::time_point, Parcel> late;
-    bool running = false;
-    std::thread thread;
+    const Descriptor m_listener = udpSocket();
+    const Descriptor m_stop{::eventfd(0, EFD_CLOEXEC)};
+    std::map<std::pair<std::uint32_t, std::uint16_t>, Client> m_clients;
+    std::multimap<Clock::time_point, Parcel> m_late;
+    bool m_running = false;
+    std::thread m_thread;
 };
 
 GvcpProxy::Private::Private()
 {
     const sockaddr_in own = addressOf(Address);
-    running = ::bind(listener.get(), generic(own), sizeof own) == 0;
-    if (running)
-        thread = std::thread([this] { run(); });
+    m_running = ::bind(m_listener.get(), generic(own), sizeof own) == 0;
+    if (m_running)
+        m_thread = std::thread([this] { run(); });
 }
 
 GvcpProxy::Private::~Private()
 {
-    if (!thread.joinable())
+    if (!m_thread.joinable())
         return;
-    ::eventfd_write(stop.get(), 1);
-    thread.join();
+    ::eventfd_write(m_stop.get(), 1);
+    m_thread.join();
 }
 
 void GvcpProxy::Private::run()
@@ -150,7 +150,7 @@ void GvcpProxy::Private::run()
             return;
         sendWhatIsDue();
         auto socket = waiting.begin() + 2;
-        for (const auto& entry : clients) {
+        for (const auto& entry : m_clients) {
             if ((socket++)->revents != 0)
                 receiveFromCamera(entry.second);
         }
@@ -162,17 +162,17 @@ void GvcpProxy::Private::run()
 
 std::vector<pollfd> GvcpProxy::Private::descriptors() const
 {
-    std::vector<pollfd> result{{stop.get(), POLLIN, 0}, {listener.get(), POLLIN, 0}};
-    for (const auto& entry : clients)
+    std::vector<pollfd> result{{m_stop.get(), POLLIN, 0}, {m_listener.get(), POLLIN, 0}};
+    for (const auto& entry : m_clients)
         result.push_back({entry.second.upstream.get(), POLLIN, 0});
     return result;
 }
 
 int GvcpProxy::Private::patience() const
 {
-    if (late.empty())
+    if (m_late.empty())
         return -1;
-    const auto left = late.begin()->first - Clock::now();
+    const auto left = m_late.begin()->first - Clock::now();
     // A millisecond more, because a fraction of one counts as none.
     const auto whole = std::chrono::duration_cast<std::chrono::milliseconds>(left).count() + 1;
     return static_cast<int>(std::max<std::int64_t>(whole, 0));
@@ -183,12 +183,12 @@ void GvcpProxy::Private::receiveFromClient()
     Datagram datagram(LongestDatagram);
     sockaddr_in from{};
     socklen_t length = sizeof from;
-    const auto size = ::recvfrom(listener.get(), datagram.data(), datagram.size(), MSG_DONTWAIT,
+    const auto size = ::recvfrom(m_listener.get(), datagram.data(), datagram.size(), MSG_DONTWAIT,
                                  reinterpret_cast<sockaddr*>(&from), &length);
     if (size < 0)
         return;
     datagram.resize(static_cast<std::size_t>(size));
-    const Client& client = clients.try_emplace(keyOf(from), from).first->second;
+    const Client& client = m_clients.try_emplace(keyOf(from), from).first->second;
     decide({&client, Direction::ToCamera, std::move(datagram)});
 }
 
@@ -209,7 +209,7 @@ void GvcpProxy::Private::decide(Parcel parcel)
     case Fate::Drop:
         return;
     case Fate::Delay:
-        late.emplace(Clock::now() + delay.load(), std::move(parcel));
+        m_late.emplace(Clock::now() + delay.load(), std::move(parcel));
         return;
     case Fate::Duplicate:
         send(parcel);
@@ -237,14 +237,14 @@ void GvcpProxy::Private::send(const Parcel& parcel) const
     if (parcel.direction == Direction::ToCamera)
         ::send(client.upstream.get(), datagram.data(), datagram.size(), 0);
     else
-        ::sendto(listener.get(), datagram.data(), datagram.size(), 0, generic(client.address),
+        ::sendto(m_listener.get(), datagram.data(), datagram.size(), 0, generic(client.address),
                  sizeof client.address);
 }
 
 void GvcpProxy::Private::sendWhatIsDue()
 {
-    const auto end = late.upper_bound(Clock::now());
-    for (auto parcel = late.begin(); parcel != end; parcel = late.erase(parcel))
+    const auto end = m_late.upper_bound(Clock::now());
+    for (auto parcel = m_late.begin(); parcel != end; parcel = m_late.erase(parcel))
         send(parcel->second);
 }
 

@@ -9,11 +9,11 @@
 class LogCapture
 {
 public:
-    LogCapture() : previous(qInstallMessageHandler(&LogCapture::handle)) { active() = this; }
+    LogCapture() : m_previous(qInstallMessageHandler(&LogCapture::handle)) { active() = this; }
     ~LogCapture()
     {
         active() = nullptr;
-        qInstallMessageHandler(previous);
+        qInstallMessageHandler(m_previous);
     }
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
@@ -21,8 +21,8 @@ public:
     /// The lines so far, each as "category/type text", for example "default/debug Error ...".
     QStringList lines() const
     {
-        const QMutexLocker lock(&mutex);
-        return captured;
+        const QMutexLocker lock(&m_mutex);
+        return m_captured;
     }
 
 private:
@@ -49,12 +49,12 @@ private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
         LogCapture* const self = active();
-        const QMutexLocker lock(&self->mutex);
-        self->captured.append(
+        const QMutexLocker lock(&self->m_mutex);
+        self->m_captured.append(
             QStringLiteral("%1/%2 %3").arg(context.category, typeName(type), text));
     }
 
-    mutable QMutex mutex;
-    QStringList captured;
-    QtMessageHandler previous;
+    mutable QMutex m_mutex;
+    QStringList m_captured;
+    QtMessageHandler m_previous;
 };

@@ -18,16 +18,16 @@
 class WatchedFifo
 {
 public:
-    explicit WatchedFifo(const QString& fifoPath) : path(QFile::encodeName(fifoPath))
+    explicit WatchedFifo(const QString& fifoPath) : m_path(QFile::encodeName(fifoPath))
     {
-        const bool made = ::mkfifo(path.constData(), 0600) == 0;
+        const bool made = ::mkfifo(m_path.constData(), 0600) == 0;
         // With a writer at the other end, opening for reading does not wait.
-        writer = ::open(path.constData(), O_RDWR | O_CLOEXEC);
-        events = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-        const bool watching = ::inotify_add_watch(events, path.constData(), IN_OPEN) >= 0;
-        if (!made || writer < 0 || !watching || ::pipe(stop.data()) != 0)
+        m_writer = ::open(m_path.constData(), O_RDWR | O_CLOEXEC);
+        m_events = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+        const bool watching = ::inotify_add_watch(m_events, m_path.constData(), IN_OPEN) >= 0;
+        if (!made || m_writer < 0 || !watching || ::pipe(m_stop.data()) != 0)
             qFatal("cannot watch a pipe");
-        watch = std::thread([this] { run(); });
+        m_watch = std::thread([this] { run(); });
     }
     ~WatchedFifo() { wasOpened(); }
     Q_DISABLE_COPY(WatchedFifo)
@@ -35,33 +35,33 @@ public:
     /// Whether it was opened up to now; nobody watches afterwards.
     bool wasOpened()
     {
-        if (watch.joinable()) {
-            ::close(stop[1]);
-            watch.join();
-            for (const int descriptor : {stop[0], events, writer})
+        if (m_watch.joinable()) {
+            ::close(m_stop[1]);
+            m_watch.join();
+            for (const int descriptor : {m_stop[0], m_events, m_writer})
                 ::close(descriptor);
         }
-        return opened;
+        return m_opened;
     }
 
 private:
     void run()
     {
-        std::array<pollfd, 2> waiting = {{{events, POLLIN, 0}, {stop[0], POLLIN, 0}}};
+        std::array<pollfd, 2> waiting = {{{m_events, POLLIN, 0}, {m_stop[0], POLLIN, 0}}};
         ::poll(waiting.data(), waiting.size(), -1);
-        opened = (waiting[0].revents & POLLIN) != 0;
-        if (!opened)
+        m_opened = (waiting[0].revents & POLLIN) != 0;
+        if (!m_opened)
             return;
         // Gone before it has no writer any more: a second attempt to open it fails.
-        ::unlink(path.constData());
-        ::close(writer);
-        writer = -1;
+        ::unlink(m_path.constData());
+        ::close(m_writer);
+        m_writer = -1;
     }
 
-    QByteArray path;
-    int writer = -1;
-    int events = -1;
-    std::array<int, 2> stop = {-1, -1};
-    std::atomic<bool> opened{false};
-    std::thread watch;
+    QByteArray m_path;
+    int m_writer = -1;
+    int m_events = -1;
+    std::array<int, 2> m_stop = {-1, -1};
+    std::atomic<bool> m_opened{false};
+    std::thread m_watch;
 };

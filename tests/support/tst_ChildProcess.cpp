@@ -37,55 +37,55 @@ private slots:
     void signalToAProcessThatHasEndedReachesNobody();
 
 private:
-    std::unique_ptr<ChildProcess> process;
+    std::unique_ptr<ChildProcess> m_process;
 };
 
 void tst_ChildProcess::init()
 {
-    process = std::make_unique<ChildProcess>();
-    process->start(QStringLiteral("cat"), QStringList());
-    QVERIFY(process->waitForStarted());
+    m_process = std::make_unique<ChildProcess>();
+    m_process->start(QStringLiteral("cat"), QStringList());
+    QVERIFY(m_process->waitForStarted());
 }
 
 void tst_ChildProcess::cleanup()
 {
-    process->kill();
-    process->waitForFinished();
+    m_process->kill();
+    m_process->waitForFinished();
 }
 
 void tst_ChildProcess::stalledProcessHasStopped()
 {
     for (int round = 0; round < 50; ++round) {
-        QVERIFY(process->stall());
-        QCOMPARE(stateOf(*process), 'T');
-        process->resume();
+        QVERIFY(m_process->stall());
+        QCOMPARE(stateOf(*m_process), 'T');
+        m_process->resume();
     }
 }
 
 void tst_ChildProcess::resumedProcessGoesOn()
 {
-    QVERIFY(process->stall());
-    process->resume();
-    process->write("x");
-    QVERIFY(process->waitForReadyRead());
-    process->closeWriteChannel();
-    QVERIFY(process->waitForFinished());
-    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QVERIFY(m_process->stall());
+    m_process->resume();
+    m_process->write("x");
+    QVERIFY(m_process->waitForReadyRead());
+    m_process->closeWriteChannel();
+    QVERIFY(m_process->waitForFinished());
+    QCOMPARE(m_process->exitStatus(), QProcess::NormalExit);
 }
 
 void tst_ChildProcess::processThatHasEndedCannotBeStalled()
 {
-    process->kill();
-    QVERIFY(process->waitForFinished());
-    QVERIFY(!process->stall());
+    m_process->kill();
+    QVERIFY(m_process->waitForFinished());
+    QVERIFY(!m_process->stall());
 }
 
 void tst_ChildProcess::signalToAProcessThatHasEndedReachesNobody()
 {
-    process->kill();
-    QVERIFY(process->waitForFinished());
+    m_process->kill();
+    QVERIFY(m_process->waitForFinished());
     const auto before = std::signal(SIGCONT, count);
-    process->resume();
+    m_process->resume();
     std::signal(SIGCONT, before);
     QCOMPARE(int(signalsToTheTest), 0);
 }

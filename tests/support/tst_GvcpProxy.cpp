@@ -28,41 +28,41 @@ sockaddr_in addressOf(const char* host)
 class Peer
 {
 public:
-    Peer() : fd(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {}
-    ~Peer() { ::close(fd); }
+    Peer() : m_fd(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {}
+    ~Peer() { ::close(m_fd); }
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
 
     bool listen(const char* host)
     {
         const sockaddr_in own = addressOf(host);
-        return ::bind(fd, reinterpret_cast<const sockaddr*>(&own), sizeof own) == 0;
+        return ::bind(m_fd, reinterpret_cast<const sockaddr*>(&own), sizeof own) == 0;
     }
     void ask(unsigned char number)
     {
-        to = addressOf(GvcpProxy::Address);
+        m_to = addressOf(GvcpProxy::Address);
         answer(number);
     }
     /// To whom the last number came from.
     void answer(unsigned char number)
     {
-        ::sendto(fd, &number, 1, 0, reinterpret_cast<const sockaddr*>(&to), sizeof to);
+        ::sendto(m_fd, &number, 1, 0, reinterpret_cast<const sockaddr*>(&m_to), sizeof m_to);
     }
     std::optional<int> receive(int patienceMs = 5000)
     {
         timeval patience{patienceMs / 1000, patienceMs % 1000 * 1000};
-        ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+        ::setsockopt(m_fd, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
         unsigned char number = 0;
-        socklen_t length = sizeof to;
-        if (::recvfrom(fd, &number, 1, 0, reinterpret_cast<sockaddr*>(&to), &length) != 1)
+        socklen_t length = sizeof m_to;
+        if (::recvfrom(m_fd, &number, 1, 0, reinterpret_cast<sockaddr*>(&m_to), &length) != 1)
             return std::nullopt;
         return number;
     }
-    unsigned lastPort() const { return to.sin_port; }
+    unsigned lastPort() const { return m_to.sin_port; }
 
 private:
-    int fd;
-    sockaddr_in to{};
+    int m_fd;
+    sockaddr_in m_to{};
 };
 
 GvcpProxy::Judge always(Direction direction, Fate fate)
@@ -107,36 +107,36 @@ private:
     /// Receives at the camera and answers; at the client the number comes back.
     std::optional<int> exchange(unsigned char number);
 
-    std::unique_ptr<Peer> camera;
-    std::unique_ptr<Peer> client;
-    std::unique_ptr<GvcpProxy> proxy;
+    std::unique_ptr<Peer> m_camera;
+    std::unique_ptr<Peer> m_client;
+    std::unique_ptr<GvcpProxy> m_proxy;
 };
 
 Q_DECLARE_METATYPE(GvcpProxy::Direction)
 
 void tst_GvcpProxy::init()
 {
-    camera = std::make_unique<Peer>();
-    client = std::make_unique<Peer>();
-    QVERIFY(camera->listen(GvcpProxy::CameraAddress));
-    proxy = std::make_unique<GvcpProxy>();
-    QVERIFY(proxy->isRunning());
+    m_camera = std::make_unique<Peer>();
+    m_client = std::make_unique<Peer>();
+    QVERIFY(m_camera->listen(GvcpProxy::CameraAddress));
+    m_proxy = std::make_unique<GvcpProxy>();
+    QVERIFY(m_proxy->isRunning());
 }
 
 void tst_GvcpProxy::cleanup()
 {
-    proxy.reset();
-    client.reset();
-    camera.reset();
+    m_proxy.reset();
+    m_client.reset();
+    m_camera.reset();
 }
 
 std::optional<int> tst_GvcpProxy::exchange(unsigned char number)
 {
-    client->ask(number);
-    if (camera->receive() != number)
+    m_client->ask(number);
+    if (m_camera->receive() != number)
         return std::nullopt;
-    camera->answer(number);
-    return client->receive();
+    m_camera->answer(number);
+    return m_client->receive();
 }
 
 void tst_GvcpProxy::directions()
@@ -150,59 +150,59 @@ void tst_GvcpProxy::passesBothWays()
 {
     QCOMPARE(exchange(1).value_or(-1), 1);
     QCOMPARE(exchange(2).value_or(-1), 2);
-    QCOMPARE(proxy->counts().passed, std::uint64_t(4));
+    QCOMPARE(m_proxy->counts().passed, std::uint64_t(4));
 }
 
 void tst_GvcpProxy::keepsClientsApart()
 {
     Peer other;
-    client->ask(1);
-    QCOMPARE(camera->receive().value_or(-1), 1);
-    const unsigned port = camera->lastPort();
+    m_client->ask(1);
+    QCOMPARE(m_camera->receive().value_or(-1), 1);
+    const unsigned port = m_camera->lastPort();
     other.ask(2);
-    QCOMPARE(camera->receive().value_or(-1), 2);
-    QVERIFY(camera->lastPort() != port);
-    camera->answer(2);
+    QCOMPARE(m_camera->receive().value_or(-1), 2);
+    QVERIFY(m_camera->lastPort() != port);
+    m_camera->answer(2);
     QCOMPARE(other.receive().value_or(-1), 2);
     QCOMPARE(exchange(3).value_or(-1), 3);
-    QCOMPARE(camera->lastPort(), port);
+    QCOMPARE(m_camera->lastPort(), port);
 }
 
 void tst_GvcpProxy::dropsWhatItIsTold()
 {
     QFETCH(Direction, direction);
-    proxy->setJudge(always(direction, Fate::Drop));
-    client->ask(1);
-    QTRY_COMPARE(proxy->counts().dropped + proxy->counts().passed, std::uint64_t(1));
+    m_proxy->setJudge(always(direction, Fate::Drop));
+    m_client->ask(1);
+    QTRY_COMPARE(m_proxy->counts().dropped + m_proxy->counts().passed, std::uint64_t(1));
     if (direction == Direction::ToClient) {
-        QCOMPARE(camera->receive().value_or(-1), 1);
-        camera->answer(1);
+        QCOMPARE(m_camera->receive().value_or(-1), 1);
+        m_camera->answer(1);
     }
-    QTRY_COMPARE(proxy->counts().dropped, std::uint64_t(1));
+    QTRY_COMPARE(m_proxy->counts().dropped, std::uint64_t(1));
     // What comes next comes first.
-    proxy->setJudge(nullptr);
+    m_proxy->setJudge(nullptr);
     QCOMPARE(exchange(2).value_or(-1), 2);
 }
 
 void tst_GvcpProxy::duplicatesWhatItIsTold()
 {
     QFETCH(Direction, direction);
-    proxy->setJudge(always(direction, Fate::Duplicate));
+    m_proxy->setJudge(always(direction, Fate::Duplicate));
     QCOMPARE(exchange(1).value_or(-1), 1);
-    Peer& twice = direction == Direction::ToCamera ? *camera : *client;
+    Peer& twice = direction == Direction::ToCamera ? *m_camera : *m_client;
     QCOMPARE(twice.receive().value_or(-1), 1);
-    QCOMPARE(proxy->counts().duplicated, std::uint64_t(1));
+    QCOMPARE(m_proxy->counts().duplicated, std::uint64_t(1));
 }
 
 void tst_GvcpProxy::delayedDatagramIsOvertaken()
 {
-    proxy->setJudge(always(Direction::ToCamera, Fate::Delay));
-    client->ask(1);
-    QTRY_COMPARE(proxy->counts().delayed, std::uint64_t(1));
-    proxy->setJudge(nullptr);
-    client->ask(2);
-    QCOMPARE(camera->receive().value_or(-1), 2);
-    QCOMPARE(camera->receive().value_or(-1), 1);
+    m_proxy->setJudge(always(Direction::ToCamera, Fate::Delay));
+    m_client->ask(1);
+    QTRY_COMPARE(m_proxy->counts().delayed, std::uint64_t(1));
+    m_proxy->setJudge(nullptr);
+    m_client->ask(2);
+    QCOMPARE(m_camera->receive().value_or(-1), 2);
+    QCOMPARE(m_camera->receive().value_or(-1), 1);
 }
 
 void tst_GvcpProxy::isNotRunningWhereSomebodyElseListens()

@@ -26,10 +26,10 @@ public:
     using Answer = std::function<void(QMessageBox&)>;
 
     explicit MessageBoxes(Answer toGive = [](QMessageBox& box) { box.accept(); })
-        : answer(std::move(toGive))
+        : m_answer(std::move(toGive))
     {
-        QObject::connect(&timer, &QTimer::timeout, [this] { look(); });
-        timer.start(0);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { look(); });
+        m_timer.start(0);
     }
 
     QVector<Shown> shown;
@@ -46,15 +46,15 @@ private:
     void look()
     {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box || box == answered)
+        if (!box || box == m_answered)
             return;
-        answered = box;
+        m_answered = box;
         shown.append({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
                       box->parentWidget(), box->isModal()});
-        answer(*box);
+        m_answer(*box);
     }
 
-    Answer answer;
-    QPointer<QMessageBox> answered;
-    QTimer timer;
+    Answer m_answer;
+    QPointer<QMessageBox> m_answered;
+    QTimer m_timer;
 };

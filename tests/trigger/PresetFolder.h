@@ -8,13 +8,13 @@
 class PresetFolder
 {
 public:
-    PresetFolder() { QDir(folder.path()).mkdir(QStringLiteral("plugins")); }
+    PresetFolder() { QDir(m_folder.path()).mkdir(QStringLiteral("plugins")); }
 
-    QString path() const { return folder.path(); }
+    QString path() const { return m_folder.path(); }
 
     void put(const QString& name, const QByteArray& content) const
     {
-        QFile file(folder.path() + QStringLiteral("/plugins/") + name);
+        QFile file(m_folder.path() + QStringLiteral("/plugins/") + name);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("cannot write %s", qUtf8Printable(file.fileName()));
     }
@@ -25,5 +25,5 @@ public:
     }
 
 private:
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 };

@@ -43,9 +43,9 @@ public:
     }
 
     /// Names bound by the form, without the ones that every engine watches.
-    QStringList boundFeatures() const { return m_knownFeatures.mid(seedCount); }
+    QStringList boundFeatures() const { return m_knownFeatures.mid(SeedCount); }
 
-    static constexpr int seedCount = 6;
+    static constexpr int SeedCount = 6;
     int customPresets = 0; ///< How often the preset box was told to show "Custom".
 
 protected:

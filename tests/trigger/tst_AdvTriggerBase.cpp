@@ -1,4 +1,5 @@
 #include "plugin/TabExtensionException.h"
+#include "tests/support/Rows.h"
 #include "tests/trigger/TestEngine.h"
 
 #include <QComboBox>
@@ -50,22 +51,22 @@ private:
     /// Delivers a tooltip event as the window system's hover timer does.
     static void hover(QWidget& widget);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TestEngine> engine;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TestEngine> m_engine;
 };
 
 void tst_AdvTriggerBase::init()
 {
-    camera = Fake::FakeCamera::standard();
-    engine = std::make_unique<TestEngine>(*camera);
+    m_camera = Fake::FakeCamera::standard();
+    m_engine = std::make_unique<TestEngine>(*m_camera);
 }
 
 void tst_AdvTriggerBase::cleanup()
 {
     // A tooltip still on screen would show through into the next test.
     QToolTip::hideText();
-    engine.reset();
-    camera.reset();
+    m_engine.reset();
+    m_camera.reset();
 }
 
 void tst_AdvTriggerBase::hover(QWidget& widget)
@@ -83,54 +84,54 @@ void tst_AdvTriggerBase::presetNamesAreFixed()
 
 void tst_AdvTriggerBase::engineStartsWithSixKnownFeatures()
 {
-    QCOMPARE(engine->m_knownFeatures,
+    QCOMPARE(m_engine->m_knownFeatures,
              QStringList({"TriggerSelector", "TriggerMode", "CounterSelector", "CounterEventSource",
                           "TimerSelector", "TimerTriggerSource"}));
-    QVERIFY(engine->m_exemptWidgets.isEmpty());
-    QVERIFY(engine->m_tooltipCache.isEmpty());
+    QVERIFY(m_engine->m_exemptWidgets.isEmpty());
+    QVERIFY(m_engine->m_tooltipCache.isEmpty());
 }
 
 void tst_AdvTriggerBase::observesWhatItKnows()
 {
-    QCOMPARE(engine->m_observedFeatures, engine->m_knownFeatures);
+    QCOMPARE(m_engine->m_observedFeatures, m_engine->m_knownFeatures);
 }
 
 void tst_AdvTriggerBase::boundFeaturesAreKnownAndObserved()
 {
-    engine->add<QDoubleSpinBox>("spbTriggerDelay");
-    engine->add<QComboBox>("cmbTriggerDelay");
-    engine->add<QComboBox>("cmbUnknown");
-    engine->InitBaseWidgets();
-    QCOMPARE(engine->boundFeatures(), QStringList({"TriggerDelay", "TriggerDelay"}));
-    QCOMPARE(engine->m_observedFeatures, engine->m_knownFeatures);
+    m_engine->add<QDoubleSpinBox>("spbTriggerDelay");
+    m_engine->add<QComboBox>("cmbTriggerDelay");
+    m_engine->add<QComboBox>("cmbUnknown");
+    m_engine->InitBaseWidgets();
+    QCOMPARE(m_engine->boundFeatures(), QStringList({"TriggerDelay", "TriggerDelay"}));
+    QCOMPARE(m_engine->m_observedFeatures, m_engine->m_knownFeatures);
 }
 
 void tst_AdvTriggerBase::buttonsAreNotKnownFeatures()
 {
-    engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
-    QVERIFY(!engine->m_knownFeatures.contains("TriggerSoftware"));
-    QVERIFY(!engine->m_observedFeatures.contains("TriggerSoftware"));
-    QVERIFY(!engine->m_observedFeatures.contains("LineSelector"));
+    m_engine->add<QPushButton>("btnTriggerSoftware");
+    m_engine->InitBaseWidgets();
+    QVERIFY(!m_engine->m_knownFeatures.contains("TriggerSoftware"));
+    QVERIFY(!m_engine->m_observedFeatures.contains("TriggerSoftware"));
+    QVERIFY(!m_engine->m_observedFeatures.contains("LineSelector"));
 }
 
 void tst_AdvTriggerBase::writesOneFeatureForPresets()
 {
-    camera->clearLog();
-    QCOMPARE(engine->SetFeatureValue("TriggerSource", "Line1"), QString());
-    QCOMPARE(writesOf(*camera), QStringList("SetStringValue TriggerSource=Line1"));
-    QCOMPARE(engine->SetFeatureValue("TriggerSource", "Nowhere"),
+    m_camera->clearLog();
+    QCOMPARE(m_engine->SetFeatureValue("TriggerSource", "Line1"), QString());
+    QCOMPARE(writesOf(*m_camera), QStringList("SetStringValue TriggerSource=Line1"));
+    QCOMPARE(m_engine->SetFeatureValue("TriggerSource", "Nowhere"),
              QString("  Failed to set TriggerSource = Nowhere, Current value: 'Line1'\n"));
 }
 
 void tst_AdvTriggerBase::keepsTheFeatureListAlive()
 {
-    const std::weak_ptr<std::vector<ZalCPP::FeaturePtr>> list = engine->m_featureList;
-    QCOMPARE(engine->m_featureList, camera->features());
+    const std::weak_ptr<std::vector<ZalCPP::FeaturePtr>> list = m_engine->m_featureList;
+    QCOMPARE(m_engine->m_featureList, m_camera->features());
     // Without the camera's own share, the engine holds the list until it goes.
-    camera.reset();
+    m_camera.reset();
     QVERIFY(!list.expired());
-    engine.reset();
+    m_engine.reset();
     QVERIFY(list.expired());
 }
 
@@ -138,15 +139,15 @@ void tst_AdvTriggerBase::styleSheetEndsWithTheToolTipStyle()
 {
     const QString toolTipStyle(" QToolTip { padding: 3px; color: black; background-color: "
                                "lightyellow; border: 1px solid lightgrey; }");
-    const QString style = engine->styleSheet();
+    const QString style = m_engine->styleSheet();
     QVERIFY(style.endsWith("QLabel:disabled { color: gray }" + toolTipStyle));
     QCOMPARE(style.count("QToolTip"), 1);
 }
 
 void tst_AdvTriggerBase::refusesCamerasOfOtherVendors()
 {
-    camera->find("DeviceVendorName")->state().text = "Somebody else";
-    QVERIFY_EXCEPTION_THROWN(TestEngine refused(*camera), TENotSupported);
+    m_camera->find("DeviceVendorName")->state().text = "Somebody else";
+    QVERIFY_EXCEPTION_THROWN(TestEngine refused(*m_camera), TENotSupported);
 }
 
 void tst_AdvTriggerBase::offersItsSignalsAndSlotsInOrder()
@@ -166,8 +167,8 @@ void tst_AdvTriggerBase::offersItsSignalsAndSlotsInOrder()
 
 void tst_AdvTriggerBase::tooltipsStartSuppressed()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    engine->InitBaseWidgets();
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
+    m_engine->InitBaseWidgets();
     box.setToolTip("from the form");
     hover(box);
     QCOMPARE(box.toolTip(), QString("from the form"));
@@ -176,9 +177,9 @@ void tst_AdvTriggerBase::tooltipsStartSuppressed()
 
 void tst_AdvTriggerBase::suppressedTooltipsAreSwallowedOnExemptWidgetsToo()
 {
-    auto& box = engine->add<QComboBox>("cmbSelectPreset");
-    engine->m_exemptWidgets << "cmbSelectPreset";
-    engine->InitBaseWidgets();
+    auto& box = m_engine->add<QComboBox>("cmbSelectPreset");
+    m_engine->m_exemptWidgets << "cmbSelectPreset";
+    m_engine->InitBaseWidgets();
     box.setToolTip("from the form");
     hover(box);
     QVERIFY(!QToolTip::isVisible());
@@ -186,29 +187,28 @@ void tst_AdvTriggerBase::suppressedTooltipsAreSwallowedOnExemptWidgetsToo()
 
 void tst_AdvTriggerBase::anyNonZeroStateActivatesTooltips_data()
 {
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("active");
-    QTest::newRow("unchecked") << int(Qt::Unchecked) << false;
-    QTest::newRow("partially checked") << int(Qt::PartiallyChecked) << true;
-    QTest::newRow("checked") << int(Qt::Checked) << true;
-    QTest::newRow("negative") << -1 << true;
+    columns<int, bool>("state", "active");
+    row("unchecked", int(Qt::Unchecked), false);
+    row("partially checked", int(Qt::PartiallyChecked), true);
+    row("checked", int(Qt::Checked), true);
+    row("negative", -1, true);
 }
 
 void tst_AdvTriggerBase::anyNonZeroStateActivatesTooltips()
 {
     QFETCH(int, state);
     QFETCH(bool, active);
-    engine->m_tooltipsActive = !active;
-    engine->ActivateTooltips(state);
-    QCOMPARE(engine->m_tooltipsActive, active);
+    m_engine->m_tooltipsActive = !active;
+    m_engine->ActivateTooltips(state);
+    QCOMPARE(m_engine->m_tooltipsActive, active);
 }
 
 void tst_AdvTriggerBase::tooltipTellsAboutTheFeature()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    auto& button = engine->add<QPushButton>("btnTriggerSoftware");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
+    auto& button = m_engine->add<QPushButton>("btnTriggerSoftware");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
     hover(box);
     hover(button);
     QVERIFY(box.toolTip().contains("<b>Feature Name:</b> TriggerMode<br/>"));
@@ -217,10 +217,10 @@ void tst_AdvTriggerBase::tooltipTellsAboutTheFeature()
 
 void tst_AdvTriggerBase::tooltipShowsTheFreshText()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
-    engine->show();
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
+    m_engine->show();
     box.setToolTip("from the form");
     hover(box);
     QVERIFY(QToolTip::isVisible());
@@ -231,11 +231,11 @@ void tst_AdvTriggerBase::tooltipShowsTheFreshText()
 void tst_AdvTriggerBase::exemptWidgetKeepsItsOwnTooltip()
 {
     // The feature exists, so only the list of exempt widgets can keep its text away.
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    engine->m_exemptWidgets << "cmbTriggerMode";
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
-    engine->show();
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
+    m_engine->m_exemptWidgets << "cmbTriggerMode";
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
+    m_engine->show();
     box.setToolTip("from the form");
     hover(box);
     QCOMPARE(box.toolTip(), QString("from the form"));
@@ -244,9 +244,9 @@ void tst_AdvTriggerBase::exemptWidgetKeepsItsOwnTooltip()
 
 void tst_AdvTriggerBase::tooltipOfUnavailableFeatureIsEmpty()
 {
-    auto& box = engine->add<QComboBox>("cmbNoSuchFeature");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
+    auto& box = m_engine->add<QComboBox>("cmbNoSuchFeature");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
     box.setToolTip("from the form");
     hover(box);
     QVERIFY(box.toolTip().isEmpty());
@@ -254,67 +254,62 @@ void tst_AdvTriggerBase::tooltipOfUnavailableFeatureIsEmpty()
 
 void tst_AdvTriggerBase::firstTooltipIsKeptForEver()
 {
-    auto& box = engine->add<QDoubleSpinBox>("spbTriggerDelay");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
+    auto& box = m_engine->add<QDoubleSpinBox>("spbTriggerDelay");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
     hover(box);
     const QString first = box.toolTip();
     QVERIFY(first.contains("<b>Maximum:</b> 1000000<br/>"));
 
-    camera->find("TriggerDelay")->state().maxReal = 5.0;
-    camera->clearLog();
+    m_camera->find("TriggerDelay")->state().maxReal = 5.0;
+    m_camera->clearLog();
     box.setToolTip(QString());
     hover(box);
     QCOMPARE(box.toolTip(), first);
-    QVERIFY(camera->calls().empty());
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_AdvTriggerBase::unavailableFeatureIsNotCached()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
-    camera->failCall("GetName", "TriggerMode");
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
+    m_camera->failCall("GetName", "TriggerMode");
     hover(box);
     QVERIFY(box.toolTip().isEmpty());
-    camera->clearFailures();
+    m_camera->clearFailures();
     hover(box);
     QVERIFY(box.toolTip().contains("TriggerMode"));
 }
 
 void tst_AdvTriggerBase::twoPartNameGoesByItsSecondPart_data()
 {
-    QTest::addColumn<QString>("objectName");
-    QTest::addColumn<QString>("feature");
-    QTest::newRow("cell of a line") << "cmbLine0_LineMode"
-                                    << "LineMode";
-    QTest::newRow("third part is left out") << "cmbLine0_LineMode_2"
-                                            << "LineMode";
-    QTest::newRow("underscore first") << "cmb_LineMode"
-                                      << "LineMode";
-    QTest::newRow("known feature in front") << "cmbTriggerMode_LineMode"
-                                            << "LineMode";
+    columns<QString, QString>("objectName", "feature");
+    row("cell of a line", "cmbLine0_LineMode", "LineMode");
+    row("third part is left out", "cmbLine0_LineMode_2", "LineMode");
+    row("underscore first", "cmb_LineMode", "LineMode");
+    row("known feature in front", "cmbTriggerMode_LineMode", "LineMode");
 }
 
 void tst_AdvTriggerBase::twoPartNameGoesByItsSecondPart()
 {
     QFETCH(QString, objectName);
     QFETCH(QString, feature);
-    auto& box = engine->add<QComboBox>(objectName);
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
+    auto& box = m_engine->add<QComboBox>(objectName);
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
     hover(box);
     QVERIFY(box.toolTip().contains("<b>Feature Name:</b> " + feature + "<br/>"));
-    QCOMPARE(engine->m_tooltipCache.keys(), QStringList(feature));
+    QCOMPARE(m_engine->m_tooltipCache.keys(), QStringList(feature));
 }
 
 void tst_AdvTriggerBase::knownFeatureWithUnderscoreGoesByItsWholeName()
 {
-    camera->addEnum("User_LineMode", {"A", "B"}, "A");
-    engine = std::make_unique<TestEngine>(*camera);
-    auto& box = engine->add<QComboBox>("cmbUser_LineMode");
-    engine->InitBaseWidgets();
-    engine->ActivateTooltips(Qt::Checked);
+    m_camera->addEnum("User_LineMode", {"A", "B"}, "A");
+    m_engine = std::make_unique<TestEngine>(*m_camera);
+    auto& box = m_engine->add<QComboBox>("cmbUser_LineMode");
+    m_engine->InitBaseWidgets();
+    m_engine->ActivateTooltips(Qt::Checked);
     hover(box);
     QVERIFY(box.toolTip().contains("<b>Feature Name:</b> User_LineMode<br/>"));
 }
@@ -323,18 +318,18 @@ void tst_AdvTriggerBase::tooltipEventOfAnObjectThatIsNoWidgetPasses()
 {
     QTimer timer;
     QHelpEvent event(QEvent::ToolTip, QPoint(), QPoint());
-    QVERIFY(engine->eventFilter(&timer, &event));
-    engine->ActivateTooltips(Qt::Checked);
-    QVERIFY(!engine->eventFilter(&timer, &event));
+    QVERIFY(m_engine->eventFilter(&timer, &event));
+    m_engine->ActivateTooltips(Qt::Checked);
+    QVERIFY(!m_engine->eventFilter(&timer, &event));
 }
 
 void tst_AdvTriggerBase::otherEventsPass()
 {
-    auto& box = engine->add<QComboBox>("cmbTriggerMode");
+    auto& box = m_engine->add<QComboBox>("cmbTriggerMode");
     for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::FocusIn,
                                     QEvent::WhatsThis, QEvent::Paint, QEvent::User}) {
         QEvent event(type);
-        QVERIFY2(!engine->eventFilter(&box, &event), qPrintable(QString::number(type)));
+        QVERIFY2(!m_engine->eventFilter(&box, &event), qPrintable(QString::number(type)));
     }
 }
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-const QStringList everything = {"TriggerSource", "Mode", "Text", "Key", "Real", "Number", "Flag"};
+const QStringList Everything = {"TriggerSource", "Mode", "Text", "Key", "Real", "Number", "Flag"};
 
 std::unique_ptr<Fake::FakeCamera> smallCamera()
 {
@@ -48,7 +48,7 @@ struct Form
             engine.SetFeatureValue(feature, "1");
         QHelpEvent hover(QEvent::ToolTip, QPoint(), QPoint());
         engine.eventFilter(&mode, &hover);
-        engine.refresh(everything);
+        engine.refresh(Everything);
     }
 
     TestEngine engine;
@@ -111,7 +111,7 @@ void tst_AdvTriggerFailures::anyOneFailingCallIsMendedByTheNextRefresh()
         camera->failNthCall(n);
         form.use();
         camera->clearFailures();
-        form.engine.refresh(everything);
+        form.engine.refresh(Everything);
         const QString untrue = untrueWidget(form, *camera);
         QVERIFY2(untrue.isEmpty(), qPrintable(QString("%1 after call %2").arg(untrue).arg(n)));
     }
@@ -123,7 +123,7 @@ void tst_AdvTriggerFailures::lostCameraBreaksNothing()
     Form form(*camera);
     form.use();
     camera->failEverything();
-    form.engine.refresh(everything);
+    form.engine.refresh(Everything);
     form.mode.setCurrentIndex(0);
     emit form.key.editingFinished();
     form.number.setValue(9);

@@ -45,59 +45,59 @@ private slots:
 
 private:
     void turnWheelOver(QWidget& widget);
-    QWidget& control(const QString& name) { return *engine->findChild<QWidget*>(name); }
+    QWidget& control(const QString& name) { return *m_engine->findChild<QWidget*>(name); }
     static QVariant valueOf(const QWidget& widget);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<QScrollArea> area;
-    TestEngine* engine = nullptr;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<QScrollArea> m_area;
+    TestEngine* m_engine = nullptr;
 };
 
 void tst_AdvTriggerWheel::init()
 {
-    camera = Fake::FakeCamera::standard();
-    camera->find("CounterDuration")->state().integer = 50;
-    camera->find("TriggerDelay")->state().real = 50.0;
-    camera->find("TriggerActivation")->state().text = "AnyEdge";
-    area = std::make_unique<QScrollArea>();
-    engine = new TestEngine(*camera);
-    auto* layout = new QVBoxLayout(engine);
-    layout->addWidget(&engine->add<QSpinBox>("spbCounterDuration"));
-    layout->addWidget(&engine->add<QDoubleSpinBox>("spbTriggerDelay"));
-    layout->addWidget(&engine->add<QComboBox>("cmbTriggerActivation"));
-    layout->addWidget(&engine->add<QComboBox>("cmbNoSuchFeature"));
+    m_camera = Fake::FakeCamera::standard();
+    m_camera->find("CounterDuration")->state().integer = 50;
+    m_camera->find("TriggerDelay")->state().real = 50.0;
+    m_camera->find("TriggerActivation")->state().text = "AnyEdge";
+    m_area = std::make_unique<QScrollArea>();
+    m_engine = new TestEngine(*m_camera);
+    auto* layout = new QVBoxLayout(m_engine);
+    layout->addWidget(&m_engine->add<QSpinBox>("spbCounterDuration"));
+    layout->addWidget(&m_engine->add<QDoubleSpinBox>("spbTriggerDelay"));
+    layout->addWidget(&m_engine->add<QComboBox>("cmbTriggerActivation"));
+    layout->addWidget(&m_engine->add<QComboBox>("cmbNoSuchFeature"));
     layout->addStretch();
-    engine->setMinimumHeight(2000);
-    area->setWidgetResizable(true);
-    area->setWidget(engine);
-    area->resize(300, 400);
-    engine->InitBaseWidgets();
-    area->show();
-    area->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(area.get()));
+    m_engine->setMinimumHeight(2000);
+    m_area->setWidgetResizable(true);
+    m_area->setWidget(m_engine);
+    m_area->resize(300, 400);
+    m_engine->InitBaseWidgets();
+    m_area->show();
+    m_area->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_area.get()));
     // A form starts without a focused control here, so that a test decides what has the focus.
     if (QWidget* focused = QApplication::focusWidget())
         focused->clearFocus();
-    area->setFocus();
-    camera->clearLog();
+    m_area->setFocus();
+    m_camera->clearLog();
 }
 
 void tst_AdvTriggerWheel::cleanup()
 {
-    area.reset();
-    camera.reset();
+    m_area.reset();
+    m_camera.reset();
 }
 
 void tst_AdvTriggerWheel::turnWheelOver(QWidget& widget)
 {
     // To the window and spontaneous, as the window system sends it: only then is it offered to the
     // control, its parents and the scroll area in turn.
-    const QPoint inWindow = widget.mapTo(area.get(), widget.rect().center());
-    const QPoint onScreen = area->mapToGlobal(inWindow);
+    const QPoint inWindow = widget.mapTo(m_area.get(), widget.rect().center());
+    const QPoint onScreen = m_area->mapToGlobal(inWindow);
     QWheelEvent event(inWindow, onScreen, QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(area->windowHandle(), &event);
+    qApp->notify(m_area->windowHandle(), &event);
 }
 
 QVariant tst_AdvTriggerWheel::valueOf(const QWidget& widget)
@@ -121,8 +121,8 @@ void tst_AdvTriggerWheel::wheelOverUnfocusedControlScrollsTheForm()
     const QVariant before = valueOf(control(name));
     turnWheelOver(control(name));
     QCOMPARE(valueOf(control(name)), before);
-    QVERIFY(area->verticalScrollBar()->value() > 0);
-    QCOMPARE(writesOf(*camera), QStringList());
+    QVERIFY(m_area->verticalScrollBar()->value() > 0);
+    QCOMPARE(writesOf(*m_camera), QStringList());
 }
 
 void tst_AdvTriggerWheel::afterClickingIntoTheControlTheWheelWorks_data()
@@ -143,14 +143,14 @@ void tst_AdvTriggerWheel::afterClickingIntoTheControlTheWheelWorks()
     const QVariant before = valueOf(widget);
     turnWheelOver(widget);
     QVERIFY(valueOf(widget) != before);
-    QCOMPARE(area->verticalScrollBar()->value(), 0);
-    QCOMPARE(writesOf(*camera).size(), 1);
+    QCOMPARE(m_area->verticalScrollBar()->value(), 0);
+    QCOMPARE(writesOf(*m_camera).size(), 1);
 }
 
 void tst_AdvTriggerWheel::wheelOverUnavailableComboBoxScrollsTheForm()
 {
     turnWheelOver(control("cmbNoSuchFeature"));
-    QVERIFY(area->verticalScrollBar()->value() > 0);
+    QVERIFY(m_area->verticalScrollBar()->value() > 0);
 }
 
 void tst_AdvTriggerWheel::turningTheWheelGivesNoFocus()
@@ -166,7 +166,7 @@ void tst_AdvTriggerWheel::filterSwallowsWithoutAccepting()
     QWheelEvent event(QPointF(), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     event.accept();
-    QVERIFY(engine->eventFilter(&control("spbCounterDuration"), &event));
+    QVERIFY(m_engine->eventFilter(&control("spbCounterDuration"), &event));
     QVERIFY(!event.isAccepted());
 }
 
@@ -184,7 +184,7 @@ void tst_AdvTriggerWheel::otherClassesKeepTheirWheel()
     const std::unique_ptr<QObject> watched(make());
     QWheelEvent event(QPointF(), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    QVERIFY(!engine->eventFilter(watched.get(), &event));
+    QVERIFY(!m_engine->eventFilter(watched.get(), &event));
 }
 
 QTEST_MAIN(tst_AdvTriggerWheel)

@@ -1,4 +1,5 @@
 // What the first binding makes of the widgets of a form; line edits have a test of their own.
+#include "tests/support/Rows.h"
 #include "tests/trigger/PlainForm.h"
 #include "tests/trigger/WidgetClasses.h"
 
@@ -39,9 +40,6 @@ private slots:
     void everyBoundFeatureIsReported();
     void buttonsAreNotReported();
     void bindingWritesNothing();
-    void editsWriteAndShowWhatTheCameraTook_data();
-    void editsWriteAndShowWhatTheCameraTook();
-    void commandsRun();
 
     void comboBoxesTakeFocusByClickAvailableOrNot();
     void spinBoxesTakeFocusByClickWhereAvailable_data();
@@ -52,156 +50,155 @@ private slots:
 private:
     bool isFiltered(QWidget& widget);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<PlainForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<PlainForm> m_form;
 };
 
 void tst_FormBinding::init()
 {
-    camera = std::make_unique<Fake::FakeCamera>();
-    camera->addInteger("Known", 5);
-    form = std::make_unique<PlainForm>(*camera);
+    m_camera = std::make_unique<Fake::FakeCamera>();
+    m_camera->addInteger("Known", 5);
+    m_form = std::make_unique<PlainForm>(*m_camera);
 }
 
 void tst_FormBinding::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 void tst_FormBinding::unavailableFeatureDisablesItsWidget()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*form, "xxxUnknown");
-    form->bind();
+    QWidget* widget = add(*m_form, "xxxUnknown");
+    m_form->bind();
     QVERIFY(!widget->isEnabled());
-    QVERIFY(form->boundFeatures.isEmpty());
+    QVERIFY(m_form->boundFeatures.isEmpty());
 }
 
 void tst_FormBinding::exemptWidgetIsLeftAlone()
 {
     QFETCH(AddWidget, add);
-    QWidget* enabled = add(*form, "xxxUnknown");
-    QWidget* disabled = add(*form, "xxxOther");
+    QWidget* enabled = add(*m_form, "xxxUnknown");
+    QWidget* disabled = add(*m_form, "xxxOther");
     disabled->setEnabled(false);
-    form->exemptWidgets << "xxxUnknown"
-                        << "xxxOther";
-    form->bind();
+    m_form->exemptWidgets << "xxxUnknown"
+                          << "xxxOther";
+    m_form->bind();
     QVERIFY(enabled->isEnabled());
     QVERIFY(!disabled->isEnabled());
-    QVERIFY(form->boundFeatures.isEmpty());
+    QVERIFY(m_form->boundFeatures.isEmpty());
 }
 
 void tst_FormBinding::exemptionIsByFullObjectName()
 {
-    auto& box = form->add<QComboBox>("cmbUnknown");
-    form->exemptWidgets << "Unknown"
-                        << "cmb"
-                        << "cmbUnknownToo";
-    form->bind();
+    auto& box = m_form->add<QComboBox>("cmbUnknown");
+    m_form->exemptWidgets << "Unknown"
+                          << "cmb"
+                          << "cmbUnknownToo";
+    m_form->bind();
     QVERIFY(!box.isEnabled());
 }
 
 void tst_FormBinding::exemptWidgetOfAnAvailableFeatureIsBound()
 {
-    form->add<QSpinBox>("spbKnown");
-    form->exemptWidgets << "spbKnown";
-    form->bind();
-    QCOMPARE(form->boundFeatures, QStringList("Known"));
+    m_form->add<QSpinBox>("spbKnown");
+    m_form->exemptWidgets << "spbKnown";
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, QStringList("Known"));
 }
 
 void tst_FormBinding::readOnlyFeatureDisablesItsWidget()
 {
     QFETCH(AddWidget, add);
-    camera->find("Known")->state().writable = false;
-    QWidget* widget = add(*form, "xxxKnown");
-    form->bind();
+    m_camera->find("Known")->state().writable = false;
+    QWidget* widget = add(*m_form, "xxxKnown");
+    m_form->bind();
     QVERIFY(!widget->isEnabled());
 }
 
 void tst_FormBinding::writableFeatureEnablesItsWidget()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*form, "xxxKnown");
+    QWidget* widget = add(*m_form, "xxxKnown");
     widget->setEnabled(false);
-    form->bind();
+    m_form->bind();
     QVERIFY(widget->isEnabled());
 }
 
 void tst_FormBinding::featureIsTheNameWithoutItsFirstThreeCharacters_data()
 {
-    QTest::addColumn<QString>("objectName");
-    QTest::addColumn<bool>("bound");
-    QTest::newRow("usual prefix") << "spbKnown" << true;
-    QTest::newRow("prefix of another class") << "lblKnown" << true;
-    QTest::newRow("prefix of no class") << "X_9Known" << true;
-    QTest::newRow("only starts like the feature") << "spbKnownToo" << false;
-    QTest::newRow("only ends like the feature") << "spbUnKnown" << false;
-    QTest::newRow("other case") << "spbknown" << false;
-    QTest::newRow("shorter prefix") << "spKnown" << false;
-    QTest::newRow("no prefix") << "Known" << false;
-    QTest::newRow("prefix only") << "spb" << false;
-    QTest::newRow("shorter than a prefix") << "s" << false;
-    QTest::newRow("no name") << "" << false;
-    QTest::newRow("blank behind") << "spbKnown " << false;
+    columns<QString, bool>("objectName", "bound");
+    row("usual prefix", "spbKnown", true);
+    row("prefix of another class", "lblKnown", true);
+    row("prefix of no class", "X_9Known", true);
+    row("only starts like the feature", "spbKnownToo", false);
+    row("only ends like the feature", "spbUnKnown", false);
+    row("other case", "spbknown", false);
+    row("shorter prefix", "spKnown", false);
+    row("no prefix", "Known", false);
+    row("prefix only", "spb", false);
+    row("shorter than a prefix", "s", false);
+    row("no name", "", false);
+    row("blank behind", "spbKnown ", false);
 }
 
 void tst_FormBinding::featureIsTheNameWithoutItsFirstThreeCharacters()
 {
     QFETCH(QString, objectName);
     QFETCH(bool, bound);
-    auto& box = form->add<QSpinBox>(objectName);
-    form->bind();
-    QCOMPARE(form->boundFeatures, bound ? QStringList("Known") : QStringList());
+    auto& box = m_form->add<QSpinBox>(objectName);
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, bound ? QStringList("Known") : QStringList());
     QCOMPARE(box.isEnabled(), bound);
 }
 
 void tst_FormBinding::twoWidgetsOfOneNameAreBothBound()
 {
-    auto& first = form->add<QSpinBox>("spbKnown");
-    auto& second = form->add<QSpinBox>("spbKnown");
-    form->bind();
+    auto& first = m_form->add<QSpinBox>("spbKnown");
+    auto& second = m_form->add<QSpinBox>("spbKnown");
+    m_form->bind();
     QCOMPARE(first.value(), 5);
     QCOMPARE(second.value(), 5);
-    QCOMPARE(form->boundFeatures, QStringList({"Known", "Known"}));
-    camera->clearLog();
+    QCOMPARE(m_form->boundFeatures, QStringList({"Known", "Known"}));
+    m_camera->clearLog();
     second.setValue(7);
-    QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Known=7"));
+    QCOMPARE(writesOf(*m_camera), QStringList("SetIntegerValue Known=7"));
 }
 
 void tst_FormBinding::classDecidesAndNotThePrefix()
 {
-    auto& edit = form->add<QLineEdit>("cmbKnown");
-    form->bind();
+    auto& edit = m_form->add<QLineEdit>("cmbKnown");
+    m_form->bind();
     QCOMPARE(edit.text(), QString("5"));
 }
 
 void tst_FormBinding::comboBoxOfANumberIsBoundEmpty()
 {
-    auto& box = form->add<QComboBox>("cmbKnown");
-    form->bind();
+    auto& box = m_form->add<QComboBox>("cmbKnown");
+    m_form->bind();
     QCOMPARE(box.count(), 0);
     QVERIFY(box.isEnabled());
-    QCOMPARE(form->boundFeatures, QStringList("Known"));
+    QCOMPARE(m_form->boundFeatures, QStringList("Known"));
 }
 
 void tst_FormBinding::widgetsDeepInTheFormAreBound()
 {
-    auto& group = form->add<QGroupBox>("grpInner");
+    auto& group = m_form->add<QGroupBox>("grpInner");
     auto* box = new QSpinBox(new QWidget(&group));
     box->setObjectName("spbKnown");
-    form->bind();
+    m_form->bind();
     QCOMPARE(box->value(), 5);
 }
 
 void tst_FormBinding::lineEditInsideASpinBoxIsNeverBound()
 {
     // Even a camera with a feature of that very name does not get the inner line edit bound.
-    camera->addString("spinbox_lineedit", "text of the camera");
-    form = std::make_unique<PlainForm>(*camera);
-    auto& box = form->add<QSpinBox>("spbKnown");
-    form->bind();
-    QCOMPARE(form->boundFeatures, QStringList("Known"));
+    m_camera->addString("spinbox_lineedit", "text of the camera");
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& box = m_form->add<QSpinBox>("spbKnown");
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, QStringList("Known"));
     auto* inner = box.findChild<QLineEdit*>("qt_spinbox_lineedit");
     QCOMPARE(inner->text(), QString("5"));
     QVERIFY(inner->isEnabled());
@@ -210,45 +207,45 @@ void tst_FormBinding::lineEditInsideASpinBoxIsNeverBound()
 
 void tst_FormBinding::lineEditInsideAnEditableComboBoxIsTreatedByTheRule()
 {
-    camera->addEnum("Mode", {"A", "B"}, "A");
-    form = std::make_unique<PlainForm>(*camera);
-    auto& box = form->add<QComboBox>("cmbMode");
+    m_camera->addEnum("Mode", {"A", "B"}, "A");
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& box = m_form->add<QComboBox>("cmbMode");
     box.setEditable(true);
-    form->bind();
+    m_form->bind();
     // It has no name, so it belongs to no feature.
     QVERIFY(!box.lineEdit()->isEnabled());
-    QCOMPARE(form->boundFeatures, QStringList("Mode"));
+    QCOMPARE(m_form->boundFeatures, QStringList("Mode"));
     QCOMPARE(box.currentText(), QString("A"));
 }
 
 void tst_FormBinding::labelsAndOtherClassesAreNotTouched()
 {
-    auto& label = form->add<QLabel>("lblUnknown");
-    auto& group = form->add<QGroupBox>("grpUnknown");
-    auto& bound = form->add<QLabel>("lblKnown");
-    form->bind();
+    auto& label = m_form->add<QLabel>("lblUnknown");
+    auto& group = m_form->add<QGroupBox>("grpUnknown");
+    auto& bound = m_form->add<QLabel>("lblKnown");
+    m_form->bind();
     QVERIFY(label.isEnabled());
     QVERIFY(group.isEnabled());
     QVERIFY(bound.text().isEmpty());
-    QVERIFY(form->boundFeatures.isEmpty());
+    QVERIFY(m_form->boundFeatures.isEmpty());
 }
 
 void tst_FormBinding::passesRunInOrderOfClasses()
 {
     for (const char* feature : {"A", "B", "C", "D", "E", "F"})
-        camera->addInteger(feature, 1);
-    form = std::make_unique<PlainForm>(*camera);
-    form->add<QPushButton>("btnF");
-    form->add<QCheckBox>("chkE");
-    form->add<QSpinBox>("spbD");
-    form->add<QDoubleSpinBox>("spbC");
-    form->add<QLineEdit>("txtB");
-    form->add<QComboBox>("cmbA");
-    camera->clearLog();
-    form->bind();
-    QCOMPARE(form->boundFeatures, QStringList({"A", "B", "C", "D", "E"}));
+        m_camera->addInteger(feature, 1);
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_form->add<QPushButton>("btnF");
+    m_form->add<QCheckBox>("chkE");
+    m_form->add<QSpinBox>("spbD");
+    m_form->add<QDoubleSpinBox>("spbC");
+    m_form->add<QLineEdit>("txtB");
+    m_form->add<QComboBox>("cmbA");
+    m_camera->clearLog();
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, QStringList({"A", "B", "C", "D", "E"}));
     QStringList asked;
-    for (const std::string& call : camera->calls()) {
+    for (const std::string& call : m_camera->calls()) {
         const QString text = QString::fromStdString(call);
         if (text.startsWith("IsWritable "))
             asked.append(text.section(' ', 1));
@@ -259,101 +256,59 @@ void tst_FormBinding::passesRunInOrderOfClasses()
 
 void tst_FormBinding::everyBoundFeatureIsReported()
 {
-    form->add<QSpinBox>("spbKnown");
-    form->add<QLineEdit>("txtKnown");
-    form->add<QComboBox>("cmbUnknown");
-    form->bind();
-    QCOMPARE(form->boundFeatures, QStringList({"Known", "Known"}));
+    m_form->add<QSpinBox>("spbKnown");
+    m_form->add<QLineEdit>("txtKnown");
+    m_form->add<QComboBox>("cmbUnknown");
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, QStringList({"Known", "Known"}));
 }
 
 void tst_FormBinding::buttonsAreNotReported()
 {
-    camera->addCommand("Run");
-    form = std::make_unique<PlainForm>(*camera);
-    form->add<QPushButton>("btnRun");
-    form->bind();
-    QCOMPARE(form->boundFeatures, QStringList());
+    m_camera->addCommand("Run");
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_form->add<QPushButton>("btnRun");
+    m_form->bind();
+    QCOMPARE(m_form->boundFeatures, QStringList());
 }
 
 void tst_FormBinding::bindingWritesNothing()
 {
-    camera = Fake::FakeCamera::standard();
-    form = std::make_unique<PlainForm>(*camera);
-    form->add<QComboBox>("cmbTriggerSource");
-    form->add<QLineEdit>("txtActionGroupKey");
-    form->add<QDoubleSpinBox>("spbTriggerDelay");
-    form->add<QSpinBox>("spbCounterDuration");
-    form->add<QCheckBox>("chkLineInverter");
-    form->add<QPushButton>("btnTriggerSoftware");
-    form->bind();
-    QCOMPARE(writesOf(*camera), QStringList());
-    QCOMPARE(form->customPresets, 0);
-}
-
-void tst_FormBinding::editsWriteAndShowWhatTheCameraTook_data()
-{
-    QTest::addColumn<AddWidget>("add");
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QVariant>("edited");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QVariant>("shown");
-    QTest::newRow("spin box") << adder<QSpinBox>() << QByteArray("value") << QVariant(7)
-                              << "SetIntegerValue Known=7" << QVariant(9);
-    QTest::newRow("double spin box") << adder<QDoubleSpinBox>() << QByteArray("value")
-                                     << QVariant(7.0) << "SetIntegerValue Known=7" << QVariant(9.0);
-    QTest::newRow("check box") << adder<QCheckBox>() << QByteArray("checked") << QVariant(false)
-                               << "SetIntegerValue Known=0" << QVariant(true);
-}
-
-void tst_FormBinding::editsWriteAndShowWhatTheCameraTook()
-{
-    QFETCH(AddWidget, add);
-    QFETCH(QByteArray, property);
-    QFETCH(QVariant, edited);
-    QFETCH(QString, written);
-    QFETCH(QVariant, shown);
-    QWidget* widget = add(*form, "xxxKnown");
-    form->bind();
-    camera->find("Known")->onWrite = [](Fake::FakeFeature& it) { it.state().integer = 9; };
-    widget->setProperty(property, edited);
-    QCOMPARE(writesOf(*camera), QStringList(written));
-    QCOMPARE(widget->property(property), shown);
-    QCOMPARE(form->customPresets, 1);
-}
-
-void tst_FormBinding::commandsRun()
-{
-    camera->addCommand("Run");
-    form = std::make_unique<PlainForm>(*camera);
-    auto& button = form->add<QPushButton>("btnRun");
-    form->bind();
-    button.click();
-    QCOMPARE(writesOf(*camera), QStringList("RunCommand Run"));
-    QCOMPARE(form->customPresets, 0);
+    m_camera = Fake::FakeCamera::standard();
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_form->add<QComboBox>("cmbTriggerSource");
+    m_form->add<QLineEdit>("txtActionGroupKey");
+    m_form->add<QDoubleSpinBox>("spbTriggerDelay");
+    m_form->add<QSpinBox>("spbCounterDuration");
+    m_form->add<QCheckBox>("chkLineInverter");
+    m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
+    QCOMPARE(writesOf(*m_camera), QStringList());
+    QCOMPARE(m_form->customPresets, 0);
 }
 
 void tst_FormBinding::comboBoxesTakeFocusByClickAvailableOrNot()
 {
-    auto& available = form->add<QComboBox>("cmbKnown");
-    auto& unavailable = form->add<QComboBox>("cmbUnknown");
-    form->bind();
+    auto& available = m_form->add<QComboBox>("cmbKnown");
+    auto& unavailable = m_form->add<QComboBox>("cmbUnknown");
+    m_form->bind();
     QCOMPARE(available.focusPolicy(), Qt::StrongFocus);
     QCOMPARE(unavailable.focusPolicy(), Qt::StrongFocus);
 }
 
 void tst_FormBinding::spinBoxesTakeFocusByClickWhereAvailable_data()
 {
-    QTest::addColumn<AddWidget>("add");
-    QTest::newRow("double spin box") << adder<QDoubleSpinBox>();
-    QTest::newRow("spin box") << adder<QSpinBox>();
+    columns<AddWidget>("add");
+    row("double spin box", adder<QDoubleSpinBox>());
+    row("spin box", adder<QSpinBox>());
 }
 
 void tst_FormBinding::spinBoxesTakeFocusByClickWhereAvailable()
 {
     QFETCH(AddWidget, add);
-    QWidget* available = add(*form, "spbKnown");
-    QWidget* unavailable = add(*form, "spbUnknown");
-    form->bind();
+    QWidget* available = add(*m_form, "spbKnown");
+    QWidget* unavailable = add(*m_form, "spbUnknown");
+    m_form->bind();
     QCOMPARE(available->focusPolicy(), Qt::StrongFocus);
     QCOMPARE(unavailable->focusPolicy(), Qt::WheelFocus);
 }
@@ -362,28 +317,27 @@ bool tst_FormBinding::isFiltered(QWidget& widget)
 {
     QHelpEvent event(QEvent::ToolTip, QPoint(), QPoint());
     QApplication::sendEvent(&widget, &event);
-    return form->filtered.contains(&widget);
+    return m_form->filtered.contains(&widget);
 }
 
 void tst_FormBinding::eventFilterIsInstalled_data()
 {
-    QTest::addColumn<AddWidget>("add");
-    QTest::addColumn<bool>("unavailableToo");
-    QTest::newRow("combo box") << adder<QComboBox>() << true;
-    QTest::newRow("line edit") << adder<QLineEdit>() << true;
-    QTest::newRow("double spin box") << adder<QDoubleSpinBox>() << false;
-    QTest::newRow("spin box") << adder<QSpinBox>() << false;
-    QTest::newRow("check box") << adder<QCheckBox>() << true;
-    QTest::newRow("push button") << adder<QPushButton>() << true;
+    columns<AddWidget, bool>("add", "unavailableToo");
+    row("combo box", adder<QComboBox>(), true);
+    row("line edit", adder<QLineEdit>(), true);
+    row("double spin box", adder<QDoubleSpinBox>(), false);
+    row("spin box", adder<QSpinBox>(), false);
+    row("check box", adder<QCheckBox>(), true);
+    row("push button", adder<QPushButton>(), true);
 }
 
 void tst_FormBinding::eventFilterIsInstalled()
 {
     QFETCH(AddWidget, add);
     QFETCH(bool, unavailableToo);
-    QWidget* available = add(*form, "xxxKnown");
-    QWidget* unavailable = add(*form, "xxxUnknown");
-    form->bind();
+    QWidget* available = add(*m_form, "xxxKnown");
+    QWidget* unavailable = add(*m_form, "xxxUnknown");
+    m_form->bind();
     QVERIFY(isFiltered(*available));
     QCOMPARE(isFiltered(*unavailable), unavailableToo);
 }

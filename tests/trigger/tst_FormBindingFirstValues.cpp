@@ -1,4 +1,5 @@
 // What bound widgets show at first; line edits have a test of their own.
+#include "tests/support/Rows.h"
 #include "tests/trigger/PlainForm.h"
 
 #include <QCheckBox>
@@ -33,31 +34,31 @@ private slots:
     void softwareTriggerButtonFollowsTheSource();
 
 private:
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<PlainForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<PlainForm> m_form;
 };
 
 void tst_FormBindingFirstValues::init()
 {
-    camera = std::make_unique<Fake::FakeCamera>();
-    camera->addInteger("Known", 5);
-    form = std::make_unique<PlainForm>(*camera);
+    m_camera = std::make_unique<Fake::FakeCamera>();
+    m_camera->addInteger("Known", 5);
+    m_form = std::make_unique<PlainForm>(*m_camera);
 }
 
 void tst_FormBindingFirstValues::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 void tst_FormBindingFirstValues::comboBoxOffersTheAvailableEntries()
 {
-    auto mode = camera->addEnum("Mode", {"A", "B", "C"}, "C");
+    auto mode = m_camera->addEnum("Mode", {"A", "B", "C"}, "C");
     mode->state().entries[1].available = false;
-    form = std::make_unique<PlainForm>(*camera);
-    auto& box = form->add<QComboBox>("cmbMode");
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& box = m_form->add<QComboBox>("cmbMode");
     box.addItem("from the form");
-    form->bind();
+    m_form->bind();
     QCOMPARE(box.count(), 2);
     QCOMPARE(box.itemText(0), QString("A"));
     QCOMPARE(box.currentText(), QString("C"));
@@ -66,12 +67,12 @@ void tst_FormBindingFirstValues::comboBoxOffersTheAvailableEntries()
 
 void tst_FormBindingFirstValues::doubleSpinBoxShowsRangeAndValueWithoutTheIncrement()
 {
-    auto feature = camera->addFloat("Delay", 2.5, -10.0, 1001.0);
+    auto feature = m_camera->addFloat("Delay", 2.5, -10.0, 1001.0);
     feature->state().incrementReal = 0.5;
-    form = std::make_unique<PlainForm>(*camera);
-    auto& box = form->add<QDoubleSpinBox>("spbDelay");
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& box = m_form->add<QDoubleSpinBox>("spbDelay");
     box.setSingleStep(3.0);
-    form->bind();
+    m_form->bind();
     QCOMPARE(box.minimum(), -10.0);
     QCOMPARE(box.maximum(), 1001.0);
     QCOMPARE(box.value(), 2.5);
@@ -80,17 +81,13 @@ void tst_FormBindingFirstValues::doubleSpinBoxShowsRangeAndValueWithoutTheIncrem
 
 void tst_FormBindingFirstValues::spinBoxTruncatesToInt_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<double>("min");
-    QTest::addColumn<double>("max");
-    QTest::addColumn<int>("shown");
-    QTest::addColumn<int>("lowest");
-    QTest::addColumn<int>("highest");
+    columns<double, double, double, int, int, int>("value", "min", "max", "shown", "lowest",
+                                                   "highest");
     const int intMin = std::numeric_limits<int>::min();
     const int intMax = std::numeric_limits<int>::max();
-    QTest::newRow("fractions go") << 7.9 << -2.9 << 99.9 << 7 << -2 << 99;
-    QTest::newRow("above int") << 5e9 << 0.0 << 1e10 << intMax << 0 << intMax;
-    QTest::newRow("below int") << -5e9 << -1e10 << 0.0 << intMin << intMin << 0;
+    row("fractions go", 7.9, -2.9, 99.9, 7, -2, 99);
+    row("above int", 5e9, 0.0, 1e10, intMax, 0, intMax);
+    row("below int", -5e9, -1e10, 0.0, intMin, intMin, 0);
 }
 
 void tst_FormBindingFirstValues::spinBoxTruncatesToInt()
@@ -98,10 +95,10 @@ void tst_FormBindingFirstValues::spinBoxTruncatesToInt()
     QFETCH(double, value);
     QFETCH(double, min);
     QFETCH(double, max);
-    camera->addFloat("Number", value, min, max);
-    form = std::make_unique<PlainForm>(*camera);
-    auto& box = form->add<QSpinBox>("spbNumber");
-    form->bind();
+    m_camera->addFloat("Number", value, min, max);
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& box = m_form->add<QSpinBox>("spbNumber");
+    m_form->bind();
     QTEST(box.value(), "shown");
     QTEST(box.minimum(), "lowest");
     QTEST(box.maximum(), "highest");
@@ -109,13 +106,13 @@ void tst_FormBindingFirstValues::spinBoxTruncatesToInt()
 
 void tst_FormBindingFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
 {
-    camera->addFloat("Real", 1.0);
-    form = std::make_unique<PlainForm>(*camera);
-    form->add<QSpinBox>("spbKnown");
-    form->add<QDoubleSpinBox>("spbReal");
-    camera->clearLog();
-    form->bind();
-    const auto calls = camera->calls();
+    m_camera->addFloat("Real", 1.0);
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_form->add<QSpinBox>("spbKnown");
+    m_form->add<QDoubleSpinBox>("spbReal");
+    m_camera->clearLog();
+    m_form->bind();
+    const auto calls = m_camera->calls();
     const auto position = [&](const std::string& call) {
         return std::find(calls.begin(), calls.end(), call) - calls.begin();
     };
@@ -126,60 +123,56 @@ void tst_FormBindingFirstValues::spinBoxIsEnabledBeforeItsRangeIsRead()
 
 void tst_FormBindingFirstValues::checkBoxIsCheckedUnlessZero_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<bool>("checked");
-    QTest::newRow("zero") << 0.0 << false;
-    QTest::newRow("negative zero") << -0.0 << false;
-    QTest::newRow("one") << 1.0 << true;
-    QTest::newRow("fraction") << 0.25 << true;
-    QTest::newRow("negative") << -1.0 << true;
-    QTest::newRow("not a number") << std::nan("") << true;
+    columns<double, bool>("value", "checked");
+    row("zero", 0.0, false);
+    row("negative zero", -0.0, false);
+    row("one", 1.0, true);
+    row("fraction", 0.25, true);
+    row("negative", -1.0, true);
+    row("not a number", std::nan(""), true);
 }
 
 void tst_FormBindingFirstValues::checkBoxIsCheckedUnlessZero()
 {
     QFETCH(double, value);
-    camera->addFloat("Number", value);
-    camera->addBool("Flag", value != 0.0);
-    form = std::make_unique<PlainForm>(*camera);
-    auto& number = form->add<QCheckBox>("chkNumber");
-    auto& flag = form->add<QCheckBox>("chkFlag");
+    m_camera->addFloat("Number", value);
+    m_camera->addBool("Flag", value != 0.0);
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& number = m_form->add<QCheckBox>("chkNumber");
+    auto& flag = m_form->add<QCheckBox>("chkFlag");
     flag.setChecked(true);
-    form->bind();
+    m_form->bind();
     QTEST(number.isChecked(), "checked");
     QTEST(flag.isChecked(), "checked");
 }
 
 void tst_FormBindingFirstValues::noButtonIsAutoDefault_data()
 {
-    QTest::addColumn<QString>("objectName");
-    QTest::newRow("available") << "btnKnown";
-    QTest::newRow("unavailable") << "btnUnknown";
-    QTest::newRow("exempt") << "btnExempt";
-    QTest::newRow("software trigger") << "btnTriggerSoftware";
+    columns<QString>("objectName");
+    row("available", "btnKnown");
+    row("unavailable", "btnUnknown");
+    row("exempt", "btnExempt");
+    row("software trigger", "btnTriggerSoftware");
 }
 
 void tst_FormBindingFirstValues::noButtonIsAutoDefault()
 {
     QFETCH(QString, objectName);
-    auto& button = form->add<QPushButton>(objectName);
-    form->exemptWidgets << "btnExempt";
+    auto& button = m_form->add<QPushButton>(objectName);
+    m_form->exemptWidgets << "btnExempt";
     button.setAutoDefault(true);
-    form->bind();
+    m_form->bind();
     QVERIFY(!button.autoDefault());
 }
 
 void tst_FormBindingFirstValues::softwareTriggerButtonFollowsTheSource_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<bool>("hasCommand");
-    QTest::addColumn<bool>("writable");
-    QTest::addColumn<bool>("enabled");
-    QTest::newRow("software") << "Software" << true << true << true;
-    QTest::newRow("line") << "Line0" << true << true << false;
-    QTest::newRow("other case") << "software" << true << true << false;
-    QTest::newRow("locked command") << "Software" << true << false << true;
-    QTest::newRow("no command") << "Software" << false << true << true;
+    columns<QString, bool, bool, bool>("source", "hasCommand", "writable", "enabled");
+    row("software", "Software", true, true, true);
+    row("line", "Line0", true, true, false);
+    row("other case", "software", true, true, false);
+    row("locked command", "Software", true, false, true);
+    row("no command", "Software", false, true, true);
 }
 
 void tst_FormBindingFirstValues::softwareTriggerButtonFollowsTheSource()
@@ -187,12 +180,12 @@ void tst_FormBindingFirstValues::softwareTriggerButtonFollowsTheSource()
     QFETCH(QString, source);
     QFETCH(bool, hasCommand);
     QFETCH(bool, writable);
-    camera->addEnum("TriggerSource", {"Software", "Line0", "software"}, source.toStdString());
+    m_camera->addEnum("TriggerSource", {"Software", "Line0", "software"}, source.toStdString());
     if (hasCommand)
-        camera->addCommand("TriggerSoftware")->state().writable = writable;
-    form = std::make_unique<PlainForm>(*camera);
-    auto& button = form->add<QPushButton>("btnTriggerSoftware");
-    form->bind();
+        m_camera->addCommand("TriggerSoftware")->state().writable = writable;
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& button = m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
     QTEST(button.isEnabled(), "enabled");
 }
 

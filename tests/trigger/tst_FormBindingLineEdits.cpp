@@ -11,7 +11,7 @@ class tst_FormBindingLineEdits : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { camera = std::make_unique<Fake::FakeCamera>(); }
+    void init() { m_camera = std::make_unique<Fake::FakeCamera>(); }
     void cleanup();
 
     void refreshFormatsAsTheBindingDoes_data();
@@ -35,23 +35,23 @@ private:
     QLineEdit& bind(const QString& objectName);
     QValidator::State judge(const QLineEdit& edit, QString text) const;
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<PlainForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<PlainForm> m_form;
 };
 
 void tst_FormBindingLineEdits::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
     QLocale::setDefault(QLocale::c()); // one test lives in Germany
 }
 
 QLineEdit& tst_FormBindingLineEdits::bind(const QString& objectName)
 {
-    form = std::make_unique<PlainForm>(*camera);
-    auto& edit = form->add<QLineEdit>(objectName);
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    auto& edit = m_form->add<QLineEdit>(objectName);
     edit.setText("from the form");
-    form->bind();
+    m_form->bind();
     return edit;
 }
 
@@ -76,30 +76,30 @@ void tst_FormBindingLineEdits::refreshFormatsAsTheBindingDoes()
 {
     QFETCH(qlonglong, value);
     QFETCH(QString, representation);
-    auto feature = camera->addInteger("Number", 7);
+    auto feature = m_camera->addInteger("Number", 7);
     feature->representation = representation.toStdString();
     feature->state().integer = value;
     QLineEdit& edit = bind("txtNumber");
     QTEST(edit.text(), "text");
     edit.setText("from before");
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     QTEST(edit.text(), "text");
 }
 
 void tst_FormBindingLineEdits::unreadableFeatureIsShownEmpty()
 {
-    auto feature = camera->addInteger("Number", 7);
+    auto feature = m_camera->addInteger("Number", 7);
     feature->state().readable = false;
     feature->state().writable = false;
     const QLineEdit& edit = bind("txtNumber");
     QCOMPARE(edit.text(), QString());
     QVERIFY(!edit.isEnabled());
-    QCOMPARE(camera->callCount("GetIntegerValue", "Number"), 0);
+    QCOMPARE(m_camera->callCount("GetIntegerValue", "Number"), 0);
 }
 
 void tst_FormBindingLineEdits::writableButUnreadableFeatureCanBeEdited()
 {
-    camera->addInteger("Number", 7)->state().readable = false;
+    m_camera->addInteger("Number", 7)->state().readable = false;
     QLineEdit& edit = bind("txtNumber");
     QCOMPARE(edit.text(), QString());
     QVERIFY(edit.isEnabled());
@@ -108,15 +108,15 @@ void tst_FormBindingLineEdits::writableButUnreadableFeatureCanBeEdited()
 
 void tst_FormBindingLineEdits::textsHaveNoValidator()
 {
-    camera->addString("Name", "x")->representation = "HexNumber";
+    m_camera->addString("Name", "x")->representation = "HexNumber";
     QVERIFY(!bind("txtName").validator());
-    camera->addEnum("Mode", {"Off", "On"}, "On");
+    m_camera->addEnum("Mode", {"Off", "On"}, "On");
     QVERIFY(!bind("txtMode").validator());
 }
 
 void tst_FormBindingLineEdits::readOnlyFeatureHasNoValidator()
 {
-    camera->addInteger("Number", 7)->state().writable = false;
+    m_camera->addInteger("Number", 7)->state().writable = false;
     QVERIFY(!bind("txtNumber").validator());
 }
 
@@ -138,14 +138,14 @@ void tst_FormBindingLineEdits::firstRefreshThatCanLimitsTheInput()
     QFETCH(QString, representation);
     QFETCH(QString, accepted);
     QFETCH(QString, refused);
-    camera->addInteger("Number", 7, 0, 1000)->representation = representation.toStdString();
-    camera->failCall("IsWritable", "Number", ZalErrorTimeout);
+    m_camera->addInteger("Number", 7, 0, 1000)->representation = representation.toStdString();
+    m_camera->failCall("IsWritable", "Number", ZalErrorTimeout);
     QLineEdit& edit = bind("txtNumber");
     QVERIFY(!edit.isEnabled());
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     QVERIFY(!edit.validator());
-    camera->clearFailures();
-    form->refresh({"Number"});
+    m_camera->clearFailures();
+    m_form->refresh({"Number"});
     QVERIFY(edit.isEnabled());
     QVERIFY(edit.validator());
     QCOMPARE(judge(edit, accepted), QValidator::Acceptable);
@@ -155,19 +155,19 @@ void tst_FormBindingLineEdits::firstRefreshThatCanLimitsTheInput()
 // Limits that are not known would let nothing be typed.
 void tst_FormBindingLineEdits::refreshWithoutLimitsTakesAnyNumber()
 {
-    auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
-    camera->failCall("IsWritable", "Number", ZalErrorTimeout);
+    auto feature = m_camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    m_camera->failCall("IsWritable", "Number", ZalErrorTimeout);
     QLineEdit& edit = bind("txtNumber");
-    camera->clearFailures();
+    m_camera->clearFailures();
     feature->state().hasRange = false;
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     QVERIFY(edit.isEnabled());
     // What is no number would be written as 0.
     QCOMPARE(judge(edit, "abc"), QValidator::Invalid);
     QCOMPARE(judge(edit, "2.5"), QValidator::Acceptable);
     QCOMPARE(judge(edit, "1e300"), QValidator::Acceptable);
     feature->state().hasRange = true;
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     const auto* validator = qobject_cast<const QDoubleValidator*>(edit.validator());
     QVERIFY(validator);
     QCOMPARE(validator->bottom(), 0.0);
@@ -186,55 +186,55 @@ void tst_FormBindingLineEdits::refreshSetsLimitsThatOpeningLost_data()
 void tst_FormBindingLineEdits::refreshSetsLimitsThatOpeningLost()
 {
     QFETCH(double, increment);
-    auto feature = camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    auto feature = m_camera->addFloat("Number", 7.0, 0.0, 1000.0);
     if (increment > 0.0)
         feature->state().incrementReal = increment;
     feature->state().hasRange = false;
     QLineEdit& edit = bind("txtNumber");
     QVERIFY(edit.isEnabled());
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     QVERIFY(!edit.hasAcceptableInput());
     feature->state().hasRange = true;
-    form->refresh({"Number"});
+    m_form->refresh({"Number"});
     QVERIFY(edit.hasAcceptableInput());
     QCOMPARE(judge(edit, "2000"), QValidator::Intermediate);
     QCOMPARE(judge(edit, "1.01234567891"), QValidator::Invalid);
     // Once they are known, nobody is asked again.
-    camera->clearLog();
-    form->refresh({"Number"});
-    QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
+    m_camera->clearLog();
+    m_form->refresh({"Number"});
+    QCOMPARE(m_camera->callCount("GetFloatRange", "Number"), 0);
 }
 
 void tst_FormBindingLineEdits::textTakenForANumberLosesItsLimits()
 {
-    camera->addString("Name", "x");
-    camera->failCall("GetDataType", "Name");
+    m_camera->addString("Name", "x");
+    m_camera->failCall("GetDataType", "Name");
     QLineEdit& edit = bind("txtName");
     QVERIFY(edit.isEnabled());
     QCOMPARE(judge(edit, "y"), QValidator::Invalid);
-    camera->clearFailures();
-    form->refresh({"Name"});
+    m_camera->clearFailures();
+    m_form->refresh({"Name"});
     QVERIFY(!edit.validator());
     QCOMPARE(edit.text(), QString("x"));
 }
 
 void tst_FormBindingLineEdits::refreshKeepsTheValidator()
 {
-    camera->addFloat("Number", 7.0, 0.0, 1000.0);
+    m_camera->addFloat("Number", 7.0, 0.0, 1000.0);
     QLineEdit& edit = bind("txtNumber");
     const QValidator* first = edit.validator();
-    camera->clearLog();
-    form->refresh({"Number"});
+    m_camera->clearLog();
+    m_form->refresh({"Number"});
     QCOMPARE(edit.validator(), first);
-    QCOMPARE(camera->callCount("GetFloatRange", "Number"), 0);
+    QCOMPARE(m_camera->callCount("GetFloatRange", "Number"), 0);
 }
 
 void tst_FormBindingLineEdits::refreshGivesTextsNoValidator()
 {
-    camera->addString("Name", "x")->state().writable = false;
+    m_camera->addString("Name", "x")->state().writable = false;
     QLineEdit& edit = bind("txtName");
-    camera->find("Name")->state().writable = true;
-    form->refresh({"Name"});
+    m_camera->find("Name")->state().writable = true;
+    m_form->refresh({"Name"});
     QVERIFY(edit.isEnabled());
     QVERIFY(!edit.validator());
 }
@@ -242,7 +242,7 @@ void tst_FormBindingLineEdits::refreshGivesTextsNoValidator()
 void tst_FormBindingLineEdits::decimalInputIsInCNotationEverywhere()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    camera->addFloat("Number", 2.5, 0.0, 1000.0);
+    m_camera->addFloat("Number", 2.5, 0.0, 1000.0);
     QLineEdit& edit = bind("txtNumber");
     QCOMPARE(edit.text(), QString("2.5"));
     QVERIFY(edit.hasAcceptableInput());

@@ -60,30 +60,30 @@ private slots:
 private:
     QStringList reportedNames() const;
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<PlainForm> form;
-    std::unique_ptr<QSignalSpy> reports;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<PlainForm> m_form;
+    std::unique_ptr<QSignalSpy> m_reports;
 };
 
 void tst_FormBindingRefresh::init()
 {
-    camera = Fake::FakeCamera::standard();
-    form = std::make_unique<PlainForm>(*camera);
-    reports = std::make_unique<QSignalSpy>(form.get(),
-                                           SIGNAL(FeatureChanged(const QString&, const QVariant&)));
+    m_camera = Fake::FakeCamera::standard();
+    m_form = std::make_unique<PlainForm>(*m_camera);
+    m_reports = std::make_unique<QSignalSpy>(
+        m_form.get(), SIGNAL(FeatureChanged(const QString&, const QVariant&)));
 }
 
 void tst_FormBindingRefresh::cleanup()
 {
-    reports.reset();
-    form.reset();
-    camera.reset();
+    m_reports.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 QStringList tst_FormBindingRefresh::reportedNames() const
 {
     QStringList names;
-    for (const QList<QVariant>& report : *reports)
+    for (const QList<QVariant>& report : *m_reports)
         names.append(report.first().toString());
     return names;
 }
@@ -107,7 +107,7 @@ void tst_FormBindingRefresh::selectorsAreRefreshedFirst_data()
 void tst_FormBindingRefresh::selectorsAreRefreshedFirst()
 {
     QFETCH(QStringList, changed);
-    form->refresh(changed);
+    m_form->refresh(changed);
     QTEST(reportedNames(), "order");
 }
 
@@ -125,9 +125,9 @@ void tst_FormBindingRefresh::widgetOfALongerNameIsNotTouched_data()
 void tst_FormBindingRefresh::widgetOfALongerNameIsNotTouched()
 {
     QFETCH(QString, objectName);
-    auto& edit = form->add<QLineEdit>(objectName);
+    auto& edit = m_form->add<QLineEdit>(objectName);
     edit.setText("untouched");
-    form->refresh({"TriggerMode"});
+    m_form->refresh({"TriggerMode"});
     QCOMPARE(edit.text(), QString("untouched"));
     QCOMPARE(reportedNames(), QStringList("TriggerMode")); // as a feature without a widget
 }
@@ -150,17 +150,17 @@ void tst_FormBindingRefresh::prefixMustBeLowerCaseLetters_data()
 void tst_FormBindingRefresh::prefixMustBeLowerCaseLetters()
 {
     QFETCH(QString, objectName);
-    auto& edit = form->add<QLineEdit>(objectName);
+    auto& edit = m_form->add<QLineEdit>(objectName);
     edit.setText("untouched");
-    form->refresh({"TriggerMode"});
+    m_form->refresh({"TriggerMode"});
     QTEST(edit.text(), "text");
 }
 
 void tst_FormBindingRefresh::everyWidgetOfTheNameIsRefreshed()
 {
-    auto& box = form->add<QComboBox>("cmbTriggerMode");
-    auto& edit = form->add<QLineEdit>("txtTriggerMode");
-    form->refresh({"TriggerMode"});
+    auto& box = m_form->add<QComboBox>("cmbTriggerMode");
+    auto& edit = m_form->add<QLineEdit>("txtTriggerMode");
+    m_form->refresh({"TriggerMode"});
     QCOMPARE(box.currentText(), QString("Off"));
     QCOMPARE(edit.text(), QString("Off"));
     QCOMPARE(reportedNames(), QStringList({"TriggerMode", "TriggerMode"}));
@@ -177,140 +177,140 @@ void tst_FormBindingRefresh::subclassesLookAfterThemselves_data()
 void tst_FormBindingRefresh::subclassesLookAfterThemselves()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*form, "xxxTriggerDelay");
-    camera->find("TriggerDelay")->state().writable = false;
-    camera->clearLog();
-    form->refresh({"TriggerDelay"});
+    QWidget* widget = add(*m_form, "xxxTriggerDelay");
+    m_camera->find("TriggerDelay")->state().writable = false;
+    m_camera->clearLog();
+    m_form->refresh({"TriggerDelay"});
     QVERIFY(widget->isEnabled());
-    QVERIFY(camera->calls().empty());
+    QVERIFY(m_camera->calls().empty());
     // It counts as a widget of the feature all the same.
-    QCOMPARE(reports->count(), 0);
+    QCOMPARE(m_reports->count(), 0);
 }
 
 void tst_FormBindingRefresh::comboBoxShowsEntriesAndValue()
 {
-    auto& box = form->add<QComboBox>("cmbTriggerMode");
-    form->bind();
-    auto& mode = camera->find("TriggerMode")->state();
+    auto& box = m_form->add<QComboBox>("cmbTriggerMode");
+    m_form->bind();
+    auto& mode = m_camera->find("TriggerMode")->state();
     mode.text = "On";
     mode.entries.push_back({"Auto", 7, true});
-    form->refresh({"TriggerMode"});
+    m_form->refresh({"TriggerMode"});
     QCOMPARE(box.currentText(), QString("On"));
     QCOMPARE(box.count(), 3);
     QVERIFY(!box.itemData(0, Qt::ToolTipRole).isValid());
-    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerMode", QString("On")}));
+    QCOMPARE(m_reports->takeFirst(), QList<QVariant>({"TriggerMode", QString("On")}));
 }
 
 void tst_FormBindingRefresh::doubleSpinBoxShowsRangeAndValue()
 {
-    auto& box = form->add<QDoubleSpinBox>("spbTriggerDelay");
-    form->bind();
-    auto& delay = camera->find("TriggerDelay")->state();
+    auto& box = m_form->add<QDoubleSpinBox>("spbTriggerDelay");
+    m_form->bind();
+    auto& delay = m_camera->find("TriggerDelay")->state();
     delay.minReal = 1.0;
     delay.maxReal = 20.0;
     delay.real = 12.3456;
-    form->refresh({"TriggerDelay"});
+    m_form->refresh({"TriggerDelay"});
     QCOMPARE(box.minimum(), 1.0);
     QCOMPARE(box.maximum(), 20.0);
     QCOMPARE(box.value(), 12.35); // two decimals
-    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.3456}));
+    QCOMPARE(m_reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.3456}));
 }
 
 void tst_FormBindingRefresh::spinBoxShowsRangeAndValueTruncated()
 {
-    auto& box = form->add<QSpinBox>("spbTriggerDelay");
-    form->bind();
-    auto& delay = camera->find("TriggerDelay")->state();
+    auto& box = m_form->add<QSpinBox>("spbTriggerDelay");
+    m_form->bind();
+    auto& delay = m_camera->find("TriggerDelay")->state();
     delay.minReal = 1.9;
     delay.maxReal = 1e12;
     delay.real = 12.9;
-    form->refresh({"TriggerDelay"});
+    m_form->refresh({"TriggerDelay"});
     QCOMPARE(box.minimum(), 1);
     QCOMPARE(box.maximum(), std::numeric_limits<int>::max());
     QCOMPARE(box.value(), 12);
-    QCOMPARE(reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.9}));
+    QCOMPARE(m_reports->takeFirst(), QList<QVariant>({"TriggerDelay", 12.9}));
 }
 
 void tst_FormBindingRefresh::checkBoxShowsTheValue()
 {
-    auto& box = form->add<QCheckBox>("chkLineInverter");
-    form->bind();
+    auto& box = m_form->add<QCheckBox>("chkLineInverter");
+    m_form->bind();
     QVERIFY(!box.isChecked());
-    camera->find("LineInverter")->state().boolean = true;
-    form->refresh({"LineInverter"});
+    m_camera->find("LineInverter")->state().boolean = true;
+    m_form->refresh({"LineInverter"});
     QVERIFY(box.isChecked());
     // As a number: a boolean would compare equal.
-    QCOMPARE(reports->first().last().type(), QVariant::Double);
-    QCOMPARE(reports->takeFirst(), QList<QVariant>({"LineInverter", 1.0}));
+    QCOMPARE(m_reports->first().last().type(), QVariant::Double);
+    QCOMPARE(m_reports->takeFirst(), QList<QVariant>({"LineInverter", 1.0}));
 }
 
 void tst_FormBindingRefresh::lineEditShowsTheText()
 {
-    auto& edit = form->add<QLineEdit>("txtActionGroupKey");
-    form->bind();
-    camera->find("ActionGroupKey")->state().integer = 0xabc;
-    form->refresh({"ActionGroupKey"});
+    auto& edit = m_form->add<QLineEdit>("txtActionGroupKey");
+    m_form->bind();
+    m_camera->find("ActionGroupKey")->state().integer = 0xabc;
+    m_form->refresh({"ActionGroupKey"});
     QCOMPARE(edit.text(), QString("0xABC"));
-    QCOMPARE(reports->takeFirst(), QList<QVariant>({"ActionGroupKey", QString("0xABC")}));
+    QCOMPARE(m_reports->takeFirst(), QList<QVariant>({"ActionGroupKey", QString("0xABC")}));
 }
 
 void tst_FormBindingRefresh::unreadableLineEditKeepsItsTextAndReportsNothing()
 {
-    auto& edit = form->add<QLineEdit>("txtActionDeviceKey");
-    form->bind();
+    auto& edit = m_form->add<QLineEdit>("txtActionDeviceKey");
+    m_form->bind();
     edit.setText("0x1");
-    form->refresh({"ActionDeviceKey"});
+    m_form->refresh({"ActionDeviceKey"});
     QCOMPARE(edit.text(), QString("0x1"));
     QVERIFY(edit.isEnabled());
-    QCOMPARE(reports->count(), 0);
-    camera->find("ActionDeviceKey")->state().writable = false;
-    form->refresh({"ActionDeviceKey"});
+    QCOMPARE(m_reports->count(), 0);
+    m_camera->find("ActionDeviceKey")->state().writable = false;
+    m_form->refresh({"ActionDeviceKey"});
     QVERIFY(!edit.isEnabled());
 }
 
 void tst_FormBindingRefresh::writabilityEnablesAndDisables()
 {
     QFETCH(AddWidget, add);
-    QWidget* widget = add(*form, "xxxTriggerDelay");
-    form->bind();
-    camera->find("TriggerDelay")->state().writable = false;
-    form->refresh({"TriggerDelay"});
+    QWidget* widget = add(*m_form, "xxxTriggerDelay");
+    m_form->bind();
+    m_camera->find("TriggerDelay")->state().writable = false;
+    m_form->refresh({"TriggerDelay"});
     QVERIFY(!widget->isEnabled());
-    camera->find("TriggerDelay")->state().writable = true;
-    form->refresh({"TriggerDelay"});
+    m_camera->find("TriggerDelay")->state().writable = true;
+    m_form->refresh({"TriggerDelay"});
     QVERIFY(widget->isEnabled());
 }
 
 void tst_FormBindingRefresh::softwareTriggerButtonFollowsTheSource()
 {
-    auto& button = form->add<QPushButton>("btnTriggerSoftware");
-    form->bind();
+    auto& button = m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
     QVERIFY(button.isEnabled());
-    camera->find("TriggerSource")->state().text = "Line0";
-    form->refresh({"TriggerMode", "TriggerSource"});
+    m_camera->find("TriggerSource")->state().text = "Line0";
+    m_form->refresh({"TriggerMode", "TriggerSource"});
     QVERIFY(!button.isEnabled());
-    camera->find("TriggerSource")->state().text = "Software";
-    form->refresh({"TriggerSource"});
+    m_camera->find("TriggerSource")->state().text = "Software";
+    m_form->refresh({"TriggerSource"});
     QVERIFY(button.isEnabled());
 }
 
 void tst_FormBindingRefresh::softwareTriggerButtonIsLeftAloneWithoutSourceChange()
 {
-    auto& button = form->add<QPushButton>("btnTriggerSoftware");
-    form->bind();
-    camera->find("TriggerSource")->state().text = "Line0";
-    form->refresh({"TriggerMode"});
+    auto& button = m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
+    m_camera->find("TriggerSource")->state().text = "Line0";
+    m_form->refresh({"TriggerMode"});
     QVERIFY(button.isEnabled());
 }
 
 void tst_FormBindingRefresh::softwareTriggerRuleWinsOverItsWritability()
 {
-    auto& button = form->add<QPushButton>("btnTriggerSoftware");
-    form->bind();
-    camera->find("TriggerSource")->state().text = "Line0";
-    form->refresh({"TriggerSource", "TriggerSoftware"});
+    auto& button = m_form->add<QPushButton>("btnTriggerSoftware");
+    m_form->bind();
+    m_camera->find("TriggerSource")->state().text = "Line0";
+    m_form->refresh({"TriggerSource", "TriggerSoftware"});
     QVERIFY(!button.isEnabled());
-    form->refresh({"TriggerSoftware"});
+    m_form->refresh({"TriggerSoftware"});
     QVERIFY(button.isEnabled());
 }
 

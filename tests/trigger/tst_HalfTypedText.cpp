@@ -51,71 +51,7 @@ private slots:
     void contextMenuKeepsALineEditsText();
     void textOfAnUnfocusedFieldGivesWay_data() { kinds(); }
     void textOfAnUnfocusedFieldGivesWay();
-
-private:
-    static void kinds();
-    void begin(const QString& kind, const QString& typed);
-    void begin() { begin(QTest::currentDataTag(), "12"); }
-    /// The camera has 7 now, and reports it.
-    void report(const QString& kind);
-    /// How the field shows that 7.
-    static QString seven(const QString& kind);
-    static QString featureOf(const QString& kind);
-    Fake::State& stateOf(const QString& kind);
 };
-
-void tst_HalfTypedText::kinds()
-{
-    QTest::addColumn<bool>("unused");
-    for (const char* kind : {"double spin box", "spin box", "table cell", "line edit",
-                             "hexadecimal field", "text field"})
-        QTest::newRow(kind) << true;
-}
-
-QString tst_HalfTypedText::featureOf(const QString& kind)
-{
-    static const QMap<QString, QString> features = {
-        {"double spin box", "Real"}, {"spin box", "Whole"},
-        {"line edit", "Real"},       {"hexadecimal field", "Key"},
-        {"text field", "Name"},      {"table cell", "LineDebounceDuration"}};
-    return features[kind];
-}
-
-QString tst_HalfTypedText::seven(const QString& kind)
-{
-    static const QMap<QString, QString> texts = {{"double spin box", "7.000"},
-                                                 {"hexadecimal field", "0x7"},
-                                                 {"text field", "seven"},
-                                                 {"table cell", "7.000000"}};
-    return texts.value(kind, "7");
-}
-
-Fake::State& tst_HalfTypedText::stateOf(const QString& kind)
-{
-    Fake::FakeFeature& feature = *camera->find(featureOf(kind).toStdString());
-    return kind == "table cell" ? feature.stateFor("Line0") : feature.state();
-}
-
-/// Types into the field, and does not finish.
-void tst_HalfTypedText::begin(const QString& kind, const QString& typed)
-{
-    const QString prefix = kind == "hexadecimal field" ? "0x" : "";
-    type(kind, prefix + typed);
-    QCOMPARE(text(kind), prefix + typed);
-    QCOMPARE(writes(), QStringList());
-}
-
-void tst_HalfTypedText::report(const QString& kind)
-{
-    Fake::State& state = stateOf(kind);
-    state.integer = 7;
-    state.real = 7.0;
-    state.text = "seven";
-    if (kind == "table cell")
-        form->refreshTable({featureOf(kind)});
-    else
-        form->refresh({featureOf(kind)});
-}
 
 void tst_HalfTypedText::refreshLeavesTheTextAlone()
 {
@@ -126,10 +62,10 @@ void tst_HalfTypedText::refreshLeavesTheTextAlone()
         report(kind);
         QCOMPARE(text(kind), typed);
     }
-    if (auto* box = qobject_cast<QAbstractSpinBox*>(&form->field(kind)))
+    if (auto* box = qobject_cast<QAbstractSpinBox*>(&m_form->field(kind)))
         QCOMPARE(box->property("value").toDouble(), 7.0);
-    QVERIFY(form->field(kind).isEnabled());
-    QVERIFY(form->field(kind).hasFocus());
+    QVERIFY(m_form->field(kind).isEnabled());
+    QVERIFY(m_form->field(kind).hasFocus());
     QCOMPARE(writes(), QStringList());
 }
 
@@ -139,12 +75,12 @@ void tst_HalfTypedText::refreshBetweenTheKeysLosesNone()
     begin();
     const QString first = text(kind);
     report(kind);
-    QTest::keyClicks(&form->field(kind), "3");
+    QTest::keyClicks(&m_form->field(kind), "3");
     report(kind);
     QCOMPARE(text(kind), first + "3");
     press(kind, Qt::Key_Backspace);
     report(kind);
-    QTest::keyClicks(&form->field(kind), "4");
+    QTest::keyClicks(&m_form->field(kind), "4");
     QCOMPARE(text(kind), first + "4");
 }
 
@@ -186,18 +122,18 @@ void tst_HalfTypedText::cursorAndSelectionStay()
     QFETCH(QVector<int>, moves);
     begin(kind, "123");
     for (const int move : moves)
-        QTest::keyClick(&form->field(kind), Qt::Key(move & ~int(Qt::SHIFT)),
+        QTest::keyClick(&m_form->field(kind), Qt::Key(move & ~int(Qt::SHIFT)),
                         Qt::KeyboardModifiers(move & int(Qt::SHIFT)));
     report(kind);
-    QTEST(form->textOf(kind).selectedText(), "selected");
-    QTEST(form->textOf(kind).cursorPosition(), "cursor");
+    QTEST(m_form->textOf(kind).selectedText(), "selected");
+    QTEST(m_form->textOf(kind).cursorPosition(), "cursor");
 }
 
 void tst_HalfTypedText::refreshStillReportsTheCamerasValue()
 {
     const QString kind = QTest::currentDataTag();
     begin();
-    QSignalSpy reports(form.get(), SIGNAL(FeatureChanged(QString, QVariant)));
+    QSignalSpy reports(m_form.get(), SIGNAL(FeatureChanged(QString, QVariant)));
     report(kind);
     // Two widgets show Real; the table reports nothing.
     const int expected = kind == "table cell" ? 0 : featureOf(kind) == "Real" ? 2 : 1;
@@ -224,7 +160,7 @@ void tst_HalfTypedText::refreshStillSetsTheRange()
     stateOf(kind).maxReal = 20.5;
     stateOf(kind).maxInteger = 20;
     report(kind);
-    QCOMPARE(form->field(kind).property("maximum").toDouble(), top);
+    QCOMPARE(m_form->field(kind).property("maximum").toDouble(), top);
     QCOMPARE(text(kind), QString("12"));
 }
 
@@ -343,14 +279,14 @@ void tst_HalfTypedText::escapeBringsTheCamerasValueBack()
     report(kind);
     press(kind, Qt::Key_Escape);
     QCOMPARE(text(kind), seven(kind));
-    QVERIFY(form->field(kind).hasFocus());
+    QVERIFY(m_form->field(kind).hasFocus());
     QCOMPARE(writes(), QStringList());
-    if (auto* box = qobject_cast<QAbstractSpinBox*>(&form->field(kind))) {
+    if (auto* box = qobject_cast<QAbstractSpinBox*>(&m_form->field(kind))) {
         QCOMPARE(box->property("value").toDouble(), 7.0);
         finish(kind, "Return");
         finish(kind, "focus");
         QCOMPARE(writes(), QStringList());
-        QCOMPARE(form->customPresets, 0);
+        QCOMPARE(m_form->customPresets, 0);
     }
 }
 
@@ -358,7 +294,7 @@ void tst_HalfTypedText::escapeOverrulesAShortcut()
 {
     const QString kind = QTest::currentDataTag();
     const QString before = text(kind);
-    QShortcut shortcut(Qt::Key_Escape, form.get());
+    QShortcut shortcut(Qt::Key_Escape, m_form.get());
     QSignalSpy taken(&shortcut, SIGNAL(activated()));
     begin();
     press(kind, Qt::Key_Escape);
@@ -374,7 +310,7 @@ void tst_HalfTypedText::escapeBringsBackWhatWasFinishedLast()
     stateOf("line edit").readable = false;
     begin("line edit", "12");
     press("line edit", Qt::Key_Return);
-    QTest::keyClicks(&form->field("line edit"), "34");
+    QTest::keyClicks(&m_form->field("line edit"), "34");
     press("line edit", Qt::Key_Escape);
     QCOMPARE(text("line edit"), QString("12"));
 }
@@ -396,11 +332,11 @@ void tst_HalfTypedText::escapeGoesOnWhereNothingIsTyped()
 {
     QFETCH(QString, kind);
     QFETCH(int, key);
-    QShortcut shortcut(Qt::Key_Escape, form.get());
+    QShortcut shortcut(Qt::Key_Escape, m_form.get());
     QSignalSpy taken(&shortcut, SIGNAL(activated()));
-    form->field(kind).setFocus();
+    m_form->field(kind).setFocus();
     if (key != 0)
-        QTest::keyClick(&form->field(kind), Qt::Key(key));
+        QTest::keyClick(&m_form->field(kind), Qt::Key(key));
     press(kind, Qt::Key_Escape);
     QCOMPARE(taken.count(), 1);
 }
@@ -411,21 +347,21 @@ void tst_HalfTypedText::fieldThatIsDisabledShowsTheCamerasValue()
     begin();
     stateOf(kind).writable = false;
     report(kind);
-    QVERIFY(!form->field(kind).isEnabled());
-    QVERIFY(!form->field(kind).hasFocus());
+    QVERIFY(!m_form->field(kind).isEnabled());
+    QVERIFY(!m_form->field(kind).hasFocus());
     QCOMPARE(text(kind), seven(kind));
     QCOMPARE(writes(), QStringList());
     // Nor is anything left for the time after.
     stateOf(kind).writable = true;
     report(kind);
-    form->field(kind).setFocus();
+    m_form->field(kind).setFocus();
     QCOMPARE(text(kind), seven(kind));
 }
 
 void tst_HalfTypedText::contextMenuKeepsALineEditsText()
 {
     begin("line edit", "12");
-    QWidget& field = form->field("line edit");
+    QWidget& field = m_form->field("line edit");
     // What the field hears when its menu opens.
     QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
     QMenu menu(&field);

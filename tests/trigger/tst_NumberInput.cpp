@@ -8,7 +8,7 @@
 
 namespace {
 
-const QStringList desktops = {"C", "en_US", "de_DE", "de_CH", "fr_FR", "sv_SE", "hi_IN", "ar_EG"};
+const QStringList Desktops = {"C", "en_US", "de_DE", "de_CH", "fr_FR", "sv_SE", "hi_IN", "ar_EG"};
 
 void emptyField(QLineEdit& edit)
 {
@@ -23,7 +23,7 @@ class tst_NumberInput : public TypingTest
     Q_OBJECT
 
 private slots:
-    void init() { camera = numberCamera(); }
+    void init() { m_camera = numberCamera(); }
     void cleanup();
 
     void typedCommaActsAsThePoint_data();
@@ -63,7 +63,7 @@ void tst_NumberInput::cleanup()
 void tst_NumberInput::build(const QString& desktop)
 {
     QLocale::setDefault(QLocale(desktop));
-    form = std::make_unique<NumberForm>(*camera);
+    m_form = std::make_unique<NumberForm>(*m_camera);
 }
 
 void tst_NumberInput::paste(QLineEdit& edit, const QString& text) const
@@ -78,7 +78,7 @@ void tst_NumberInput::typedCommaActsAsThePoint_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("writes");
-    for (const QString& desktop : desktops) {
+    for (const QString& desktop : Desktops) {
         const auto row = [&](const char* kind, const char* typed, const char* write) {
             QTest::addRow("%s, %s, %s", qPrintable(desktop), kind, typed)
                 << desktop << kind << typed << QStringList(write);
@@ -101,8 +101,8 @@ void tst_NumberInput::typedCommaActsAsThePoint()
     QFETCH(QString, kind);
     QFETCH(QString, typed);
     build(desktop);
-    form->textOf(kind).selectAll();
-    QTest::keyClicks(&form->field(kind), typed);
+    m_form->textOf(kind).selectAll();
+    QTest::keyClicks(&m_form->field(kind), typed);
     QTEST(finish(kind), "writes");
 }
 
@@ -110,7 +110,7 @@ void tst_NumberInput::commaIsShownAsThePoint_data()
 {
     QTest::addColumn<QString>("desktop");
     QTest::addColumn<QString>("kind");
-    for (const QString& desktop : desktops)
+    for (const QString& desktop : Desktops)
         for (const char* kind : {"double spin box", "line edit", "table cell"})
             QTest::addRow("%s, %s", qPrintable(desktop), kind) << desktop << kind;
 }
@@ -120,20 +120,20 @@ void tst_NumberInput::commaIsShownAsThePoint()
     QFETCH(QString, desktop);
     QFETCH(QString, kind);
     build(desktop);
-    QLineEdit& edit = form->textOf(kind);
+    QLineEdit& edit = m_form->textOf(kind);
     edit.selectAll();
-    QTest::keyClicks(&form->field(kind), "12,");
+    QTest::keyClicks(&m_form->field(kind), "12,");
     QCOMPARE(edit.text(), QString("12."));
     QCOMPARE(edit.cursorPosition(), 3);
-    QTest::keyClicks(&form->field(kind), "5");
+    QTest::keyClicks(&m_form->field(kind), "5");
     QCOMPARE(edit.text(), QString("12.5"));
     // Between digits that stand there already.
     edit.setCursorPosition(1);
-    QTest::keyClick(&form->field(kind), Qt::Key_Delete);
-    QTest::keyClicks(&form->field(kind), "5");
+    QTest::keyClick(&m_form->field(kind), Qt::Key_Delete);
+    QTest::keyClicks(&m_form->field(kind), "5");
     edit.setText("1250");
     edit.setCursorPosition(2);
-    QTest::keyClicks(&form->field(kind), ",");
+    QTest::keyClicks(&m_form->field(kind), ",");
     QCOMPARE(edit.text(), QString("12.50"));
     QCOMPARE(edit.cursorPosition(), 3);
 }
@@ -142,7 +142,7 @@ void tst_NumberInput::fractionIsNoWholeNumber_data()
 {
     QTest::addColumn<QString>("desktop");
     QTest::addColumn<QString>("typed");
-    for (const QString& desktop : desktops)
+    for (const QString& desktop : Desktops)
         for (const char* typed : {"2,5", "2.5", "2,", "1,000", ",5"})
             QTest::addRow("%s, %s", qPrintable(desktop), typed) << desktop << typed;
 }
@@ -152,10 +152,10 @@ void tst_NumberInput::fractionIsNoWholeNumber()
     QFETCH(QString, desktop);
     QFETCH(QString, typed);
     build(desktop);
-    form->textOf("spin box").selectAll();
-    QTest::keyClicks(&form->field("spin box"), typed);
+    m_form->textOf("spin box").selectAll();
+    QTest::keyClicks(&m_form->field("spin box"), typed);
     QCOMPARE(finish("spin box"), QStringList());
-    QCOMPARE(form->textOf("spin box").text(), QString("5"));
+    QCOMPARE(m_form->textOf("spin box").text(), QString("5"));
 }
 
 void tst_NumberInput::commaOfAnInputMethodActsAsThePoint_data()
@@ -175,11 +175,11 @@ void tst_NumberInput::commaOfAnInputMethodActsAsThePoint()
     QFETCH(QString, typed);
     const QString kind = QString(QTest::currentDataTag()).section(',', 0, 0);
     build();
-    emptyField(form->textOf(kind));
+    emptyField(m_form->textOf(kind));
     QInputMethodEvent event;
     event.setCommitString(typed);
-    QCoreApplication::sendEvent(&form->field(kind), &event);
-    QTEST(form->textOf(kind).text(), "text");
+    QCoreApplication::sendEvent(&m_form->field(kind), &event);
+    QTEST(m_form->textOf(kind).text(), "text");
 }
 
 void tst_NumberInput::pastedNumber_data()
@@ -230,17 +230,17 @@ void tst_NumberInput::pastedNumber()
     QFETCH(QString, pasted);
     QFETCH(double, number);
     for (const char* desktop : {"C", "de_DE", "fr_FR"}) {
-        camera = numberCamera();
+        m_camera = numberCamera();
         build(desktop);
         for (const char* kind : {"double spin box", "line edit"}) {
-            camera->find("Real")->state().real = 5.0;
-            emptyField(form->textOf(kind));
-            paste(form->textOf(kind), pasted);
+            m_camera->find("Real")->state().real = 5.0;
+            emptyField(m_form->textOf(kind));
+            paste(m_form->textOf(kind), pasted);
             if (number == 5.0)
-                QVERIFY2(form->textOf(kind).text().isEmpty(), desktop);
+                QVERIFY2(m_form->textOf(kind).text().isEmpty(), desktop);
             else
                 finish(kind);
-            QVERIFY2(camera->find("Real")->state().real == number, desktop);
+            QVERIFY2(m_camera->find("Real")->state().real == number, desktop);
         }
     }
 }
@@ -273,9 +273,9 @@ void tst_NumberInput::pastedWholeNumber()
     QFETCH(QString, text);
     for (const char* desktop : {"C", "de_DE", "fr_FR"}) {
         build(desktop);
-        emptyField(form->textOf("spin box"));
-        paste(form->textOf("spin box"), pasted);
-        QVERIFY2(form->textOf("spin box").text() == text, desktop);
+        emptyField(m_form->textOf("spin box"));
+        paste(m_form->textOf("spin box"), pasted);
+        QVERIFY2(m_form->textOf("spin box").text() == text, desktop);
     }
 }
 
@@ -291,7 +291,7 @@ void tst_NumberInput::refusedPasteLeavesTheTextAlone()
 {
     QFETCH(QString, before);
     build();
-    QLineEdit& edit = form->textOf(QTest::currentDataTag());
+    QLineEdit& edit = m_form->textOf(QTest::currentDataTag());
     edit.setText(before);
     edit.selectAll();
     paste(edit, "1,234.5");
@@ -317,7 +317,7 @@ void tst_NumberInput::pasteBesideDigitsJoinsThem()
     QFETCH(QString, pasted);
     build();
     for (const char* kind : {"double spin box", "line edit"}) {
-        QLineEdit& edit = form->textOf(kind);
+        QLineEdit& edit = m_form->textOf(kind);
         edit.setText("12");
         edit.setCursorPosition(1);
         paste(edit, pasted);
@@ -328,7 +328,7 @@ void tst_NumberInput::pasteBesideDigitsJoinsThem()
 void tst_NumberInput::fieldInTheDesktopsNotationTakesBothMarks_data()
 {
     QTest::addColumn<QString>("typed");
-    for (const QString& desktop : desktops)
+    for (const QString& desktop : Desktops)
         for (const char* typed : {"2,5", "2.5"})
             QTest::addRow("%s, %s", qPrintable(desktop), typed) << typed;
 }
@@ -338,9 +338,9 @@ void tst_NumberInput::fieldInTheDesktopsNotationTakesBothMarks()
     QFETCH(QString, typed);
     const QLocale desktop(QString(QTest::currentDataTag()).section(',', 0, 0));
     build();
-    auto& box = static_cast<QDoubleSpinBox&>(form->field("double spin box"));
+    auto& box = static_cast<QDoubleSpinBox&>(m_form->field("double spin box"));
     box.setLocale(desktop);
-    form->textOf("double spin box").selectAll();
+    m_form->textOf("double spin box").selectAll();
     QTest::keyClicks(&box, typed);
     QCOMPARE(finish("double spin box"), QStringList("Real=2.5"));
 }
@@ -348,7 +348,7 @@ void tst_NumberInput::fieldInTheDesktopsNotationTakesBothMarks()
 void tst_NumberInput::prefixAndSuffixAreNoPartOfTheNumber()
 {
     build();
-    auto& box = static_cast<QDoubleSpinBox&>(form->field("double spin box"));
+    auto& box = static_cast<QDoubleSpinBox&>(m_form->field("double spin box"));
     box.setPrefix("t = ");
     box.setSuffix(QString::fromUtf8(" µs"));
     box.selectAll(); // the number alone
@@ -360,9 +360,9 @@ void tst_NumberInput::prefixAndSuffixAreNoPartOfTheNumber()
 void tst_NumberInput::textsKeepTheirCommas()
 {
     build();
-    form->textOf("text field").selectAll();
-    QTest::keyClicks(&form->field("text field"), "left, 1,5 m ");
-    QCOMPARE(form->textOf("text field").text(), QString("left, 1,5 m "));
+    m_form->textOf("text field").selectAll();
+    QTest::keyClicks(&m_form->field("text field"), "left, 1,5 m ");
+    QCOMPARE(m_form->textOf("text field").text(), QString("left, 1,5 m "));
 }
 
 void tst_NumberInput::hexadecimalFieldsTakeNoMark_data()
@@ -377,9 +377,9 @@ void tst_NumberInput::hexadecimalFieldsTakeNoMark()
 {
     QFETCH(QString, typed);
     build();
-    form->textOf("hexadecimal field").selectAll();
-    QTest::keyClicks(&form->field("hexadecimal field"), typed);
-    QCOMPARE(form->textOf("hexadecimal field").text(), QString("0x1"));
+    m_form->textOf("hexadecimal field").selectAll();
+    QTest::keyClicks(&m_form->field("hexadecimal field"), typed);
+    QCOMPARE(m_form->textOf("hexadecimal field").text(), QString("0x1"));
 }
 
 QTEST_MAIN(tst_NumberInput)

@@ -1,8 +1,7 @@
 // Applying a preset: what is written to the camera, and in which order.
+#include "tests/trigger/ChoiceForm.h"
 #include "tests/trigger/MessageBoxes.h"
-#include "tests/trigger/PresetForm.h"
 
-#include <QSpinBox>
 #include <QtTest>
 
 namespace {
@@ -16,15 +15,10 @@ struct Applied
 
 Applied apply(Fake::FakeCamera& camera, const QByteArray& members)
 {
-    const PresetForm form(camera, onePreset(members));
+    const ChoiceForm form(camera, onePreset(members));
     const MessageBoxes boxes;
     form.select(QStringLiteral("P"));
     return {writesOf(camera), boxes.texts()};
-}
-
-QString write(const char* text)
-{
-    return QStringLiteral("SetStringValue ") + QLatin1String(text);
 }
 
 QString select(const char* line)
@@ -68,7 +62,6 @@ private slots:
     void aPresetWithOnlyACommandRunsIt();
     void anEmptyCommandIsNone();
     void customChangesNothing();
-    void onlyAComboBoxCanSelectAPreset();
 };
 
 void tst_PresetApplication::writesMembersInKeyOrderNotInFileOrder()
@@ -338,24 +331,10 @@ void tst_PresetApplication::anEmptyCommandIsNone()
 void tst_PresetApplication::customChangesNothing()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, R"({"#presets": ["Turn Off All", "Custom"],
+    const ChoiceForm form(*camera, R"({"#presets": ["Turn Off All", "Custom"],
         "Turn Off All": {"LineMode": {"#value": "Input"}}, "Custom": {"#tooltip": "by hand"}})");
     form.select(QStringLiteral("Custom"));
     QCOMPARE(writesOf(*camera), QStringList());
-}
-
-void tst_PresetApplication::onlyAComboBoxCanSelectAPreset()
-{
-    const auto camera = lineCamera();
-    PresetForm form(*camera, onePreset(R"({"LineMode": {"#value": "Output"}})"));
-    QSpinBox other;
-    connect(&other, SIGNAL(valueChanged(int)), &form, SLOT(OnSelectPreset(int)));
-    other.setValue(1);
-    form.OnSelectPreset(0);
-    QCOMPARE(writesOf(*camera), QStringList());
-    QCOMPARE(form.overviewResets, 0);
-    form.select(QStringLiteral("P"));
-    QCOMPARE(writesOf(*camera), QStringList{write("LineMode=Output")});
 }
 
 QTEST_MAIN(tst_PresetApplication)

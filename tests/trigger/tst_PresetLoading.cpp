@@ -1,6 +1,6 @@
 // Filling the preset box from the file that fits the camera.
 #include "tests/support/LogCapture.h"
-#include "tests/trigger/PresetForm.h"
+#include "tests/trigger/ChoiceForm.h"
 
 #include <QtTest>
 
@@ -15,7 +15,7 @@ const QByteArray Family = R"({"#presets": ["Family"], "Family": {}})";
 
 std::unique_ptr<Fake::FakeCamera> cameraOfFamily(const std::string& family)
 {
-    auto camera = acceptedCamera();
+    auto camera = std::make_unique<Fake::FakeCamera>();
     camera->addString("DeviceFamilyName", family);
     return camera;
 }
@@ -75,64 +75,64 @@ private slots:
 void tst_PresetLoading::loadsTheFileOfTheCamerasFamily()
 {
     const auto camera = cameraOfFamily("Sim Series");
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.put(QStringLiteral("AdvTrigger_SimSeries_Presets.json"), Family);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
 }
 
 void tst_PresetLoading::aFamilyFileReplacesTheGenericOneAndIsNotMerged()
 {
     const auto camera = cameraOfFamily("Sim");
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.put(QStringLiteral("AdvTrigger_Sim_Presets.json"), Family);
     folder.putGeneric(Generic);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
 }
 
 void tst_PresetLoading::fallsBackToTheGenericFileWithoutAWord()
 {
     const auto camera = cameraOfFamily("Other");
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.put(QStringLiteral("AdvTrigger_Sim_Presets.json"), Family);
     folder.putGeneric(Generic);
     const LogCapture log;
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
     QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_PresetLoading::aCameraWithoutFamilyNameHasTheGenericFile()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(Generic);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
 }
 
 void tst_PresetLoading::looksInThePluginsFolderOnly()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.put(QStringLiteral("../AdvTrigger_Presets.json"), Generic);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 0);
 }
 
 void tst_PresetLoading::withoutAFileTheBoxIsEmptyAndTheFolderIsLogged()
 {
     const auto camera = cameraOfFamily("Sim");
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     form.box.addItem(QStringLiteral("old"));
     const LogCapture log;
-    form.LoadPresets(&form.box, QStringLiteral("/no/such/folder"));
+    form.load(QStringLiteral("/no/such/folder"));
     QCOMPARE(form.box.count(), 0);
     QCOMPARE(log.lines(), QStringList{QStringLiteral("default/warning WARN: Couldn't open file "
                                                      "with presets: '/no/such/folder'")});
@@ -141,13 +141,13 @@ void tst_PresetLoading::withoutAFileTheBoxIsEmptyAndTheFolderIsLogged()
 void tst_PresetLoading::aFamilyFileThatCannotBeOpenedIsNotReplacedByTheGenericOne()
 {
     const auto camera = cameraOfFamily("Sim");
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(Generic);
     // A folder exists but cannot be read as a file, whoever runs the test.
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("plugins/AdvTrigger_Sim_Presets.json")));
     const LogCapture log;
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 0);
     QCOMPARE(
         log.lines(),
@@ -173,12 +173,12 @@ void tst_PresetLoading::whatIsNoFileOfPresetsSizeCannotBeOpened_data()
 void tst_PresetLoading::whatIsNoFileOfPresetsSizeCannotBeOpened()
 {
     QFETCH(PutFile, put);
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     put(folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"));
     const LogCapture log;
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 0);
     QCOMPARE(
         log.lines(),
@@ -188,12 +188,12 @@ void tst_PresetLoading::whatIsNoFileOfPresetsSizeCannotBeOpened()
 
 void tst_PresetLoading::aFileOf16MegabytesIsRead()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     putOneOfSize(folder.path() + QStringLiteral("/plugins/AdvTrigger_Presets.json"),
                  SixteenMegabytes);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
 }
 
@@ -214,12 +214,12 @@ void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText_data()
 void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText()
 {
     QFETCH(QByteArray, json);
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(json);
     const LogCapture log;
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QFETCH(QString, line);
     QCOMPARE(log.lines(), QStringList{line});
     QCOMPARE(form.box.count(), 0);
@@ -227,40 +227,40 @@ void tst_PresetLoading::malformedJsonIsLoggedWithTheParsersText()
 
 void tst_PresetLoading::aRootThatIsNoObjectIsNotLogged()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(R"(["#presets"])");
     const LogCapture log;
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(log.lines(), QStringList());
     QCOMPARE(form.box.count(), 0);
 }
 
 void tst_PresetLoading::clearsTheBoxFirst()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     form.box.addItems({QStringLiteral("x"), QStringLiteral("y")});
     const PresetFolder folder;
     folder.putGeneric(Generic);
-    form.LoadPresets(&form.box, folder.path());
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Generic")});
 }
 
 void tst_PresetLoading::onlyBDefinedYieldsOneItemWithItsToolTipOnItem0()
 {
-    const auto camera = acceptedCamera();
-    const PresetForm form(*camera, R"({"#presets": ["A", "B"], "B": {"#tooltip": "of B"}})");
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    const ChoiceForm form(*camera, R"({"#presets": ["A", "B"], "B": {"#tooltip": "of B"}})");
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("B")});
     QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString(), QStringLiteral("<b>B</b><br>of B"));
 }
 
 void tst_PresetLoading::itemsCarryThePresetAsAMap()
 {
-    const auto camera = acceptedCamera();
-    const PresetForm form(*camera, onePreset(R"({"#tooltip": "t", "#execute": "C",
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    const ChoiceForm form(*camera, onePreset(R"({"#tooltip": "t", "#execute": "C",
         "S": {"#value": "E", "B": true, "N": 3}, "L": [{"#value": 1.5}], "V": "plain"})"));
     const QVariant data = form.box.itemData(0);
     QCOMPARE(data.userType(), int(QMetaType::QVariantMap));
@@ -276,8 +276,8 @@ void tst_PresetLoading::itemsCarryThePresetAsAMap()
 
 void tst_PresetLoading::itemsCarryTheToolTipAndNoIcon()
 {
-    const auto camera = acceptedCamera();
-    const PresetForm form(*camera, onePreset(R"({"F": {"#value": "<min>"}})"));
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    const ChoiceForm form(*camera, onePreset(R"({"F": {"#value": "<min>"}})"));
     QCOMPARE(form.box.itemData(0, Qt::ToolTipRole).toString(),
              QStringLiteral("<b>P</b><br><br>Settings:<blockquote><b>F</b>: &lt;min&gt;<br>"
                             "</blockquote>\n"));
@@ -286,24 +286,24 @@ void tst_PresetLoading::itemsCarryTheToolTipAndNoIcon()
 
 void tst_PresetLoading::theFileIsReadAnewForEveryCall()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(Generic);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     folder.putGeneric(Family);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(itemsOf(form.box), QStringList{QStringLiteral("Family")});
 }
 
 void tst_PresetLoading::loadingWritesNothing()
 {
     const auto camera = Fake::FakeCamera::standard();
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(R"({"#presets": ["P"], "P": {"TriggerMode": {"#value": "On"}}})");
     camera->clearLog();
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 1);
     QCOMPARE(writesOf(*camera), QStringList());
 }
@@ -311,14 +311,14 @@ void tst_PresetLoading::loadingWritesNothing()
 // Each signal of the model is work for the box, its list and whoever else listens.
 void tst_PresetLoading::presetsEnterTheBoxAtOnce()
 {
-    const auto camera = acceptedCamera();
-    PresetForm form(*camera);
+    const auto camera = std::make_unique<Fake::FakeCamera>();
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(R"({"#presets": ["A", "B", "C"], "A": {}, "B": {}, "C": {}})");
     const QSignalSpy inserted(form.box.model(), &QAbstractItemModel::rowsInserted);
     const QSignalSpy changed(form.box.model(), &QAbstractItemModel::dataChanged);
     const QSignalSpy selected(&form.box, SIGNAL(currentIndexChanged(int)));
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 3);
     QCOMPARE(inserted.count(), 1);
     QCOMPARE(changed.count(), 0);

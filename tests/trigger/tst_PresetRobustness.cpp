@@ -1,7 +1,7 @@
 // Presets files that nobody should write.
 #include "tests/support/HeapInUse.h"
 #include "tests/support/LeaksOfQtParser.h"
-#include "tests/trigger/PresetForm.h"
+#include "tests/trigger/ChoiceForm.h"
 #include "trigger/PresetFile.h"
 
 #include <QJsonDocument>
@@ -103,10 +103,10 @@ void tst_PresetRobustness::aFileOfTenMegabytesIsReadWhole()
                                      .value(QStringLiteral("S"))
                                      .toObject();
     const auto camera = lineCamera();
-    PresetForm form(*camera);
+    ChoiceForm form(*camera);
     const PresetFolder folder;
     folder.putGeneric(json);
-    form.LoadPresets(&form.box, folder.path());
+    form.load(folder.path());
     QCOMPARE(form.box.count(), 1);
     QCOMPARE(form.box.itemData(0).toMap().value(QStringLiteral("S")).toMap().size(),
              settings.size());
@@ -118,7 +118,7 @@ void tst_PresetRobustness::aFileOfTenMegabytesIsReadWhole()
 void tst_PresetRobustness::tenThousandPresetsAreOffered()
 {
     const auto camera = lineCamera();
-    PresetForm form(*camera, manyPresets(Many));
+    ChoiceForm form(*camera, manyPresets(Many));
     QCOMPARE(form.box.count(), Many);
     QCOMPARE(form.box.itemText(Many - 1), QStringLiteral("p9999"));
     QVERIFY(form.box.itemData(Many - 1, Qt::ToolTipRole)
@@ -135,7 +135,7 @@ void tst_PresetRobustness::aPresetListedAThousandTimesKeepsItsTextsOnce()
                             R"("}}})";
     const auto camera = lineCamera();
     const std::size_t before = heapInUse();
-    const PresetForm form(*camera, json);
+    const ChoiceForm form(*camera, json);
     QCOMPARE(form.box.count(), listings);
     QVERIFY2(heapInUse() - before < std::size_t(20 * text.size()),
              QByteArray::number(qulonglong(heapInUse() - before)));
@@ -145,7 +145,7 @@ void tst_PresetRobustness::aPresetListedAThousandTimesKeepsItsTextsOnce()
 void tst_PresetRobustness::nestingUpToTheParsersLimitIsIgnoredWhereItMeansNothing()
 {
     const auto camera = lineCamera();
-    PresetForm form(*camera, nestedObjects(1000));
+    ChoiceForm form(*camera, nestedObjects(1000));
     QCOMPARE(form.box.count(), 1);
     form.box.setCurrentIndex(0);
     QCOMPARE(writesOf(*camera), QStringList());

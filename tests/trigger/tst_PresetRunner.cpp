@@ -30,31 +30,31 @@ private slots:
 private:
     QString set(const QString& feature, const QVariant& value);
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<FeatureManager> features;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<FeatureManager> m_features;
 };
 
 void tst_PresetRunner::init()
 {
-    camera = std::make_unique<Fake::FakeCamera>();
-    camera->addInteger("Number", 5, -10, 1000);
-    camera->addFloat("Real", 5.0, -10.0, 1000.0);
-    camera->addBool("Flag", false);
-    camera->addEnum("Mode", {"Off", "On", "<max>"}, "Off");
-    camera->addString("Name", "camera");
-    camera->addCommand("Run");
-    features = std::make_unique<FeatureManager>(FeatureTest::wrap(*camera));
+    m_camera = std::make_unique<Fake::FakeCamera>();
+    m_camera->addInteger("Number", 5, -10, 1000);
+    m_camera->addFloat("Real", 5.0, -10.0, 1000.0);
+    m_camera->addBool("Flag", false);
+    m_camera->addEnum("Mode", {"Off", "On", "<max>"}, "Off");
+    m_camera->addString("Name", "camera");
+    m_camera->addCommand("Run");
+    m_features = std::make_unique<FeatureManager>(FeatureTest::wrap(*m_camera));
 }
 
 void tst_PresetRunner::cleanup()
 {
-    features.reset();
-    camera.reset();
+    m_features.reset();
+    m_camera.reset();
 }
 
 QString tst_PresetRunner::set(const QString& feature, const QVariant& value)
 {
-    return PresetRunner(*features).SetFeatureValue(feature, value);
+    return PresetRunner(*m_features).SetFeatureValue(feature, value);
 }
 
 void tst_PresetRunner::takenValueReportsNothing_data()
@@ -92,7 +92,7 @@ void tst_PresetRunner::takenValueReportsNothing()
     QFETCH(QVariant, value);
     QFETCH(QString, write);
     QCOMPARE(set(feature, value), QString());
-    QCOMPARE(writesOf(*camera), QStringList(write));
+    QCOMPARE(writesOf(*m_camera), QStringList(write));
 }
 
 void tst_PresetRunner::untouchableFeatureIsSkipped_data()
@@ -106,10 +106,10 @@ void tst_PresetRunner::untouchableFeatureIsSkipped_data()
 void tst_PresetRunner::untouchableFeatureIsSkipped()
 {
     QFETCH(QString, feature);
-    if (const auto known = camera->find(feature.toStdString()))
+    if (const auto known = m_camera->find(feature.toStdString()))
         known->state().writable = false;
     QCOMPARE(set(feature, "12"), QString());
-    QCOMPARE(writesOf(*camera), QStringList());
+    QCOMPARE(writesOf(*m_camera), QStringList());
 }
 
 void tst_PresetRunner::refusedValueIsReported_data()
@@ -134,19 +134,19 @@ void tst_PresetRunner::refusedValueIsReported()
     QFETCH(QVariant, value);
     for (const char* operation :
          {"SetBoolValue", "SetIntegerValue", "SetFloatValue", "SetStringValue"})
-        camera->failCall(operation, feature.toStdString());
+        m_camera->failCall(operation, feature.toStdString());
     QTEST(set(feature, value), "line");
 }
 
 void tst_PresetRunner::valueAboveTheMaximumWritesTheMaximumAndReportsNothing()
 {
     QCOMPARE(set("Number", 1e9), QString());
-    QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1000"));
+    QCOMPARE(writesOf(*m_camera), QStringList("SetIntegerValue Number=1000"));
 }
 
 void tst_PresetRunner::adjustedValueIsReportedAsItWasAsked()
 {
-    camera->find("Number")->onWrite = [](Fake::FakeFeature& it) { it.state().integer = 999; };
+    m_camera->find("Number")->onWrite = [](Fake::FakeFeature& it) { it.state().integer = 999; };
     // Asked for, not clamped, in the line; clamped in the comparison.
     QCOMPARE(set("Number", "1e9"), QString("  Failed to set Number = 1e9, Current value: '999'\n"));
 }
@@ -159,19 +159,19 @@ void tst_PresetRunner::truncatedIntegerIsReported()
 void tst_PresetRunner::numbersCompareAsVariantsDo()
 {
     // Equal up to the last digits, which cameras with their own number formats lose.
-    camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-14; };
+    m_camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-14; };
     QCOMPARE(set("Real", 0.3), QString());
-    camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-6; };
+    m_camera->find("Real")->onWrite = [](Fake::FakeFeature& it) { it.state().real += 1e-6; };
     QVERIFY(!set("Real", 0.3).isEmpty());
 }
 
 void tst_PresetRunner::maximumIsTheLargestMultipleOfTheIncrement()
 {
-    camera->find("Number")->state().maxInteger = 1023;
-    camera->find("Number")->state().minInteger = 0;
-    camera->find("Number")->state().incrementInteger = 16;
+    m_camera->find("Number")->state().maxInteger = 1023;
+    m_camera->find("Number")->state().minInteger = 0;
+    m_camera->find("Number")->state().incrementInteger = 16;
     QCOMPARE(set("Number", "<max>"), QString());
-    QCOMPARE(writesOf(*camera), QStringList("SetIntegerValue Number=1008"));
+    QCOMPARE(writesOf(*m_camera), QStringList("SetIntegerValue Number=1008"));
 }
 
 void tst_PresetRunner::placeholdersInTheValueAreNotFilled()

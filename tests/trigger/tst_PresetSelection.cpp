@@ -1,7 +1,7 @@
 // Around the writes of a preset: the clean state before it, the error box and the overview after
 // it.
+#include "tests/trigger/ChoiceForm.h"
 #include "tests/trigger/MessageBoxes.h"
-#include "tests/trigger/PresetForm.h"
 #include "tests/trigger/Shouting.h"
 
 #include <QtTest>
@@ -85,7 +85,7 @@ void tst_PresetSelection::turnsOffAllBeforeOrdinaryPresetsOnly()
 {
     QFETCH(QString, preset);
     const auto camera = lineCamera();
-    const PresetForm form(*camera, Traces);
+    const ChoiceForm form(*camera, Traces);
     form.box.setCurrentIndex(form.box.findText(preset, Qt::MatchExactly | Qt::MatchCaseSensitive));
     QTEST(writesOf(*camera), "writes");
 }
@@ -93,7 +93,7 @@ void tst_PresetSelection::turnsOffAllBeforeOrdinaryPresetsOnly()
 void tst_PresetSelection::withoutTurnOffAllOrdinaryPresetsStandAlone()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"DeviceUserID": {"#value": "p"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"DeviceUserID": {"#value": "p"}})"));
     form.select(QStringLiteral("P"));
     QCOMPARE(writesOf(*camera), QStringList{trace("p")});
 }
@@ -101,7 +101,7 @@ void tst_PresetSelection::withoutTurnOffAllOrdinaryPresetsStandAlone()
 void tst_PresetSelection::aPresetOfTheSameNameInOtherLettersIsNoTurnOff()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, R"({"#presets": ["TURN OFF ALL", "P"],
+    const ChoiceForm form(*camera, R"({"#presets": ["TURN OFF ALL", "P"],
         "TURN OFF ALL": {"DeviceUserID": {"#value": "loud"}},
         "P": {"DeviceUserID": {"#value": "p"}}})");
     form.box.setCurrentIndex(1);
@@ -120,7 +120,7 @@ void tst_PresetSelection::choosingNoPresetTurnsOffAllWhateverElseIsOffered()
 {
     QFETCH(QByteArray, json);
     const auto camera = lineCamera();
-    const PresetForm form(*camera, json);
+    const ChoiceForm form(*camera, json);
     {
         const QSignalBlocker blocker(form.box);
         form.box.setCurrentIndex(0);
@@ -133,7 +133,7 @@ void tst_PresetSelection::choosingNoPresetTurnsOffAllWhateverElseIsOffered()
 void tst_PresetSelection::aPresetThatSucceedsShowsNoBoxAndResetsTheOverview()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"DeviceUserID": {"#value": "p"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"DeviceUserID": {"#value": "p"}})"));
     const MessageBoxes boxes;
     form.select(QStringLiteral("P"));
     QCOMPARE(boxes.texts(), QStringList());
@@ -143,7 +143,7 @@ void tst_PresetSelection::aPresetThatSucceedsShowsNoBoxAndResetsTheOverview()
 void tst_PresetSelection::everyApplicationResetsTheOverview()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, Traces);
+    const ChoiceForm form(*camera, Traces);
     form.select(QStringLiteral("Other"));
     // "Turn Off All" was an application of its own.
     QCOMPARE(form.overviewResets, 2);
@@ -154,7 +154,7 @@ void tst_PresetSelection::everyApplicationResetsTheOverview()
 void tst_PresetSelection::theOverviewIsResetAfterTheErrorBox()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
     int resetsBefore = -1;
     const MessageBoxes boxes([&](QMessageBox& box) {
         resetsBefore = form.overviewResets;
@@ -168,7 +168,7 @@ void tst_PresetSelection::theOverviewIsResetAfterTheErrorBox()
 void tst_PresetSelection::theErrorBoxIsAModalWarningOfTheEngine()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
     const MessageBoxes boxes;
     form.select(QStringLiteral("P"));
     QCOMPARE(boxes.shown.size(), 1);
@@ -185,7 +185,7 @@ void tst_PresetSelection::theErrorBoxIsAModalWarningOfTheEngine()
 void tst_PresetSelection::collectsAllLinesInOneBox()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"ExposureMode": {"#value": "Never"},
+    const ChoiceForm form(*camera, onePreset(R"({"ExposureMode": {"#value": "Never"},
         "LineSelector": [{"#value": "Line8"}, {"#value": "Line9"}]})"));
     const MessageBoxes boxes;
     form.select(QStringLiteral("P"));
@@ -199,7 +199,7 @@ void tst_PresetSelection::collectsAllLinesInOneBox()
 void tst_PresetSelection::aFailedCommandIsReported()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"#execute": "NoSuchCommand"})"));
+    const ChoiceForm form(*camera, onePreset(R"({"#execute": "NoSuchCommand"})"));
     const MessageBoxes boxes;
     form.select(QStringLiteral("P"));
     QCOMPARE(boxes.texts(),
@@ -209,7 +209,7 @@ void tst_PresetSelection::aFailedCommandIsReported()
 void tst_PresetSelection::errorsAreShownAsPlainText()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"LineSelector": {"#value": "<b>x</b>"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"LineSelector": {"#value": "<b>x</b>"}})"));
     Qt::TextFormat format = Qt::RichText;
     const MessageBoxes boxes([&](QMessageBox& box) {
         format = box.textFormat();
@@ -222,7 +222,7 @@ void tst_PresetSelection::errorsAreShownAsPlainText()
 void tst_PresetSelection::theErrorBoxIsTranslated()
 {
     const auto camera = lineCamera();
-    const PresetForm form(
+    const ChoiceForm form(
         *camera, onePreset(R"({"LineSelector": {"#value": "Line9"}, "#execute": "NoCommand"})"));
     Shouting translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
@@ -238,7 +238,7 @@ void tst_PresetSelection::theErrorBoxIsTranslated()
 void tst_PresetSelection::turnOffAllHasItsOwnBoxAndEndsBeforeTheOuterPreset()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, Failing);
+    const ChoiceForm form(*camera, Failing);
     QStringList writesAtFirstBox;
     const MessageBoxes boxes([&](QMessageBox& box) {
         if (writesAtFirstBox.isEmpty())
@@ -260,7 +260,7 @@ void tst_PresetSelection::turnOffAllHasItsOwnBoxAndEndsBeforeTheOuterPreset()
 void tst_PresetSelection::isReadyForTheNextPresetAfterAnError()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, Failing);
+    const ChoiceForm form(*camera, Failing);
     const MessageBoxes boxes;
     form.select(QStringLiteral("Other"));
     form.select(QStringLiteral("Turn Off All"));
@@ -271,7 +271,7 @@ void tst_PresetSelection::isReadyForTheNextPresetAfterAnError()
 void tst_PresetSelection::aHostMayDestroyTheFormWhileTheBoxIsOpen()
 {
     const auto camera = lineCamera();
-    auto form = std::make_unique<PresetForm>(*camera,
+    auto form = std::make_unique<ChoiceForm>(*camera,
                                              onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
     const QPointer<QComboBox> box(&form->box);
     int calls = -1;
@@ -291,7 +291,7 @@ void tst_PresetSelection::aHostMayDestroyTheFormWhileTheBoxIsOpen()
 void tst_PresetSelection::aHostMayDestroyTheFormWhileTheBoxOfTurnOffAllIsOpen()
 {
     const auto camera = lineCamera();
-    auto form = std::make_unique<PresetForm>(*camera, Failing);
+    auto form = std::make_unique<ChoiceForm>(*camera, Failing);
     const QPointer<QComboBox> box(&form->box);
     int calls = -1;
     const MessageBoxes boxes([&](QMessageBox&) {
@@ -307,7 +307,7 @@ void tst_PresetSelection::aHostMayDestroyTheFormWhileTheBoxOfTurnOffAllIsOpen()
 void tst_PresetSelection::aHostMayDestroyTheBoxAlone()
 {
     const auto camera = lineCamera();
-    const PresetForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
+    const ChoiceForm form(*camera, onePreset(R"({"LineSelector": {"#value": "Line9"}})"));
     const MessageBoxes boxes([&](QMessageBox& box) { delete &box; });
     form.select(QStringLiteral("P"));
     QCOMPARE(boxes.shown.size(), 1);

@@ -61,90 +61,90 @@ private slots:
 private:
     Fake::State& duration(const char* line)
     {
-        return (*camera)["LineDebounceDuration"].stateFor(line);
+        return (*m_camera)["LineDebounceDuration"].stateFor(line);
     }
     QDoubleSpinBox& durationBox()
     {
-        return form->cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration");
+        return m_form->cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration");
     }
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TableForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TableForm> m_form;
 };
 
 void tst_TableEdits::init()
 {
-    camera = tableCamera();
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
-    (*camera)["LineSelector"].state().text = "Line0";
+    m_camera = tableCamera();
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
+    (*m_camera)["LineSelector"].state().text = "Line0";
 }
 
 void tst_TableEdits::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 void tst_TableEdits::comboBoxWritesTheTextOnItsLine()
 {
-    form->cell<QComboBox>("cmbLine1_LineSource").setCurrentText("ExposureActive");
-    QCOMPARE(tableWrites(*camera),
+    m_form->cell<QComboBox>("cmbLine1_LineSource").setCurrentText("ExposureActive");
+    QCOMPARE(tableWrites(*m_camera),
              (QStringList{"LineSelector=Line1", "LineSource=ExposureActive"}));
-    QCOMPARE((*camera)["LineSource"].stateFor("Line1").text, std::string("ExposureActive"));
-    QCOMPARE((*camera)["LineSource"].stateFor("Line0").text, std::string("Off"));
+    QCOMPARE((*m_camera)["LineSource"].stateFor("Line1").text, std::string("ExposureActive"));
+    QCOMPARE((*m_camera)["LineSource"].stateFor("Line0").text, std::string("Off"));
 }
 
 void tst_TableEdits::comboBoxShowsWhatTheCameraTook()
 {
-    camera->failCall("SetStringValue", "LineMode");
-    auto& mode = form->cell<QComboBox>("cmbLine1_LineMode");
+    m_camera->failCall("SetStringValue", "LineMode");
+    auto& mode = m_form->cell<QComboBox>("cmbLine1_LineMode");
     mode.setCurrentText("Output");
-    QCOMPARE(tableWrites(*camera), (QStringList{"LineSelector=Line1", "LineMode=Output"}));
+    QCOMPARE(tableWrites(*m_camera), (QStringList{"LineSelector=Line1", "LineMode=Output"}));
     QCOMPARE(mode.currentText(), QString("Input"));
     QVERIFY(!mode.signalsBlocked());
 }
 
 void tst_TableEdits::checkBoxWritesOnItsLine()
 {
-    auto& inverter = form->cell<QCheckBox>("chkLine1_LineInverter");
+    auto& inverter = m_form->cell<QCheckBox>("chkLine1_LineInverter");
     inverter.setChecked(true);
-    QVERIFY((*camera)["LineInverter"].stateFor("Line1").boolean);
-    QVERIFY(!(*camera)["LineInverter"].stateFor("Line0").boolean);
+    QVERIFY((*m_camera)["LineInverter"].stateFor("Line1").boolean);
+    QVERIFY(!(*m_camera)["LineInverter"].stateFor("Line0").boolean);
     inverter.setChecked(false);
-    QVERIFY(!(*camera)["LineInverter"].stateFor("Line1").boolean);
+    QVERIFY(!(*m_camera)["LineInverter"].stateFor("Line1").boolean);
 }
 
 void tst_TableEdits::checkedBoxWritesTwo()
 {
-    camera->remove("LineInverter");
-    const auto number = camera->addInteger("LineInverter", 0);
-    camera->select("LineSelector", {"LineInverter"});
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
-    form->cell<QCheckBox>("chkLine0_LineInverter").setChecked(true);
+    m_camera->remove("LineInverter");
+    const auto number = m_camera->addInteger("LineInverter", 0);
+    m_camera->select("LineSelector", {"LineInverter"});
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
+    m_form->cell<QCheckBox>("chkLine0_LineInverter").setChecked(true);
     QCOMPARE(number->stateFor("Line0").integer, 2LL);
 }
 
 void tst_TableEdits::checkBoxShowsWhatTheCameraTook()
 {
-    camera->failCall("SetBoolValue", "LineInverter");
-    auto& inverter = form->cell<QCheckBox>("chkLine1_LineInverter");
+    m_camera->failCall("SetBoolValue", "LineInverter");
+    auto& inverter = m_form->cell<QCheckBox>("chkLine1_LineInverter");
     inverter.setChecked(true);
-    QCOMPARE(tableWrites(*camera).size(), 2);
+    QCOMPARE(tableWrites(*m_camera).size(), 2);
     QVERIFY(!inverter.isChecked());
 }
 
 void tst_TableEdits::checkBoxWithoutAReadableAnswerCountsAsChecked()
 {
     // A float may be no number at all: that is not zero.
-    camera->remove("LineInverter");
-    const auto value = camera->addFloat("LineInverter", 2.0);
-    camera->select("LineSelector", {"LineInverter"});
+    m_camera->remove("LineInverter");
+    const auto value = m_camera->addFloat("LineInverter", 2.0);
+    m_camera->select("LineSelector", {"LineInverter"});
     value->onWrite = [](Fake::FakeFeature& feature) { feature.state().real = qQNaN(); };
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
-    auto& inverter = form->cell<QCheckBox>("chkLine0_LineInverter");
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
+    auto& inverter = m_form->cell<QCheckBox>("chkLine0_LineInverter");
     QVERIFY(inverter.isChecked());
     inverter.setChecked(false);
     QVERIFY(inverter.isChecked());
@@ -168,7 +168,7 @@ void tst_TableEdits::durationStepsByDoublingAndHalving()
     QFETCH(int, key);
     QFETCH(double, after);
     duration("Line1").real = before;
-    form->refreshTable({"LineDebounceDuration"});
+    m_form->refreshTable({"LineDebounceDuration"});
     QTest::keyClick(&durationBox(), Qt::Key(key));
     QCOMPARE(duration("Line1").real, after);
     QCOMPARE(durationBox().value(), after);
@@ -209,7 +209,7 @@ void tst_TableEdits::typedDurationOnlyDecidesTheDirection()
     QFETCH(double, after);
     durationBox().selectAll();
     QTest::keyClicks(&durationBox(), typed);
-    QCOMPARE(tableWrites(*camera), QStringList());
+    QCOMPARE(tableWrites(*m_camera), QStringList());
     QTest::keyClick(&durationBox(), Qt::Key_Return);
     QCOMPARE(duration("Line1").real, after);
     QCOMPARE(durationBox().value(), after);
@@ -217,7 +217,7 @@ void tst_TableEdits::typedDurationOnlyDecidesTheDirection()
 
 void tst_TableEdits::durationShowsWhatTheCameraTook()
 {
-    (*camera)["LineDebounceDuration"].onWrite = [](Fake::FakeFeature& feature) {
+    (*m_camera)["LineDebounceDuration"].onWrite = [](Fake::FakeFeature& feature) {
         feature.state().real = 12.0;
     };
     QTest::keyClick(&durationBox(), Qt::Key_Up);
@@ -226,23 +226,23 @@ void tst_TableEdits::durationShowsWhatTheCameraTook()
 
 void tst_TableEdits::everyEditMakesTheSettingsCustom()
 {
-    form->cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Output");
-    QCOMPARE(form->customPresets, 1);
-    form->cell<QCheckBox>("chkLine1_LineInverter").setChecked(true);
-    QCOMPARE(form->customPresets, 2);
-    form->cell<QComboBox>("cmbLine1_LineSource").setCurrentText("ExposureActive");
-    QCOMPARE(form->customPresets, 3);
-    form->cell<QComboBox>("cmbLine1_LineDebounceMode").setCurrentText("Debounce");
-    QCOMPARE(form->customPresets, 4);
+    m_form->cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Output");
+    QCOMPARE(m_form->customPresets, 1);
+    m_form->cell<QCheckBox>("chkLine1_LineInverter").setChecked(true);
+    QCOMPARE(m_form->customPresets, 2);
+    m_form->cell<QComboBox>("cmbLine1_LineSource").setCurrentText("ExposureActive");
+    QCOMPARE(m_form->customPresets, 3);
+    m_form->cell<QComboBox>("cmbLine1_LineDebounceMode").setCurrentText("Debounce");
+    QCOMPARE(m_form->customPresets, 4);
     QTest::keyClick(&durationBox(), Qt::Key_Up);
-    QCOMPARE(form->customPresets, 5);
+    QCOMPARE(m_form->customPresets, 5);
 }
 
 void tst_TableEdits::editsAreWrittenOnce()
 {
     QTest::keyClick(&durationBox(), Qt::Key_Up);
-    QCOMPARE(tableWrites(*camera).size(), 2);
-    QCOMPARE(camera->callCount("SetFloatValue", "LineDebounceDuration"), 1);
+    QCOMPARE(tableWrites(*m_camera).size(), 2);
+    QCOMPARE(m_camera->callCount("SetFloatValue", "LineDebounceDuration"), 1);
 }
 
 void tst_TableEdits::lineThatIsNotTakenDropsTheEdit_data()
@@ -256,14 +256,14 @@ void tst_TableEdits::lineThatIsNotTakenDropsTheEdit_data()
 void tst_TableEdits::lineThatIsNotTakenDropsTheEdit()
 {
     QFETCH(QString, cell);
-    camera->failCall("SetStringValue", "LineSelector");
-    auto& widget = form->cell<QWidget>(qPrintable(cell));
+    m_camera->failCall("SetStringValue", "LineSelector");
+    auto& widget = m_form->cell<QWidget>(qPrintable(cell));
     const LogCapture log;
     if (cell.startsWith("chk"))
         QTest::keyClick(&widget, Qt::Key_Space);
     else
         QTest::keyClick(&widget, cell.startsWith("spb") ? Qt::Key_Up : Qt::Key_Down);
-    QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=Line1"});
+    QCOMPARE(tableWrites(*m_camera), QStringList{"LineSelector=Line1"});
     QCOMPARE(log.lines(), QStringList());
 }
 
@@ -306,36 +306,36 @@ void tst_TableEdits::nameIsSplitIntoLineAndFeature()
     QFETCH(QString, name);
     QFETCH(QString, written);
     QFETCH(QString, feature);
-    QCOMPARE(form->lineTable.selectLineOf(name), feature);
-    QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=" + written});
+    QCOMPARE(m_form->lineTable.selectLineOf(name), feature);
+    QCOMPARE(tableWrites(*m_camera), QStringList{"LineSelector=" + written});
 }
 
 void tst_TableEdits::nameWithoutUnderscoreIsLoggedAndWritesNothing()
 {
     const LogCapture log;
-    QCOMPARE(form->lineTable.selectLineOf("cmbLineMode"), QString());
+    QCOMPARE(m_form->lineTable.selectLineOf("cmbLineMode"), QString());
     QCOMPARE(
         log.lines(),
         QStringList{"default/warning Error: cannot parse object name of a table cell widget."});
-    QCOMPARE(tableWrites(*camera), QStringList());
+    QCOMPARE(tableWrites(*m_camera), QStringList());
 }
 
 void tst_TableEdits::cellWithoutUnderscoreWritesNothing()
 {
-    auto& box = form->cell<QComboBox>("cmbLine1_LineMode");
+    auto& box = m_form->cell<QComboBox>("cmbLine1_LineMode");
     box.setObjectName("cmbLineMode");
     box.setCurrentText("Output");
-    QCOMPARE(tableWrites(*camera), QStringList());
+    QCOMPARE(tableWrites(*m_camera), QStringList());
     QCOMPARE(box.currentText(), QString("Output"));
 }
 
 void tst_TableEdits::callWithoutSenderDoesNothing()
 {
     const LogCapture log;
-    form->OnChangeTableCombobox("Output");
-    form->OnChangeTableCheckbox(2);
-    form->OnChangeTableSpinbox(1.0);
-    QCOMPARE(tableWrites(*camera), QStringList());
+    m_form->OnChangeTableCombobox("Output");
+    m_form->OnChangeTableCheckbox(2);
+    m_form->OnChangeTableSpinbox(1.0);
+    QCOMPARE(tableWrites(*m_camera), QStringList());
     QCOMPARE(log.lines(), QStringList());
 }
 
@@ -357,20 +357,20 @@ void tst_TableEdits::senderOfAnotherClassIsLogged()
     QFETCH(QByteArray, slot);
     NoWidget sender;
     sender.setObjectName("cmbLine1_LineMode");
-    QVERIFY(connect(&sender, signal.constData(), form.get(), slot.constData()));
+    QVERIFY(connect(&sender, signal.constData(), m_form.get(), slot.constData()));
     const LogCapture log;
     sender.sendAll();
     QCOMPARE(log.lines(),
              QStringList{"default/warning Error accessing widget 'cmbLine1_LineMode'"});
     // The line is selected before the sender's class is looked at.
-    QCOMPARE(tableWrites(*camera), QStringList{"LineSelector=Line1"});
+    QCOMPARE(tableWrites(*m_camera), QStringList{"LineSelector=Line1"});
 }
 
 void tst_TableEdits::blockedSignalsStayBlocked()
 {
-    auto& mode = form->cell<QComboBox>("cmbLine1_LineMode");
+    auto& mode = m_form->cell<QComboBox>("cmbLine1_LineMode");
     bool blockedDuringWrite = false;
-    (*camera)["LineMode"].onWrite = [&](Fake::FakeFeature&) {
+    (*m_camera)["LineMode"].onWrite = [&](Fake::FakeFeature&) {
         blockedDuringWrite = mode.signalsBlocked();
     };
     mode.setCurrentText("Output");

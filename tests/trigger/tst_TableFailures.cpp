@@ -7,14 +7,14 @@
 
 namespace {
 
-const QStringList everything = {"LineMode",   "LineInverter",     "LineSource",
+const QStringList Everything = {"LineMode",   "LineInverter",     "LineSource",
                                 "LineStatus", "LineDebounceMode", "LineDebounceDuration"};
 
 /// What a user of the table does: open it, see a change, edit.
 void use(TableForm& form)
 {
     form.lineTable.build(form.table);
-    form.refreshTable(everything);
+    form.refreshTable(Everything);
     if (auto* mode = form.findChild<QComboBox*>("cmbLine0_LineMode"))
         mode->setCurrentText("Output");
     if (auto* inverter = form.findChild<QCheckBox*>("chkLine0_LineInverter"))
@@ -80,7 +80,7 @@ void tst_TableFailures::anyOneFailingCallIsMendedByTheNextRefresh()
         camera->failNthCall(n);
         use(form);
         camera->clearFailures();
-        form.refreshTable(everything);
+        form.refreshTable(Everything);
         const QString untrue = untrueCell(form, *camera);
         QVERIFY2(untrue.isEmpty(), qPrintable(QString("%1 after call %2").arg(untrue).arg(n)));
         QCOMPARE(tableWrites(*camera).filter(notEdited), QStringList());
@@ -106,7 +106,7 @@ void tst_TableFailures::cameraThatDisappearsWithAnyWriteBreaksNothing()
                     camera->failEverything();
             };
         use(form);
-        form.refreshTable(everything);
+        form.refreshTable(Everything);
         QCOMPARE(left, 0);
         for (const QWidget* editor : form.table.findChildren<QComboBox*>())
             QVERIFY2(!editor->isEnabled(), qPrintable(editor->objectName()));
@@ -167,7 +167,7 @@ void tst_TableFailures::lineWhoseSelectionGotLostKeepsItsRow()
         failures += isLost ? 1 : 0;
         return isLost ? ZalErrorTimeout : ZalErrorSuccess;
     };
-    form.refreshTable(everything);
+    form.refreshTable(Everything);
     auto& duration = form.cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration");
     QCOMPARE(failures, lost);
     QCOMPARE(duration.value(), 64.0);

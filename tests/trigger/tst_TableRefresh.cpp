@@ -8,7 +8,7 @@
 
 namespace {
 
-const QStringList allFeatures = {"LineMode",   "LineInverter",     "LineSource",
+const QStringList AllFeatures = {"LineMode",   "LineInverter",     "LineSource",
                                  "LineStatus", "LineDebounceMode", "LineDebounceDuration"};
 
 QString nameOf(const QString& line, const QString& feature)
@@ -71,21 +71,21 @@ private slots:
     void lostCameraLeavesTheTable();
 
 private:
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TableForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TableForm> m_form;
 };
 
 void tst_TableRefresh::init()
 {
-    camera = tableCamera();
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
+    m_camera = tableCamera();
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
 }
 
 void tst_TableRefresh::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 void tst_TableRefresh::changedFeatureShowsOnItsLine_data()
@@ -111,17 +111,17 @@ void tst_TableRefresh::changedFeatureShowsOnItsLine()
     QFETCH(QString, before);
     QFETCH(QString, after);
     const QString feature = QTest::currentDataTag();
-    changeEverything(*camera, "Line1");
-    form->refreshTable({feature});
-    for (const QString& other : allFeatures) {
+    changeEverything(*m_camera, "Line1");
+    m_form->refreshTable({feature});
+    for (const QString& other : AllFeatures) {
         const QString onFirst = nameOf("Line0", other);
         const QString onSecond = nameOf("Line1", other);
         if (other == feature) {
-            QCOMPARE(shownBy(form->cell<QWidget>(qPrintable(onFirst))), before);
-            QCOMPARE(shownBy(form->cell<QWidget>(qPrintable(onSecond))), after);
+            QCOMPARE(shownBy(m_form->cell<QWidget>(qPrintable(onFirst))), before);
+            QCOMPARE(shownBy(m_form->cell<QWidget>(qPrintable(onSecond))), after);
         } else {
-            QCOMPARE(shownBy(form->cell<QWidget>(qPrintable(onSecond))),
-                     shownBy(form->cell<QWidget>(qPrintable(onFirst))));
+            QCOMPARE(shownBy(m_form->cell<QWidget>(qPrintable(onSecond))),
+                     shownBy(m_form->cell<QWidget>(qPrintable(onFirst))));
         }
     }
 }
@@ -129,7 +129,7 @@ void tst_TableRefresh::changedFeatureShowsOnItsLine()
 void tst_TableRefresh::enabledStatesAreFollowed_data()
 {
     QTest::addColumn<bool>("unused");
-    for (const QString& feature : allFeatures)
+    for (const QString& feature : AllFeatures)
         if (feature != "LineStatus")
             QTest::newRow(qPrintable(feature)) << true;
 }
@@ -137,130 +137,132 @@ void tst_TableRefresh::enabledStatesAreFollowed_data()
 void tst_TableRefresh::enabledStatesAreFollowed()
 {
     const QString feature = QTest::currentDataTag();
-    Fake::State& state = (*camera)[feature.toStdString()].stateFor("Line0");
-    auto& widget = form->cell<QWidget>(qPrintable(nameOf("Line0", feature)));
+    Fake::State& state = (*m_camera)[feature.toStdString()].stateFor("Line0");
+    auto& widget = m_form->cell<QWidget>(qPrintable(nameOf("Line0", feature)));
     state.writable = false;
-    form->refreshTable({feature});
+    m_form->refreshTable({feature});
     QVERIFY(!widget.isEnabled());
-    QVERIFY(form->cell<QWidget>(qPrintable(nameOf("Line1", feature))).isEnabled());
+    QVERIFY(m_form->cell<QWidget>(qPrintable(nameOf("Line1", feature))).isEnabled());
     state.writable = true;
-    form->refreshTable({feature});
+    m_form->refreshTable({feature});
     QVERIFY(widget.isEnabled());
 }
 
 void tst_TableRefresh::newEntriesAreOffered()
 {
-    (*camera)["LineSource"].stateFor("Line1").entries.push_back({"Timer0Active", 2, true});
-    form->refreshTable({"LineSource"});
-    QCOMPARE(form->cell<QComboBox>("cmbLine0_LineSource").count(), 2);
-    QCOMPARE(form->cell<QComboBox>("cmbLine1_LineSource").count(), 3);
+    (*m_camera)["LineSource"].stateFor("Line1").entries.push_back({"Timer0Active", 2, true});
+    m_form->refreshTable({"LineSource"});
+    QCOMPARE(m_form->cell<QComboBox>("cmbLine0_LineSource").count(), 2);
+    QCOMPARE(m_form->cell<QComboBox>("cmbLine1_LineSource").count(), 3);
 }
 
 void tst_TableRefresh::rangeOfTheDurationStaysAsBuilt()
 {
-    (*camera)["LineDebounceDuration"].stateFor("Line0").maxReal = 10.0;
-    form->refreshTable({"LineDebounceDuration"});
-    QCOMPARE(form->cell<QDoubleSpinBox>("spbLine0_LineDebounceDuration").maximum(), 1000.0);
-    QCOMPARE(camera->callCount("GetFloatRange", "LineDebounceDuration"), 0);
+    (*m_camera)["LineDebounceDuration"].stateFor("Line0").maxReal = 10.0;
+    m_form->refreshTable({"LineDebounceDuration"});
+    QCOMPARE(m_form->cell<QDoubleSpinBox>("spbLine0_LineDebounceDuration").maximum(), 1000.0);
+    QCOMPARE(m_camera->callCount("GetFloatRange", "LineDebounceDuration"), 0);
 }
 
 void tst_TableRefresh::unchangedFeaturesAreNotRead()
 {
-    form->refreshTable({"LineStatus", "TriggerMode"});
-    QCOMPARE(camera->callCount("GetBoolValue", "LineStatus"), 2);
-    QCOMPARE(camera->callCount("GetBoolValue", "LineInverter"), 0);
-    QCOMPARE(camera->callCount("GetStringValue", "LineMode"), 0);
+    m_form->refreshTable({"LineStatus", "TriggerMode"});
+    QCOMPARE(m_camera->callCount("GetBoolValue", "LineStatus"), 2);
+    QCOMPARE(m_camera->callCount("GetBoolValue", "LineInverter"), 0);
+    QCOMPARE(m_camera->callCount("GetStringValue", "LineMode"), 0);
 }
 
 void tst_TableRefresh::fourColumnTableReadsNoDebounceFeatures()
 {
-    form = std::make_unique<TableForm>(*camera, 4);
-    form->build();
-    form->refreshTable(allFeatures);
-    QCOMPARE(camera->callCount("GetBoolValue", "LineStatus"), 2);
-    QCOMPARE(camera->callCount("GetStringValue", "LineDebounceMode"), 0);
-    QCOMPARE(camera->callCount("GetFloatValue", "LineDebounceDuration"), 0);
+    m_form = std::make_unique<TableForm>(*m_camera, 4);
+    m_form->build();
+    m_form->refreshTable(AllFeatures);
+    QCOMPARE(m_camera->callCount("GetBoolValue", "LineStatus"), 2);
+    QCOMPARE(m_camera->callCount("GetStringValue", "LineDebounceMode"), 0);
+    QCOMPARE(m_camera->callCount("GetFloatValue", "LineDebounceDuration"), 0);
 }
 
 void tst_TableRefresh::selectorIsSteppedAndPutBack()
 {
-    (*camera)["LineSelector"].state().text = "Line0";
-    form->refreshTable({"TriggerMode"});
-    QCOMPARE(tableWrites(*camera),
+    (*m_camera)["LineSelector"].state().text = "Line0";
+    m_form->refreshTable({"TriggerMode"});
+    QCOMPARE(tableWrites(*m_camera),
              (QStringList{"LineSelector=Line0", "LineSelector=Line1", "LineSelector=Line0"}));
 }
 
 void tst_TableRefresh::selectorHoldsTheSameValueAsBefore()
 {
-    (*camera)["LineSelector"].state().text = "Line0";
-    form->refreshTable(allFeatures);
-    QCOMPARE((*camera)["LineSelector"].state().text, std::string("Line0"));
+    (*m_camera)["LineSelector"].state().text = "Line0";
+    m_form->refreshTable(AllFeatures);
+    QCOMPARE((*m_camera)["LineSelector"].state().text, std::string("Line0"));
 }
 
 void tst_TableRefresh::selectorThatCannotBeWrittenIsNotRemembered()
 {
-    (*camera)["LineSelector"].state().writable = false;
-    form->refreshTable(allFeatures);
+    (*m_camera)["LineSelector"].state().writable = false;
+    m_form->refreshTable(AllFeatures);
     // Nothing is refused that could have worked: the camera takes none of these.
-    QCOMPARE(tableWrites(*camera),
+    QCOMPARE(tableWrites(*m_camera),
              (QStringList{"LineSelector=Line0", "LineSelector=Line1", "LineSelector="}));
-    QCOMPARE((*camera)["LineSelector"].state().text, std::string("Line1"));
+    QCOMPARE((*m_camera)["LineSelector"].state().text, std::string("Line1"));
 }
 
 void tst_TableRefresh::refreshWritesNothingElse()
 {
-    changeEverything(*camera, "Line0");
-    changeEverything(*camera, "Line1");
-    form->refreshTable(allFeatures);
-    QCOMPARE(tableWrites(*camera).filter(QRegularExpression("^(?!LineSelector=)")), QStringList());
+    changeEverything(*m_camera, "Line0");
+    changeEverything(*m_camera, "Line1");
+    m_form->refreshTable(AllFeatures);
+    QCOMPARE(tableWrites(*m_camera).filter(QRegularExpression("^(?!LineSelector=)")),
+             QStringList());
 }
 
 void tst_TableRefresh::refreshNeverTriggersTheCellSlots()
 {
-    QSignalSpy mode(&form->cell<QComboBox>("cmbLine1_LineMode"),
+    QSignalSpy mode(&m_form->cell<QComboBox>("cmbLine1_LineMode"),
                     SIGNAL(currentTextChanged(const QString&)));
-    QSignalSpy inverter(&form->cell<QCheckBox>("chkLine1_LineInverter"), SIGNAL(stateChanged(int)));
-    QSignalSpy duration(&form->cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration"),
+    QSignalSpy inverter(&m_form->cell<QCheckBox>("chkLine1_LineInverter"),
+                        SIGNAL(stateChanged(int)));
+    QSignalSpy duration(&m_form->cell<QDoubleSpinBox>("spbLine1_LineDebounceDuration"),
                         SIGNAL(valueChanged(double)));
-    changeEverything(*camera, "Line1");
-    form->refreshTable(allFeatures);
-    QCOMPARE(form->customPresets, 0);
+    changeEverything(*m_camera, "Line1");
+    m_form->refreshTable(AllFeatures);
+    QCOMPARE(m_form->customPresets, 0);
     QCOMPARE(mode.count() + inverter.count() + duration.count(), 0);
-    form->cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Input");
+    m_form->cell<QComboBox>("cmbLine1_LineMode").setCurrentText("Input");
     QCOMPARE(mode.count(), 1);
-    QCOMPARE(form->customPresets, 1);
+    QCOMPARE(m_form->customPresets, 1);
 }
 
 void tst_TableRefresh::blockedSignalsStayBlocked()
 {
-    auto& mode = form->cell<QComboBox>("cmbLine0_LineMode");
+    auto& mode = m_form->cell<QComboBox>("cmbLine0_LineMode");
     mode.blockSignals(true);
-    form->refreshTable(allFeatures);
+    m_form->refreshTable(AllFeatures);
     QVERIFY(mode.signalsBlocked());
-    QVERIFY(!form->cell<QComboBox>("cmbLine1_LineMode").signalsBlocked());
+    QVERIFY(!m_form->cell<QComboBox>("cmbLine1_LineMode").signalsBlocked());
 }
 
 void tst_TableRefresh::linesOfOtherNamesAreNotRefreshed()
 {
-    camera = tableCamera({"In", "Out"});
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
-    (*camera)["LineMode"].stateFor("In").text = "Output";
-    form->refreshTable({"LineMode"});
-    QCOMPARE(form->cell<QComboBox>("cmbIn_LineMode").currentText(), QString("Input"));
-    QCOMPARE(tableWrites(*camera),
+    m_camera = tableCamera({"In", "Out"});
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
+    (*m_camera)["LineMode"].stateFor("In").text = "Output";
+    m_form->refreshTable({"LineMode"});
+    QCOMPARE(m_form->cell<QComboBox>("cmbIn_LineMode").currentText(), QString("Input"));
+    QCOMPARE(tableWrites(*m_camera),
              (QStringList{"LineSelector=Line0", "LineSelector=Line1", "LineSelector=Out"}));
-    QCOMPARE((*camera)["LineSelector"].state().text, std::string("Out"));
+    QCOMPARE((*m_camera)["LineSelector"].state().text, std::string("Out"));
 }
 
 void tst_TableRefresh::refreshFollowsTheOrderOfTheColumns()
 {
-    camera = tableCamera({"Line0"});
-    form = std::make_unique<TableForm>(*camera);
-    form->build();
-    form->refreshTable(allFeatures);
+    m_camera = tableCamera({"Line0"});
+    m_form = std::make_unique<TableForm>(*m_camera);
+    m_form->build();
+    m_form->refreshTable(AllFeatures);
     QStringList reads;
-    for (const std::string& call : camera->calls()) {
+    for (const std::string& call : m_camera->calls()) {
         const QString text = QString::fromStdString(call);
         if (text.startsWith("IsWritable ") || text == "GetBoolValue LineStatus")
             reads.append(text.section(' ', 1));
@@ -272,15 +274,15 @@ void tst_TableRefresh::refreshFollowsTheOrderOfTheColumns()
 
 void tst_TableRefresh::lostCameraLeavesTheTable()
 {
-    camera->failEverything();
-    form->refreshTable(allFeatures);
-    QCOMPARE(form->table.rowCount(), 2);
+    m_camera->failEverything();
+    m_form->refreshTable(AllFeatures);
+    QCOMPARE(m_form->table.rowCount(), 2);
     // A name that cannot be read finds no feature: nothing of the camera is shown as its state.
-    QVERIFY(!form->cell<QComboBox>("cmbLine0_LineMode").isEnabled());
-    camera->clearFailures();
-    form->refreshTable(allFeatures);
-    QVERIFY(form->cell<QComboBox>("cmbLine0_LineMode").isEnabled());
-    QCOMPARE(form->cell<QComboBox>("cmbLine0_LineMode").currentText(), QString("Input"));
+    QVERIFY(!m_form->cell<QComboBox>("cmbLine0_LineMode").isEnabled());
+    m_camera->clearFailures();
+    m_form->refreshTable(AllFeatures);
+    QVERIFY(m_form->cell<QComboBox>("cmbLine0_LineMode").isEnabled());
+    QCOMPARE(m_form->cell<QComboBox>("cmbLine0_LineMode").currentText(), QString("Input"));
 }
 
 QTEST_MAIN(tst_TableRefresh)

@@ -92,33 +92,33 @@ private slots:
     void longToolTipIsCut();
 
 private:
-    QString picture() const { return QStringLiteral("<img src=\"%1\">").arg(path); }
+    QString picture() const { return QStringLiteral("<img src=\"%1\">").arg(m_path); }
 
-    std::unique_ptr<QTemporaryDir> folder;
-    QString path;
-    std::unique_ptr<WatchedFifo> fifo;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_path;
+    std::unique_ptr<WatchedFifo> m_fifo;
 };
 
 void tst_TextResources::init()
 {
-    folder = std::make_unique<QTemporaryDir>();
+    m_folder = std::make_unique<QTemporaryDir>();
     // No full stop: in a feature's description a line break would follow it.
-    path = folder->filePath(QStringLiteral("pipe"));
-    QVERIFY(!path.contains(QLatin1Char('.')));
-    fifo = std::make_unique<WatchedFifo>(path);
+    m_path = m_folder->filePath(QStringLiteral("pipe"));
+    QVERIFY(!m_path.contains(QLatin1Char('.')));
+    m_fifo = std::make_unique<WatchedFifo>(m_path);
 }
 
 void tst_TextResources::cleanup()
 {
     QToolTip::hideText();
-    fifo.reset();
-    folder.reset();
+    m_fifo.reset();
+    m_folder.reset();
 }
 
 void tst_TextResources::watchedPipeTellsThatItWasOpened()
 {
     QToolTip::showText(QPoint(10, 10), "<b>A</b>" + picture());
-    QVERIFY(fifo->wasOpened());
+    QVERIFY(m_fifo->wasOpened());
 }
 
 void tst_TextResources::toolTipOfAPresetOpensNothing_data()
@@ -145,16 +145,16 @@ void tst_TextResources::toolTipOfAPresetOpensNothing()
     QFETCH(QString, members);
     const QString inJson = QString(picture()).replace("\"", "\\\"");
     const auto camera = lineCamera();
-    const PresetForm form(
-        *camera,
-        fileWith(name.replace("%1", picture()),
-                 QJsonDocument::fromJson(members.replace("%1", inJson).replace("%2", path).toUtf8())
-                     .object()));
+    const PresetForm form(*camera,
+                          fileWith(name.replace("%1", picture()),
+                                   QJsonDocument::fromJson(
+                                       members.replace("%1", inJson).replace("%2", m_path).toUtf8())
+                                       .object()));
     QCOMPARE(form.box.count(), 1);
     form.box.showPopup();
     showToolTipOf(form.box, 0);
-    QVERIFY(shownToolTip().contains(path));
-    QVERIFY(!fifo->wasOpened());
+    QVERIFY(shownToolTip().contains(m_path));
+    QVERIFY(!m_fifo->wasOpened());
 }
 
 void tst_TextResources::toolTipOfAFeatureOpensNothing_data()
@@ -173,8 +173,8 @@ void tst_TextResources::toolTipOfAFeatureOpensNothing()
     TestEngine form(*camera);
     auto& box = form.add<QDoubleSpinBox>("spbExposureTime");
     askForToolTip(form, box);
-    QVERIFY(shownToolTip().contains(path));
-    QVERIFY(!fifo->wasOpened());
+    QVERIFY(shownToolTip().contains(m_path));
+    QVERIFY(!m_fifo->wasOpened());
 }
 
 void tst_TextResources::toolTipOfAnEntryOpensNothing()
@@ -186,8 +186,8 @@ void tst_TextResources::toolTipOfAnEntryOpensNothing()
     form.updateComboBox("ExposureMode", &box, true);
     box.showPopup();
     showToolTipOf(box, 0);
-    QVERIFY(shownToolTip().contains(path));
-    QVERIFY(!fifo->wasOpened());
+    QVERIFY(shownToolTip().contains(m_path));
+    QVERIFY(!m_fifo->wasOpened());
 }
 
 void tst_TextResources::formattingOfAPresetStays()

@@ -40,16 +40,16 @@ void tst_TypedLimits::init()
 
 void tst_TypedLimits::limit(int min, int max, int value)
 {
-    auto& real = camera->find("Real")->state();
+    auto& real = m_camera->find("Real")->state();
     real.minReal = min;
     real.maxReal = max;
     real.real = value;
-    auto& whole = camera->find("Whole")->state();
+    auto& whole = m_camera->find("Whole")->state();
     whole.minInteger = min;
     whole.maxInteger = max;
     whole.integer = value;
-    form->refresh({"Real", "Whole"});
-    camera->clearLog();
+    m_form->refresh({"Real", "Whole"});
+    m_camera->clearLog();
 }
 
 void tst_TypedLimits::numberBeyondTheRangeBecomesTheLimit_data()
@@ -116,13 +116,13 @@ void tst_TypedLimits::limitThatTheCameraHasIsNotWritten()
 void tst_TypedLimits::fieldThatIsHiddenTakesTheLimit()
 {
     type("spin box", "5000");
-    form->field("spin box").hide();
+    m_form->field("spin box").hide();
     QCOMPARE(writes(), QStringList("Whole=1000"));
 }
 
 void tst_TypedLimits::prefixAndSuffixStayAroundTheLimit()
 {
-    auto& box = static_cast<QSpinBox&>(form->field("spin box"));
+    auto& box = static_cast<QSpinBox&>(m_form->field("spin box"));
     box.setPrefix("n = ");
     box.setSuffix(" lines");
     enter("spin box");
@@ -152,7 +152,7 @@ void tst_TypedLimits::numberOfALargeRangeIsTakenAsItIs()
 void tst_TypedLimits::pasteBeyondTheRangeBecomesTheLimit()
 {
     enter("spin box");
-    form->textOf("spin box").insert("5000");
+    m_form->textOf("spin box").insert("5000");
     QCOMPARE(text("spin box"), QString("5000"));
     QCOMPARE(finish("spin box"), QStringList("Whole=1000"));
 }
@@ -186,7 +186,7 @@ void tst_TypedLimits::numberIsNotTakenWhereTheRangeIsUnknown()
     QFETCH(QString, typed);
     QFETCH(bool, hasIncrement);
     for (const char* feature : {"Real", "Whole"}) {
-        Fake::State& state = camera->find(feature)->state();
+        Fake::State& state = m_camera->find(feature)->state();
         state.hasRange = false;
         state.incrementReal.reset();
         state.incrementInteger.reset();
@@ -195,8 +195,8 @@ void tst_TypedLimits::numberIsNotTakenWhereTheRangeIsUnknown()
         state.incrementReal = 2.0;
         state.incrementInteger = 1;
     }
-    form->refresh({"Real", "Whole"});
-    camera->clearLog();
+    m_form->refresh({"Real", "Whole"});
+    m_camera->clearLog();
     type(kind, typed);
     QCOMPARE(text(kind), typed);
     QCOMPARE(finish(kind), QStringList());
@@ -215,7 +215,7 @@ void tst_TypedLimits::fieldThatIsDestroyedWritesNothing()
 {
     QFETCH(QString, typed);
     type(QTest::currentDataTag(), typed);
-    delete &form->field(QTest::currentDataTag());
+    delete &m_form->field(QTest::currentDataTag());
     QCOMPARE(writes(), QStringList());
 }
 

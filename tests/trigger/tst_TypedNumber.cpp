@@ -16,7 +16,7 @@ void sendCharacters(QWidget& field, const QString& typed)
                             Qt::NoModifier);
 }
 
-const QStringList fieldsWithDecimals = {"double spin box", "line edit", "table cell"};
+const QStringList FieldsWithDecimals = {"double spin box", "line edit", "table cell"};
 
 } // namespace
 
@@ -91,7 +91,7 @@ void tst_TypedNumber::keysOfOtherScripts()
     QFETCH(QString, kind);
     QFETCH(QString, typed);
     enter(kind);
-    sendCharacters(form->field(kind), typed);
+    sendCharacters(m_form->field(kind), typed);
     QTEST(finish(kind), "writes");
 }
 
@@ -103,7 +103,7 @@ void tst_TypedNumber::commitOfOtherScripts()
     for (const QChar character : typed) {
         QInputMethodEvent event;
         event.setCommitString(QString(character));
-        QCoreApplication::sendEvent(&form->field(kind), &event);
+        QCoreApplication::sendEvent(&m_form->field(kind), &event);
     }
     QTEST(finish(kind), "writes");
 }
@@ -119,16 +119,16 @@ void tst_TypedNumber::foreignMarkEndsAWholeNumber()
 {
     QFETCH(QString, typed);
     enter("spin box");
-    sendCharacters(form->field("spin box"), typed);
+    sendCharacters(m_form->field("spin box"), typed);
     QCOMPARE(finish("spin box"), QStringList());
-    QCOMPARE(form->textOf("spin box").text(), QString("5"));
+    QCOMPARE(m_form->textOf("spin box").text(), QString("5"));
 }
 
 void tst_TypedNumber::secondMarkStaysInSight_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("typed");
-    for (const QString& kind : fieldsWithDecimals)
+    for (const QString& kind : FieldsWithDecimals)
         for (const char* typed : {"1.2,", "1,2.", "1,2,", "1.2."})
             QTest::addRow("%s, %s", qPrintable(kind), typed) << kind << typed;
 }
@@ -148,7 +148,7 @@ void tst_TypedNumber::typedGroupsAreNotTaken_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("way");
-    for (const QString& kind : fieldsWithDecimals)
+    for (const QString& kind : FieldsWithDecimals)
         for (const char* typed : {"1,000.5", "1.234,5", "1,234,567", "1..5"})
             for (const char* way : {"Return", "focus"})
                 QTest::addRow("%s, %s, %s", qPrintable(kind), typed, way) << kind << typed << way;
@@ -163,16 +163,16 @@ void tst_TypedNumber::typedGroupsAreNotTaken()
     type(kind, typed);
     QCOMPARE(finish(kind, way), QStringList());
     QCOMPARE(text(kind), before);
-    QCOMPARE(form->customPresets, 0);
+    QCOMPARE(m_form->customPresets, 0);
 }
 
 void tst_TypedNumber::markTypedBetweenDigitsKeepsThemApart()
 {
     for (const char* kind : {"double spin box", "line edit"}) {
-        form->field(kind).setFocus();
-        form->textOf(kind).setText("12.5");
-        form->textOf(kind).setCursorPosition(1);
-        QTest::keyClicks(&form->field(kind), ",3");
+        m_form->field(kind).setFocus();
+        m_form->textOf(kind).setText("12.5");
+        m_form->textOf(kind).setCursorPosition(1);
+        QTest::keyClicks(&m_form->field(kind), ",3");
         QCOMPARE(text(kind), QString("1.2.5"));
         QCOMPARE(finish(kind), QStringList());
     }
@@ -181,11 +181,11 @@ void tst_TypedNumber::markTypedBetweenDigitsKeepsThemApart()
 void tst_TypedNumber::markThatIsDeletedAgainDoesNoHarm()
 {
     for (const char* kind : {"double spin box", "line edit"}) {
-        camera->find("Real")->state().real = 5.0;
-        camera->clearLog();
+        m_camera->find("Real")->state().real = 5.0;
+        m_camera->clearLog();
         type(kind, "1,2.");
         press(kind, Qt::Key_Backspace);
-        QTest::keyClicks(&form->field(kind), "5");
+        QTest::keyClicks(&m_form->field(kind), "5");
         QCOMPARE(finish(kind), QStringList("Real=1.25"));
     }
 }
@@ -258,7 +258,7 @@ void tst_TypedNumber::typedGroupsWithoutMarksCloseUp_data()
     for (const char* kind : {"double spin box", "spin box", "line edit", "table cell"})
         for (const char* typed : {"1 234", "1\u00a0234", "1\u202f234", "1'234", "1’234"})
             QTest::addRow("%s, %s", kind, typed) << kind << QString::fromUtf8(typed) << "1234";
-    for (const QString& kind : fieldsWithDecimals)
+    for (const QString& kind : FieldsWithDecimals)
         QTest::addRow("%s, decimals", qPrintable(kind)) << kind << "1 234,5"
                                                         << "1234.5";
 }
@@ -268,7 +268,7 @@ void tst_TypedNumber::typedGroupsWithoutMarksCloseUp()
     QFETCH(QString, kind);
     QFETCH(QString, typed);
     enter(kind);
-    sendCharacters(form->field(kind), typed);
+    sendCharacters(m_form->field(kind), typed);
     QTEST(text(kind), "number");
 }
 
@@ -294,19 +294,19 @@ void tst_TypedNumber::escapeAfterALeftTextBringsTheCamerasValueBack()
 /// What was left unfinished still is so when the user comes back.
 void tst_TypedNumber::escapeGivesUpALeftTextAtOnce()
 {
-    QShortcut shortcut(Qt::Key_Escape, form.get());
+    QShortcut shortcut(Qt::Key_Escape, m_form.get());
     QSignalSpy taken(&shortcut, SIGNAL(activated()));
     type("line edit", "200000");
     leave();
-    form->field("line edit").setFocus();
+    m_form->field("line edit").setFocus();
     press("line edit", Qt::Key_Escape);
     QCOMPARE(text("line edit"), QString("5"));
     QCOMPARE(taken.count(), 0);
     // Unless the camera's value took its place meanwhile.
     type("line edit", "200000");
     leave();
-    form->refresh({"Real"});
-    form->field("line edit").setFocus();
+    m_form->refresh({"Real"});
+    m_form->field("line edit").setFocus();
     press("line edit", Qt::Key_Escape);
     QCOMPARE(taken.count(), 1);
 }

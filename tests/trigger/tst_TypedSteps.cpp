@@ -6,7 +6,7 @@
 
 namespace {
 
-const QStringList boxes = {"double spin box", "spin box", "table cell"};
+const QStringList Boxes = {"double spin box", "spin box", "table cell"};
 
 /// Where the button stands that steps upwards.
 QPoint upButtonOf(const QWidget& box)
@@ -58,24 +58,24 @@ private:
 void tst_TypedSteps::init()
 {
     openForm();
-    camera->find("Real")->state().maxReal = 1000.0;
-    camera->find("Whole")->state().maxInteger = 1000;
+    m_camera->find("Real")->state().maxReal = 1000.0;
+    m_camera->find("Whole")->state().maxInteger = 1000;
     measure(1000.0);
 }
 
 void tst_TypedSteps::measure(double value)
 {
-    camera->find("Real")->state().real = value;
-    camera->find("Whole")->state().integer = static_cast<long long>(value);
-    camera->find("LineDebounceDuration")->stateFor("Line0").real = value;
-    form->refresh({"Real", "Whole"});
-    form->refreshTable({"LineDebounceDuration"});
-    camera->clearLog();
+    m_camera->find("Real")->state().real = value;
+    m_camera->find("Whole")->state().integer = static_cast<long long>(value);
+    m_camera->find("LineDebounceDuration")->stateFor("Line0").real = value;
+    m_form->refresh({"Real", "Whole"});
+    m_form->refreshTable({"LineDebounceDuration"});
+    m_camera->clearLog();
 }
 
 void tst_TypedSteps::step(const QString& kind, const QString& way)
 {
-    QWidget& box = form->field(kind);
+    QWidget& box = m_form->field(kind);
     if (way == "wheel")
         turnWheel(box);
     else if (way == "button")
@@ -88,7 +88,7 @@ void tst_TypedSteps::stepWithoutRoomEndsTheText_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("way");
-    for (const QString& kind : boxes)
+    for (const QString& kind : Boxes)
         for (const char* way : {"arrow", "page", "wheel", "button"})
             QTest::addRow("%s, %s", qPrintable(kind), way) << kind << way;
 }

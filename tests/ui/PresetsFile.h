@@ -14,15 +14,15 @@ class PresetsFile
 {
 public:
     explicit PresetsFile(const QByteArray& content)
-        : file(QCoreApplication::applicationDirPath() + "/plugins/AdvTrigger_" +
-               QString(family()).remove(' ') + "_Presets.json")
+        : m_file(QCoreApplication::applicationDirPath() + "/plugins/AdvTrigger_" +
+                 QString(family()).remove(' ') + "_Presets.json")
     {
         QDir(QCoreApplication::applicationDirPath()).mkpath("plugins");
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        file.close();
+        if (!m_file.open(QIODevice::WriteOnly) || m_file.write(content) != content.size())
+            qFatal("cannot write %s", qPrintable(m_file.fileName()));
+        m_file.close();
     }
-    ~PresetsFile() { file.remove(); }
+    ~PresetsFile() { m_file.remove(); }
 
     static QString family() { return "Family " + QCoreApplication::applicationName(); }
 
@@ -37,7 +37,7 @@ public:
     }
 
 private:
-    QFile file;
+    QFile m_file;
 };
 
 inline std::unique_ptr<Fake::FakeCamera> cameraOfPresetFamily()

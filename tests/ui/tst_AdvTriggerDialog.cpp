@@ -1,5 +1,6 @@
 // The dialog's content on a scripted camera: construction, hints, presets, refreshes, streaming.
 #include "plugin/TabExtensionException.h"
+#include "tests/support/Rows.h"
 #include "tests/ui/DialogUnderTest.h"
 
 #include <QHelpEvent>
@@ -17,13 +18,6 @@ std::unique_ptr<Fake::FakeCamera> cameraWithout(const QStringList& features)
     for (const QString& feature : features)
         camera->remove(feature.toStdString());
     return camera;
-}
-
-QPalette paletteOfLightness(int lightness)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor::fromHsl(0, 0, lightness));
-    return palette;
 }
 
 QMap<QString, bool> enabledStates(const QWidget& form)
@@ -68,13 +62,11 @@ private slots:
     void anotherTriggerLeavesPwmSwitchedOn_data();
     void anotherTriggerLeavesPwmSwitchedOn();
     void streamingDisablesOnlyThePresetBoxAndShowsTheHint();
-    void coloursFollowThePalette_data();
-    void coloursFollowThePalette();
     void tooltipsShowWhenSwitchedOn();
     void refusesACameraThatVanished();
 
 private:
-    PresetsFile presets{PresetsFile::fourPresets()};
+    PresetsFile m_presets{PresetsFile::fourPresets()};
 };
 
 void tst_AdvTriggerDialog::declaresItsSlotsInOrder()
@@ -100,19 +92,18 @@ void tst_AdvTriggerDialog::hidesTheAcquisitionHint()
 
 void tst_AdvTriggerDialog::hintsAtMissingFeatures_data()
 {
-    QTest::addColumn<QStringList>("missing");
-    QTest::addColumn<QStringList>("hints");
+    columns<QStringList, QStringList>("missing", "hints");
     const QString action = HintNames[0];
     const QString signal = HintNames[1];
     const QString counterTimer = HintNames[2];
-    QTest::newRow("nothing missing") << QStringList() << QStringList();
-    QTest::newRow("action") << QStringList{"ActionSelector"} << QStringList{action};
-    QTest::newRow("signal") << QStringList{"SoftwareSignalSelector"} << QStringList{signal};
-    QTest::newRow("counter") << QStringList{"CounterSelector"} << QStringList{counterTimer};
-    QTest::newRow("timer") << QStringList{"TimerSelector"} << QStringList{counterTimer};
-    QTest::newRow("all") << QStringList{"ActionSelector", "SoftwareSignalSelector",
-                                        "CounterSelector", "TimerSelector"}
-                         << QStringList{action, signal, counterTimer};
+    row("nothing missing", QStringList(), QStringList());
+    row("action", QStringList{"ActionSelector"}, QStringList{action});
+    row("signal", QStringList{"SoftwareSignalSelector"}, QStringList{signal});
+    row("counter", QStringList{"CounterSelector"}, QStringList{counterTimer});
+    row("timer", QStringList{"TimerSelector"}, QStringList{counterTimer});
+    row("all",
+        QStringList{"ActionSelector", "SoftwareSignalSelector", "CounterSelector", "TimerSelector"},
+        QStringList{action, signal, counterTimer});
 }
 
 void tst_AdvTriggerDialog::hintsAtMissingFeatures()
@@ -192,10 +183,10 @@ void tst_AdvTriggerDialog::fillsTableAndOverview()
 
 void tst_AdvTriggerDialog::startsWithThePresetOfTheTab_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::newRow("none") << -1;
-    QTest::newRow("first") << 0;
-    QTest::newRow("last") << 3;
+    columns<int>("index");
+    row("none", -1);
+    row("first", 0);
+    row("last", 3);
 }
 
 void tst_AdvTriggerDialog::startsWithThePresetOfTheTab()
@@ -292,17 +283,11 @@ void tst_AdvTriggerDialog::aRefreshWritesNothingButTheLineSelector()
 
 void tst_AdvTriggerDialog::detectsPwm_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("activation");
-    QTest::addColumn<bool>("detected");
-    QTest::newRow("own signal, falling") << "Timer1Active"
-                                         << "FallingEdge" << true;
-    QTest::newRow("own signal, rising") << "Timer1Active"
-                                        << "RisingEdge" << false;
-    QTest::newRow("other timer, falling") << "Timer0Active"
-                                          << "FallingEdge" << false;
-    QTest::newRow("off, falling") << "Off"
-                                  << "FallingEdge" << false;
+    columns<QString, QString, bool>("source", "activation", "detected");
+    row("own signal, falling", "Timer1Active", "FallingEdge", true);
+    row("own signal, rising", "Timer1Active", "RisingEdge", false);
+    row("other timer, falling", "Timer0Active", "FallingEdge", false);
+    row("off, falling", "Off", "FallingEdge", false);
 }
 
 void tst_AdvTriggerDialog::detectsPwm()
@@ -326,12 +311,12 @@ void tst_AdvTriggerDialog::detectsPwm()
 
 void tst_AdvTriggerDialog::detectsPwmWhenOneOfItsFeaturesChanged_data()
 {
-    QTest::addColumn<bool>("detected");
-    QTest::newRow("TimerSelector") << true;
-    QTest::newRow("TimerTriggerSource") << true;
-    QTest::newRow("TimerTriggerActivation") << true;
-    QTest::newRow("TimerDuration") << false;
-    QTest::newRow("TimerStatus") << false;
+    columns<bool>("detected");
+    row("TimerSelector", true);
+    row("TimerTriggerSource", true);
+    row("TimerTriggerActivation", true);
+    row("TimerDuration", false);
+    row("TimerStatus", false);
 }
 
 void tst_AdvTriggerDialog::detectsPwmWhenOneOfItsFeaturesChanged()
@@ -348,9 +333,9 @@ void tst_AdvTriggerDialog::detectsPwmWhenOneOfItsFeaturesChanged()
 
 void tst_AdvTriggerDialog::anotherTriggerLeavesPwmSwitchedOn_data()
 {
-    QTest::addColumn<QString>("value");
-    QTest::newRow("TimerTriggerSource") << "Off";
-    QTest::newRow("TimerTriggerActivation") << "RisingEdge";
+    columns<QString>("value");
+    row("TimerTriggerSource", "Off");
+    row("TimerTriggerActivation", "RisingEdge");
 }
 
 void tst_AdvTriggerDialog::anotherTriggerLeavesPwmSwitchedOn()
@@ -382,30 +367,6 @@ void tst_AdvTriggerDialog::streamingDisablesOnlyThePresetBoxAndShowsTheHint()
     QCOMPARE(enabledStates(*built.content), idle);
     QVERIFY(!built.find("lbl_notAcquireHint")->isVisible());
     QVERIFY(built.camera->calls().empty());
-}
-
-void tst_AdvTriggerDialog::coloursFollowThePalette_data()
-{
-    QTest::addColumn<QString>("preset");
-    QTest::addColumn<QString>("hint");
-    QTest::newRow("99") << "background-color: rgba(58,147,218,255);border: 1px solid lightblue;"
-                        << "color: rgba(56,111,251,255);";
-    QTest::newRow("100") << "background-color: rgba(192,220,243,255);border: 1px solid lightblue;"
-                         << "color: rgba(50,95,201,255);";
-}
-
-void tst_AdvTriggerDialog::coloursFollowThePalette()
-{
-    QFETCH(QString, preset);
-    QFETCH(QString, hint);
-    const DialogOnCamera built;
-    // From the palette that it is built with, too.
-    QCOMPARE(built.find("lblSelectPreset")->styleSheet().contains("192,220,243"), true);
-    built.content->setPalette(paletteOfLightness(QByteArray(QTest::currentDataTag()).toInt()));
-    QCOMPARE(built.find("lblSelectPreset")->styleSheet(), preset);
-    for (const char* name : HintNames)
-        QCOMPARE(built.find(name)->styleSheet(), hint);
-    QCOMPARE(built.find("lbl_notAcquireHint")->styleSheet(), hint);
 }
 
 void tst_AdvTriggerDialog::tooltipsShowWhenSwitchedOn()

@@ -51,15 +51,15 @@ private slots:
     void aHostThatDropsTheTabWhenItComesBack();
 
 private:
-    PresetsFile presets{PresetsFile::fourPresets()};
-    std::unique_ptr<Fake::FakeCamera> camera = cameraOfPresetFamily();
+    PresetsFile m_presets{PresetsFile::fourPresets()};
+    std::unique_ptr<Fake::FakeCamera> m_camera = cameraOfPresetFamily();
 };
 
 void tst_AdvTriggerDialogInHost::noticeShowsWhileTheDialogIsOpen()
 {
     TabExtensionPlugin plugin;
     HostWindow host;
-    QCOMPARE(plugin.get(camera->features(), *host.container, nullptr), 0);
+    QCOMPARE(plugin.get(m_camera->features(), *host.container, nullptr), 0);
     host.show();
     const auto* notice = host.container->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     auto* tab = host.container->findChild<AdvTriggerWidget*>();
@@ -85,10 +85,10 @@ void tst_AdvTriggerDialogInHost::deletingTheContainerWithTheDialogOpen_data()
 void tst_AdvTriggerDialogInHost::deletingTheContainerWithTheDialogOpen()
 {
     QFETCH(QString, focused);
-    const std::size_t before = registrations(*camera);
+    const std::size_t before = registrations(*m_camera);
     TabExtensionPlugin plugin;
     auto host = std::make_unique<HostWindow>();
-    QCOMPARE(plugin.get(camera->features(), *host->container, nullptr), 0);
+    QCOMPARE(plugin.get(m_camera->features(), *host->container, nullptr), 0);
     host->show();
     auto* tab = host->container->findChild<AdvTriggerWidget*>();
     clickOpen(*tab);
@@ -101,7 +101,7 @@ void tst_AdvTriggerDialogInHost::deletingTheContainerWithTheDialogOpen()
     delete host->container;
     QVERIFY(dialog.isNull());
     deleteDeferred();
-    QCOMPARE(registrations(*camera), before);
+    QCOMPARE(registrations(*m_camera), before);
 }
 
 void tst_AdvTriggerDialogInHost::aHostThatDropsTheTabWhenTheDialogOpens_data()
@@ -116,7 +116,7 @@ void tst_AdvTriggerDialogInHost::aHostThatDropsTheTabWhenTheDialogOpens()
     QFETCH(bool, byMouse);
     const int windows = QApplication::topLevelWidgets().size();
     {
-        DroppingHost dropping(*camera, true);
+        DroppingHost dropping(*m_camera, true);
         if (byMouse)
             clickOpen(*dropping.tab);
         else
@@ -131,7 +131,7 @@ void tst_AdvTriggerDialogInHost::aHostThatDropsTheTabWhenTheDialogOpens()
 
 void tst_AdvTriggerDialogInHost::aHostThatDropsTheTabWhenItComesBack()
 {
-    const DroppingHost dropping(*camera, false);
+    const DroppingHost dropping(*m_camera, false);
     dropping.tab->hide();
     dropping.tab->showTabWidget(0);
     QVERIFY(dropping.container.isNull());

@@ -1,4 +1,5 @@
 // The dialog's window: opened from the tab, closed in every way, again and again.
+#include "tests/support/Rows.h"
 #include "tests/ui/DialogUnderTest.h"
 #include "tests/ui/OpenedDialog.h"
 #include "tests/ui/TabUnderTest.h"
@@ -22,7 +23,7 @@ class EventRecorder : public QObject
 {
 public:
     EventRecorder(QObject& watched, QEvent::Type eventType, std::function<int()> recorded)
-        : type(eventType), record(std::move(recorded))
+        : m_type(eventType), m_record(std::move(recorded))
     {
         watched.installEventFilter(this);
     }
@@ -32,13 +33,13 @@ public:
 private:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override
     {
-        if (event->type() == type)
-            records << record();
+        if (event->type() == m_type)
+            records << m_record();
         return false;
     }
 
-    QEvent::Type type;
-    std::function<int()> record;
+    QEvent::Type m_type;
+    std::function<int()> m_record;
 };
 
 bool wroteDelay(const Fake::FakeCamera& camera)
@@ -81,35 +82,35 @@ private slots:
 private:
     QDialog& open() const
     {
-        clickOpen(shown->tab);
-        if (dialogOf(shown->tab) == nullptr)
+        clickOpen(m_shown->tab);
+        if (dialogOf(m_shown->tab) == nullptr)
             qFatal("no dialog");
-        return *dialogOf(shown->tab);
+        return *dialogOf(m_shown->tab);
     }
     AdvTriggerDialog& contentOf(const QDialog& dialog) const
     {
         return *dialog.findChild<AdvTriggerDialog*>();
     }
-    QComboBox& tabPresets() const { return *shown->find<QComboBox>("cmbSelectPreset"); }
+    QComboBox& tabPresets() const { return *m_shown->find<QComboBox>("cmbSelectPreset"); }
     static QComboBox& presetsOf(const QDialog& dialog)
     {
         return *dialog.findChild<QComboBox*>("cmbSelectPreset");
     }
     void selectInTab(int index) const;
 
-    PresetsFile presets{PresetsFile::fourPresets()};
-    std::unique_ptr<TabOnCamera> shown;
+    PresetsFile m_presets{PresetsFile::fourPresets()};
+    std::unique_ptr<TabOnCamera> m_shown;
 };
 
 void tst_AdvTriggerDialogWindow::init()
 {
-    shown = std::make_unique<TabOnCamera>(cameraOfPresetFamily());
-    shown->showAndSettle();
+    m_shown = std::make_unique<TabOnCamera>(cameraOfPresetFamily());
+    m_shown->showAndSettle();
 }
 
 void tst_AdvTriggerDialogWindow::cleanup()
 {
-    shown.reset();
+    m_shown.reset();
     deleteDeferred();
 }
 
@@ -122,23 +123,23 @@ void tst_AdvTriggerDialogWindow::selectInTab(int index) const
 
 void tst_AdvTriggerDialogWindow::openingHidesTheTabAndSaysSo()
 {
-    QSignalSpy displayed(&shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
+    QSignalSpy displayed(&m_shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
     const QDialog& dialog = open();
     QCOMPARE(displayed.count(), 1);
     QCOMPARE(displayed.first().first().toBool(), true);
-    QVERIFY(!shown->tab.isVisible());
+    QVERIFY(!m_shown->tab.isVisible());
     QVERIFY(dialog.isVisible());
-    QVERIFY(QTest::qWaitForWindowActive(dialogOf(shown->tab)));
+    QVERIFY(QTest::qWaitForWindowActive(dialogOf(m_shown->tab)));
 }
 
 void tst_AdvTriggerDialogWindow::saysSoBetweenHidingTheTabAndShowingTheDialog()
 {
     int heard = 0;
-    connect(&shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
+    connect(&m_shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
         ++heard;
-        QVERIFY(shown->tab.isHidden());
-        QVERIFY(dialogOf(shown->tab) != nullptr);
-        QVERIFY(!dialogOf(shown->tab)->isVisible());
+        QVERIFY(m_shown->tab.isHidden());
+        QVERIFY(dialogOf(m_shown->tab) != nullptr);
+        QVERIFY(!dialogOf(m_shown->tab)->isVisible());
     });
     QVERIFY(open().isVisible());
     QCOMPARE(heard, 1);
@@ -150,27 +151,23 @@ void tst_AdvTriggerDialogWindow::dialogIsModelessAndDeletesItself()
     QVERIFY(!dialog.isModal());
     QVERIFY(dialog.testAttribute(Qt::WA_DeleteOnClose));
     QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-    QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(&shown->tab));
+    QCOMPARE(dialog.parentWidget(), static_cast<QWidget*>(&m_shown->tab));
     QCOMPARE(dialog.windowType(), Qt::Dialog);
 }
 
 void tst_AdvTriggerDialogWindow::titleNamesModelAndSerialNumber_data()
 {
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("plain") << "TX-2000"
-                           << "Advanced Trigger IO (TX-2000-SN004711)";
-    QTest::newRow("empty") << ""
-                           << "Advanced Trigger IO (-SN004711)";
-    QTest::newRow("percent sign") << "TX%2"
-                                  << "Advanced Trigger IO (TX%2-SN004711)";
+    columns<QString, QString>("model", "title");
+    row("plain", "TX-2000", "Advanced Trigger IO (TX-2000-SN004711)");
+    row("empty", "", "Advanced Trigger IO (-SN004711)");
+    row("percent sign", "TX%2", "Advanced Trigger IO (TX%2-SN004711)");
 }
 
 void tst_AdvTriggerDialogWindow::titleNamesModelAndSerialNumber()
 {
     QFETCH(QString, model);
     QFETCH(QString, title);
-    (*shown->camera)["DeviceModelName"].state().text = model.toStdString();
+    (*m_shown->camera)["DeviceModelName"].state().text = model.toStdString();
     QCOMPARE(open().windowTitle(), title);
 }
 
@@ -197,14 +194,14 @@ void tst_AdvTriggerDialogWindow::opensWithThePresetOfTheTabWithoutApplyingIt()
     selectInTab(2);
     const QDialog& dialog = open();
     QCOMPARE(presetsOf(dialog).currentText(), QString("Two Hundred"));
-    QVERIFY(!wroteDelay(*shown->camera));
+    QVERIFY(!wroteDelay(*m_shown->camera));
 }
 
 void tst_AdvTriggerDialogWindow::closingShowsTheTabAndSaysSo_data()
 {
-    QTest::addColumn<QString>("way");
+    columns<QString>("way");
     for (const char* way : {"title bar", "Esc", "close", "accept", "reject", "done 7"})
-        QTest::newRow(way) << QString(way);
+        row(way, QString(way));
 }
 
 void tst_AdvTriggerDialogWindow::closingShowsTheTabAndSaysSo()
@@ -212,7 +209,7 @@ void tst_AdvTriggerDialogWindow::closingShowsTheTabAndSaysSo()
     QFETCH(QString, way);
     QPointer<QDialog> dialog = &open();
     QVERIFY(QTest::qWaitForWindowActive(dialog));
-    QSignalSpy displayed(&shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
+    QSignalSpy displayed(&m_shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
     if (way == "title bar") {
         // What the window system sends when its button is pressed.
         QCloseEvent event;
@@ -226,7 +223,7 @@ void tst_AdvTriggerDialogWindow::closingShowsTheTabAndSaysSo()
     }
     QCOMPARE(displayed.count(), 1);
     QCOMPARE(displayed.first().first().toBool(), false);
-    QVERIFY(shown->tab.isVisible());
+    QVERIFY(m_shown->tab.isVisible());
     deleteDeferred();
     QVERIFY(dialog.isNull());
 }
@@ -235,11 +232,11 @@ void tst_AdvTriggerDialogWindow::takesThePresetThenShowsTheTabThenSaysSo()
 {
     QDialog& dialog = open();
     presetsOf(dialog).setCurrentIndex(3);
-    EventRecorder shows(shown->tab, QEvent::Show, [this] { return tabPresets().currentIndex(); });
+    EventRecorder shows(m_shown->tab, QEvent::Show, [this] { return tabPresets().currentIndex(); });
     int heard = 0;
-    connect(&shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
+    connect(&m_shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this, [&] {
         ++heard;
-        QVERIFY(shown->tab.isVisible());
+        QVERIFY(m_shown->tab.isVisible());
         QCOMPARE(shows.records, QList<int>{3});
     });
     dialog.reject();
@@ -251,14 +248,14 @@ void tst_AdvTriggerDialogWindow::tabTakesThePresetOfTheDialogWithoutApplyingIt()
     selectInTab(1);
     QDialog& dialog = open();
     presetsOf(dialog).setCurrentIndex(3);
-    QCOMPARE((*shown->camera)["TriggerDelay"].state().real, 300.0);
-    shown->camera->clearLog();
+    QCOMPARE((*m_shown->camera)["TriggerDelay"].state().real, 300.0);
+    m_shown->camera->clearLog();
     dialog.reject();
     QCOMPARE(tabPresets().currentText(), QString("Three Hundred"));
-    QVERIFY(!wroteDelay(*shown->camera));
+    QVERIFY(!wroteDelay(*m_shown->camera));
     // The box works as before.
     tabPresets().setCurrentIndex(1);
-    QCOMPARE((*shown->camera)["TriggerDelay"].state().real, 100.0);
+    QCOMPARE((*m_shown->camera)["TriggerDelay"].state().real, 100.0);
 }
 
 void tst_AdvTriggerDialogWindow::takingThePresetKeepsTheBlockingOfBefore()
@@ -273,12 +270,12 @@ void tst_AdvTriggerDialogWindow::takingThePresetKeepsTheBlockingOfBefore()
 void tst_AdvTriggerDialogWindow::waitCursorShowsWhileOpeningAndClosing()
 {
     QList<Qt::CursorShape> shapes;
-    connect(&shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this,
-            [&] { shapes << shown->tab.cursor().shape(); });
+    connect(&m_shown->tab, &AdvTriggerWidget::dialogWindowDisplayed, this,
+            [&] { shapes << m_shown->tab.cursor().shape(); });
     QDialog& dialog = open();
-    QCOMPARE(shown->tab.cursor().shape(), Qt::ArrowCursor);
+    QCOMPARE(m_shown->tab.cursor().shape(), Qt::ArrowCursor);
     dialog.reject();
-    QCOMPARE(shown->tab.cursor().shape(), Qt::ArrowCursor);
+    QCOMPARE(m_shown->tab.cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(shapes, (QList<Qt::CursorShape>{Qt::WaitCursor, Qt::WaitCursor}));
 }
 
@@ -287,7 +284,7 @@ void tst_AdvTriggerDialogWindow::streamingReachesTheOpenDialog()
     const QDialog& dialog = open();
     const auto* hint = dialog.findChild<QLabel*>("lbl_notAcquireHint");
     for (const bool on : {true, false}) {
-        emit shown->tab.CamStreamingOn(on);
+        emit m_shown->tab.CamStreamingOn(on);
         QCOMPARE(hint->isVisible(), on);
         QCOMPARE(presetsOf(dialog).isEnabled(), !on);
     }
@@ -296,105 +293,105 @@ void tst_AdvTriggerDialogWindow::streamingReachesTheOpenDialog()
 void tst_AdvTriggerDialogWindow::startingAcquisitionWithTheDialogOpen()
 {
     QDialog& dialog = open();
-    shown->tab.camIsStreaming(true);
+    m_shown->tab.camIsStreaming(true);
     QVERIFY(dialog.findChild<QLabel*>("lbl_notAcquireHint")->isVisible());
     QVERIFY(!presetsOf(dialog).isEnabled());
     dialog.reject();
     // The tab has heard of it as well.
     QVERIFY(!tabPresets().isEnabled());
-    QVERIFY(shown->find("lbl_notAcquireHint")->isVisible());
-    shown->tab.camIsStreaming(false);
+    QVERIFY(m_shown->find("lbl_notAcquireHint")->isVisible());
+    m_shown->tab.camIsStreaming(false);
     QVERIFY(tabPresets().isEnabled());
 }
 
 void tst_AdvTriggerDialogWindow::showTabWidgetWithoutAnyDialog()
 {
     selectInTab(2);
-    shown->tab.hide();
-    QSignalSpy displayed(&shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
-    shown->tab.showTabWidget(0);
-    QVERIFY(shown->tab.isVisible());
+    m_shown->tab.hide();
+    QSignalSpy displayed(&m_shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
+    m_shown->tab.showTabWidget(0);
+    QVERIFY(m_shown->tab.isVisible());
     QCOMPARE(displayed.count(), 1);
     QCOMPARE(tabPresets().currentIndex(), 2);
 }
 
 void tst_AdvTriggerDialogWindow::aVanishedCameraGetsNoDialog()
 {
-    QSignalSpy displayed(&shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
-    shown->camera->failEverything();
-    clickOpen(shown->tab);
-    QVERIFY(dialogOf(shown->tab) == nullptr);
-    QVERIFY(shown->tab.isVisible());
-    QCOMPARE(shown->tab.cursor().shape(), Qt::ArrowCursor);
+    QSignalSpy displayed(&m_shown->tab, SIGNAL(dialogWindowDisplayed(bool)));
+    m_shown->camera->failEverything();
+    clickOpen(m_shown->tab);
+    QVERIFY(dialogOf(m_shown->tab) == nullptr);
+    QVERIFY(m_shown->tab.isVisible());
+    QCOMPARE(m_shown->tab.cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(displayed.count(), 0);
 }
 
 void tst_AdvTriggerDialogWindow::afterARefusalTheDialogOpensAgain()
 {
-    shown->camera->failEverything();
-    clickOpen(shown->tab);
-    shown->camera->clearFailures();
+    m_shown->camera->failEverything();
+    clickOpen(m_shown->tab);
+    m_shown->camera->clearFailures();
     QVERIFY(open().isVisible());
 }
 
 void tst_AdvTriggerDialogWindow::losingTheCameraWithTheDialogOpen()
 {
     QDialog& dialog = open();
-    shown->camera->failEverything();
+    m_shown->camera->failEverything();
     auto* delay = dialog.findChild<QDoubleSpinBox*>("spbTimerDelay");
     delay->setValue(12.0);
     QTimer* timer = contentOf(dialog).findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
     QSignalSpy ticks(timer, SIGNAL(timeout()));
     QVERIFY(ticks.wait(3000));
     dialog.reject();
-    QVERIFY(shown->tab.isVisible());
+    QVERIFY(m_shown->tab.isVisible());
     deleteDeferred();
-    clickOpen(shown->tab);
-    QVERIFY(dialogOf(shown->tab) == nullptr);
+    clickOpen(m_shown->tab);
+    QVERIFY(dialogOf(m_shown->tab) == nullptr);
 }
 
 void tst_AdvTriggerDialogWindow::bothEnginesFollowTheCameraInTheirTime()
 {
-    Fake::FakeFeature& mode = (*shown->camera)["TriggerMode"];
+    Fake::FakeFeature& mode = (*m_shown->camera)["TriggerMode"];
     QCOMPARE(mode.observerCount(), std::size_t(1));
     QDialog& dialog = open();
     // The dialog's; the hidden tab has taken its own away.
     QCOMPARE(mode.observerCount(), std::size_t(1));
     mode.state().text = "On";
-    shown->camera->notify("TriggerMode");
+    m_shown->camera->notify("TriggerMode");
     auto* box = dialog.findChild<QComboBox*>("cmbTriggerMode");
     QTRY_COMPARE(box->currentText(), QString("On"));
-    QCOMPARE(shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("Off"));
+    QCOMPARE(m_shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("Off"));
     dialog.reject();
     deleteDeferred();
     QCOMPARE(mode.observerCount(), std::size_t(1));
-    QTRY_COMPARE(shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
+    QTRY_COMPARE(m_shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
 }
 
 void tst_AdvTriggerDialogWindow::twoHundredTimesLeaveNothingBehind()
 {
     constexpr int cycles = 200;
-    shown->camera->setLogging(false);
+    m_shown->camera->setLogging(false);
     const int windows = QApplication::topLevelWidgets().size();
-    const int children = shown->tab.findChildren<QObject*>().size();
-    const std::size_t observers = registrations(*shown->camera);
+    const int children = m_shown->tab.findChildren<QObject*>().size();
+    const std::size_t observers = registrations(*m_shown->camera);
     for (int cycle = 0; cycle < cycles; ++cycle) {
         QDialog& dialog = open();
         dialog.findChild<QDoubleSpinBox*>("spbTimerDelay")->setValue(cycle + 1.0);
         auto* source = dialog.findChild<QComboBox*>("cmbLine2_LineSource");
         source->setCurrentIndex(1 + cycle % 2);
-        shown->camera->notify("TimerDelay");
+        m_shown->camera->notify("TimerDelay");
         QCoreApplication::processEvents();
-        QCOMPARE((*shown->camera)["TimerDelay"].state().real, cycle + 1.0);
-        QCOMPARE(QString::fromStdString((*shown->camera)["LineSource"].stateFor("Line2").text),
+        QCOMPARE((*m_shown->camera)["TimerDelay"].state().real, cycle + 1.0);
+        QCOMPARE(QString::fromStdString((*m_shown->camera)["LineSource"].stateFor("Line2").text),
                  source->currentText());
         dialog.close();
         deleteDeferred();
     }
     QCOMPARE(QApplication::topLevelWidgets().size(), windows);
-    QCOMPARE(shown->tab.findChildren<QObject*>().size(), children);
-    QCOMPARE(registrations(*shown->camera), observers);
-    QVERIFY(shown->tab.isVisible());
+    QCOMPARE(m_shown->tab.findChildren<QObject*>().size(), children);
+    QCOMPARE(registrations(*m_shown->camera), observers);
+    QVERIFY(m_shown->tab.isVisible());
 }
 
 QTEST_MAIN(tst_AdvTriggerDialogWindow)

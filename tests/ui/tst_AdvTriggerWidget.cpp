@@ -26,21 +26,21 @@ public:
 class TranslatedWorkingDirectory
 {
 public:
-    TranslatedWorkingDirectory() : before(QDir::currentPath())
+    TranslatedWorkingDirectory() : m_before(QDir::currentPath())
     {
-        QDir(directory.path()).mkdir("qm");
+        QDir(m_directory.path()).mkdir("qm");
         ready = QFile::copy(QStringLiteral(TAB_TRANSLATION),
-                            directory.filePath("qm/tabextensionadvtrigger_%1.qm")
+                            m_directory.filePath("qm/tabextensionadvtrigger_%1.qm")
                                 .arg(QLocale::system().name())) &&
-                QDir::setCurrent(directory.path());
+                QDir::setCurrent(m_directory.path());
     }
-    ~TranslatedWorkingDirectory() { QDir::setCurrent(before); }
+    ~TranslatedWorkingDirectory() { QDir::setCurrent(m_before); }
 
     bool ready = false;
 
 private:
-    QTemporaryDir directory;
-    QString before;
+    QTemporaryDir m_directory;
+    QString m_before;
 };
 
 QString sourceLabel(const QWidget& tab)

@@ -29,30 +29,32 @@ private slots:
     void everyEditTurnsThePresetToCustom();
     void softwareTriggerKeepsThePreset();
     void tooltipSwitchWritesNothing();
+    void customPresetSelectsTheItemOfThatName();
+    void customPresetWithoutSuchItemKeepsTheSelection();
 
 private:
-    QStringList writes() const { return toList(shown->camera->writes()); }
-    Fake::FakeFeature& feature(const char* name) const { return (*shown->camera)[name]; }
+    QStringList writes() const { return toList(m_shown->camera->writes()); }
+    Fake::FakeFeature& feature(const char* name) const { return (*m_shown->camera)[name]; }
     void type(const char* text) const;
 
-    std::unique_ptr<TabOnCamera> shown;
+    std::unique_ptr<TabOnCamera> m_shown;
 };
 
 void tst_AdvTriggerWidgetEditing::init()
 {
-    shown = std::make_unique<TabOnCamera>();
-    shown->showAndSettle();
+    m_shown = std::make_unique<TabOnCamera>();
+    m_shown->showAndSettle();
 }
 
 void tst_AdvTriggerWidgetEditing::cleanup()
 {
-    shown.reset();
+    m_shown.reset();
 }
 
 /// Replaces the delay's text, key by key, and leaves the field.
 void tst_AdvTriggerWidgetEditing::type(const char* text) const
 {
-    auto* delay = shown->find<QDoubleSpinBox>("spbTriggerDelay");
+    auto* delay = m_shown->find<QDoubleSpinBox>("spbTriggerDelay");
     delay->setFocus();
     delay->selectAll();
     QTest::keyClicks(delay, text);
@@ -75,7 +77,7 @@ void tst_AdvTriggerWidgetEditing::keysInABoxWriteTheEntry()
 {
     QFETCH(int, key);
     QFETCH(QString, write);
-    auto* box = shown->find<QComboBox>(QTest::currentDataTag());
+    auto* box = m_shown->find<QComboBox>(QTest::currentDataTag());
     box->setFocus();
     QTest::keyClick(box, static_cast<Qt::Key>(key));
     QCOMPARE(writes(), QStringList{write});
@@ -84,7 +86,7 @@ void tst_AdvTriggerWidgetEditing::keysInABoxWriteTheEntry()
 
 void tst_AdvTriggerWidgetEditing::clickInABoxsListWritesTheEntry()
 {
-    auto* box = shown->find<QComboBox>("cmbTriggerMode");
+    auto* box = m_shown->find<QComboBox>("cmbTriggerMode");
     chooseWithMouse(*box, "On");
     QCOMPARE(writes(), QStringList{"SetStringValue TriggerMode=On"});
     QCOMPARE(box->currentText(), QString("On"));
@@ -93,7 +95,7 @@ void tst_AdvTriggerWidgetEditing::clickInABoxsListWritesTheEntry()
 void tst_AdvTriggerWidgetEditing::boxShowsWhatTheCameraTook()
 {
     feature("TriggerMode").onWrite = [](Fake::FakeFeature& mode) { mode.state().text = "Off"; };
-    auto* box = shown->find<QComboBox>("cmbTriggerMode");
+    auto* box = m_shown->find<QComboBox>("cmbTriggerMode");
     QTest::keyClick(box, Qt::Key_Down);
     QCOMPARE(box->currentText(), QString("Off"));
     QCOMPARE(writes(), QStringList{"SetStringValue TriggerMode=On"});
@@ -101,8 +103,8 @@ void tst_AdvTriggerWidgetEditing::boxShowsWhatTheCameraTook()
 
 void tst_AdvTriggerWidgetEditing::boxShowsTheOldEntryWhenTheWriteFails()
 {
-    shown->camera->failCall("SetStringValue", "TriggerMode");
-    auto* box = shown->find<QComboBox>("cmbTriggerMode");
+    m_shown->camera->failCall("SetStringValue", "TriggerMode");
+    auto* box = m_shown->find<QComboBox>("cmbTriggerMode");
     QTest::keyClick(box, Qt::Key_Down);
     QCOMPARE(box->currentText(), QString("Off"));
 }
@@ -122,20 +124,20 @@ void tst_AdvTriggerWidgetEditing::typedDelayIsWritten()
     type(QTest::currentDataTag());
     QCOMPARE(writes(), QStringList{QString("SetFloatValue TriggerDelay=%1").arg(delay)});
     QCOMPARE(feature("TriggerDelay").state().real, delay);
-    QCOMPARE(shown->find<QDoubleSpinBox>("spbTriggerDelay")->value(), delay);
+    QCOMPARE(m_shown->find<QDoubleSpinBox>("spbTriggerDelay")->value(), delay);
 }
 
 void tst_AdvTriggerWidgetEditing::delayShowsWhatTheCameraTook()
 {
     feature("TriggerDelay").onWrite = [](Fake::FakeFeature& delay) { delay.state().real = 8.0; };
     type("7");
-    QCOMPARE(shown->find<QDoubleSpinBox>("spbTriggerDelay")->value(), 8.0);
+    QCOMPARE(m_shown->find<QDoubleSpinBox>("spbTriggerDelay")->value(), 8.0);
     QCOMPARE(writes(), QStringList{"SetFloatValue TriggerDelay=7"});
 }
 
 void tst_AdvTriggerWidgetEditing::delayStepsWithTheArrowKeys()
 {
-    auto* delay = shown->find<QDoubleSpinBox>("spbTriggerDelay");
+    auto* delay = m_shown->find<QDoubleSpinBox>("spbTriggerDelay");
     QTest::keyClick(delay, Qt::Key_Up);
     QCOMPARE(writes(), QStringList{"SetFloatValue TriggerDelay=1"});
     QTest::keyClick(delay, Qt::Key_Down);
@@ -144,7 +146,7 @@ void tst_AdvTriggerWidgetEditing::delayStepsWithTheArrowKeys()
 
 void tst_AdvTriggerWidgetEditing::delayCannotLeaveTheCamerasRange()
 {
-    auto* delay = shown->find<QDoubleSpinBox>("spbTriggerDelay");
+    auto* delay = m_shown->find<QDoubleSpinBox>("spbTriggerDelay");
     QCOMPARE(delay->maximum(), 1000000.0);
     QTest::keyClick(delay, Qt::Key_Down);
     QCOMPARE(delay->value(), 0.0);
@@ -155,32 +157,32 @@ void tst_AdvTriggerWidgetEditing::clickRunsTheSoftwareTrigger()
 {
     int runs = 0;
     feature("TriggerSoftware").onRun = [&runs] { ++runs; };
-    QTest::mouseClick(shown->find("btnTriggerSoftware"), Qt::LeftButton);
+    QTest::mouseClick(m_shown->find("btnTriggerSoftware"), Qt::LeftButton);
     QCOMPARE(runs, 1);
     QCOMPARE(writes(), QStringList{"RunCommand TriggerSoftware"});
 }
 
 void tst_AdvTriggerWidgetEditing::softwareTriggerFollowsTheSource()
 {
-    QTest::keyClick(shown->find("cmbTriggerSource"), Qt::Key_Down);
-    shown->camera->notify("TriggerSource");
-    QTRY_VERIFY(shown->tab.m_changedFeatures->contains("TriggerSource"));
-    shown->tab.tick();
-    QVERIFY(!shown->find("btnTriggerSoftware")->isEnabled());
-    QTest::mouseClick(shown->find("btnTriggerSoftware"), Qt::LeftButton);
-    QCOMPARE(settingsWritten(*shown->camera), QStringList{"SetStringValue TriggerSource=Line0"});
+    QTest::keyClick(m_shown->find("cmbTriggerSource"), Qt::Key_Down);
+    m_shown->camera->notify("TriggerSource");
+    QTRY_VERIFY(m_shown->tab.m_changedFeatures->contains("TriggerSource"));
+    m_shown->tab.tick();
+    QVERIFY(!m_shown->find("btnTriggerSoftware")->isEnabled());
+    QTest::mouseClick(m_shown->find("btnTriggerSoftware"), Qt::LeftButton);
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList{"SetStringValue TriggerSource=Line0"});
 }
 
 void tst_AdvTriggerWidgetEditing::selectorShowsTheSelectedTriggersSettings()
 {
     feature("TriggerMode").stateFor("LineStart").text = "On";
-    QTest::keyClick(shown->find("cmbTriggerSelector"), Qt::Key_Down);
+    QTest::keyClick(m_shown->find("cmbTriggerSelector"), Qt::Key_Down);
     for (const char* name : {"TriggerSelector", "TriggerMode"})
-        shown->camera->notify(name);
-    QTRY_VERIFY(shown->tab.m_changedFeatures->contains("TriggerMode"));
-    shown->tab.tick();
-    QCOMPARE(shown->find<QComboBox>("cmbTriggerSelector")->currentText(), QString("LineStart"));
-    QCOMPARE(shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
+        m_shown->camera->notify(name);
+    QTRY_VERIFY(m_shown->tab.m_changedFeatures->contains("TriggerMode"));
+    m_shown->tab.tick();
+    QCOMPARE(m_shown->find<QComboBox>("cmbTriggerSelector")->currentText(), QString("LineStart"));
+    QCOMPARE(m_shown->find<QComboBox>("cmbTriggerMode")->currentText(), QString("On"));
 }
 
 void tst_AdvTriggerWidgetEditing::everyEditTurnsThePresetToCustom_data()
@@ -196,26 +198,45 @@ void tst_AdvTriggerWidgetEditing::everyEditTurnsThePresetToCustom_data()
 void tst_AdvTriggerWidgetEditing::everyEditTurnsThePresetToCustom()
 {
     QFETCH(int, key);
-    auto* presets = shown->find<QComboBox>("cmbSelectPreset");
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
     presets->addItems({"Turn Off All", "Custom"});
     presets->setCurrentIndex(0);
-    QTest::keyClick(shown->find(QTest::currentDataTag()), static_cast<Qt::Key>(key));
+    QTest::keyClick(m_shown->find(QTest::currentDataTag()), static_cast<Qt::Key>(key));
     QCOMPARE(presets->currentText(), QString("Custom"));
 }
 
 void tst_AdvTriggerWidgetEditing::softwareTriggerKeepsThePreset()
 {
-    auto* presets = shown->find<QComboBox>("cmbSelectPreset");
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
     presets->addItems({"Turn Off All", "Custom"});
     presets->setCurrentIndex(0);
-    QTest::mouseClick(shown->find("btnTriggerSoftware"), Qt::LeftButton);
+    QTest::mouseClick(m_shown->find("btnTriggerSoftware"), Qt::LeftButton);
     QCOMPARE(presets->currentIndex(), 0);
 }
 
 void tst_AdvTriggerWidgetEditing::tooltipSwitchWritesNothing()
 {
-    QTest::keyClick(shown->find("chkTooltips"), Qt::Key_Space);
-    QCOMPARE(toList(shown->camera->calls()), QStringList());
+    QTest::keyClick(m_shown->find("chkTooltips"), Qt::Key_Space);
+    QCOMPARE(toList(m_shown->camera->calls()), QStringList());
+}
+
+void tst_AdvTriggerWidgetEditing::customPresetSelectsTheItemOfThatName()
+{
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "custom", "Custom"});
+    presets->setCurrentIndex(0);
+    m_shown->tab.SetCustomPreset();
+    QCOMPARE(presets->currentIndex(), 2);
+}
+
+void tst_AdvTriggerWidgetEditing::customPresetWithoutSuchItemKeepsTheSelection()
+{
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
+    presets->addItems({"Turn Off All", "Reset All"});
+    presets->setCurrentIndex(1);
+    m_shown->find<QComboBox>("cmbTriggerMode")->setCurrentText("On");
+    QCOMPARE(presets->currentIndex(), 1);
+    QCOMPARE(presets->count(), 2);
 }
 
 QTEST_MAIN(tst_AdvTriggerWidgetEditing)

@@ -97,20 +97,20 @@ private slots:
     void unfoldedOverviewGrowsWithItsRows();
 
 private:
-    Fake::FakeFeature& feature(const char* name) const { return (*shown->camera)[name]; }
+    Fake::FakeFeature& feature(const char* name) const { return (*m_shown->camera)[name]; }
     void showWith(std::unique_ptr<Fake::FakeCamera> camera)
     {
-        shown = std::make_unique<TabOnCamera>(std::move(camera));
-        shown->showAndSettle();
+        m_shown = std::make_unique<TabOnCamera>(std::move(camera));
+        m_shown->showAndSettle();
     }
     void unfold() const
     {
-        shown->find<CollapsingButton>("btnTriggerFeaturesStatus")->click();
-        const QWidget* frame = shown->find("frmTriggerFeaturesStatus");
+        m_shown->find<CollapsingButton>("btnTriggerFeaturesStatus")->click();
+        const QWidget* frame = m_shown->find("frmTriggerFeaturesStatus");
         QTRY_VERIFY(frame->height() >= frame->sizeHint().height());
     }
 
-    std::unique_ptr<TabOnCamera> shown;
+    std::unique_ptr<TabOnCamera> m_shown;
 };
 
 void tst_AdvTriggerWidgetParts::init()
@@ -122,10 +122,10 @@ void tst_AdvTriggerWidgetParts::init()
 
 void tst_AdvTriggerWidgetParts::firstShowTakesItsStepsInOrder()
 {
-    shown = std::make_unique<TabOnCamera>();
-    shown->camera->clearLog();
-    shown->tab.show();
-    const QStringList calls = toList(shown->camera->calls());
+    m_shown = std::make_unique<TabOnCamera>();
+    m_shown->camera->clearLog();
+    m_shown->tab.show();
+    const QStringList calls = toList(m_shown->camera->calls());
     const int bound = positionOf(calls, "GetFloatRange TriggerDelay");
     const int table = positionOf(calls, "SetStringValue LineSelector=Line0");
     const int presets = positionOf(calls, "GetStringValue DeviceFamilyName");
@@ -134,46 +134,46 @@ void tst_AdvTriggerWidgetParts::firstShowTakesItsStepsInOrder()
     QVERIFY(table < presets);
     QVERIFY(presets < observed);
     // Before the overview is attached, which reads nothing any more.
-    QCOMPARE(shown->camera->callCount("SetStringValue", "TriggerSelector"), 0);
+    QCOMPARE(m_shown->camera->callCount("SetStringValue", "TriggerSelector"), 0);
 }
 
 void tst_AdvTriggerWidgetParts::tableHasARowForEachLine()
 {
-    const auto* table = shown->find<QTableWidget>("tableWidget");
+    const auto* table = m_shown->find<QTableWidget>("tableWidget");
     QStringList rows;
     for (int row = 0; row < table->rowCount(); ++row)
         rows << table->verticalHeaderItem(row)->text();
     QCOMPARE(rows, (QStringList{"Line0", "Line1", "Line2", "Line3"}));
-    QCOMPARE(shown->find<QComboBox>("cmbLine0_LineMode")->currentText(), QString("Input"));
-    QCOMPARE(shown->find<QComboBox>("cmbLine3_LineMode")->currentText(), QString("Output"));
+    QCOMPARE(m_shown->find<QComboBox>("cmbLine0_LineMode")->currentText(), QString("Input"));
+    QCOMPARE(m_shown->find<QComboBox>("cmbLine3_LineMode")->currentText(), QString("Output"));
 }
 
 void tst_AdvTriggerWidgetParts::tableHasFourColumns()
 {
-    const auto* table = shown->find<QTableWidget>("tableWidget");
+    const auto* table = m_shown->find<QTableWidget>("tableWidget");
     QCOMPARE(table->columnCount(), 4);
     for (int column = 0; column < 4; ++column)
         QVERIFY(table->cellWidget(0, column) != nullptr);
-    QVERIFY(!shown->tab.findChild<QWidget*>("cmbLine0_LineDebounceMode"));
+    QVERIFY(!m_shown->tab.findChild<QWidget*>("cmbLine0_LineDebounceMode"));
 }
 
 void tst_AdvTriggerWidgetParts::lampsFollowTheLines()
 {
-    const QWidget* lamp = shown->find("lblLine1_LineStatus");
+    const QWidget* lamp = m_shown->find("lblLine1_LineStatus");
     QVERIFY(!lamp->isEnabled());
     feature("LineStatus").stateFor("Line1").boolean = true;
-    shown->camera->notify("LineStatus");
-    QTRY_VERIFY(shown->tab.m_changedFeatures->contains("LineStatus"));
-    shown->tab.tick();
+    m_shown->camera->notify("LineStatus");
+    QTRY_VERIFY(m_shown->tab.m_changedFeatures->contains("LineStatus"));
+    m_shown->tab.tick();
     QVERIFY(lamp->isEnabled());
-    QVERIFY(!shown->find("lblLine0_LineStatus")->isEnabled());
+    QVERIFY(!m_shown->find("lblLine0_LineStatus")->isEnabled());
 }
 
 void tst_AdvTriggerWidgetParts::cellEditReachesTheCamera()
 {
-    QTest::keyClick(shown->find("cmbLine2_LineSource"), Qt::Key_Down);
-    QTest::keyClick(shown->find("chkLine2_LineInverter"), Qt::Key_Space);
-    QCOMPARE(settingsWritten(*shown->camera),
+    QTest::keyClick(m_shown->find("cmbLine2_LineSource"), Qt::Key_Down);
+    QTest::keyClick(m_shown->find("chkLine2_LineInverter"), Qt::Key_Space);
+    QCOMPARE(settingsWritten(*m_shown->camera),
              (QStringList{"SetStringValue LineSource=Line0", "SetBoolValue LineInverter=true"}));
     QVERIFY(feature("LineInverter").stateFor("Line2").boolean);
     QVERIFY(!feature("LineInverter").stateFor("Line3").boolean);
@@ -183,10 +183,10 @@ void tst_AdvTriggerWidgetParts::cellsAreRefreshedWithTheForm()
 {
     feature("LineMode").stateFor("Line0").text = "Output";
     feature("LineInverter").stateFor("Line1").boolean = true;
-    report(*shown, {"LineMode", "LineInverter"});
-    QCOMPARE(shown->find<QComboBox>("cmbLine0_LineMode")->currentText(), QString("Output"));
-    QVERIFY(shown->find<QCheckBox>("chkLine1_LineInverter")->isChecked());
-    QCOMPARE(settingsWritten(*shown->camera), QStringList());
+    report(*m_shown, {"LineMode", "LineInverter"});
+    QCOMPARE(m_shown->find<QComboBox>("cmbLine0_LineMode")->currentText(), QString("Output"));
+    QVERIFY(m_shown->find<QCheckBox>("chkLine1_LineInverter")->isChecked());
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList());
 }
 
 void tst_AdvTriggerWidgetParts::tabKeyGoesThroughTheCellsAndOn()
@@ -197,7 +197,7 @@ void tst_AdvTriggerWidgetParts::tabKeyGoesThroughTheCellsAndOn()
             expected << QString(cell).arg(line);
     expected << "btnTriggerFeaturesStatus";
     // Into the table, which passes the focus on to its first cell.
-    shown->find("btnAdvancedDialog")->setFocus();
+    m_shown->find("btnAdvancedDialog")->setFocus();
     QStringList visited;
     for (int i = 0; i < expected.size(); ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -212,37 +212,37 @@ void tst_AdvTriggerWidgetParts::tabKeyGoesThroughTheCellsAndOn()
     }
     expected.removeLast();
     QCOMPARE(back, QStringList({"btnAdvancedDialog", "tableWidget"}) + expected);
-    QCOMPARE(settingsWritten(*shown->camera), QStringList());
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList());
 }
 
 void tst_AdvTriggerWidgetParts::firstShowAppliesNoPreset()
 {
     const PresetsFile file(PresetsFile::fourPresets());
-    shown = std::make_unique<TabOnCamera>(cameraOfPresetFamily());
-    shown->show();
-    const auto* presets = shown->find<QComboBox>("cmbSelectPreset");
+    m_shown = std::make_unique<TabOnCamera>(cameraOfPresetFamily());
+    m_shown->show();
+    const auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
     QCOMPARE(presets->count(), 4);
     QCOMPARE(presets->currentIndex(), -1);
-    QCOMPARE(settingsWritten(*shown->camera), QStringList());
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList());
 }
 
 void tst_AdvTriggerWidgetParts::pickedPresetIsApplied()
 {
     const PresetsFile file(PresetsFile::fourPresets());
     showWith(cameraOfPresetFamily());
-    auto* presets = shown->find<QComboBox>("cmbSelectPreset");
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
     QTest::keyClick(presets, Qt::Key_End);
     QCOMPARE(presets->currentText(), QString("Three Hundred"));
-    QCOMPARE(settingsWritten(*shown->camera), QStringList{"SetFloatValue TriggerDelay=300"});
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList{"SetFloatValue TriggerDelay=300"});
 }
 
 void tst_AdvTriggerWidgetParts::editInACellTurnsThePresetToCustom()
 {
     const PresetsFile file(PresetsFile::fourPresets());
     showWith(cameraOfPresetFamily());
-    const auto* presets = shown->find<QComboBox>("cmbSelectPreset");
-    shown->find<QComboBox>("cmbSelectPreset")->setCurrentText("Hundred");
-    QTest::keyClick(shown->find("chkLine2_LineInverter"), Qt::Key_Space);
+    const auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
+    m_shown->find<QComboBox>("cmbSelectPreset")->setCurrentText("Hundred");
+    QTest::keyClick(m_shown->find("chkLine2_LineInverter"), Qt::Key_Space);
     QCOMPARE(presets->currentText(), QString("Custom"));
 }
 
@@ -251,72 +251,72 @@ void tst_AdvTriggerWidgetParts::editWithoutCustomPresetKeepsTheSelection()
     const PresetsFile file(R"({"#presets": ["Only"],
                                "Only": {"TriggerDelay": {"#value": 1}}})");
     showWith(cameraOfPresetFamily());
-    auto* presets = shown->find<QComboBox>("cmbSelectPreset");
+    auto* presets = m_shown->find<QComboBox>("cmbSelectPreset");
     presets->setCurrentText("Only");
-    QTest::keyClick(shown->find("chkLine2_LineInverter"), Qt::Key_Space);
+    QTest::keyClick(m_shown->find("chkLine2_LineInverter"), Qt::Key_Space);
     QCOMPARE(presets->currentText(), QString("Only"));
     QCOMPARE(presets->count(), 1);
 }
 
 void tst_AdvTriggerWidgetParts::overviewShowsTheActiveTrigger()
 {
-    const auto* view = shown->find<QTreeView>("treeView");
-    QCOMPARE(view->model(), shown->tab.m_settingsModel->model());
-    QCOMPARE(branches(*shown),
+    const auto* view = m_shown->find<QTreeView>("treeView");
+    QCOMPARE(view->model(), m_shown->tab.m_settingsModel->model());
+    QCOMPARE(branches(*m_shown),
              (QStringList{"Counter inactive", "Timer inactive", "Trigger FrameStart"}));
     QVERIFY(isExpandedThroughout(*view));
 }
 
 void tst_AdvTriggerWidgetParts::overviewFollowsTheForm()
 {
-    auto* view = shown->find<QTreeView>("treeView");
+    auto* view = m_shown->find<QTreeView>("treeView");
     feature("TriggerSource").state().text = "Line1";
     feature("TriggerDelay").state().real = 12.5;
-    report(*shown, {"TriggerSource", "TriggerDelay"});
+    report(*m_shown, {"TriggerSource", "TriggerDelay"});
     QCOMPARE(paintedValue(*view, "TriggerSource"), QString("Line1"));
     QCOMPARE(paintedValue(*view, "TriggerDelay"), QString("12.5"));
 
     feature("TriggerMode").state().text = "Off";
-    report(*shown, {"TriggerMode"});
-    QCOMPARE(branches(*shown),
+    report(*m_shown, {"TriggerMode"});
+    QCOMPARE(branches(*m_shown),
              (QStringList{"Counter inactive", "Timer inactive", "Trigger inactive"}));
     feature("TriggerMode").state().text = "On";
-    report(*shown, {"TriggerMode"});
-    QCOMPARE(branches(*shown).last(), QString("Trigger FrameStart"));
+    report(*m_shown, {"TriggerMode"});
+    QCOMPARE(branches(*m_shown).last(), QString("Trigger FrameStart"));
     QVERIFY(isExpandedThroughout(*view));
-    QCOMPARE(settingsWritten(*shown->camera), QStringList());
+    QCOMPARE(settingsWritten(*m_shown->camera), QStringList());
 }
 
 void tst_AdvTriggerWidgetParts::overviewFollowsFeaturesWithoutWidget()
 {
     feature("CounterEventSource").state().text = "Line1";
-    report(*shown, {"CounterEventSource"});
-    QCOMPARE(branches(*shown),
+    report(*m_shown, {"CounterEventSource"});
+    QCOMPARE(branches(*m_shown),
              (QStringList{"Timer inactive", "Trigger FrameStart", "Counter Counter0"}));
     feature("TimerSelector").state().text = "Timer1";
     feature("TimerTriggerSource").stateFor("Timer1").text = "Line0";
-    report(*shown, {"TimerTriggerSource", "TimerSelector"});
-    QCOMPARE(branches(*shown).last(), QString("Timer Timer1"));
+    report(*m_shown, {"TimerTriggerSource", "TimerSelector"});
+    QCOMPARE(branches(*m_shown).last(), QString("Timer Timer1"));
 }
 
 void tst_AdvTriggerWidgetParts::laterShowsResetTheOverview()
 {
-    shown->tab.hide();
+    m_shown->tab.hide();
     feature("TriggerMode").stateFor("LineStart").text = "On";
-    QSignalSpy removed(shown->tab.m_settingsModel->model(),
+    QSignalSpy removed(m_shown->tab.m_settingsModel->model(),
                        SIGNAL(rowsRemoved(QModelIndex, int, int)));
-    shown->tab.show();
+    m_shown->tab.show();
     QCOMPARE(removed.count(), 1);
-    QCOMPARE(branches(*shown), (QStringList{"Counter inactive", "Timer inactive",
-                                            "Trigger FrameStart", "Trigger LineStart"}));
+    QCOMPARE(branches(*m_shown), (QStringList{"Counter inactive", "Timer inactive",
+                                              "Trigger FrameStart", "Trigger LineStart"}));
 }
 
 void tst_AdvTriggerWidgetParts::laterShowsResetTheOverviewBeforeTheyObserve()
 {
-    shown->tab.hide();
-    shown->camera->clearLog();
-    shown->tab.show();
-    const QStringList calls = toList(shown->camera->calls());
+    m_shown->tab.hide();
+    m_shown->camera->clearLog();
+    m_shown->tab.show();
+    const QStringList calls = toList(m_shown->camera->calls());
     const int putBack = calls.lastIndexOf("SetStringValue TriggerSelector=FrameStart");
     QVERIFY(putBack >= 0);
     QVERIFY(putBack < positionOf(calls, "RegisterObserver TriggerMode"));
@@ -324,21 +324,21 @@ void tst_AdvTriggerWidgetParts::laterShowsResetTheOverviewBeforeTheyObserve()
 
 void tst_AdvTriggerWidgetParts::appliedPresetResetsTheOverview()
 {
-    const PresetsFile file(PresetsFile::fourPresets());
+    const PresetsFile m_file(PresetsFile::fourPresets());
     auto camera = cameraOfPresetFamily();
     (*camera)["TriggerMode"].stateFor("FrameStart").text = "On";
     showWith(std::move(camera));
-    shown->find<QComboBox>("cmbSelectPreset")->setCurrentText("Two Hundred");
-    QCOMPARE(paintedValue(*shown->find<QTreeView>("treeView"), "TriggerDelay"), QString("200"));
+    m_shown->find<QComboBox>("cmbSelectPreset")->setCurrentText("Two Hundred");
+    QCOMPARE(paintedValue(*m_shown->find<QTreeView>("treeView"), "TriggerDelay"), QString("200"));
 }
 
 void tst_AdvTriggerWidgetParts::foldedOverviewIsOutOfReach()
 {
-    QVERIFY(!shown->find("treeView")->isVisible());
+    QVERIFY(!m_shown->find("treeView")->isVisible());
     unfold();
-    QVERIFY(shown->find("treeView")->isVisible());
-    shown->find<CollapsingButton>("btnTriggerFeaturesStatus")->click();
-    QTRY_VERIFY(!shown->find("treeView")->isVisible());
+    QVERIFY(m_shown->find("treeView")->isVisible());
+    m_shown->find<CollapsingButton>("btnTriggerFeaturesStatus")->click();
+    QTRY_VERIFY(!m_shown->find("treeView")->isVisible());
 }
 
 void tst_AdvTriggerWidgetParts::unfoldedOverviewIsShownWhole_data()
@@ -353,17 +353,17 @@ void tst_AdvTriggerWidgetParts::unfoldedOverviewIsShownWhole_data()
 void tst_AdvTriggerWidgetParts::unfoldedOverviewIsShownWhole()
 {
     QFETCH(QSize, size);
-    shown = std::make_unique<TabOnCamera>();
+    m_shown = std::make_unique<TabOnCamera>();
     feature("TriggerMode").state().text = "On";
     feature("TimerTriggerSource").stateFor("Timer0").text = "Line0";
-    shown->tab.m_settingsModel->ResetData();
-    shown->tab.resize(size);
-    shown->showAndSettle();
+    m_shown->tab.m_settingsModel->ResetData();
+    m_shown->tab.resize(size);
+    m_shown->showAndSettle();
     unfold();
-    const auto* view = shown->find<QTreeView>("treeView");
+    const auto* view = m_shown->find<QTreeView>("treeView");
     QTRY_COMPARE(view->verticalScrollBar()->maximum(), 0);
     // Its last row can be scrolled to.
-    auto* area = shown->find<QScrollArea>("scrollArea");
+    auto* area = m_shown->find<QScrollArea>("scrollArea");
     area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
     QCOMPARE(view->visibleRegion().boundingRect().bottom(), view->rect().bottom());
 }
@@ -371,10 +371,10 @@ void tst_AdvTriggerWidgetParts::unfoldedOverviewIsShownWhole()
 void tst_AdvTriggerWidgetParts::unfoldedOverviewGrowsWithItsRows()
 {
     unfold();
-    const auto* view = shown->find<QTreeView>("treeView");
+    const auto* view = m_shown->find<QTreeView>("treeView");
     const int before = view->height();
     feature("TimerTriggerSource").state().text = "Line0";
-    report(*shown, {"TimerTriggerSource"});
+    report(*m_shown, {"TimerTriggerSource"});
     QTRY_VERIFY(view->height() > before);
     QTRY_COMPARE(view->verticalScrollBar()->maximum(), 0);
 }

@@ -1,4 +1,4 @@
-// The tab shown, refreshed, recoloured and told about the camera's acquisition.
+// The tab shown, refreshed and told about the camera's acquisition.
 #include "tests/ui/PresetsFile.h"
 #include "tests/ui/TabUnderTest.h"
 #include "widgets/CollapsingButton.h"
@@ -11,13 +11,6 @@
 #include <QSignalSpy>
 
 namespace {
-
-QPalette paletteOfLightness(int lightness)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor::fromHsl(0, 0, lightness));
-    return palette;
-}
 
 void requestToolTip(QWidget* widget)
 {
@@ -71,27 +64,21 @@ private slots:
     void changeOnTheCameraShowsAfterTheTick();
     void whatFailedOnceIsShownAfterTheNextRefresh_data();
     void whatFailedOnceIsShownAfterTheNextRefresh();
-    void customPresetSelectsTheItemOfThatName();
-    void customPresetWithoutSuchItemKeepsTheSelection();
-    void hintIsColouredForThePalette_data();
-    void hintIsColouredForThePalette();
     void streamingIsPassedOn();
     void streamingLocksThePresetBoxAndShowsTheHint();
     void streamingBeforeTheFirstShowOutlastsTheBinding();
     void streamingLeavesTheOtherWidgets();
-    void nothingIsClippedAtWidth_data();
-    void nothingIsClippedAtWidth();
 
 private:
-    QStringList healthyState;
+    QStringList m_healthyState;
 };
 
 void tst_AdvTriggerWidgetShow::initTestCase()
 {
     TabOnCamera shown;
     shown.showAndSettle();
-    healthyState = stateOf(shown);
-    QCOMPARE(healthyState,
+    m_healthyState = stateOf(shown);
+    QCOMPARE(m_healthyState,
              (QStringList{"FrameStart true", "Off true", "Software true", "RisingEdge true",
                           "0.00 true", "Execute SW Trigger true"}));
 }
@@ -130,7 +117,7 @@ void tst_AdvTriggerWidgetShow::firstShowBinds()
 
 void tst_AdvTriggerWidgetShow::firstShowLeavesNoPresetSelected()
 {
-    const PresetsFile file(PresetsFile::fourPresets());
+    const PresetsFile m_file(PresetsFile::fourPresets());
     TabOnCamera shown(cameraOfPresetFamily());
     const auto* presets = shown.find<QComboBox>("cmbSelectPreset");
     shown.show();
@@ -203,7 +190,7 @@ void tst_AdvTriggerWidgetShow::laterShowsDoNotBindAgain()
 
 void tst_AdvTriggerWidgetShow::laterShowsKeepThePresetChoice()
 {
-    const PresetsFile file(PresetsFile::fourPresets());
+    const PresetsFile m_file(PresetsFile::fourPresets());
     TabOnCamera shown(cameraOfPresetFamily());
     shown.show();
     auto* presets = shown.find<QComboBox>("cmbSelectPreset");
@@ -347,55 +334,8 @@ void tst_AdvTriggerWidgetShow::whatFailedOnceIsShownAfterTheNextRefresh()
     shown.camera->clearFailures();
     *shown.tab.m_changedFeatures = shown.tab.m_observedFeatures;
     shown.tab.tick();
-    QCOMPARE(stateOf(shown), healthyState);
+    QCOMPARE(stateOf(shown), m_healthyState);
     QCOMPARE(settingsWritten(*shown.camera), QStringList());
-}
-
-void tst_AdvTriggerWidgetShow::customPresetSelectsTheItemOfThatName()
-{
-    TabOnCamera shown;
-    shown.show();
-    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
-    presets->addItems({"Turn Off All", "custom", "Custom"});
-    presets->setCurrentIndex(0);
-    shown.tab.SetCustomPreset();
-    QCOMPARE(presets->currentIndex(), 2);
-}
-
-void tst_AdvTriggerWidgetShow::customPresetWithoutSuchItemKeepsTheSelection()
-{
-    TabOnCamera shown;
-    shown.show();
-    auto* presets = shown.find<QComboBox>("cmbSelectPreset");
-    presets->addItems({"Turn Off All", "Reset All"});
-    presets->setCurrentIndex(1);
-    shown.find<QComboBox>("cmbTriggerMode")->setCurrentText("On");
-    QCOMPARE(presets->currentIndex(), 1);
-    QCOMPARE(presets->count(), 2);
-}
-
-void tst_AdvTriggerWidgetShow::hintIsColouredForThePalette_data()
-{
-    QTest::addColumn<int>("lightness");
-    QTest::addColumn<QString>("styleSheet");
-    QTest::newRow("black") << 0 << "color: rgba(56,111,251,255);";
-    QTest::newRow("darkest of the light") << 100 << "color: rgba(50,95,201,255);";
-    QTest::newRow("lightest of the dark") << 99 << "color: rgba(56,111,251,255);";
-    QTest::newRow("white") << 255 << "color: rgba(50,95,201,255);";
-}
-
-void tst_AdvTriggerWidgetShow::hintIsColouredForThePalette()
-{
-    QFETCH(int, lightness);
-    QFETCH(QString, styleSheet);
-    TabOnCamera shown;
-    shown.show();
-    const QWidget* hint = shown.find("lbl_notAcquireHint");
-    // Through the other colour, so that the palette always changes.
-    shown.tab.setPalette(paletteOfLightness(lightness < 100 ? 255 : 0));
-    QVERIFY(hint->styleSheet() != styleSheet);
-    shown.tab.setPalette(paletteOfLightness(lightness));
-    QCOMPARE(hint->styleSheet(), styleSheet);
 }
 
 void tst_AdvTriggerWidgetShow::streamingIsPassedOn()
@@ -446,32 +386,6 @@ void tst_AdvTriggerWidgetShow::streamingLeavesTheOtherWidgets()
     QVERIFY(shown.find("btnTriggerSoftware")->isEnabled());
     QVERIFY(shown.find("chkTooltips")->isEnabled());
     QCOMPARE(toList(shown.camera->calls()), QStringList());
-}
-
-void tst_AdvTriggerWidgetShow::nothingIsClippedAtWidth_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::newRow("narrowest") << 350;
-    QTest::newRow("initial") << 517;
-    QTest::newRow("wide") << 900;
-}
-
-void tst_AdvTriggerWidgetShow::nothingIsClippedAtWidth()
-{
-    QFETCH(int, width);
-    TabOnCamera shown;
-    shown.tab.resize(width, 400);
-    shown.showAndSettle();
-    for (const char* name :
-         {"chkTooltips", "lblTriggerSource", "cmbTriggerSource", "lblTriggerActivation",
-          "cmbTriggerActivation", "lblTriggerSelector", "cmbTriggerSelector", "lblTriggerMode",
-          "cmbTriggerMode", "lblTriggerDelay", "spbTriggerDelay", "btnTriggerSoftware"})
-        QVERIFY2(shown.find(name)->width() >= shown.find(name)->sizeHint().width(), name);
-    const auto left = [&](const char* name) { return shown.find(name)->x(); };
-    QCOMPARE(left("cmbTriggerSource"), left("cmbTriggerSelector"));
-    QCOMPARE(left("cmbTriggerSource"), left("spbTriggerDelay"));
-    QCOMPARE(left("cmbTriggerActivation"), left("cmbTriggerMode"));
-    QCOMPARE(left("cmbTriggerActivation"), left("btnTriggerSoftware"));
 }
 
 QTEST_MAIN(tst_AdvTriggerWidgetShow)

@@ -214,15 +214,15 @@ class tst_BoxBelowEdit : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { file = std::make_unique<PresetsFile>(refusedPresets()); }
-    void cleanupTestCase() { file.reset(); }
+    void initTestCase() { m_file = std::make_unique<PresetsFile>(refusedPresets()); }
+    void cleanupTestCase() { m_file.reset(); }
     void theEditedWidgetOutlivesItsEdit_data();
     void theEditedWidgetOutlivesItsEdit();
     void theFormGoesOnWhereTheBoxWasAnsweredByKey();
     void theSecondBoxOfAPresetMayBeTheLast();
 
 private:
-    std::unique_ptr<PresetsFile> file;
+    std::unique_ptr<PresetsFile> m_file;
 };
 
 void tst_BoxBelowEdit::theEditedWidgetOutlivesItsEdit_data()

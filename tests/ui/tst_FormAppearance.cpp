@@ -4,6 +4,7 @@
 #include "tests/ui/TabUnderTest.h"
 #include "widgets/CollapsingButton.h"
 
+#include <QAbstractEventDispatcher>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScrollArea>
@@ -11,7 +12,7 @@
 #include <QSignalSpy>
 #include <QTableWidget>
 
-#include <utility>
+#include <algorithm>
 
 namespace {
 
@@ -37,20 +38,32 @@ QStringList placesOfParts(const QWidget& form)
     return places;
 }
 
-/// The same once the form has come to rest: a combo box takes its time to adjust to its entries.
-QStringList placesAtRest(const QWidget& form)
-{
-    QStringList places;
-    while (std::exchange(places, placesOfParts(form)) != places)
-        QTest::qWait(50);
-    return places;
-}
-
 /// What has to move, moves with the next turn of the event loop.
 void layOut()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     QCoreApplication::processEvents();
+}
+
+/// Whether a combo box has yet to adjust to its entries, for which it takes its time.
+bool isAdjusting(const QWidget& form)
+{
+    const auto* dispatcher = QAbstractEventDispatcher::instance();
+    const auto hasTimer = [&](QObject* part) {
+        return part->inherits("QComboBoxPrivateContainer") &&
+               !dispatcher->registeredTimers(part).isEmpty();
+    };
+    const auto parts = form.findChildren<QObject*>();
+    return std::any_of(parts.begin(), parts.end(), hasTimer);
+}
+
+/// The same once the form has come to rest.
+QStringList placesAtRest(const QWidget& form)
+{
+    if (!QTest::qWaitFor([&] { return !isAdjusting(form); }))
+        return {"never at rest"};
+    layOut();
+    return placesOfParts(form);
 }
 
 QRect placeOf(const QWidget& widget, const QWidget& form)
@@ -116,6 +129,8 @@ private slots:
     void tableUsesTheWidthOfTheDialog_data();
     void tableUsesTheWidthOfTheDialog();
     void formHasNoFrameOfItsOwn();
+    void nothingIsClippedAtWidth_data();
+    void nothingIsClippedAtWidth();
 
 private:
     static void addWindowSizes();
@@ -343,6 +358,32 @@ void tst_FormAppearance::formHasNoFrameOfItsOwn()
     dialog.showAndSettle();
     for (const char* name : {"scrollArea", "scrollArea_2"})
         QCOMPARE(dialog.find<QScrollArea>(name)->frameWidth(), 0);
+}
+
+void tst_FormAppearance::nothingIsClippedAtWidth_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::newRow("narrowest") << 350;
+    QTest::newRow("initial") << 517;
+    QTest::newRow("wide") << 900;
+}
+
+void tst_FormAppearance::nothingIsClippedAtWidth()
+{
+    QFETCH(int, width);
+    TabOnCamera shown;
+    shown.tab.resize(width, 400);
+    shown.showAndSettle();
+    for (const char* name :
+         {"chkTooltips", "lblTriggerSource", "cmbTriggerSource", "lblTriggerActivation",
+          "cmbTriggerActivation", "lblTriggerSelector", "cmbTriggerSelector", "lblTriggerMode",
+          "cmbTriggerMode", "lblTriggerDelay", "spbTriggerDelay", "btnTriggerSoftware"})
+        QVERIFY2(shown.find(name)->width() >= shown.find(name)->sizeHint().width(), name);
+    const auto left = [&](const char* name) { return shown.find(name)->x(); };
+    QCOMPARE(left("cmbTriggerSource"), left("cmbTriggerSelector"));
+    QCOMPARE(left("cmbTriggerSource"), left("spbTriggerDelay"));
+    QCOMPARE(left("cmbTriggerActivation"), left("cmbTriggerMode"));
+    QCOMPARE(left("cmbTriggerActivation"), left("btnTriggerSoftware"));
 }
 
 QTEST_MAIN(tst_FormAppearance)

@@ -112,18 +112,22 @@ private slots:
 
 private:
     void addForms() const;
-    const Form& form(const QString& name) const { return name.contains("Dialog") ? dialog : tab; }
+    const Form& form(const QString& name) const
+    {
+        return name.contains("Dialog") ? m_dialog : m_tab;
+    }
     const Form& currentForm() const
     {
         QFETCH(QString, name);
         return form(name);
     }
 
-    TabOnCamera builtTab;
-    DialogOnCamera builtDialog;
-    const Form tab{readForm("AdvTriggerWidget.ui"), &builtTab.tab, builtTab.tab.m_exemptWidgets, 9};
-    const Form dialog{readForm("AdvTriggerDialog.ui"), builtDialog.content,
-                      builtDialog.content->m_exemptWidgets, 51};
+    TabOnCamera m_builtTab;
+    DialogOnCamera m_builtDialog;
+    const Form m_tab{readForm("AdvTriggerWidget.ui"), &m_builtTab.tab,
+                     m_builtTab.tab.m_exemptWidgets, 9};
+    const Form m_dialog{readForm("AdvTriggerDialog.ui"), m_builtDialog.content,
+                        m_builtDialog.content->m_exemptWidgets, 51};
 };
 
 void tst_FormLint::addForms() const
@@ -158,7 +162,7 @@ void tst_FormLint::inputWidgetNamesAFeatureOrIsExempt()
     QFETCH(QString, widget);
     QFETCH(QString, prefix);
     QCOMPARE(widget.left(3), prefix);
-    const bool isFeature = builtTab.camera->find(widget.mid(3).toStdString()) != nullptr;
+    const bool isFeature = m_builtTab.camera->find(widget.mid(3).toStdString()) != nullptr;
     QVERIFY(isFeature != currentForm().exempt.contains(widget));
 }
 
@@ -256,7 +260,7 @@ void tst_FormLint::textsAreTheAgreedOnes()
                                   "Status",
                                   "LineStatus",
                                   "Show Trigger Features Status:"};
-    QCOMPARE(tab.file.texts, expected);
+    QCOMPARE(m_tab.file.texts, expected);
 }
 
 QTEST_MAIN(tst_FormLint)

@@ -61,62 +61,62 @@ private slots:
 private:
     void select(const char* entry)
     {
-        (*camera)["TriggerSelector"].state().text = entry;
-        form->tree.OnFeatureChanged("TriggerSelector", entry);
+        (*m_camera)["TriggerSelector"].state().text = entry;
+        m_form->tree.OnFeatureChanged("TriggerSelector", entry);
     }
     void switchTo(const char* mode)
     {
-        (*camera)["TriggerMode"].state().text = mode;
-        form->tree.OnFeatureChanged("TriggerMode", mode);
+        (*m_camera)["TriggerMode"].state().text = mode;
+        m_form->tree.OnFeatureChanged("TriggerMode", mode);
     }
     /// A camera that has a single counter and no selector for it.
     void onCameraWithOneCounter()
     {
-        form.reset();
-        camera = std::make_unique<Fake::FakeCamera>();
-        camera->addEnum("CounterEventSource", {"Off", "Line0"}, "Line0");
-        form = std::make_unique<TreeForm>(*camera);
+        m_form.reset();
+        m_camera = std::make_unique<Fake::FakeCamera>();
+        m_camera->addEnum("CounterEventSource", {"Off", "Line0"}, "Line0");
+        m_form = std::make_unique<TreeForm>(*m_camera);
     }
-    QStringList triggerLines() const { return form->lines().mid(2); }
+    QStringList triggerLines() const { return m_form->lines().mid(2); }
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TreeForm> form;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TreeForm> m_form;
 };
 
 void tst_SettingsTreeChanges::init()
 {
-    camera = triggerCamera();
-    form = std::make_unique<TreeForm>(*camera);
-    camera->clearLog();
+    m_camera = triggerCamera();
+    m_form = std::make_unique<TreeForm>(*m_camera);
+    m_camera->clearLog();
 }
 
 void tst_SettingsTreeChanges::cleanup()
 {
-    form.reset();
-    camera.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 void tst_SettingsTreeChanges::findsTheRowOfTheCurrentEntryOnly()
 {
-    QCOMPARE(form->tree.findItem("TriggerDelay"), nullptr);
+    QCOMPARE(m_form->tree.findItem("TriggerDelay"), nullptr);
     select("FrameStart");
-    const QStandardItem* item = form->tree.findItem("TriggerDelay");
+    const QStandardItem* item = m_form->tree.findItem("TriggerDelay");
     QVERIFY(item);
     QCOMPARE(item->text(), QString("TriggerDelay"));
     QCOMPARE(item->column(), 0);
-    QCOMPARE(item->parent(), form->model().item(2, 0));
-    QCOMPARE(form->tree.findItem("TriggerDela"), nullptr);
-    QCOMPARE(form->tree.findItem("triggerdelay"), nullptr);
-    QCOMPARE(form->tree.findItem("Trigger"), nullptr);
+    QCOMPARE(item->parent(), m_form->model().item(2, 0));
+    QCOMPARE(m_form->tree.findItem("TriggerDela"), nullptr);
+    QCOMPARE(m_form->tree.findItem("triggerdelay"), nullptr);
+    QCOMPARE(m_form->tree.findItem("Trigger"), nullptr);
 }
 
 void tst_SettingsTreeChanges::findsAmongSeveralBranchesTheCurrentOne()
 {
-    (*camera)["TriggerMode"].stateFor("LineStart").text = "On";
-    form->tree.ResetData();
-    QCOMPARE(form->tree.findItem("TriggerDelay")->parent(), form->model().item(3, 0));
+    (*m_camera)["TriggerMode"].stateFor("LineStart").text = "On";
+    m_form->tree.ResetData();
+    QCOMPARE(m_form->tree.findItem("TriggerDelay")->parent(), m_form->model().item(3, 0));
     select("FrameStart");
-    QCOMPARE(form->tree.findItem("TriggerDelay")->parent(), form->model().item(2, 0));
+    QCOMPARE(m_form->tree.findItem("TriggerDelay")->parent(), m_form->model().item(2, 0));
 }
 
 void tst_SettingsTreeChanges::valueOfTheCurrentEntryIsShown_data()
@@ -134,59 +134,59 @@ void tst_SettingsTreeChanges::valueOfTheCurrentEntryIsShown()
     QFETCH(QVariant, value);
     QFETCH(QString, line);
     select("FrameStart");
-    form->tree.OnFeatureChanged(feature, value);
+    m_form->tree.OnFeatureChanged(feature, value);
     QVERIFY(triggerLines().contains(line));
     QCOMPARE(triggerLines().size(), 4);
-    const QStandardItem* name = form->tree.findItem(feature);
+    const QStandardItem* name = m_form->tree.findItem(feature);
     QCOMPARE(name->parent()->child(name->row(), 1)->data(Qt::DisplayRole), value);
 }
 
 void tst_SettingsTreeChanges::valueOfAnotherEntryChangesNothing()
 {
-    const QStringList before = form->lines();
+    const QStringList before = m_form->lines();
     // LineStart is selected; FrameStart is the one shown.
-    form->tree.OnFeatureChanged("TriggerDelay", 99.0);
-    QCOMPARE(form->lines(), before);
+    m_form->tree.OnFeatureChanged("TriggerDelay", 99.0);
+    QCOMPARE(m_form->lines(), before);
 }
 
 void tst_SettingsTreeChanges::changeOfASelectorKeepsTheRows()
 {
-    const QStringList before = form->lines();
+    const QStringList before = m_form->lines();
     select("FrameStart");
-    QCOMPARE(form->lines(), before);
+    QCOMPARE(m_form->lines(), before);
 }
 
 void tst_SettingsTreeChanges::changeOfASelectorIsReadFromTheCamera()
 {
-    (*camera)["TriggerSelector"].state().text = "FrameStart";
+    (*m_camera)["TriggerSelector"].state().text = "FrameStart";
     // The report may be older than what the camera has now.
-    form->tree.OnFeatureChanged("TriggerSelector", "LineStart");
-    QVERIFY(form->tree.findItem("TriggerDelay"));
-    QCOMPARE(camera->callCount("GetStringValue", "TriggerSelector"), 2);
+    m_form->tree.OnFeatureChanged("TriggerSelector", "LineStart");
+    QVERIFY(m_form->tree.findItem("TriggerDelay"));
+    QCOMPARE(m_camera->callCount("GetStringValue", "TriggerSelector"), 2);
 }
 
 void tst_SettingsTreeChanges::selectorOfAnotherKindChangesNothing()
 {
-    const QStringList before = form->lines();
-    form->tree.OnFeatureChanged("LineSelector", "FrameStart");
-    form->tree.OnFeatureChanged("LineMode", "On");
-    QCOMPARE(form->lines(), before);
-    QVERIFY(camera->calls().empty());
+    const QStringList before = m_form->lines();
+    m_form->tree.OnFeatureChanged("LineSelector", "FrameStart");
+    m_form->tree.OnFeatureChanged("LineMode", "On");
+    QCOMPARE(m_form->lines(), before);
+    QVERIFY(m_camera->calls().empty());
 }
 
 void tst_SettingsTreeChanges::statusOffRemovesTheBranch()
 {
     select("FrameStart");
     switchTo("Off");
-    QCOMPARE(form->lines(),
+    QCOMPARE(m_form->lines(),
              (QStringList{"Counter: inactive", "Timer: inactive", "Trigger: inactive"}));
-    QCOMPARE(form->model().item(2, 0)->data(Qt::UserRole).toString(), QString("inactive"));
+    QCOMPARE(m_form->model().item(2, 0)->data(Qt::UserRole).toString(), QString("inactive"));
 }
 
 void tst_SettingsTreeChanges::statusOffOfOneOfTwoKeepsTheOther()
 {
-    (*camera)["TriggerMode"].stateFor("LineStart").text = "On";
-    form->tree.ResetData();
+    (*m_camera)["TriggerMode"].stateFor("LineStart").text = "On";
+    m_form->tree.ResetData();
     switchTo("Off");
     QCOMPARE(triggerLines(), (QStringList{"Trigger: FrameStart", "  TriggerMode: On",
                                           "  TriggerSource: Software", "  TriggerDelay: 0.5"}));
@@ -202,9 +202,9 @@ void tst_SettingsTreeChanges::statusOffTwiceLeavesOneInactiveRow()
 
 void tst_SettingsTreeChanges::statusOffOfAnEntryWithoutBranchChangesNothing()
 {
-    const QStringList before = form->lines();
+    const QStringList before = m_form->lines();
     switchTo("Off");
-    QCOMPARE(form->lines(), before);
+    QCOMPARE(m_form->lines(), before);
 }
 
 void tst_SettingsTreeChanges::statusOnAddsTheBranch()
@@ -212,19 +212,19 @@ void tst_SettingsTreeChanges::statusOnAddsTheBranch()
     select("FrameStart");
     switchTo("Off");
     select("LineStart");
-    (*camera)["TriggerDelay"].stateFor("LineStart").real = 3;
+    (*m_camera)["TriggerDelay"].stateFor("LineStart").real = 3;
     switchTo("On");
     QCOMPARE(triggerLines(), (QStringList{"Trigger: LineStart", "  TriggerMode: On",
                                           "  TriggerSource: Software", "  TriggerDelay: 3"}));
-    QCOMPARE(form->model().item(2, 0)->font().weight(), 75);
+    QCOMPARE(m_form->model().item(2, 0)->font().weight(), 75);
 }
 
 void tst_SettingsTreeChanges::statusOnTwiceAddsOneBranch()
 {
     switchTo("On");
     switchTo("On");
-    QCOMPARE(form->branches(), (QStringList{"Counter: inactive", "Timer: inactive",
-                                            "Trigger: FrameStart", "Trigger: LineStart"}));
+    QCOMPARE(m_form->branches(), (QStringList{"Counter: inactive", "Timer: inactive",
+                                              "Trigger: FrameStart", "Trigger: LineStart"}));
 }
 
 void tst_SettingsTreeChanges::statusOnShowsItsValueInTheExistingBranch()
@@ -240,7 +240,7 @@ void tst_SettingsTreeChanges::statusSwitchedOffAndOnIsCurrent()
 {
     select("FrameStart");
     switchTo("Off");
-    (*camera)["TriggerSource"].state().text = "Line0";
+    (*m_camera)["TriggerSource"].state().text = "Line0";
     switchTo("On");
     QCOMPARE(triggerLines(), (QStringList{"Trigger: FrameStart", "  TriggerMode: On",
                                           "  TriggerSource: Line0", "  TriggerDelay: 0.5"}));
@@ -250,9 +250,9 @@ void tst_SettingsTreeChanges::statusWithoutSelectedEntryAddsNothing()
 {
     select("FrameStart");
     switchTo("Off");
-    camera->failEverything();
-    form->tree.OnFeatureChanged("TriggerSelector", QString());
-    form->tree.OnFeatureChanged("TriggerMode", QString());
+    m_camera->failEverything();
+    m_form->tree.OnFeatureChanged("TriggerSelector", QString());
+    m_form->tree.OnFeatureChanged("TriggerMode", QString());
     QCOMPARE(triggerLines(), QStringList{"Trigger: inactive"});
 }
 
@@ -260,29 +260,29 @@ void tst_SettingsTreeChanges::statusUnderAnUnreadableSelectorAddsNothing()
 {
     select("FrameStart");
     switchTo("Off");
-    (*camera)["TriggerSelector"].state().readable = false;
-    form->tree.OnFeatureChanged("TriggerSelector", QString());
-    form->tree.OnFeatureChanged("TriggerMode", "On");
+    (*m_camera)["TriggerSelector"].state().readable = false;
+    m_form->tree.OnFeatureChanged("TriggerSelector", QString());
+    m_form->tree.OnFeatureChanged("TriggerMode", "On");
     QCOMPARE(triggerLines(), QStringList{"Trigger: inactive"});
 }
 
 void tst_SettingsTreeChanges::statusOfACounterWithoutSelectorAddsItsBranch()
 {
     onCameraWithOneCounter();
-    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    m_form->tree.OnFeatureChanged("CounterEventSource", "Line0");
     // Nothing is selected where there is nothing to select by.
-    QCOMPARE(form->lines(), (QStringList{"Timer: inactive", "Trigger: inactive", "Counter: "}));
-    QCOMPARE(form->model().item(2, 0)->font().weight(), 75);
-    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
-    QCOMPARE(form->branches().size(), 3);
+    QCOMPARE(m_form->lines(), (QStringList{"Timer: inactive", "Trigger: inactive", "Counter: "}));
+    QCOMPARE(m_form->model().item(2, 0)->font().weight(), 75);
+    m_form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    QCOMPARE(m_form->branches().size(), 3);
 }
 
 void tst_SettingsTreeChanges::statusOffOfACounterWithoutSelectorRemovesItsBranch()
 {
     onCameraWithOneCounter();
-    form->tree.OnFeatureChanged("CounterEventSource", "Line0");
-    form->tree.OnFeatureChanged("CounterEventSource", "Off");
-    QCOMPARE(form->lines(),
+    m_form->tree.OnFeatureChanged("CounterEventSource", "Line0");
+    m_form->tree.OnFeatureChanged("CounterEventSource", "Off");
+    QCOMPARE(m_form->lines(),
              (QStringList{"Timer: inactive", "Trigger: inactive", "Counter: inactive"}));
 }
 
@@ -305,35 +305,35 @@ void tst_SettingsTreeChanges::everyKindFollowsItsStatus()
 {
     QFETCH(QString, status);
     QFETCH(QStringList, branches);
-    form.reset();
-    camera = Fake::FakeCamera::standard();
-    form = std::make_unique<TreeForm>(*camera);
-    form->tree.OnFeatureChanged(status, "Line0");
-    QCOMPARE(form->branches(), branches);
-    form->tree.OnFeatureChanged(status, "Off");
-    QCOMPARE(form->branches().last(), branches.last().section(':', 0, 0) + ": inactive");
-    QCOMPARE(form->branches().size(), 3);
+    m_form.reset();
+    m_camera = Fake::FakeCamera::standard();
+    m_form = std::make_unique<TreeForm>(*m_camera);
+    m_form->tree.OnFeatureChanged(status, "Line0");
+    QCOMPARE(m_form->branches(), branches);
+    m_form->tree.OnFeatureChanged(status, "Off");
+    QCOMPARE(m_form->branches().last(), branches.last().section(':', 0, 0) + ": inactive");
+    QCOMPARE(m_form->branches().size(), 3);
 }
 
 void tst_SettingsTreeChanges::selectionInOneReportAppliesToTheNext()
 {
     // The order in which a refresh reports: selectors first.
-    (*camera)["TriggerSelector"].state().text = "FrameStart";
-    (*camera)["TriggerDelay"].state().real = 42;
-    form->tree.OnFeatureChanged("TriggerSelector", "FrameStart");
-    form->tree.OnFeatureChanged("TriggerDelay", 42.0);
+    (*m_camera)["TriggerSelector"].state().text = "FrameStart";
+    (*m_camera)["TriggerDelay"].state().real = 42;
+    m_form->tree.OnFeatureChanged("TriggerSelector", "FrameStart");
+    m_form->tree.OnFeatureChanged("TriggerDelay", 42.0);
     QCOMPARE(triggerLines().last(), QString("  TriggerDelay: 42"));
 }
 
 void tst_SettingsTreeChanges::entryWithUnderscoreIsFound()
 {
-    form.reset();
-    camera = std::make_unique<Fake::FakeCamera>();
-    camera->addEnum("TriggerSelector", {"Frame_Start"}, "Frame_Start");
-    camera->addEnum("TriggerMode", {"Off", "On"}, "On");
-    camera->select("TriggerSelector", {"TriggerMode"});
-    form = std::make_unique<TreeForm>(*camera);
-    QCOMPARE(form->tree.findItem("TriggerMode")->data(Qt::UserRole).toString(),
+    m_form.reset();
+    m_camera = std::make_unique<Fake::FakeCamera>();
+    m_camera->addEnum("TriggerSelector", {"Frame_Start"}, "Frame_Start");
+    m_camera->addEnum("TriggerMode", {"Off", "On"}, "On");
+    m_camera->select("TriggerSelector", {"TriggerMode"});
+    m_form = std::make_unique<TreeForm>(*m_camera);
+    QCOMPARE(m_form->tree.findItem("TriggerMode")->data(Qt::UserRole).toString(),
              QString("TriggerSelector_Frame_Start"));
 }
 
@@ -342,8 +342,8 @@ void tst_SettingsTreeChanges::changesNeverWrite()
     select("FrameStart");
     switchTo("Off");
     switchTo("On");
-    form->tree.OnFeatureChanged("TriggerDelay", 1.0);
-    QVERIFY(camera->writes().empty());
+    m_form->tree.OnFeatureChanged("TriggerDelay", 1.0);
+    QVERIFY(m_camera->writes().empty());
 }
 
 void tst_SettingsTreeChanges::cameraThatFailsMidwayLeavesATree()

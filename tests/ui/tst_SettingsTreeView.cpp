@@ -39,34 +39,34 @@ private:
     bool isUnfolded() const;
     QString shownValue(const QString& feature) const;
 
-    std::unique_ptr<Fake::FakeCamera> camera;
-    std::unique_ptr<TreeForm> form;
-    std::unique_ptr<QTreeView> view;
-    Reporter reporter;
+    std::unique_ptr<Fake::FakeCamera> m_camera;
+    std::unique_ptr<TreeForm> m_form;
+    std::unique_ptr<QTreeView> m_view;
+    Reporter m_reporter;
 };
 
 void tst_SettingsTreeView::init()
 {
-    camera = triggerCamera();
+    m_camera = triggerCamera();
     // The reports are about the one that the overview shows.
-    camera->find("TriggerSelector")->state().text = "FrameStart";
-    form = std::make_unique<TreeForm>(*camera);
-    view = std::make_unique<QTreeView>();
-    form->tree.showIn(view.get(), &reporter);
+    m_camera->find("TriggerSelector")->state().text = "FrameStart";
+    m_form = std::make_unique<TreeForm>(*m_camera);
+    m_view = std::make_unique<QTreeView>();
+    m_form->tree.showIn(m_view.get(), &m_reporter);
 }
 
 void tst_SettingsTreeView::cleanup()
 {
-    view.reset();
-    form.reset();
-    camera.reset();
+    m_view.reset();
+    m_form.reset();
+    m_camera.reset();
 }
 
 bool tst_SettingsTreeView::isUnfolded() const
 {
-    for (int row = 0; row < form->model().rowCount(); ++row) {
-        const QModelIndex branch = form->model().index(row, 0);
-        if (form->model().hasChildren(branch) && !view->isExpanded(branch))
+    for (int row = 0; row < m_form->model().rowCount(); ++row) {
+        const QModelIndex branch = m_form->model().index(row, 0);
+        if (m_form->model().hasChildren(branch) && !m_view->isExpanded(branch))
             return false;
     }
     return true;
@@ -75,41 +75,41 @@ bool tst_SettingsTreeView::isUnfolded() const
 /// As the view paints it on a desktop with other numbers.
 QString tst_SettingsTreeView::shownValue(const QString& feature) const
 {
-    const auto names = form->model().findItems(feature, Qt::MatchExactly | Qt::MatchRecursive);
+    const auto names = m_form->model().findItems(feature, Qt::MatchExactly | Qt::MatchRecursive);
     if (names.size() != 1)
         return QStringLiteral("no such row");
     const QVariant value = names.first()->index().siblingAtColumn(1).data();
-    return qobject_cast<QStyledItemDelegate*>(view->itemDelegate())
+    return qobject_cast<QStyledItemDelegate*>(m_view->itemDelegate())
         ->displayText(value, QLocale(QLocale::German));
 }
 
 void tst_SettingsTreeView::showsTheTreeUnfolded()
 {
-    QCOMPARE(view->model(), form->tree.model());
-    QCOMPARE(form->branches().last(), QString("Trigger: FrameStart"));
+    QCOMPARE(m_view->model(), m_form->tree.model());
+    QCOMPARE(m_form->branches().last(), QString("Trigger: FrameStart"));
     QVERIFY(isUnfolded());
 }
 
 void tst_SettingsTreeView::fitsItsColumns()
 {
-    QCOMPARE(view->header()->sectionResizeMode(0), QHeaderView::ResizeToContents);
-    QVERIFY(view->header()->stretchLastSection());
+    QCOMPARE(m_view->header()->sectionResizeMode(0), QHeaderView::ResizeToContents);
+    QVERIFY(m_view->header()->stretchLastSection());
 }
 
 void tst_SettingsTreeView::unfoldsWheneverRowsAreInserted()
 {
-    view->collapseAll();
+    m_view->collapseAll();
     QVERIFY(!isUnfolded());
-    form->tree.addSelectorBranch("TriggerSelector", "LineStart");
+    m_form->tree.addSelectorBranch("TriggerSelector", "LineStart");
     QVERIFY(isUnfolded());
 }
 
 void tst_SettingsTreeView::followsTheReporter()
 {
-    emit reporter.FeatureChanged("TriggerSource", "Line0");
+    emit m_reporter.FeatureChanged("TriggerSource", "Line0");
     QCOMPARE(shownValue("TriggerSource"), QString("Line0"));
-    emit reporter.FeatureChanged("TriggerMode", "Off");
-    QCOMPARE(form->branches().last(), QString("Trigger: inactive"));
+    emit m_reporter.FeatureChanged("TriggerMode", "Off");
+    QCOMPARE(m_form->branches().last(), QString("Trigger: inactive"));
 }
 
 void tst_SettingsTreeView::showsSixDigitsHoweverTheNumberArrived_data()
@@ -125,16 +125,16 @@ void tst_SettingsTreeView::showsSixDigitsHoweverTheNumberArrived()
 {
     QFETCH(double, delay);
     QFETCH(QString, shown);
-    emit reporter.FeatureChanged("TriggerDelay", delay);
+    emit m_reporter.FeatureChanged("TriggerDelay", delay);
     QCOMPARE(shownValue("TriggerDelay"), shown);
-    (*camera)["TriggerDelay"].stateFor("FrameStart").real = delay;
-    form->tree.ResetData();
+    (*m_camera)["TriggerDelay"].stateFor("FrameStart").real = delay;
+    m_form->tree.ResetData();
     QCOMPARE(shownValue("TriggerDelay"), shown);
 }
 
 void tst_SettingsTreeView::hasANameForAssistiveTechnology()
 {
-    QCOMPARE(view->accessibleName(), QString("Trigger features status"));
+    QCOMPARE(m_view->accessibleName(), QString("Trigger features status"));
 }
 
 QTEST_MAIN(tst_SettingsTreeView)

@@ -11,7 +11,7 @@
 
 namespace {
 
-const QStringList desktops = {"en_US", "de_DE", "fr_FR", "sv_SE", "de_CH", "ar_EG"};
+const QStringList Desktops = {"en_US", "de_DE", "fr_FR", "sv_SE", "de_CH", "ar_EG"};
 
 QLineEdit& textOf(QWidget& field)
 {
@@ -77,22 +77,22 @@ private:
     void openDialog();
     /// Has the timer run with a duty cycle of a third, which shows more decimals than may be typed.
     void showAThird();
-    QWidget& field(const char* name) const { return *dialog->find(name); }
+    QWidget& field(const char* name) const { return *m_dialog->find(name); }
 
-    PresetsFile presets{PresetsFile::fourPresets()};
-    std::unique_ptr<DialogOnCamera> dialog;
+    PresetsFile m_presets{PresetsFile::fourPresets()};
+    std::unique_ptr<DialogOnCamera> m_dialog;
 };
 
 void tst_TypingInForms::cleanup()
 {
-    dialog.reset();
+    m_dialog.reset();
     QLocale::setDefault(QLocale::c());
 }
 
 void tst_TypingInForms::everyDesktop()
 {
     QTest::addColumn<bool>("unused");
-    for (const QString& desktop : desktops)
+    for (const QString& desktop : Desktops)
         QTest::newRow(qPrintable(desktop)) << true;
 }
 
@@ -100,13 +100,13 @@ void tst_TypingInForms::everyDesktop()
 /// select.
 void tst_TypingInForms::openDialog()
 {
-    dialog = std::make_unique<DialogOnCamera>(cameraOfPresetFamily(), 0);
-    dialog->showAndSettle();
-    for (QAbstractButton* button : dialog->content->findChildren<QAbstractButton*>())
+    m_dialog = std::make_unique<DialogOnCamera>(cameraOfPresetFamily(), 0);
+    m_dialog->showAndSettle();
+    for (QAbstractButton* button : m_dialog->content->findChildren<QAbstractButton*>())
         if (button->inherits("CollapsingButton"))
             button->click();
-    dialog->find<QGroupBox>("grpPWM")->setChecked(true);
-    dialog->camera->clearLog();
+    m_dialog->find<QGroupBox>("grpPWM")->setChecked(true);
+    m_dialog->camera->clearLog();
 }
 
 void tst_TypingInForms::commaActsAsThePointInTheTab()
@@ -135,7 +135,7 @@ void tst_TypingInForms::commaActsAsThePointInTheDialog()
         QVERIFY2(textOf(field(name)).text() == "2.5", name);
         QTest::keyClick(&field(name), Qt::Key_Escape);
     }
-    QVERIFY(dialog->window.isVisible());
+    QVERIFY(m_dialog->window.isVisible());
 }
 
 void tst_TypingInForms::commaIsWrittenAsThePoint()
@@ -144,7 +144,7 @@ void tst_TypingInForms::commaIsWrittenAsThePoint()
     openDialog();
     type(field("spbTimerDelay"), "2,5");
     QTest::keyClick(&field("spbTimerDelay"), Qt::Key_Return);
-    QCOMPARE(dialog->writes(), QStringList("SetFloatValue TimerDelay=2.5"));
+    QCOMPARE(m_dialog->writes(), QStringList("SetFloatValue TimerDelay=2.5"));
 }
 
 void tst_TypingInForms::wholeNumbersTakeNoComma()
@@ -161,7 +161,7 @@ void tst_TypingInForms::wholeNumbersTakeNoComma()
             QVERIFY2(textOf(field(name)).text() == before, name);
         }
     }
-    QCOMPARE(dialog->writes(), QStringList());
+    QCOMPARE(m_dialog->writes(), QStringList());
 }
 
 void tst_TypingInForms::groupsAreRefusedWhole()
@@ -182,11 +182,11 @@ void tst_TypingInForms::numbersAreShownInEnglish()
 {
     goAbroad();
     openDialog();
-    dialog->feature("TriggerDelay").state().real = 1234.5;
-    dialog->feature("LineDebounceDuration").stateFor("Line0").real = 0.25;
-    dialog->feature("TimerDuration").state().real = 1.0;
-    dialog->feature("TimerDelay").state().real = 2.0;
-    dialog->content->report(
+    m_dialog->feature("TriggerDelay").state().real = 1234.5;
+    m_dialog->feature("LineDebounceDuration").stateFor("Line0").real = 0.25;
+    m_dialog->feature("TimerDuration").state().real = 1.0;
+    m_dialog->feature("TimerDelay").state().real = 2.0;
+    m_dialog->content->report(
         {"TriggerDelay", "LineDebounceDuration", "TimerDelay", "TimerDuration"});
     QCOMPARE(textOf(field("spbTriggerDelay")).text(), QString("1234.50"));
     QCOMPARE(textOf(field("spbLine0_LineDebounceDuration")).text(), QString("0.250000"));
@@ -218,11 +218,11 @@ void tst_TypingInForms::pwmInputIsTheSameOnEveryDesktop()
 
 void tst_TypingInForms::showAThird()
 {
-    dialog->feature("TimerDuration").state().real = 1.0;
-    dialog->feature("TimerDelay").state().real = 2.0;
-    dialog->content->report({"TimerDelay", "TimerDuration"});
+    m_dialog->feature("TimerDuration").state().real = 1.0;
+    m_dialog->feature("TimerDelay").state().real = 2.0;
+    m_dialog->content->report({"TimerDelay", "TimerDuration"});
     QCOMPARE(textOf(field("txtPWMDutyCycle")).text(), QString("33.3333"));
-    dialog->camera->clearLog();
+    m_dialog->camera->clearLog();
 }
 
 void tst_TypingInForms::refusedPasteLeavesLongDecimalsAlone_data()
@@ -244,7 +244,7 @@ void tst_TypingInForms::refusedPasteLeavesLongDecimalsAlone()
     dutyCycle.insert(QString(" ") + QTest::currentDataTag());
     QCOMPARE(dutyCycle.text(), QString("33.3333"));
     QTest::keyClick(&dutyCycle, Qt::Key_Return);
-    QCOMPARE(dialog->writes(), QStringList());
+    QCOMPARE(m_dialog->writes(), QStringList());
 }
 
 void tst_TypingInForms::longDecimalsCanBeEdited()
@@ -258,7 +258,7 @@ void tst_TypingInForms::longDecimalsCanBeEdited()
     QCOMPARE(dutyCycle.text(), QString("33.333"));
     QTest::keyClick(&dutyCycle, Qt::Key_Backspace);
     QTest::keyClick(&dutyCycle, Qt::Key_Return);
-    QCOMPARE(dialog->writes().size(), 2);
+    QCOMPARE(m_dialog->writes().size(), 2);
     showAThird();
     paste(dutyCycle, "12,5");
     QCOMPARE(dutyCycle.text(), QString("12.5"));
@@ -271,8 +271,8 @@ void tst_TypingInForms::pwmIsSetByNumbersWithCommas()
     type(field("txtPWMFrequency"), "2000,5");
     type(field("txtPWMDutyCycle"), "12,5");
     QTest::keyClick(&field("txtPWMDutyCycle"), Qt::Key_Return);
-    QCOMPARE(dialog->feature("TimerDuration").state().real, 62.4844);
-    QCOMPARE(dialog->feature("TimerDelay").state().real, 437.391);
+    QCOMPARE(m_dialog->feature("TimerDuration").state().real, 62.4844);
+    QCOMPARE(m_dialog->feature("TimerDelay").state().real, 437.391);
 }
 
 void tst_TypingInForms::polledDelayCanBeTyped()
@@ -315,28 +315,28 @@ void tst_TypingInForms::halfTypedPwmIsLeftAlone()
     const char* name = QTest::currentDataTag();
     openDialog();
     type(field(name), "2");
-    dialog->feature("TimerDuration").state().real = 250.0;
-    dialog->feature("TimerDelay").state().real = 750.0;
-    dialog->content->report({"TimerDuration", "TimerDelay"});
+    m_dialog->feature("TimerDuration").state().real = 250.0;
+    m_dialog->feature("TimerDelay").state().real = 750.0;
+    m_dialog->content->report({"TimerDuration", "TimerDelay"});
     QCOMPARE(textOf(field(name)).text(), QString("2"));
-    QTEST(textOf(*dialog->find(other)).text(), "shown");
+    QTEST(textOf(*m_dialog->find(other)).text(), "shown");
     QTest::keyClicks(&field(name), "5");
-    dialog->camera->clearLog();
+    m_dialog->camera->clearLog();
     QTest::keyClick(&field(name), Qt::Key_Return);
-    QTEST(dialog->writes(), "written");
+    QTEST(m_dialog->writes(), "written");
 }
 
 void tst_TypingInForms::escapeShowsTheTimersPulse()
 {
     openDialog();
     type(field("txtPWMFrequency"), "2");
-    dialog->feature("TimerDuration").state().real = 250.0;
-    dialog->feature("TimerDelay").state().real = 750.0;
-    dialog->content->report({"TimerDuration", "TimerDelay"});
-    dialog->camera->clearLog();
+    m_dialog->feature("TimerDuration").state().real = 250.0;
+    m_dialog->feature("TimerDelay").state().real = 750.0;
+    m_dialog->content->report({"TimerDuration", "TimerDelay"});
+    m_dialog->camera->clearLog();
     QTest::keyClick(&field("txtPWMFrequency"), Qt::Key_Escape);
     QCOMPARE(textOf(field("txtPWMFrequency")).text(), QString("1000"));
-    QCOMPARE(dialog->writes(), QStringList());
+    QCOMPARE(m_dialog->writes(), QStringList());
 }
 
 void tst_TypingInForms::escapeClosesTheDialogOnceNothingIsTyped_data()
@@ -353,13 +353,13 @@ void tst_TypingInForms::escapeClosesTheDialogOnceNothingIsTyped()
     openDialog();
     QWidget& typed = field(QTest::currentDataTag());
     const QString before = textOf(typed).text();
-    QSignalSpy closed(&dialog->window, SIGNAL(rejected()));
+    QSignalSpy closed(&m_dialog->window, SIGNAL(rejected()));
     type(typed, "12");
     QTest::keyClick(&typed, Qt::Key_Escape);
     QCOMPARE(closed.count(), 0);
     QCOMPARE(textOf(typed).text(), before);
     QVERIFY(typed.hasFocus());
-    QCOMPARE(dialog->writes(), QStringList());
+    QCOMPARE(m_dialog->writes(), QStringList());
     QTest::keyClick(&typed, Qt::Key_Escape);
     QCOMPARE(closed.count(), 1);
 }
