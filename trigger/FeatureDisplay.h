@@ -11,7 +11,7 @@
 class QObject;
 class QValidator;
 
-/// Limits of a number and the step between its values; -1 where the camera lacks the feature.
+/// Limits of a number and the step between its values; -1 for a feature that has none.
 struct SteppedRange
 {
     FeatureRange limits;
@@ -48,8 +48,8 @@ public:
 
     // For numbers only: a text, or an entry, counts as a number whose limits are not known.
 
-    /// The limits. Where the camera tells none, the minimum is -1, and the maximum what
-    /// FeatureManager makes of -1 where there is an increment.
+    /// The limits. Where the camera tells none, the minimum is -1, and so is the maximum unless an
+    /// increment changes it.
     SteppedRange steppedRange(const QString& feature) const;
     /// The same for the widgets of a form, which step as the form says.
     FeatureRange range(const QString& feature) const;

@@ -7,16 +7,16 @@
 static EditSlots editSlots()
 {
     EditSlots form;
-    form.comboBox = SLOT(OnChangeComboboxSelection(const QString&));
-    form.lineEdit = SLOT(OnFinishLineEdit());
-    form.spinBox = SLOT(OnChangeSpinbox(int));
-    form.doubleSpinBox = SLOT(OnChangeDoubleSpinbox(double));
-    form.checkBox = SLOT(OnChangeCheckbox(int));
-    form.command = SLOT(OnExecuteCommandButton());
-    form.tableComboBox = SLOT(OnChangeTableCombobox(const QString&));
-    form.tableCheckBox = SLOT(OnChangeTableCheckbox(int));
-    form.tableSpinBox = SLOT(OnChangeTableSpinbox(double));
-    form.anyEdit = SLOT(SetCustomPreset());
+    form.comboBox = SLOT(comboBoxEdited(const QString&));
+    form.lineEdit = SLOT(lineEdited());
+    form.spinBox = SLOT(spinBoxEdited(int));
+    form.doubleSpinBox = SLOT(doubleSpinBoxEdited(double));
+    form.checkBox = SLOT(checkBoxEdited(int));
+    form.command = SLOT(buttonClicked());
+    form.tableComboBox = SLOT(tableComboBoxEdited(const QString&));
+    form.tableCheckBox = SLOT(tableCheckBoxEdited(int));
+    form.tableSpinBox = SLOT(tableSpinBoxEdited(double));
+    form.anyEdit = SLOT(edited());
     return form;
 }
 
