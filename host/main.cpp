@@ -15,7 +15,7 @@ namespace {
 CommandLine readArguments()
 {
     QStringList models;
-    for (const std::string& model : ZalSim::SimulatedCamera::Models())
+    for (const std::string& model : ZalSim::SimulatedCamera::models())
         models.append(QString::fromStdString(model));
     return readCommandLine(QCoreApplication::arguments(), models);
 }

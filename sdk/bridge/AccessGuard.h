@@ -10,22 +10,23 @@
 
 namespace ZalCPP {
 
-/// Every access to a feature passes through here, on the worker thread. The guard decides how fresh
-/// an answer has to be, and which features are left alone because they never answer.
+/// Every access to a feature passes through here, on the worker thread. An access is an operation:
+/// a read, a write or a question. The guard decides how fresh an answer has to be, and which
+/// features are left alone because they never answer.
 ///
 /// An answer from the cache is good enough for registers that change only when written. Those that
 /// change by themselves, and whatever a write looks at before it writes, are read anew.
 ///
-/// A camera may answer but for one register. Each access to that one would open the breaker, and
-/// have everything reported as changed afterwards. So a feature is given up, for reading or for
-/// writing, when that had no answer three times in a row; the camera has to be opened again to try
-/// once more. A read that took longer than callers wait is one without an answer, because nobody
-/// ever got it; a write that took long did its work.
+/// A camera may answer for all registers but one. Each access to that one would open the breaker,
+/// and have everything reported as changed afterwards. So a feature is given up, for reading or for
+/// writing, after three accesses of that kind in a row without an answer; only opening the camera
+/// again gives it another chance. A read that took longer than callers wait counts as unanswered,
+/// because nobody got the answer; a write that took long did its work.
 class AccessGuard
 {
 public:
     using Clock = ReadCache::Clock;
-    /// One operation on a feature: a read, a write or a question. What it returns is handed on.
+    /// What it returns is handed on.
     using Access = std::function<ZalErrorType(const FeatureDescription&)>;
 
     /// How good an answer has to be.
@@ -58,10 +59,10 @@ private:
 
     using Failures = std::vector<std::atomic<int>>; ///< In a row, by position of the feature.
 
-    const std::shared_ptr<const CameraDescription> description;
-    const std::shared_ptr<RegisterTap> tap;
-    Failures reading;
-    Failures writing;
+    const std::shared_ptr<const CameraDescription> m_description;
+    const std::shared_ptr<RegisterTap> m_tap;
+    Failures m_reading;
+    Failures m_writing;
 };
 
 } // namespace ZalCPP

@@ -14,7 +14,7 @@
 namespace ZalCPP {
 namespace {
 
-// How long the grabbing thread takes to notice that it shall end.
+// How long the grabbing thread takes to notice that it has to end.
 constexpr guint64 PopTimeoutUs = 20000;
 
 const FeatureDescription* find(const CameraDescription& description, const char* name,
@@ -41,7 +41,7 @@ ZalErrorType payloadSize(const CameraDescription& description, std::size_t& size
     return status;
 }
 
-// Aravis ends the process where there is no memory, so that the memory is not left to it.
+// Left to itself, Aravis would end the process when memory runs out.
 ZalErrorType pushBuffer(ArvStream* stream, std::size_t size)
 {
     void* const memory = std::malloc(size);
@@ -106,7 +106,7 @@ ZalErrorType startCamera(ArvDevice* device, const CameraDescription& description
     return status == ZalErrorSuccess ? run(description, "AcquisitionStart") : status;
 }
 
-// A camera that refuses to stop must not stay locked as well: nobody could set it right any more.
+// A camera that refuses to stop must not stay locked as well: nobody could put it right any more.
 ZalErrorType stopCamera(const CameraDescription& description)
 {
     const ZalErrorType stopped = run(description, "AcquisitionStop");
@@ -116,7 +116,7 @@ ZalErrorType stopCamera(const CameraDescription& description)
     return stopped == ZalErrorSuccess ? unlocked : stopped;
 }
 
-// Where the image lies is what the camera says. It may say anything.
+// Where the image lies is what the camera says, and a camera may say anything.
 ImagePlace placeOf(ArvBuffer* buffer)
 {
     std::size_t room = 0;
@@ -172,13 +172,13 @@ void grab(ArvStream* stream, const std::atomic<bool>& running, const Camera::Fra
 
 } // namespace
 
-Acquisition::Acquisition(std::shared_ptr<CameraCore> camera) : core(std::move(camera)) {}
+Acquisition::Acquisition(std::shared_ptr<CameraCore> core) : m_core(std::move(core)) {}
 
 // Does not wait for the camera: closing it does.
 Acquisition::~Acquisition()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (!running)
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_running)
         return;
     endGrabbing();
     cleanUp(true);
@@ -186,12 +186,12 @@ Acquisition::~Acquisition()
 
 ZalErrorType Acquisition::start(Camera::FrameHandler handler)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (running)
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_running)
         return ZalErrorNotAvailable;
-    stream = std::make_shared<StreamPtr>();
-    const ZalErrorType status = core->changeAll(
-        [device = core->device(), opened = stream](const CameraDescription& description) {
+    m_stream = std::make_shared<StreamPtr>();
+    const ZalErrorType status = m_core->changeAll(
+        [device = m_core->device(), opened = m_stream](const CameraDescription& description) {
             return startCamera(device, description, *opened);
         });
     const ZalErrorType result =
@@ -203,44 +203,44 @@ ZalErrorType Acquisition::start(Camera::FrameHandler handler)
 
 ZalErrorType Acquisition::startGrabbing(Camera::FrameHandler handler)
 {
-    running = true;
+    m_running = true;
     const bool started = endsWell([&] {
-        grabber = std::thread([this, raw = stream->get(), handler = std::move(handler)] {
-            grab(raw, running, handler);
+        m_grabber = std::thread([this, raw = m_stream->get(), handler = std::move(handler)] {
+            grab(raw, m_running, handler);
         });
     });
-    running = started;
+    m_running = started;
     return started ? ZalErrorSuccess : ZalErrorOutOfResources;
 }
 
 ZalErrorType Acquisition::stop()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (!running)
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_running)
         return ZalErrorSuccess;
     endGrabbing();
-    const ZalErrorType status = core->changeAll(stopCamera);
+    const ZalErrorType status = m_core->changeAll(stopCamera);
     cleanUp(isSilent(status));
     return status;
 }
 
 void Acquisition::endGrabbing()
 {
-    running = false;
-    grabber.join();
+    m_running = false;
+    m_grabber.join();
 }
 
 // What the camera did not do in time is done when it answers again, without anybody waiting. The
-// stream goes that way in any case, because it talks to the camera when it is destroyed; it may
-// even be opened only now.
+// stream is always released that way, because its destruction talks to the camera; it may even have
+// been opened only after the caller gave up.
 void Acquisition::cleanUp(bool stopCameraFirst)
 {
-    const bool stopFirst = stopCameraFirst && core->isOpen();
-    core->postChangeAll(
-        [opened = std::exchange(stream, nullptr), stopFirst](const CameraDescription& description) {
-            const StreamPtr released = std::exchange(*opened, nullptr);
-            return released && stopFirst ? stopCamera(description) : ZalErrorSuccess;
-        });
+    const bool stopFirst = stopCameraFirst && m_core->isOpen();
+    m_core->postChangeAll([opened = std::exchange(m_stream, nullptr),
+                           stopFirst](const CameraDescription& description) {
+        const StreamPtr released = std::exchange(*opened, nullptr);
+        return released && stopFirst ? stopCamera(description) : ZalErrorSuccess;
+    });
 }
 
 } // namespace ZalCPP

@@ -15,8 +15,8 @@ namespace ZalCPP {
 class Acquisition
 {
 public:
-    /// Does nothing yet. Shares ownership of the camera.
-    explicit Acquisition(std::shared_ptr<CameraCore> camera);
+    /// Does nothing yet. Shares ownership of the core.
+    explicit Acquisition(std::shared_ptr<CameraCore> core);
     ~Acquisition();
     Acquisition(const Acquisition&) = delete;
     Acquisition& operator=(const Acquisition&) = delete;
@@ -26,7 +26,7 @@ public:
     /// See Camera::StopAcquisition().
     ZalErrorType stop();
     /// Between a successful start and the next stop, also when the camera is lost.
-    bool isRunning() const { return running; }
+    bool isRunning() const { return m_running; }
 
 private:
     using StreamPtr = std::shared_ptr<ArvStream>;
@@ -35,13 +35,13 @@ private:
     void endGrabbing();
     void cleanUp(bool stopCameraFirst);
 
-    const std::shared_ptr<CameraCore> core;
-    std::mutex mutex; ///< Starting and stopping exclude each other.
-    std::atomic<bool> running{false};
+    const std::shared_ptr<CameraCore> m_core;
+    std::mutex m_mutex; ///< Starting and stopping exclude each other.
+    std::atomic<bool> m_running{false};
     /// What it points to is opened and released on the worker thread, possibly after the caller of
     /// start() gave up waiting.
-    std::shared_ptr<StreamPtr> stream;
-    std::thread grabber;
+    std::shared_ptr<StreamPtr> m_stream;
+    std::thread m_grabber;
 };
 
 } // namespace ZalCPP

@@ -1,15 +1,65 @@
 #include "sdk/bridge/AravisFeature.h"
 
 #include "sdk/bridge/ArrayForm.h"
-#include "sdk/bridge/NodeAccess.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace ZalCPP {
+namespace {
 
-AravisFeature::AravisFeature(std::shared_ptr<CameraCore> camera, std::size_t featurePosition)
-    : core(std::move(camera)), position(featurePosition)
+// The data types whose values are read and written as text.
+constexpr std::initializer_list<ZalFeatureDataType> TextTypes = {ZalFeatureString, ZalFeatureEnum};
+
+} // namespace
+
+template <typename Work> ZalErrorType AravisFeature::ifOfType(Types types, Work work) const
+{
+    const bool isOne = std::find(types.begin(), types.end(), facts().type) != types.end();
+    return isOne ? work() : ZalErrorWrongType;
+}
+
+template <typename Answer, typename Query>
+ZalErrorType AravisFeature::ask(Types types, Answer& answer, Query query,
+                                const AccessGuard::Demand& demand) const
+{
+    return ifOfType(types, [&] { return m_core->ask(m_position, answer, query, demand); });
+}
+
+template <typename Number>
+ZalErrorType AravisFeature::askRange(Types types, NodeAccess::Query<Range<Number>> query,
+                                     Number& min, Number& max) const
+{
+    Range<Number> range;
+    const ZalErrorType status = ask(types, range, query);
+    if (status == ZalErrorSuccess) {
+        min = range.min;
+        max = range.max;
+    }
+    return status;
+}
+
+template <typename Value, typename Element>
+ZalErrorType AravisFeature::askElements(Types types, NodeAccess::Query<Value> query,
+                                        Element* buffer, std::uint32_t& count) const
+{
+    return ifOfType(types, [&] {
+        Value value;
+        // The first read after a size query gives what was measured then.
+        AccessGuard::Demand demand;
+        demand.isContinuation = m_sizeAsked.exchange(!buffer) && buffer;
+        const ZalErrorType status = m_core->ask(m_position, value, query, demand);
+        return status == ZalErrorSuccess ? copyOut(value, buffer, count) : status;
+    });
+}
+
+template <typename Write> ZalErrorType AravisFeature::change(Types types, Write write)
+{
+    return ifOfType(types, [&] { return m_core->change(m_position, write); });
+}
+
+AravisFeature::AravisFeature(std::shared_ptr<CameraCore> core, std::size_t position)
+    : m_core(std::move(core)), m_position(position)
 {
 }
 
@@ -70,152 +120,104 @@ ZalErrorType AravisFeature::GetSelectedFeatures(FeaturePtr* buffer, std::uint32_
 {
     std::vector<FeaturePtr> selected;
     for (const std::size_t feature : facts().selected)
-        selected.push_back(core->feature(feature));
+        selected.push_back(m_core->feature(feature));
     return copyOut(selected, buffer, count);
 }
 
 ZalErrorType AravisFeature::IsReadable(bool& readable) const
 {
-    return core->ask(position, readable, NodeAccess::isReadable);
+    return m_core->ask(m_position, readable, NodeAccess::isReadable);
 }
 
 ZalErrorType AravisFeature::IsWritable(bool& writable) const
 {
-    return core->ask(position, writable, NodeAccess::isWritable);
+    return m_core->ask(m_position, writable, NodeAccess::isWritable);
 }
 
 ZalErrorType AravisFeature::GetIntegerValue(long long& value) const
 {
-    if (!is(ZalFeatureInteger))
-        return ZalErrorWrongType;
-    return core->ask(position, value, NodeAccess::integerValue);
+    return ask({ZalFeatureInteger}, value, NodeAccess::integerValue);
 }
 
 ZalErrorType AravisFeature::GetFloatValue(double& value) const
 {
-    if (!is(ZalFeatureFloat))
-        return ZalErrorWrongType;
-    return core->ask(position, value, NodeAccess::floatValue);
+    return ask({ZalFeatureFloat}, value, NodeAccess::floatValue);
 }
 
 ZalErrorType AravisFeature::GetBoolValue(bool& value) const
 {
-    if (!is(ZalFeatureBool))
-        return ZalErrorWrongType;
-    return core->ask(position, value, NodeAccess::boolValue);
-}
-
-// The first read after a size query is to give what was measured.
-AccessGuard::Demand AravisFeature::demandOf(const void* buffer) const
-{
-    AccessGuard::Demand demand;
-    demand.isContinuation = sizeAsked.exchange(!buffer) && buffer;
-    return demand;
+    return ask({ZalFeatureBool}, value, NodeAccess::boolValue);
 }
 
 ZalErrorType AravisFeature::GetStringValue(char* buffer, std::uint32_t& count) const
 {
-    if (!isText())
-        return ZalErrorWrongType;
-    std::string value;
-    const ZalErrorType status = core->ask(position, value, NodeAccess::textValue, demandOf(buffer));
-    return status == ZalErrorSuccess ? copyOut(value, buffer, count) : status;
+    return askElements<std::string>(TextTypes, NodeAccess::textValue, buffer, count);
 }
 
 ZalErrorType AravisFeature::GetRawValue(unsigned char* buffer, std::uint32_t& count) const
 {
-    if (!is(ZalFeatureRaw))
-        return ZalErrorWrongType;
-    RawData value;
-    const ZalErrorType status = core->ask(position, value, NodeAccess::rawValue, demandOf(buffer));
-    return status == ZalErrorSuccess ? copyOut(value, buffer, count) : status;
+    return askElements<RawData>({ZalFeatureRaw}, NodeAccess::rawValue, buffer, count);
 }
 
 ZalErrorType AravisFeature::SetIntegerValue(long long value)
 {
-    if (!is(ZalFeatureInteger))
-        return ZalErrorWrongType;
-    return core->change(position, [value](const FeatureDescription& feature) {
+    return change({ZalFeatureInteger}, [value](const FeatureDescription& feature) {
         return NodeAccess::setInteger(feature, value);
     });
 }
 
 ZalErrorType AravisFeature::SetFloatValue(double value)
 {
-    if (!is(ZalFeatureFloat))
-        return ZalErrorWrongType;
-    return core->change(position, [value](const FeatureDescription& feature) {
+    return change({ZalFeatureFloat}, [value](const FeatureDescription& feature) {
         return NodeAccess::setFloat(feature, value);
     });
 }
 
 ZalErrorType AravisFeature::SetBoolValue(bool value)
 {
-    if (!is(ZalFeatureBool))
-        return ZalErrorWrongType;
-    return core->change(position, [value](const FeatureDescription& feature) {
+    return change({ZalFeatureBool}, [value](const FeatureDescription& feature) {
         return NodeAccess::setBool(feature, value);
     });
 }
 
 ZalErrorType AravisFeature::SetStringValue(const char* value)
 {
-    if (!isText())
-        return ZalErrorWrongType;
     if (!value)
-        return ZalErrorBadParameter;
-    return core->change(position, [text = std::string(value)](const FeatureDescription& feature) {
+        return ifOfType(TextTypes, [] { return ZalErrorBadParameter; });
+    return change(TextTypes, [text = std::string(value)](const FeatureDescription& feature) {
         return NodeAccess::setText(feature, text);
     });
 }
 
 ZalErrorType AravisFeature::SetRawValue(const unsigned char* data, std::uint32_t count)
 {
-    if (!is(ZalFeatureRaw))
-        return ZalErrorWrongType;
     if (!data || count == 0)
-        return ZalErrorBadParameter;
-    return core->change(position,
-                        [raw = RawData(data, data + count)](const FeatureDescription& feature) {
-                            return NodeAccess::setRaw(feature, raw);
-                        });
+        return ifOfType({ZalFeatureRaw}, [] { return ZalErrorBadParameter; });
+    return change({ZalFeatureRaw},
+                  [raw = RawData(data, data + count)](const FeatureDescription& feature) {
+                      return NodeAccess::setRaw(feature, raw);
+                  });
 }
 
 ZalErrorType AravisFeature::GetIntegerRange(long long& min, long long& max) const
 {
-    if (!is(ZalFeatureInteger))
-        return ZalErrorWrongType;
-    Range<long long> range;
-    const ZalErrorType status = core->ask(position, range, NodeAccess::integerRange);
-    if (status == ZalErrorSuccess) {
-        min = range.min;
-        max = range.max;
-    }
-    return status;
+    return askRange({ZalFeatureInteger}, NodeAccess::integerRange, min, max);
 }
 
 ZalErrorType AravisFeature::GetFloatRange(double& min, double& max) const
 {
-    if (!is(ZalFeatureFloat))
-        return ZalErrorWrongType;
-    Range<double> range;
-    const ZalErrorType status = core->ask(position, range, NodeAccess::floatRange);
-    if (status == ZalErrorSuccess) {
-        min = range.min;
-        max = range.max;
-    }
-    return status;
+    return askRange({ZalFeatureFloat}, NodeAccess::floatRange, min, max);
 }
 
 ZalErrorType AravisFeature::HasIncrement(bool& hasIncrement) const
 {
     ZalErrorType status = ZalErrorNotImplemented;
-    if (is(ZalFeatureInteger)) {
+    if (facts().type == ZalFeatureInteger) {
         long long increment = 0;
-        status = core->ask(position, increment, NodeAccess::integerIncrement);
-    } else if (is(ZalFeatureFloat)) {
+        status = GetIntegerIncrement(increment);
+    } else if (facts().type == ZalFeatureFloat) {
         double increment = 0;
-        status = core->ask(position, increment, NodeAccess::floatIncrement);
+        status = GetFloatIncrement(increment);
     }
     if (status != ZalErrorSuccess && status != ZalErrorNotImplemented)
         return status;
@@ -225,80 +227,74 @@ ZalErrorType AravisFeature::HasIncrement(bool& hasIncrement) const
 
 ZalErrorType AravisFeature::GetIntegerIncrement(long long& increment) const
 {
-    if (!is(ZalFeatureInteger))
-        return ZalErrorWrongType;
-    return core->ask(position, increment, NodeAccess::integerIncrement);
+    return ask({ZalFeatureInteger}, increment, NodeAccess::integerIncrement);
 }
 
 ZalErrorType AravisFeature::GetFloatIncrement(double& increment) const
 {
-    if (!is(ZalFeatureFloat))
-        return ZalErrorWrongType;
-    return core->ask(position, increment, NodeAccess::floatIncrement);
+    return ask({ZalFeatureFloat}, increment, NodeAccess::floatIncrement);
 }
 
-// Aravis does not read sets of valid values, so that every feature is without one.
+// Aravis does not read sets of valid values, so no feature has one.
 ZalErrorType AravisFeature::GetValidValueSet(long long* buffer, std::uint32_t& count) const
 {
-    if (!is(ZalFeatureInteger))
-        return ZalErrorWrongType;
-    return copyOut(std::vector<long long>(), buffer, count);
+    return ifOfType({ZalFeatureInteger},
+                    [&] { return copyOut(std::vector<long long>(), buffer, count); });
 }
 
 ZalErrorType AravisFeature::GetEnumValues(long long* buffer, std::uint32_t& count) const
 {
-    if (!is(ZalFeatureEnum))
-        return ZalErrorWrongType;
-    std::vector<long long> values;
-    for (const EnumEntry& entry : facts().entries)
-        values.push_back(entry.value);
-    return copyOut(values, buffer, count);
+    return ifOfType({ZalFeatureEnum}, [&] {
+        std::vector<long long> values;
+        for (const EnumEntry& entry : facts().entries)
+            values.push_back(entry.value);
+        return copyOut(values, buffer, count);
+    });
 }
 
 ZalErrorType AravisFeature::GetEnumNames(const char** buffer, std::uint32_t& count) const
 {
-    if (!is(ZalFeatureEnum))
-        return ZalErrorWrongType;
-    std::vector<const char*> names;
-    for (const EnumEntry& entry : facts().entries)
-        names.push_back(entry.name.c_str());
-    return copyOut(names, buffer, count);
+    return ifOfType({ZalFeatureEnum}, [&] {
+        std::vector<const char*> names;
+        for (const EnumEntry& entry : facts().entries)
+            names.push_back(entry.name.c_str());
+        return copyOut(names, buffer, count);
+    });
 }
 
 ZalErrorType AravisFeature::GetEntry(EnumEntry& entry, const char* name) const
 {
-    if (!is(ZalFeatureEnum))
-        return ZalErrorWrongType;
-    if (!name)
-        return ZalErrorBadParameter;
-    for (const EnumEntry& candidate : facts().entries) {
-        if (candidate.name == name) {
-            entry = candidate;
-            return ZalErrorSuccess;
-        }
-    }
-    return ZalErrorNotFound;
+    return ifOfType({ZalFeatureEnum}, [&] {
+        if (!name)
+            return ZalErrorBadParameter;
+        const auto& entries = facts().entries;
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [name](const EnumEntry& e) { return e.name == name; });
+        if (found == entries.end())
+            return ZalErrorNotFound;
+        entry = *found;
+        return ZalErrorSuccess;
+    });
 }
 
 ZalErrorType AravisFeature::GetEntries(EnumEntry* buffer, std::uint32_t& count) const
 {
-    if (!is(ZalFeatureEnum))
-        return ZalErrorWrongType;
-    return copyOut(facts().entries, buffer, count);
+    return ifOfType({ZalFeatureEnum}, [&] { return copyOut(facts().entries, buffer, count); });
 }
 
 template <typename Condition>
 ZalErrorType AravisFeature::entryAvailable(Condition condition, bool& available) const
 {
-    if (!is(ZalFeatureEnum))
-        return ZalErrorWrongType;
-    const auto& entries = facts().entries;
-    const auto found = std::find_if(entries.begin(), entries.end(), condition);
-    if (found == entries.end())
-        return ZalErrorNotFound;
-    const auto entry = static_cast<std::size_t>(found - entries.begin());
-    return core->ask(position, available, [entry](const FeatureDescription& feature, bool& answer) {
-        return NodeAccess::entryAvailable(feature, entry, answer);
+    return ifOfType({ZalFeatureEnum}, [&] {
+        const auto& entries = facts().entries;
+        const auto found = std::find_if(entries.begin(), entries.end(), condition);
+        if (found == entries.end())
+            return ZalErrorNotFound;
+        const auto entry = static_cast<std::size_t>(found - entries.begin());
+        const auto query = [entry](const FeatureDescription& feature, bool& answer) {
+            return NodeAccess::entryAvailable(feature, entry, answer);
+        };
+        return m_core->ask(m_position, available, query);
     });
 }
 
@@ -317,26 +313,22 @@ ZalErrorType AravisFeature::IsValueAvailable(long long value, bool& available) c
 
 ZalErrorType AravisFeature::RunCommand()
 {
-    if (!is(ZalFeatureCommand))
-        return ZalErrorWrongType;
-    return core->change(position, NodeAccess::runCommand);
+    return change({ZalFeatureCommand}, NodeAccess::runCommand);
 }
 
 ZalErrorType AravisFeature::IsCommandDone(bool& done) const
 {
-    if (!is(ZalFeatureCommand))
-        return ZalErrorWrongType;
-    // Commands end by themselves.
-    return core->ask(position, done, NodeAccess::isCommandDone, {AccessGuard::Clock::now()});
+    // Commands end by themselves, so an answer from a moment ago says nothing.
+    return ask({ZalFeatureCommand}, done, NodeAccess::isCommandDone, {AccessGuard::Clock::now()});
 }
 
 ZalErrorType AravisFeature::RegisterObserver(const std::shared_ptr<IFeatureObserver>& observer)
 {
     if (!observer)
         return ZalErrorBadParameter;
-    if (!core->isOpen())
+    if (!m_core->isOpen())
         return ZalErrorNotOpen;
-    core->notifier().addObserver(position, observer);
+    m_core->notifier().addObserver(m_position, observer);
     return ZalErrorSuccess;
 }
 
@@ -345,8 +337,8 @@ ZalErrorType AravisFeature::UnregisterObserver(const std::shared_ptr<IFeatureObs
 {
     if (!observer)
         return ZalErrorBadParameter;
-    core->notifier().removeObserver(position, observer);
-    return core->isOpen() ? ZalErrorSuccess : ZalErrorNotOpen;
+    m_core->notifier().removeObserver(m_position, observer);
+    return m_core->isOpen() ? ZalErrorSuccess : ZalErrorNotOpen;
 }
 
 } // namespace ZalCPP

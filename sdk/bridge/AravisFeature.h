@@ -1,10 +1,12 @@
 #pragma once
 
 #include "sdk/bridge/CameraCore.h"
+#include "sdk/bridge/NodeAccess.h"
 
 #include <ZalCPP/Feature.h>
 
 #include <atomic>
+#include <initializer_list>
 
 namespace ZalCPP {
 
@@ -13,8 +15,8 @@ namespace ZalCPP {
 class AravisFeature : public Feature
 {
 public:
-    /// Shares ownership of the camera; the position is that in its description.
-    AravisFeature(std::shared_ptr<CameraCore> camera, std::size_t featurePosition);
+    /// Shares ownership of the core; the position is that in its description.
+    AravisFeature(std::shared_ptr<CameraCore> core, std::size_t position);
 
     ZalErrorType GetName(char* buffer, std::uint32_t& count) const override;
     ZalErrorType GetDisplayName(char* buffer, std::uint32_t& count) const override;
@@ -64,16 +66,28 @@ public:
     ZalErrorType UnregisterObserver(const std::shared_ptr<IFeatureObserver>& observer) override;
 
 private:
-    const FeatureDescription& facts() const { return core->facts(position); }
-    bool is(ZalFeatureDataType type) const { return facts().type == type; }
-    bool isText() const { return is(ZalFeatureString) || is(ZalFeatureEnum); }
-    AccessGuard::Demand demandOf(const void* buffer) const;
+    /// The data types that have an operation; a feature of any other type refuses it.
+    using Types = std::initializer_list<ZalFeatureDataType>;
+
+    template <typename Work> ZalErrorType ifOfType(Types types, Work work) const;
+    template <typename Answer, typename Query>
+    ZalErrorType ask(Types types, Answer& answer, Query query,
+                     const AccessGuard::Demand& demand = {}) const;
+    template <typename Number>
+    ZalErrorType askRange(Types types, NodeAccess::Query<Range<Number>> query, Number& min,
+                          Number& max) const;
+    template <typename Value, typename Element>
+    ZalErrorType askElements(Types types, NodeAccess::Query<Value> query, Element* buffer,
+                             std::uint32_t& count) const;
+    template <typename Write> ZalErrorType change(Types types, Write write);
     template <typename Condition>
     ZalErrorType entryAvailable(Condition condition, bool& available) const;
+    const FeatureDescription& facts() const { return m_core->facts(m_position); }
 
-    const std::shared_ptr<CameraCore> core;
-    const std::size_t position;
-    mutable std::atomic<bool> sizeAsked{false}; ///< By the last call for a value in array form.
+    const std::shared_ptr<CameraCore> m_core;
+    const std::size_t m_position;
+    /// By the last call for a value in array form.
+    mutable std::atomic<bool> m_sizeAsked{false};
 };
 
 } // namespace ZalCPP

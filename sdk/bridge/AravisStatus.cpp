@@ -73,12 +73,12 @@ ZalErrorType statusOf(const GError* error)
 
 bool AravisError::isUndefinedProperty() const
 {
-    return g_error_matches(error, ARV_GC_ERROR, ARV_GC_ERROR_PROPERTY_NOT_DEFINED);
+    return g_error_matches(m_error, ARV_GC_ERROR, ARV_GC_ERROR_PROPERTY_NOT_DEFINED);
 }
 
 bool AravisError::isUnreadableDescription() const
 {
-    return g_error_matches(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_GENICAM_NOT_FOUND);
+    return g_error_matches(m_error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_GENICAM_NOT_FOUND);
 }
 
 } // namespace ZalCPP

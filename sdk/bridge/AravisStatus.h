@@ -23,20 +23,20 @@ class AravisError
 {
 public:
     AravisError() = default;
-    ~AravisError() { g_clear_error(&error); }
+    ~AravisError() { g_clear_error(&m_error); }
     AravisError(const AravisError&) = delete;
     AravisError& operator=(const AravisError&) = delete;
 
     /// For one call only: GLib does not overwrite an error.
-    GError** out() { return &error; }
+    GError** out() { return &m_error; }
     /// Null where there was none; this object's.
-    const GError* get() const { return error; }
+    const GError* get() const { return m_error; }
     /// The caller's to free.
-    GError* release() { return std::exchange(error, nullptr); }
+    GError* release() { return std::exchange(m_error, nullptr); }
     /// Success where there was none.
-    ZalErrorType status() const { return statusOf(error); }
+    ZalErrorType status() const { return statusOf(m_error); }
     /// As Aravis puts it; empty where there was none.
-    std::string message() const { return error ? error->message : std::string(); }
+    std::string message() const { return m_error ? m_error->message : std::string(); }
     /// True when the description does not define what was asked for; Aravis then answers with the
     /// default that GenICam gives.
     bool isUndefinedProperty() const;
@@ -44,7 +44,7 @@ public:
     bool isUnreadableDescription() const;
 
 private:
-    GError* error = nullptr;
+    GError* m_error = nullptr;
 };
 
 } // namespace ZalCPP

@@ -29,62 +29,62 @@ void Camera::Private::close()
     core->close();
 }
 
-Camera::Camera(std::unique_ptr<Private> p) : d(std::move(p)) {}
+Camera::Camera(std::unique_ptr<Private> d) : m_d(std::move(d)) {}
 
 Camera::~Camera() = default;
 
 const CameraInfo& Camera::Info() const
 {
-    return d->info;
+    return m_d->info;
 }
 
 FeatureList Camera::Features() const
 {
-    return d->features;
+    return m_d->features;
 }
 
 FeaturePtr Camera::FindFeature(const std::string& name) const
 {
-    const auto& positions = d->core->description()->positions;
+    const auto& positions = m_d->core->description()->positions;
     const auto found = positions.find(name);
-    return found == positions.end() ? nullptr : d->features->at(found->second);
+    return found == positions.end() ? nullptr : m_d->features->at(found->second);
 }
 
 ZalErrorType Camera::StartAcquisition(FrameHandler handler)
 {
-    return handler ? d->acquisition->start(std::move(handler)) : ZalErrorBadParameter;
+    return handler ? m_d->acquisition->start(std::move(handler)) : ZalErrorBadParameter;
 }
 
 ZalErrorType Camera::StopAcquisition()
 {
-    return d->acquisition->stop();
+    return m_d->acquisition->stop();
 }
 
 bool Camera::IsAcquiring() const
 {
-    return d->acquisition->isRunning() && !IsLost();
+    return m_d->acquisition->isRunning() && !IsLost();
 }
 
 void Camera::SetLostHandler(LostHandler handler)
 {
-    d->core->notifier().setLostHandler(std::move(handler));
+    m_d->core->notifier().setLostHandler(std::move(handler));
 }
 
 bool Camera::IsLost() const
 {
-    return d->core->worker().isLost();
+    return m_d->core->worker().isLost();
 }
 
 CameraLoss Camera::Loss() const
 {
     if (!IsLost())
         return CameraLoss::None;
-    return d->core->tap().isTakenOver ? CameraLoss::ControlTaken : CameraLoss::NoAnswer;
+    return m_d->core->tap().isTakenOver ? CameraLoss::ControlTaken : CameraLoss::NoAnswer;
 }
 
 WireCounts Camera::Counts() const
 {
-    const RegisterTap& tap = d->core->tap();
+    const RegisterTap& tap = m_d->core->tap();
     return {tap.reads, tap.writes};
 }
 

@@ -17,29 +17,29 @@ ZalErrorType probe(ArvDevice* device)
     return error.status();
 }
 
-/// Whom to tell of a loss. Aravis does so on a thread that was running before there was anybody to
-/// tell, so that the reference is handed over under a lock.
+/// Whom to tell of a loss. Aravis tells it on a thread that was running before there was anybody to
+/// tell, so the reference is handed over under a lock.
 class LossListener
 {
 public:
     explicit LossListener(const std::shared_ptr<CameraWorker>& listening)
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        worker = listening;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_worker = listening;
     }
 
     void tell()
     {
-        std::unique_lock<std::mutex> lock(mutex);
-        const auto listening = worker.lock();
+        std::unique_lock<std::mutex> lock(m_mutex);
+        const auto listening = m_worker.lock();
         lock.unlock();
         if (listening)
             listening->declareLost();
     }
 
 private:
-    std::mutex mutex;
-    std::weak_ptr<CameraWorker> worker;
+    std::mutex m_mutex;
+    std::weak_ptr<CameraWorker> m_worker;
 };
 
 void onControlLost(ArvDevice*, gpointer listener)
@@ -75,22 +75,22 @@ std::shared_ptr<CameraCore> CameraCore::open(std::shared_ptr<ArvDevice> device,
                                              CameraDescription description)
 {
     std::shared_ptr<CameraCore> core(new CameraCore);
-    core->ownedDevice = std::move(device);
-    core->rawDevice = core->ownedDevice.get();
-    core->cameraDescription = std::make_shared<const CameraDescription>(std::move(description));
-    core->handles.resize(core->cameraDescription->features.size());
-    core->registerTap = RegisterTap::attach(core->rawDevice);
-    core->guard = std::make_shared<AccessGuard>(core->cameraDescription, core->registerTap);
+    core->m_ownedDevice = std::move(device);
+    core->m_device = core->m_ownedDevice.get();
+    core->m_description = std::make_shared<const CameraDescription>(std::move(description));
+    core->m_handles.resize(core->m_description->features.size());
+    core->m_tap = RegisterTap::attach(core->m_device);
+    core->m_guard = std::make_shared<AccessGuard>(core->m_description, core->m_tap);
     const std::weak_ptr<CameraCore> weak = core;
     const auto provider = [weak](std::size_t position) {
         const auto alive = weak.lock();
         return alive ? alive->feature(position) : nullptr;
     };
-    core->changeNotifier =
-        std::make_shared<ChangeNotifier>(core->cameraDescription, core->guard, provider);
-    core->cameraWorker = std::make_shared<CameraWorker>(
-        makeHooks(core->rawDevice, core->guard, core->changeNotifier));
-    ChangeNotifier::start(core->changeNotifier, core->cameraWorker);
+    core->m_notifier =
+        std::make_shared<ChangeNotifier>(core->m_description, core->m_guard, provider);
+    core->m_worker =
+        std::make_shared<CameraWorker>(makeHooks(core->m_device, core->m_guard, core->m_notifier));
+    ChangeNotifier::start(core->m_notifier, core->m_worker);
     core->watchForLoss();
     return core;
 }
@@ -103,38 +103,38 @@ CameraCore::~CameraCore()
 // Control may have been lost while nobody was listening yet.
 void CameraCore::watchForLoss()
 {
-    g_signal_connect_data(rawDevice, "control-lost", G_CALLBACK(onControlLost),
-                          new LossListener(cameraWorker), deleteListener, GConnectFlags(0));
-    if (ARV_IS_GV_DEVICE(rawDevice) && !arv_gv_device_is_controller(ARV_GV_DEVICE(rawDevice)))
-        cameraWorker->declareLost();
+    g_signal_connect_data(m_device, "control-lost", G_CALLBACK(onControlLost),
+                          new LossListener(m_worker), deleteListener, GConnectFlags(0));
+    if (ARV_IS_GV_DEVICE(m_device) && !arv_gv_device_is_controller(ARV_GV_DEVICE(m_device)))
+        m_worker->declareLost();
 }
 
 void CameraCore::close()
 {
-    if (!ownedDevice)
+    if (!m_ownedDevice)
         return;
-    // Giving the device back talks to the camera, so that this, too, is work for the worker.
-    cameraWorker->close([device = std::exchange(ownedDevice, nullptr)]() mutable {
+    // Releasing the device talks to the camera, so this is work for the worker, too.
+    m_worker->close([device = std::exchange(m_ownedDevice, nullptr)]() mutable {
         device.reset();
         return ZalErrorSuccess;
     });
-    changeNotifier->stop();
+    m_notifier->stop();
 }
 
 FeaturePtr CameraCore::feature(std::size_t position)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    FeaturePtr handle = handles[position].lock();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    FeaturePtr handle = m_handles[position].lock();
     if (!handle) {
         handle = std::make_shared<AravisFeature>(shared_from_this(), position);
-        handles[position] = handle;
+        m_handles[position] = handle;
     }
     return handle;
 }
 
 const FeatureDescription& CameraCore::facts(std::size_t position) const
 {
-    return cameraDescription->features[position];
+    return m_description->features[position];
 }
 
 // A refused write did not reach the camera; one that timed out may have.

@@ -34,34 +34,31 @@ public:
     /// Valid as long as the core. Any thread; costs no traffic.
     const FeatureDescription& facts(std::size_t position) const;
     /// Never null.
-    const std::shared_ptr<const CameraDescription>& description() const
-    {
-        return cameraDescription;
-    }
+    const std::shared_ptr<const CameraDescription>& description() const { return m_description; }
 
     /// False once the camera is lost or closed.
-    bool isOpen() const { return cameraWorker->isOpen(); }
+    bool isOpen() const { return m_worker->isOpen(); }
     /// Where every access to the camera runs.
-    CameraWorker& worker() { return *cameraWorker; }
+    CameraWorker& worker() { return *m_worker; }
     /// Who tells observers about changes.
-    ChangeNotifier& notifier() { return *changeNotifier; }
+    ChangeNotifier& notifier() { return *m_notifier; }
     /// The numbers of register accesses, and who controls the camera.
-    const RegisterTap& tap() const { return *registerTap; }
+    const RegisterTap& tap() const { return *m_tap; }
     /// For use on the worker thread.
-    ArvDevice* device() const { return rawDevice; }
+    ArvDevice* device() const { return m_device; }
 
     /// Runs `query(facts, answer)` on the worker thread; `answer` is set on success only.
     template <typename Answer, typename Query>
     ZalErrorType ask(std::size_t position, Answer& answer, Query query,
                      const AccessGuard::Demand& demand = {})
     {
-        if (guard->hasGivenUpReading(position))
+        if (m_guard->hasGivenUpReading(position))
             return statusOfGivenUp();
         const auto result = std::make_shared<Answer>();
         const auto read = [query, result](const FeatureDescription& feature) {
             return query(feature, *result);
         };
-        const ZalErrorType status = cameraWorker->call([guard = guard, position, read, demand] {
+        const ZalErrorType status = m_worker->call([guard = m_guard, position, read, demand] {
             return guard->read(position, read, demand);
         });
         if (status == ZalErrorSuccess)
@@ -73,27 +70,27 @@ public:
     /// has given up waiting by then.
     template <typename Write> ZalErrorType change(std::size_t position, Write write)
     {
-        if (guard->hasGivenUpWriting(position))
+        if (m_guard->hasGivenUpWriting(position))
             return statusOfGivenUp();
-        const auto noted = [notifier = changeNotifier, write](const FeatureDescription& feature) {
+        const auto noted = [notifier = m_notifier, write](const FeatureDescription& feature) {
             const ZalErrorType status = write(feature);
             if (mayHaveWritten(status))
                 notifier->written(feature);
             return status;
         };
-        return cameraWorker->call(
-            [guard = guard, position, noted] { return guard->write(position, noted); });
+        return m_worker->call(
+            [guard = m_guard, position, noted] { return guard->write(position, noted); });
     }
 
     /// As change(), for an operation on the camera as a whole that may change any feature.
     template <typename Write> ZalErrorType changeAll(Write write)
     {
-        return cameraWorker->call(changingAll(write));
+        return m_worker->call(changingAll(write));
     }
     /// As changeAll(), but in its turn and without waiting.
     template <typename Write> void postChangeAll(Write write)
     {
-        cameraWorker->post(changingAll(write));
+        m_worker->post(changingAll(write));
     }
 
 private:
@@ -101,7 +98,7 @@ private:
 
     template <typename Write> CameraWorker::Work changingAll(Write write)
     {
-        return [description = cameraDescription, guard = guard, notifier = changeNotifier, write] {
+        return [description = m_description, guard = m_guard, notifier = m_notifier, write] {
             const ZalErrorType status = guard->anew([&] { return write(*description); });
             notifier->writtenAll();
             return status;
@@ -112,16 +109,16 @@ private:
     ZalErrorType statusOfGivenUp() const { return isOpen() ? ZalErrorTimeout : ZalErrorNotOpen; }
     void watchForLoss();
 
-    std::shared_ptr<const CameraDescription> cameraDescription;
-    std::shared_ptr<RegisterTap> registerTap;
-    std::shared_ptr<AccessGuard> guard;
-    std::shared_ptr<ChangeNotifier> changeNotifier;
-    std::shared_ptr<CameraWorker> cameraWorker;
-    std::shared_ptr<ArvDevice> ownedDevice;
-    ArvDevice* rawDevice = nullptr;
+    std::shared_ptr<const CameraDescription> m_description;
+    std::shared_ptr<RegisterTap> m_tap;
+    std::shared_ptr<AccessGuard> m_guard;
+    std::shared_ptr<ChangeNotifier> m_notifier;
+    std::shared_ptr<CameraWorker> m_worker;
+    std::shared_ptr<ArvDevice> m_ownedDevice;
+    ArvDevice* m_device = nullptr;
 
-    std::mutex mutex;
-    std::vector<std::weak_ptr<Feature>> handles; ///< In step with the description's features.
+    std::mutex m_mutex;
+    std::vector<std::weak_ptr<Feature>> m_handles; ///< In step with the description's features.
 };
 
 } // namespace ZalCPP

@@ -174,8 +174,8 @@ DevicePtr openNamed(const std::string& name, const std::string& id, std::string&
     return device;
 }
 
-// Of an address Aravis says only that nothing was opened there. By the id of the camera that is
-// found there it says why.
+// Opening by address, Aravis only says that it failed. Opening by the id of the camera found there,
+// it says why.
 DevicePtr openFoundAt(const std::string& address, std::string& error)
 {
     for (const CameraInfo& info : CameraSystem::List()) {
@@ -206,7 +206,7 @@ DevicePtr openDevice(const std::string& id, std::string& error)
     return device;
 }
 
-// Aravis has a description even where it stopped reading in the middle of the text.
+// Aravis gives a description even where it stopped reading in the middle of the text.
 ArvGc* descriptionOf(ArvDevice* device)
 {
     std::size_t size = 0;

@@ -14,11 +14,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// How long closing waits, together with what the callers have waited just before: long enough for
-// one repetition, because a camera that is not told stays ours for seconds, and is in use for
-// whoever opens it again.
+// How long closing waits, including what callers have just waited: long enough for one repetition,
+// because a camera that was not told of the end stays ours for seconds, and is in use for whoever
+// opens it again.
 constexpr std::chrono::milliseconds CloseTimeout = CameraWorker::CallTimeout;
-// A shorter wait is none.
+// Shorter waits do not count.
 constexpr std::chrono::milliseconds NoticeableWait{50};
 // Waits that lie further apart do not add up.
 constexpr std::chrono::milliseconds JustBefore{1000};
@@ -56,7 +56,7 @@ ZalErrorType refusal(Health health)
 
 } // namespace
 
-/// What the thread and the callers share. The thread owns a part of it, so that it can outlive the
+/// What the thread and the callers share. The thread shares ownership, because it may outlive the
 /// worker object.
 struct CameraWorker::State
 {
@@ -113,7 +113,7 @@ TaskPtr CameraWorker::State::next()
         return task;
     }
     // A call may become overdue before this thread got to run it. Nothing is outstanding then, so
-    // that the camera has to be asked whether the breaker may close.
+    // only the camera can say whether the breaker may close.
     return health == Health::Overdue ? makeTask(hooks.probe) : nullptr;
 }
 
@@ -212,7 +212,7 @@ Clock::duration CameraWorker::State::waitedJustBefore(Clock::time_point now) con
     return now - waitedUntil < JustBefore ? waited : Clock::duration::zero();
 }
 
-// Somebody waited for a camera that does not answer already: once per stall is enough.
+// Somebody has already waited for this stall, and once per stall is enough.
 Clock::duration CameraWorker::State::patienceForClosing() const
 {
     if (isUnanswered())
@@ -222,7 +222,8 @@ Clock::duration CameraWorker::State::patienceForClosing() const
 }
 
 CameraWorker::CameraWorker(Hooks hooks)
-    : state(std::make_shared<State>(std::move(hooks))), thread([shared = state] { shared->run(); })
+    : m_state(std::make_shared<State>(std::move(hooks))),
+      m_thread([shared = m_state] { shared->run(); })
 {
 }
 
@@ -234,65 +235,65 @@ CameraWorker::~CameraWorker()
 ZalErrorType CameraWorker::call(Work work)
 {
     const TaskPtr task = makeTask(std::move(work));
-    std::unique_lock<std::mutex> lock(state->mutex);
-    if (state->health != Health::Good)
-        return refusal(state->health);
-    state->queue.push_back(task);
-    state->wake.notify_all();
+    std::unique_lock<std::mutex> lock(m_state->mutex);
+    if (m_state->health != Health::Good)
+        return refusal(m_state->health);
+    m_state->queue.push_back(task);
+    m_state->wake.notify_all();
     const auto begun = Clock::now();
-    const auto ended = [&] { return task->done || state->health != Health::Good; };
-    if (!state->changed.wait_for(lock, CallTimeout, ended))
-        state->worsenLocked(Health::Overdue);
-    state->noteWait(begun);
-    return task->done ? task->result : refusal(state->health);
+    const auto ended = [&] { return task->done || m_state->health != Health::Good; };
+    if (!m_state->changed.wait_for(lock, CallTimeout, ended))
+        m_state->worsenLocked(Health::Overdue);
+    m_state->noteWait(begun);
+    return task->done ? task->result : refusal(m_state->health);
 }
 
 void CameraWorker::post(Work work)
 {
     const TaskPtr task = makeTask(std::move(work), true);
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    state->queue.push_back(task);
-    state->wake.notify_all();
+    const std::lock_guard<std::mutex> lock(m_state->mutex);
+    m_state->queue.push_back(task);
+    m_state->wake.notify_all();
 }
 
 void CameraWorker::declareLost()
 {
-    if (state->worsen(Health::Lost))
-        state->hooks.lost();
+    if (m_state->worsen(Health::Lost))
+        m_state->hooks.lost();
 }
 
 void CameraWorker::close(Work last)
 {
-    if (!thread.joinable())
+    if (!m_thread.joinable())
         return;
-    std::unique_lock<std::mutex> lock(state->mutex);
-    const auto patience = state->patienceForClosing();
-    // Both under one lock, so that no call gets behind the last work.
-    state->queue.push_back(makeTask(std::move(last), true));
-    state->worsenLocked(Health::Closed);
+    std::unique_lock<std::mutex> lock(m_state->mutex);
+    const auto patience = m_state->patienceForClosing();
+    // Both under one lock, so that no call is queued behind the last work.
+    m_state->queue.push_back(makeTask(std::move(last), true));
+    m_state->worsenLocked(Health::Closed);
     const bool finished =
-        state->changed.wait_for(lock, patience, [this] { return state->finished; });
+        m_state->changed.wait_for(lock, patience, [this] { return m_state->finished; });
     lock.unlock();
     if (finished)
-        thread.join();
+        m_thread.join();
     else
-        thread.detach();
+        m_thread.detach();
 }
 
 bool CameraWorker::isHealthy() const
 {
-    return state->has(Health::Good);
+    return m_state->has(Health::Good);
 }
 
 bool CameraWorker::isOpen() const
 {
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    return state->health < Health::Lost;
+    const std::lock_guard<std::mutex> lock(m_state->mutex);
+    return m_state->health < Health::Lost;
 }
 
 bool CameraWorker::isLost() const
 {
-    return state->has(Health::Lost);
+    return m_state->has(Health::Lost);
 }
 
 } // namespace ZalCPP

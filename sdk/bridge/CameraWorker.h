@@ -54,7 +54,7 @@ public:
     void declareLost();
 
     /// Refuses further calls, lets the posted work and then `last` run, and waits a moment for
-    /// that: less by what callers have waited just before, as when a slow camera was stopped first.
+    /// that, shortened by what callers have just waited, as when a slow camera was stopped first.
     /// If the camera does not answer, the thread is left behind to end by itself.
     void close(Work last);
 
@@ -64,8 +64,8 @@ public:
 
 private:
     struct State;
-    std::shared_ptr<State> state;
-    std::thread thread;
+    std::shared_ptr<State> m_state;
+    std::thread m_thread;
 };
 
 } // namespace ZalCPP

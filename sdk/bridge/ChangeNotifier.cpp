@@ -27,19 +27,19 @@ void setUnanswered(Snapshot& snapshot)
 
 } // namespace
 
-ChangeNotifier::ChangeNotifier(std::shared_ptr<const CameraDescription> cameraDescription,
-                               std::shared_ptr<AccessGuard> accessGuard, FeatureProvider provider)
-    : description(std::move(cameraDescription)), guard(std::move(accessGuard)),
-      features(std::move(provider))
+ChangeNotifier::ChangeNotifier(std::shared_ptr<const CameraDescription> description,
+                               std::shared_ptr<AccessGuard> guard, FeatureProvider features)
+    : m_description(std::move(description)), m_guard(std::move(guard)),
+      m_features(std::move(features))
 {
 }
 
 void ChangeNotifier::start(const std::shared_ptr<ChangeNotifier>& notifier,
-                           std::shared_ptr<CameraWorker> cameraWorker)
+                           std::shared_ptr<CameraWorker> worker)
 {
-    notifier->worker = std::move(cameraWorker);
+    notifier->m_worker = std::move(worker);
     // The thread shares ownership: it may be inside the call that destroys the camera.
-    notifier->thread = std::thread([notifier] { notifier->run(); });
+    notifier->m_thread = std::thread([notifier] { notifier->run(); });
 }
 
 void ChangeNotifier::stop()
@@ -47,50 +47,50 @@ void ChangeNotifier::stop()
     std::map<std::size_t, Watch> released;
     LostHandler releasedHandler;
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        stopping = true;
-        released.swap(watches);
-        releasedHandler.swap(lostHandler);
-        wake.notify_all();
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopping = true;
+        released.swap(m_watches);
+        releasedHandler.swap(m_lostHandler);
+        m_wake.notify_all();
     }
-    if (!thread.joinable())
+    if (!m_thread.joinable())
         return;
-    if (thread.get_id() == std::this_thread::get_id())
-        thread.detach();
+    if (m_thread.get_id() == std::this_thread::get_id())
+        m_thread.detach();
     else
-        thread.join();
+        m_thread.join();
 }
 
 void ChangeNotifier::addObserver(std::size_t feature,
                                  const std::shared_ptr<IFeatureObserver>& observer)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (stopping || isObserving(feature, observer))
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_stopping || isObserving(feature, observer))
         return;
-    Watch& watch = watches[feature];
+    Watch& watch = m_watches[feature];
     watch.observers.push_back(observer);
     schedulePoll(feature, watch);
-    wake.notify_all();
+    m_wake.notify_all();
 }
 
 void ChangeNotifier::removeObserver(std::size_t feature,
                                     const std::shared_ptr<IFeatureObserver>& observer)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    const auto found = watches.find(feature);
-    if (found == watches.end())
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_watches.find(feature);
+    if (found == m_watches.end())
         return;
     auto& observers = found->second.observers;
     observers.erase(std::remove(observers.begin(), observers.end(), observer), observers.end());
     if (observers.empty())
-        watches.erase(found);
+        m_watches.erase(found);
 }
 
 bool ChangeNotifier::isObserving(std::size_t feature,
                                  const std::shared_ptr<IFeatureObserver>& observer) const
 {
-    const auto found = watches.find(feature);
-    if (found == watches.end())
+    const auto found = m_watches.find(feature);
+    if (found == m_watches.end())
         return false;
     const auto& observers = found->second.observers;
     return std::find(observers.begin(), observers.end(), observer) != observers.end();
@@ -98,10 +98,10 @@ bool ChangeNotifier::isObserving(std::size_t feature,
 
 void ChangeNotifier::written(const FeatureDescription& feature)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     for (const std::size_t affected : feature.affected) {
-        const auto found = watches.find(affected);
-        if (found != watches.end())
+        const auto found = m_watches.find(affected);
+        if (found != m_watches.end())
             found->second.marked = true;
     }
     noteWrite();
@@ -109,46 +109,46 @@ void ChangeNotifier::written(const FeatureDescription& feature)
 
 void ChangeNotifier::writtenAll()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    for (auto& [position, watch] : watches)
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto& [position, watch] : m_watches)
         watch.marked = true;
     noteWrite();
 }
 
 void ChangeNotifier::noteWrite()
 {
-    ++generation;
-    quietAt = changedAt = Clock::now() + QuietWindow;
-    wake.notify_all();
+    ++m_generation;
+    m_quietAt = m_changedAt = Clock::now() + QuietWindow;
+    m_wake.notify_all();
 }
 
 void ChangeNotifier::recovered()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    for (auto& [position, watch] : watches)
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto& [position, watch] : m_watches)
         watch.marked = watch.mustReport = true;
-    changedAt = std::max(changedAt, Clock::now());
-    wake.notify_all();
+    m_changedAt = std::max(m_changedAt, Clock::now());
+    m_wake.notify_all();
 }
 
 void ChangeNotifier::lost()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    isLost = true;
-    wake.notify_all();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isLost = true;
+    m_wake.notify_all();
 }
 
 void ChangeNotifier::setLostHandler(LostHandler handler)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    lostHandler.swap(handler);
-    wake.notify_all();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_lostHandler.swap(handler);
+    m_wake.notify_all();
 }
 
 void ChangeNotifier::run()
 {
-    Lock lock(mutex);
-    while (!stopping) {
+    Lock lock(m_mutex);
+    while (!m_stopping) {
         if (!endsWell([&] { step(lock); }))
             pause(lock);
     }
@@ -159,47 +159,47 @@ void ChangeNotifier::pause(Lock& lock)
 {
     if (!lock.owns_lock())
         lock.lock();
-    wake.wait_for(lock, PauseAfterFailure, [this] { return stopping || isLost; });
+    m_wake.wait_for(lock, PauseAfterFailure, [this] { return m_stopping || m_isLost; });
 }
 
 // Does the one thing that is due, or waits for the next one.
 void ChangeNotifier::step(Lock& lock)
 {
-    if (isLost)
+    if (m_isLost)
         reportLoss(lock);
-    else if (!worker->isHealthy())
-        wake.wait(lock);
-    else if (Clock::now() < quietAt)
-        wake.wait_until(lock, Clock::time_point(quietAt));
+    else if (!m_worker->isHealthy())
+        m_wake.wait(lock);
+    else if (Clock::now() < m_quietAt)
+        m_wake.wait_until(lock, Clock::time_point(m_quietAt));
     else
         readNext(lock);
 }
 
 void ChangeNotifier::reportLoss(Lock& lock)
 {
-    if (!lostHandler) {
-        wake.wait(lock);
+    if (!m_lostHandler) {
+        m_wake.wait(lock);
         return;
     }
-    LostHandler handler = std::exchange(lostHandler, nullptr);
+    LostHandler handler = std::exchange(m_lostHandler, nullptr);
     lock.unlock();
     endsWell(handler);
     handler = nullptr;
     lock.lock();
 }
 
-// What is not known yet comes first: a change can only be told by comparison.
+// What is not known yet comes first: only a comparison can tell a change.
 void ChangeNotifier::readNext(Lock& lock)
 {
     const auto find = [this](auto condition) {
-        return std::find_if(watches.begin(), watches.end(),
+        return std::find_if(m_watches.begin(), m_watches.end(),
                             [&](const auto& item) { return condition(item.second); });
     };
     const auto unknown = find([](const Watch& watch) { return !watch.known && !watch.marked; });
-    if (unknown != watches.end())
+    if (unknown != m_watches.end())
         return check(lock, unknown->first);
     const auto marked = find([](const Watch& watch) { return watch.marked; });
-    if (marked != watches.end())
+    if (marked != m_watches.end())
         return check(lock, marked->first);
     pollNext(lock);
 }
@@ -207,13 +207,13 @@ void ChangeNotifier::readNext(Lock& lock)
 void ChangeNotifier::pollNext(Lock& lock)
 {
     const auto due =
-        std::min_element(watches.begin(), watches.end(), [](const auto& a, const auto& b) {
+        std::min_element(m_watches.begin(), m_watches.end(), [](const auto& a, const auto& b) {
             return a.second.nextPoll < b.second.nextPoll;
         });
-    if (due == watches.end() || due->second.nextPoll == Clock::time_point::max())
-        wake.wait(lock);
+    if (due == m_watches.end() || due->second.nextPoll == Clock::time_point::max())
+        m_wake.wait(lock);
     else if (due->second.nextPoll > Clock::now())
-        wake.wait_until(lock, Clock::time_point(due->second.nextPoll));
+        m_wake.wait_until(lock, Clock::time_point(due->second.nextPoll));
     else
         poll(lock, due->first);
 }
@@ -224,33 +224,33 @@ template <typename Result>
 std::optional<Result> ChangeNotifier::read(Lock& lock, std::size_t feature, Reader<Result> reader,
                                            Clock::time_point earliest)
 {
-    const auto before = generation;
+    const auto before = m_generation;
     const auto result = std::make_shared<Result>();
     const auto access = [reader, result](const FeatureDescription& facts) {
         return reader(facts, *result);
     };
     lock.unlock();
     ZalErrorType status = ZalErrorSuccess;
-    if (guard->hasGivenUpReading(feature))
+    if (m_guard->hasGivenUpReading(feature))
         setUnanswered(*result);
     else
-        status = worker->call([guard = guard, feature, access, earliest] {
+        status = m_worker->call([guard = m_guard, feature, access, earliest] {
             return guard->read(feature, access, {earliest});
         });
     lock.lock();
     if (status != ZalErrorSuccess && !isSilent(status))
         pause(lock);
-    const bool meaningful =
-        status == ZalErrorSuccess && generation == before && watches.find(feature) != watches.end();
+    const bool meaningful = status == ZalErrorSuccess && m_generation == before &&
+                            m_watches.find(feature) != m_watches.end();
     return meaningful ? std::optional<Result>(std::move(*result)) : std::nullopt;
 }
 
 void ChangeNotifier::check(Lock& lock, std::size_t feature)
 {
-    const auto snapshot = read<Snapshot>(lock, feature, readSnapshot, changedAt);
+    const auto snapshot = read<Snapshot>(lock, feature, readSnapshot, m_changedAt);
     if (!snapshot)
         return;
-    Watch& watch = watches.at(feature);
+    Watch& watch = m_watches.at(feature);
     const bool changed = watch.known ? !(*watch.known == *snapshot) : watch.marked;
     const bool mustReport = watch.mustReport;
     watch.known = snapshot;
@@ -266,31 +266,31 @@ void ChangeNotifier::poll(Lock& lock, std::size_t feature)
     const auto value = read<SnapshotValue>(lock, feature, readSnapshotValue, begun);
     if (!value)
         return;
-    Watch& watch = watches.at(feature);
+    Watch& watch = m_watches.at(feature);
     schedulePoll(feature, watch);
     if (!watch.known || watch.known->value == *value)
         return;
     watch.marked = true;
-    changedAt = std::max(changedAt, begun);
+    m_changedAt = std::max(m_changedAt, begun);
 }
 
 void ChangeNotifier::schedulePoll(std::size_t feature, Watch& watch)
 {
-    const auto pollingTime = description->features[feature].pollingTime;
+    const auto pollingTime = m_description->features[feature].pollingTime;
     if (pollingTime.count() > 0)
         watch.nextPoll = Clock::now() + pollingTime;
 }
 
-// An observer that was unregistered meanwhile may die here, and does so without the lock.
+// An observer that was unregistered meanwhile may be destroyed here, without the lock held.
 void ChangeNotifier::callObservers(Lock& lock, std::size_t feature)
 {
-    auto observers = watches.at(feature).observers;
+    auto observers = m_watches.at(feature).observers;
     for (auto& observer : observers) {
         const bool wanted = isObserving(feature, observer);
         lock.unlock();
-        // An observer that throws is one of the application's, and the others are still called.
+        // Observers are the application's: if one throws, the others are still called.
         endsWell([&] {
-            if (const FeaturePtr changed = wanted ? features(feature) : nullptr)
+            if (const FeaturePtr changed = wanted ? m_features(feature) : nullptr)
                 observer->FeatureChanged(changed);
         });
         observer.reset();

@@ -98,21 +98,21 @@ private:
     bool isObserving(std::size_t feature, const std::shared_ptr<IFeatureObserver>& observer) const;
     void noteWrite();
 
-    const std::shared_ptr<const CameraDescription> description;
-    const std::shared_ptr<AccessGuard> guard;
-    const FeatureProvider features;
-    std::shared_ptr<CameraWorker> worker;
-    std::thread thread;
+    const std::shared_ptr<const CameraDescription> m_description;
+    const std::shared_ptr<AccessGuard> m_guard;
+    const FeatureProvider m_features;
+    std::shared_ptr<CameraWorker> m_worker;
+    std::thread m_thread;
 
-    mutable std::mutex mutex;
-    std::condition_variable wake;
-    std::map<std::size_t, Watch> watches; ///< By position of the feature.
-    std::uint64_t generation = 0;         ///< Counts writes.
-    Clock::time_point quietAt;
-    Clock::time_point changedAt; ///< What the camera answered before says nothing any more.
-    LostHandler lostHandler;
-    bool isLost = false;
-    bool stopping = false;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::map<std::size_t, Watch> m_watches; ///< By position of the feature.
+    std::uint64_t m_generation = 0;         ///< Counts writes.
+    Clock::time_point m_quietAt;
+    Clock::time_point m_changedAt; ///< What the camera answered before says nothing any more.
+    LostHandler m_lostHandler;
+    bool m_isLost = false;
+    bool m_stopping = false;
 };
 
 } // namespace ZalCPP

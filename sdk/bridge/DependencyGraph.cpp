@@ -1,22 +1,16 @@
 #include "sdk/bridge/DependencyGraph.h"
 
-#include <algorithm>
+#include "sdk/bridge/DescriptionNodes.h"
+
 #include <utility>
 
 namespace ZalCPP {
 namespace {
 
-bool isOneOf(ArvGcPropertyNodeType type, std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    return std::find(types.begin(), types.end(), type) != types.end();
-}
-
 // The registers that a node's value comes from.
 void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers)
 {
-    for (ArvGcNode* source : reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                                   ARV_GC_PROPERTY_NODE_TYPE_P_VARIABLE})) {
+    for (ArvGcNode* source : valueNodes(node)) {
         if (ARV_IS_GC_STRUCT_ENTRY_NODE(source))
             source = ARV_GC_NODE(arv_dom_node_get_parent_node(ARV_DOM_NODE(source)));
         if (ARV_IS_GC_REGISTER(source))
@@ -25,52 +19,6 @@ void collectRegisters(ArvGcNode* node, std::unordered_set<ArvGcNode*>& registers
 }
 
 } // namespace
-
-bool saysVolatile(ArvGcPropertyNode* property)
-{
-    const auto type = arv_gc_property_node_get_node_type(property);
-    if (type == ARV_GC_PROPERTY_NODE_TYPE_CACHABLE)
-        return arv_gc_property_node_get_cachable(property, ARV_GC_CACHABLE_WRITE_AROUND) ==
-               ARV_GC_CACHABLE_NO_CACHE;
-    return type == ARV_GC_PROPERTY_NODE_TYPE_POLLING_TIME;
-}
-
-std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
-                                    std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    std::vector<ArvGcNode*> nodes;
-    forEachChild(node, [&](ArvDomNode* child) {
-        if (!ARV_IS_GC_PROPERTY_NODE(child))
-            return;
-        auto* property = ARV_GC_PROPERTY_NODE(child);
-        if (!isOneOf(arv_gc_property_node_get_node_type(property), types))
-            return;
-        if (auto* linked = arv_gc_property_node_get_linked_node(property))
-            nodes.push_back(linked);
-    });
-    return nodes;
-}
-
-std::vector<ArvGcNode*> reachableNodes(ArvGcNode* start,
-                                       std::initializer_list<ArvGcPropertyNodeType> types)
-{
-    std::vector<ArvGcNode*> found{start};
-    std::unordered_set<ArvGcNode*> known{start};
-    for (std::size_t next = 0; next < found.size(); ++next) {
-        for (ArvGcNode* linked : linkedNodes(ARV_DOM_NODE(found[next]), types)) {
-            if (known.insert(linked).second)
-                found.push_back(linked);
-        }
-    }
-    return found;
-}
-
-std::vector<ArvGcNode*> writtenNodes(ArvGcNode* node)
-{
-    return reachableNodes(node, {ARV_GC_PROPERTY_NODE_TYPE_P_VALUE,
-                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_INDEXED,
-                                 ARV_GC_PROPERTY_NODE_TYPE_P_VALUE_DEFAULT});
-}
 
 DependencyGraph::DependencyGraph(ArvGc* genicam)
 {
@@ -90,33 +38,32 @@ void DependencyGraph::addNode(ArvDomNode* node, ArvGcNode* owner)
         return;
     }
     if (ARV_IS_GC_STRUCT_ENTRY_NODE(node) && owner)
-        dependents[owner].push_back(self);
+        m_dependents[owner].push_back(self);
     addProperties(node, self);
     forEachChild(node, [&](ArvDomNode* child) { addNode(child, self); });
 }
 
 void DependencyGraph::addProperties(ArvDomNode* node, ArvGcNode* owner)
 {
-    forEachChild(node, [&](ArvDomNode* child) {
-        if (ARV_IS_GC_PROPERTY_NODE(child))
-            addReference(ARV_GC_PROPERTY_NODE(child), owner);
+    forEachProperty(node, [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+        addReference(property, type, owner);
     });
 }
 
-void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcNode* owner)
+void DependencyGraph::addReference(ArvGcPropertyNode* property, ArvGcPropertyNodeType type,
+                                   ArvGcNode* owner)
 {
-    const auto type = arv_gc_property_node_get_node_type(property);
     if (saysVolatile(property))
-        volatileNodes.push_back(owner);
-    if (isOneOf(type, {ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE, ARV_GC_PROPERTY_NODE_TYPE_P_PORT}))
+        m_volatileNodes.push_back(owner);
+    if (type == ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE || type == ARV_GC_PROPERTY_NODE_TYPE_P_PORT)
         return;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)
         return;
     if (type == ARV_GC_PROPERTY_NODE_TYPE_P_SELECTED)
-        dependents[owner].push_back(linked);
+        m_dependents[owner].push_back(linked);
     else
-        dependents[linked].push_back(owner);
+        m_dependents[linked].push_back(owner);
 }
 
 std::unordered_set<ArvGcNode*> DependencyGraph::affectedBy(ArvGcNode* node) const
@@ -129,7 +76,7 @@ std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>>
 DependencyGraph::volatileRegisters() const
 {
     std::unordered_set<ArvGcNode*> registers;
-    for (ArvGcNode* node : volatileNodes)
+    for (ArvGcNode* node : m_volatileNodes)
         collectRegisters(node, registers);
     std::vector<std::pair<ArvGcRegister*, std::unordered_set<ArvGcNode*>>> found;
     found.reserve(registers.size());
@@ -143,9 +90,9 @@ DependencyGraph::withDependents(std::unordered_set<ArvGcNode*> affected) const
 {
     std::vector<ArvGcNode*> pending(affected.begin(), affected.end());
     while (!pending.empty()) {
-        const auto found = dependents.find(pending.back());
+        const auto found = m_dependents.find(pending.back());
         pending.pop_back();
-        if (found == dependents.end())
+        if (found == m_dependents.end())
             continue;
         for (ArvGcNode* dependent : found->second) {
             if (affected.insert(dependent).second)

@@ -32,33 +32,11 @@ public:
 private:
     void addNode(ArvDomNode* node, ArvGcNode* owner);
     void addProperties(ArvDomNode* node, ArvGcNode* owner);
-    void addReference(ArvGcPropertyNode* property, ArvGcNode* owner);
+    void addReference(ArvGcPropertyNode* property, ArvGcPropertyNodeType type, ArvGcNode* owner);
     std::unordered_set<ArvGcNode*> withDependents(std::unordered_set<ArvGcNode*> nodes) const;
 
-    std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> dependents;
-    std::vector<ArvGcNode*> volatileNodes;
+    std::unordered_map<ArvGcNode*, std::vector<ArvGcNode*>> m_dependents;
+    std::vector<ArvGcNode*> m_volatileNodes;
 };
-
-/// Whether this property says that its node changes without being written.
-bool saysVolatile(ArvGcPropertyNode* property);
-
-/// The nodes that `node` names in properties of these types, in the description's order.
-std::vector<ArvGcNode*> linkedNodes(ArvDomNode* node,
-                                    std::initializer_list<ArvGcPropertyNodeType> types);
-
-/// `start` and all nodes that such properties lead to from there, the nearest first.
-std::vector<ArvGcNode*> reachableNodes(ArvGcNode* start,
-                                       std::initializer_list<ArvGcPropertyNodeType> types);
-
-/// The chain of nodes that a value written to `node` passes through, itself included.
-std::vector<ArvGcNode*> writtenNodes(ArvGcNode* node);
-
-/// Calls `visit` for each child of a description node, in the description's order.
-template <typename Visitor> void forEachChild(ArvDomNode* node, Visitor visit)
-{
-    for (auto* child = arv_dom_node_get_first_child(node); child;
-         child = arv_dom_node_get_next_sibling(child))
-        visit(child);
-}
 
 } // namespace ZalCPP

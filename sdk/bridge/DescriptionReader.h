@@ -5,9 +5,9 @@
 namespace ZalCPP {
 
 /// Reads the static facts of all implemented features reachable from Root, categories left out.
-/// Which features are implemented may depend on registers, so that this can cause traffic: call it
-/// when the camera is opened, before its worker starts. Fails when such a register cannot be read,
-/// because a feature would silently be missing otherwise.
+/// Which features are implemented may depend on registers, so this can cause traffic: call it when
+/// the camera is opened, before its worker starts. Fails when such a register cannot be read,
+/// because otherwise a feature would silently be missing.
 ZalErrorType readDescription(ArvGc* genicam, CameraDescription& description);
 
 } // namespace ZalCPP

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view RootName = "RegisterDescription";
 constexpr char OffsetName[] = "pOffset";
 
-// Cameras keep their descriptions in memory of a fixed size and fill the rest up.
+// Cameras keep their descriptions in memory of a fixed size and pad the rest.
 std::string_view withoutPadding(std::string_view text)
 {
     const std::size_t name = text.rfind(RootName);
@@ -22,7 +22,7 @@ std::string_view withoutPadding(std::string_view text)
 
 using DocumentPtr = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
 
-// The parser that Aravis uses, but one that insists on the rules. It fetches nothing.
+// The parser that Aravis uses, but strict. It fetches nothing.
 DocumentPtr parse(std::string_view text)
 {
     constexpr int options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;

@@ -1,7 +1,7 @@
 #include "sdk/bridge/Evaluation.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/DescriptionNodes.h"
 #include "sdk/bridge/DescriptionText.h"
 #include "sdk/bridge/Limits.h"
 
@@ -15,11 +15,10 @@ bool isNode(ArvDomNode* node)
     return ARV_IS_GC_NODE(node) && !ARV_IS_GC_PROPERTY_NODE(node);
 }
 
-// A length that only the camera knows is asked before the access, but that is too late for numbers:
-// Aravis reads one on its own account wherever another node depends on it.
-bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length)
+// A length that only the camera knows is checked before each access. For numbers that is too late:
+// Aravis itself reads one wherever another node depends on it.
+bool isUsableLength(ArvGcNode* owner, ArvGcPropertyNode* length, ArvGcPropertyNodeType type)
 {
-    const auto type = arv_gc_property_node_get_node_type(length);
     if (type == ARV_GC_PROPERTY_NODE_TYPE_P_LENGTH)
         return longestLength(owner) > Limits::NumberLength;
     if (type != ARV_GC_PROPERTY_NODE_TYPE_LENGTH)
@@ -67,20 +66,21 @@ void Evaluation::addProperties(ArvGcNode* owner, ArvDomNode* node)
     if (ARV_IS_GC_STRUCT_ENTRY_NODE(node))
         connect(owner, Value, ARV_GC_NODE(arv_dom_node_get_parent_node(node)), Value);
     forEachChild(node, [&](ArvDomNode* child) {
-        if (ARV_IS_GC_ENUM_ENTRY(child)) {
-            connect(owner, Limits, ARV_GC_NODE(child), Value);
-            connect(owner, Limits, ARV_GC_NODE(child), Gates);
-        }
-        if (ARV_IS_GC_PROPERTY_NODE(child))
-            addReference(owner, ARV_GC_PROPERTY_NODE(child));
+        if (!ARV_IS_GC_ENUM_ENTRY(child))
+            return;
+        connect(owner, Limits, ARV_GC_NODE(child), Value);
+        connect(owner, Limits, ARV_GC_NODE(child), Gates);
+    });
+    forEachProperty(node, [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+        addReference(owner, property, type);
     });
 }
 
-void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property)
+void Evaluation::addReference(ArvGcNode* owner, ArvGcPropertyNode* property,
+                              ArvGcPropertyNodeType type)
 {
-    const auto type = arv_gc_property_node_get_node_type(property);
-    if (!isUsableLength(owner, property))
-        states[idOf(owner, Value)].isBroken = true;
+    if (!isUsableLength(owner, property, type))
+        m_states[idOf(owner, Value)].isBroken = true;
     ArvGcNode* linked = arv_gc_property_node_get_linked_node(property);
     if (!linked)
         return;
@@ -135,26 +135,26 @@ void Evaluation::connect(ArvGcNode* owner, Question question, ArvGcNode* asked,
 {
     const std::size_t from = idOf(owner, question);
     const std::size_t to = idOf(asked, askedQuestion);
-    states[from].leadsTo.push_back(to);
-    states[to].askedBy.push_back(from);
-    ++states[from].open;
+    m_states[from].leadsTo.push_back(to);
+    m_states[to].askedBy.push_back(from);
+    ++m_states[from].open;
 }
 
-// From the questions that lead to no other backwards: what is never reached runs in a circle, or
-// leads into one.
+// Goes backwards from the questions that lead to no other: what is never reached runs in a circle,
+// or leads into one.
 void Evaluation::findWhatEnds()
 {
     std::vector<std::size_t> settled;
-    for (std::size_t id = 0; id < states.size(); ++id) {
-        if (states[id].open == 0)
+    for (std::size_t id = 0; id < m_states.size(); ++id) {
+        if (m_states[id].open == 0)
             settled.push_back(id);
     }
     while (!settled.empty()) {
-        State& state = states[settled.back()];
+        State& state = m_states[settled.back()];
         settled.pop_back();
         settle(state);
         for (const std::size_t id : state.askedBy) {
-            if (--states[id].open == 0)
+            if (--m_states[id].open == 0)
                 settled.push_back(id);
         }
     }
@@ -164,7 +164,7 @@ void Evaluation::settle(State& state) const
 {
     state.ends = !state.isBroken;
     for (const std::size_t id : state.leadsTo) {
-        const State& next = states[id];
+        const State& next = m_states[id];
         state.ends = state.ends && next.ends;
         state.depth = std::max(state.depth, next.depth + 1);
         state.steps = std::min(state.steps + next.steps, Limits::EvaluationSteps + 1);
@@ -175,10 +175,10 @@ void Evaluation::settle(State& state) const
 
 std::size_t Evaluation::idOf(ArvGcNode* node, Question question)
 {
-    const auto [found, isNew] = positions.emplace(node, nodes.size());
+    const auto [found, isNew] = m_positions.emplace(node, m_nodes.size());
     if (isNew) {
-        nodes.push_back(node);
-        states.resize(nodes.size() * QuestionCount);
+        m_nodes.push_back(node);
+        m_states.resize(m_nodes.size() * QuestionCount);
     }
     return found->second * QuestionCount + question;
 }
@@ -186,8 +186,8 @@ std::size_t Evaluation::idOf(ArvGcNode* node, Question question)
 // A node without a state names no other.
 bool Evaluation::ends(ArvGcNode* node, Question question) const
 {
-    const auto found = positions.find(node);
-    return found == positions.end() || states[found->second * QuestionCount + question].ends;
+    const auto found = m_positions.find(node);
+    return found == m_positions.end() || m_states[found->second * QuestionCount + question].ends;
 }
 
 bool Evaluation::isAnswerable(ArvGcNode* node) const
@@ -197,7 +197,7 @@ bool Evaluation::isAnswerable(ArvGcNode* node) const
 
 bool Evaluation::areAnswerable(const char* prefix) const
 {
-    return std::all_of(nodes.begin(), nodes.end(), [&](ArvGcNode* node) {
+    return std::all_of(m_nodes.begin(), m_nodes.end(), [&](ArvGcNode* node) {
         const char* name = ARV_IS_GC_FEATURE_NODE(node)
                                ? arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node))
                                : nullptr;
@@ -215,12 +215,12 @@ std::unordered_set<ArvGcNode*> Evaluation::sourcesOf(ArvGcNode* node) const
     std::unordered_set<ArvGcNode*> sources{node};
     std::vector<ArvGcNode*> pending{node};
     while (!pending.empty()) {
-        const auto found = positions.find(pending.back());
+        const auto found = m_positions.find(pending.back());
         pending.pop_back();
-        if (found == positions.end())
+        if (found == m_positions.end())
             continue;
-        for (const std::size_t id : states[found->second * QuestionCount + Value].leadsTo) {
-            ArvGcNode* source = nodes[id / QuestionCount];
+        for (const std::size_t id : m_states[found->second * QuestionCount + Value].leadsTo) {
+            ArvGcNode* source = m_nodes[id / QuestionCount];
             if (sources.insert(source).second)
                 pending.push_back(source);
         }

@@ -55,7 +55,7 @@ private:
 
     void addNode(ArvDomNode* node);
     void addProperties(ArvGcNode* owner, ArvDomNode* node);
-    void addReference(ArvGcNode* owner, ArvGcPropertyNode* property);
+    void addReference(ArvGcNode* owner, ArvGcPropertyNode* property, ArvGcPropertyNodeType type);
     void addIndexOffsets(ArvGc* genicam);
     void connect(ArvGcNode* owner, Question question, ArvGcNode* asked, Question askedQuestion);
     void findWhatEnds();
@@ -63,9 +63,9 @@ private:
     std::size_t idOf(ArvGcNode* node, Question question);
     bool ends(ArvGcNode* node, Question question) const;
 
-    std::vector<State> states;
-    std::vector<ArvGcNode*> nodes; ///< In the order of their states.
-    std::unordered_map<ArvGcNode*, std::size_t> positions;
+    std::vector<State> m_states;
+    std::vector<ArvGcNode*> m_nodes; ///< In the order of their states.
+    std::unordered_map<ArvGcNode*, std::size_t> m_positions;
 };
 
 /// The longest that a register of this kind may be.

@@ -34,11 +34,11 @@ struct FeatureDescription
 
     // Positions in CameraDescription::features.
     std::vector<std::size_t> selected; ///< What this selector governs.
-    std::vector<std::size_t>
-        affected; ///< What a write to this feature may change, itself included.
+    /// What a write to this feature may change, itself included.
+    std::vector<std::size_t> affected;
 
-    /// False where Aravis would never find an end, or ask for more memory than there is: such a
-    /// feature is listed, but nothing of it may be asked.
+    /// False where Aravis would never come to an end, or would ask for more memory than there is:
+    /// such a feature is listed, but nothing of it may be asked.
     bool isAnswerable = true;
 
     /// What the description calls by this name.
@@ -64,7 +64,7 @@ struct CameraDescription
 {
     std::vector<FeatureDescription> features;
     std::unordered_map<std::string, std::size_t> positions; ///< By feature name.
-    /// False where Aravis would never find an end when it opens a stream of images.
+    /// False where Aravis would never come to an end when it opens a stream of images.
     bool canStream = true;
 };
 

@@ -1,15 +1,15 @@
 #include "sdk/bridge/Implementation.h"
 
 #include "sdk/bridge/AravisStatus.h"
-#include "sdk/bridge/DependencyGraph.h"
+#include "sdk/bridge/DescriptionNodes.h"
 
 #include <algorithm>
 
 namespace ZalCPP {
 namespace {
 
-// A camera that cannot be asked differs from one whose description makes no sense: there the
-// feature does not exist.
+// A camera that cannot be asked differs from one whose description makes no sense: in the latter
+// the feature does not exist.
 bool isFailedRead(ZalErrorType status)
 {
     return isSilent(status) || status == ZalErrorTransport || status == ZalErrorUnknown;
@@ -33,22 +33,19 @@ bool changesByItself(ArvGcNode* node)
 {
     const bool isStored = ARV_IS_GC_REGISTER(node) || ARV_IS_GC_STRUCT_ENTRY_NODE(node);
     bool changes = isStored && canBeWritten(node);
-    forEachChild(ARV_DOM_NODE(node), [&](ArvDomNode* child) {
-        if (!ARV_IS_GC_PROPERTY_NODE(child))
-            return;
-        auto* property = ARV_GC_PROPERTY_NODE(child);
-        const auto type = arv_gc_property_node_get_node_type(property);
-        changes =
-            changes || saysVolatile(property) || type == ARV_GC_PROPERTY_NODE_TYPE_P_INVALIDATOR;
-    });
+    forEachProperty(ARV_DOM_NODE(node),
+                    [&](ArvGcPropertyNode* property, ArvGcPropertyNodeType type) {
+                        changes = changes || saysVolatile(property) ||
+                                  type == ARV_GC_PROPERTY_NODE_TYPE_P_INVALIDATOR;
+                    });
     return changes;
 }
 
 } // namespace
 
-Implementation::Implementation(const Evaluation& descriptionEvaluation,
+Implementation::Implementation(const Evaluation& evaluation,
                                const std::vector<ArvGcNode*>& features)
-    : evaluation(descriptionEvaluation)
+    : m_evaluation(evaluation)
 {
     for (ArvGcNode* feature : features) {
         if (canBeWritten(feature))
@@ -61,7 +58,7 @@ Implementation::Implementation(const Evaluation& descriptionEvaluation,
 
 void Implementation::addAll(const std::vector<ArvGcNode*>& nodes)
 {
-    changing.insert(nodes.begin(), nodes.end());
+    m_changing.insert(nodes.begin(), nodes.end());
 }
 
 ZalErrorType Implementation::decide(FeatureDescription& feature, bool& implemented) const
@@ -83,9 +80,9 @@ bool Implementation::canChange(ArvGcFeatureNode* node) const
 {
     for (ArvGcNode* condition :
          linkedNodes(ARV_DOM_NODE(node), {ARV_GC_PROPERTY_NODE_TYPE_P_IS_IMPLEMENTED})) {
-        const auto sources = evaluation.sourcesOf(condition);
+        const auto sources = m_evaluation.sourcesOf(condition);
         const bool changes = std::any_of(sources.begin(), sources.end(), [this](ArvGcNode* source) {
-            return changing.count(source) > 0 || changesByItself(source);
+            return m_changing.count(source) > 0 || changesByItself(source);
         });
         if (changes)
             return true;

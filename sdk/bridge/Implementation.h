@@ -31,9 +31,9 @@ private:
     void addAll(const std::vector<ArvGcNode*>& nodes);
     bool canChange(ArvGcFeatureNode* node) const;
 
-    const Evaluation& evaluation;
+    const Evaluation& m_evaluation;
     /// What a write to some feature passes through, and what lies behind a selector.
-    std::unordered_set<ArvGcNode*> changing;
+    std::unordered_set<ArvGcNode*> m_changing;
 };
 
 } // namespace ZalCPP

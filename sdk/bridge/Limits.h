@@ -1,5 +1,5 @@
-// What the bridge accepts from a camera's description. A camera names sizes, counts and times as it
-// likes; beyond these it is a mistake, or would cost more than any use of it is worth.
+// What the bridge accepts from a camera's description. A camera may name any size, count or time;
+// beyond these it is a mistake, or would cost more than it is worth.
 #pragma once
 
 #include <chrono>

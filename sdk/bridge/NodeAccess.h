@@ -16,14 +16,14 @@ template <typename Number> struct Range
     Number max = 0;
 };
 
-/// What can be done with a feature at this moment.
-struct AccessMode
+/// What may be done with a feature at this moment.
+struct Permissions
 {
     bool readable = false; ///< Implemented, available and not write-only.
     bool writable = false; ///< Implemented, available, unlocked and not read-only.
 };
 
-inline bool operator==(const AccessMode& a, const AccessMode& b)
+inline bool operator==(const Permissions& a, const Permissions& b)
 {
     return a.readable == b.readable && a.writable == b.writable;
 }
@@ -33,8 +33,11 @@ using RawData = std::vector<unsigned char>;
 
 namespace NodeAccess {
 
+/// One of the questions below.
+template <typename Answer> using Query = ZalErrorType (*)(const FeatureDescription&, Answer&);
+
 /// Both questions at once.
-ZalErrorType accessMode(const FeatureDescription& feature, AccessMode& mode);
+ZalErrorType permissions(const FeatureDescription& feature, Permissions& granted);
 /// See Feature::IsReadable().
 ZalErrorType isReadable(const FeatureDescription& feature, bool& readable);
 /// See Feature::IsWritable().
@@ -50,7 +53,7 @@ ZalErrorType floatValue(const FeatureDescription& feature, double& value);
 ZalErrorType boolValue(const FeatureDescription& feature, bool& value);
 /// Of a string, or the name of an enumeration's current entry.
 ZalErrorType textValue(const FeatureDescription& feature, std::string& value);
-/// As long as the camera says that the register is.
+/// As many bytes as the camera says that the register has.
 ZalErrorType rawValue(const FeatureDescription& feature, RawData& value);
 
 /// Fails with ZalErrorOutOfRange outside the range or between two steps.

@@ -35,14 +35,14 @@ public:
     {
     public:
         /// Takes the place of one around it as long as it lives.
-        Fresh(ReadCache& readCache, Clock::time_point earliest);
-        ~Fresh() { cache.earliest = before; }
+        Fresh(ReadCache& cache, Clock::time_point earliest);
+        ~Fresh() { m_cache.m_earliest = m_before; }
         Fresh(const Fresh&) = delete;
         Fresh& operator=(const Fresh&) = delete;
 
     private:
-        ReadCache& cache;
-        const Clock::time_point before;
+        ReadCache& m_cache;
+        const Clock::time_point m_before;
     };
 
     /// Fills `buffer`, of the key's size, where there is an answer that is good at `now`.
@@ -50,11 +50,9 @@ public:
     /// `asked` is when the question was put: the camera may have answered it right then.
     void keep(const Key& key, Clock::time_point asked, const void* buffer);
     /// After a write, which may change anything.
-    void clear() { answers.clear(); }
+    void clear() { m_answers.clear(); }
     /// All answers from that address, whatever their size.
     void forget(std::uint64_t address);
-    /// How many answers there are, good or not.
-    std::size_t size() const { return answers.size(); }
 
 private:
     struct Answer
@@ -63,8 +61,8 @@ private:
         std::vector<unsigned char> bytes;
     };
 
-    std::map<std::tuple<std::uint64_t, std::uint32_t, bool>, Answer> answers;
-    Clock::time_point earliest;
+    std::map<std::tuple<std::uint64_t, std::uint32_t, bool>, Answer> m_answers;
+    Clock::time_point m_earliest;
 };
 
 } // namespace ZalCPP

@@ -71,8 +71,8 @@ bool isControlled(ArvDevice* device, guint32& privilege)
            (privilege & controlOrExclusive) != 0;
 }
 
-// The register says that somebody has control, but not who. To its owner a camera does not refuse
-// it, and writing what it holds already changes nothing.
+// The register says that somebody has control, but not who. A camera does not refuse its owner a
+// write to it, and writing what it already holds changes nothing.
 bool isControlledBySomebodyElse(ArvDevice* device)
 {
     guint32 privilege = 0;

@@ -11,7 +11,7 @@
 namespace ZalCPP {
 
 /// Stands between Aravis and one device: counts the register accesses, answers reads from the cache
-/// where that is good enough, and looks who controls the camera when a write fails. Any thread may
+/// where that is good enough, and checks who controls the camera when a write fails. Any thread may
 /// read the numbers; the cache belongs to the thread that accesses the device.
 ///
 /// Aravis has no hook for this, so the access functions of the device's class are wrapped, once per

@@ -21,8 +21,8 @@ template <typename Value> SnapshotValue wrap(Value value)
 
 // Stores what `query` answers, or the status that it fails with.
 template <typename Value>
-ZalErrorType store(const FeatureDescription& feature,
-                   ZalErrorType (*query)(const FeatureDescription&, Value&), SnapshotValue& stored)
+ZalErrorType store(const FeatureDescription& feature, NodeAccess::Query<Value> query,
+                   SnapshotValue& stored)
 {
     Value value{};
     const ZalErrorType status = guarded([&] { return query(feature, value); });
@@ -31,8 +31,7 @@ ZalErrorType store(const FeatureDescription& feature,
 }
 
 template <typename Number>
-ZalErrorType storeRange(const FeatureDescription& feature,
-                        ZalErrorType (*query)(const FeatureDescription&, Range<Number>&),
+ZalErrorType storeRange(const FeatureDescription& feature, NodeAccess::Query<Range<Number>> query,
                         Snapshot& snapshot)
 {
     Range<Number> range;
@@ -81,8 +80,8 @@ bool operator==(const Real& a, const Real& b)
 
 bool operator==(const Snapshot& a, const Snapshot& b)
 {
-    return std::tie(a.accessMode, a.value, a.min, a.max, a.increment, a.entriesAvailable) ==
-           std::tie(b.accessMode, b.value, b.min, b.max, b.increment, b.entriesAvailable);
+    return std::tie(a.permissions, a.value, a.min, a.max, a.increment, a.entriesAvailable) ==
+           std::tie(b.permissions, b.value, b.min, b.max, b.increment, b.entriesAvailable);
 }
 
 ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue& value)
@@ -107,7 +106,7 @@ ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue&
 ZalErrorType readSnapshot(const FeatureDescription& feature, Snapshot& snapshot)
 {
     Snapshot found;
-    ZalErrorType status = NodeAccess::accessMode(feature, found.accessMode);
+    ZalErrorType status = NodeAccess::permissions(feature, found.permissions);
     if (isSilent(status))
         return status;
     status = readSnapshotValue(feature, found.value);

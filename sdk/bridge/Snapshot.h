@@ -22,7 +22,7 @@ using SnapshotValue = std::variant<ZalErrorType, long long, Real, bool, std::str
 /// Everything about a feature whose change its observers are told.
 struct Snapshot
 {
-    AccessMode accessMode;
+    Permissions permissions;
     SnapshotValue value;
     SnapshotValue min;
     SnapshotValue max;

@@ -19,9 +19,9 @@ std::shared_ptr<ZalCPP::Camera> simulate(const std::string& model, std::string& 
     const auto pair = std::make_shared<SimulatedPair>();
     ZalSim::Options options;
     options.model = model;
-    pair->simulator = ZalSim::SimulatedCamera::Start(options, error);
+    pair->simulator = ZalSim::SimulatedCamera::start(options, error);
     if (pair->simulator)
-        pair->camera = ZalCPP::CameraSystem::Open(pair->simulator->CameraId(), error);
+        pair->camera = ZalCPP::CameraSystem::Open(pair->simulator->cameraId(), error);
     return pair->camera ? std::shared_ptr<ZalCPP::Camera>(pair, pair->camera.get()) : nullptr;
 }
 

@@ -23,8 +23,8 @@ public:
     Behaviour& operator=(const Behaviour&) = delete;
 
     /// Writes the start values of its registers, which are all zero before.
-    virtual void SwitchOn(Memory& memory) = 0;
-    virtual void Run(const Step& step) = 0;
+    virtual void switchOn(Memory& memory) = 0;
+    virtual void run(const Step& step) = 0;
 };
 
 } // namespace ZalSim

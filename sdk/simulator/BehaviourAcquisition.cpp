@@ -31,191 +31,193 @@ constexpr double FrameRateMax = 50;
 // as they are in a camera.
 constexpr unsigned WaitingTriggersMax = 16;
 
-double FramePeriod(const Memory& memory)
+double framePeriod(const Memory& memory)
 {
-    const bool fixed = memory.Read(FrameRateEnable) != 0;
-    const double rate = fixed ? memory.ReadDouble(FrameRate) : FrameRateMax;
+    const bool fixed = memory.read(FrameRateEnable) != 0;
+    const double rate = fixed ? memory.readDouble(FrameRate) : FrameRateMax;
     return 1e6 / std::clamp(rate, 0.1, FrameRateMax);
 }
 
 } // namespace
 
 BehaviourAcquisition::BehaviourAcquisition()
-    : acquisitionTrigger(AcquisitionStart), frameTrigger(FrameStart), burstTrigger(FrameBurstStart)
+    : m_acquisitionTrigger(AcquisitionStart), m_frameTrigger(FrameStart),
+      m_burstTrigger(FrameBurstStart)
 {
 }
 
-void BehaviourAcquisition::SwitchOn(Memory& memory)
+void BehaviourAcquisition::switchOn(Memory& memory)
 {
     // Aravis' camera sends one frame for each of its own software triggers; which these are is
     // decided here.
-    memory.Write(AravisTriggerMode, 1);
-    memory.Write(AravisTriggerSource, 1);
-    memory.Write(AcquisitionMode, Continuous);
-    memory.Write(FrameCount, 10);
-    memory.Write(BurstFrameCount, 3);
-    memory.Write(FrameRateEnable, 1);
-    memory.WriteDouble(FrameRate, 20);
-    memory.WriteDouble(ExposureTime, 10000);
-    memory.Write(TriggerSelector, FrameStart);
-    for (const TriggerInput* trigger : {&acquisitionTrigger, &frameTrigger, &burstTrigger})
-        trigger->SwitchOn(memory);
+    memory.write(AravisTriggerMode, 1);
+    memory.write(AravisTriggerSource, 1);
+    memory.write(AcquisitionMode, Continuous);
+    memory.write(FrameCount, 10);
+    memory.write(BurstFrameCount, 3);
+    memory.write(FrameRateEnable, 1);
+    memory.writeDouble(FrameRate, 20);
+    memory.writeDouble(ExposureTime, 10000);
+    memory.write(TriggerSelector, FrameStart);
+    for (const TriggerInput* trigger : {&m_acquisitionTrigger, &m_frameTrigger, &m_burstTrigger})
+        trigger->switchOn(memory);
 }
 
-void BehaviourAcquisition::Run(const Step& step)
+void BehaviourAcquisition::run(const Step& step)
 {
-    ReleaseWhenAlone(step.memory);
-    const bool wanted = step.memory.Read(Acquisition) != 0;
-    if (wanted && !acquiring)
-        Begin(step);
-    if (!wanted && acquiring)
-        End(step);
-    TakeTriggers(step);
-    if (acquiring) {
-        EndExposure(step);
-        StartExposure(step);
-        Deliver(step);
+    releaseWhenAlone(step.memory);
+    const bool wanted = step.memory.read(Acquisition) != 0;
+    if (wanted && !m_acquiring)
+        begin(step);
+    if (!wanted && m_acquiring)
+        end(step);
+    takeTriggers(step);
+    if (m_acquiring) {
+        endExposure(step);
+        startExposure(step);
+        deliver(step);
     }
-    ShowSignals(step);
+    showSignals(step);
 }
 
 // A host that vanished leaves its acquisition running; the camera stops when it gives the host up.
-void BehaviourAcquisition::ReleaseWhenAlone(Memory& memory) const
+void BehaviourAcquisition::releaseWhenAlone(Memory& memory) const
 {
-    if (memory.Read(ControlPrivilege) != 0)
+    if (memory.read(ControlPrivilege) != 0)
         return;
-    if (memory.Read(Acquisition) != 0)
-        memory.Write(Acquisition, 0);
-    if (memory.Read(ParamsLocked) != 0)
-        memory.Write(ParamsLocked, 0);
+    if (memory.read(Acquisition) != 0)
+        memory.write(Acquisition, 0);
+    if (memory.read(ParamsLocked) != 0)
+        memory.write(ParamsLocked, 0);
 }
 
-void BehaviourAcquisition::Begin(const Step& step)
+void BehaviourAcquisition::begin(const Step& step)
 {
-    const std::uint32_t mode = step.memory.Read(AcquisitionMode);
-    acquiring = true;
-    acquisitionTriggered = false;
-    exposing = false;
-    endless = mode != SingleFrame && mode != MultiFrame;
-    framesLeft = mode == SingleFrame ? 1 : step.memory.Read(FrameCount);
-    burstFramesLeft = 0;
-    waitingTriggers = 0;
-    framesToSend = 0;
-    nextFrame = step.now;
-    step.memory.Write(PictureNumber, 0);
+    const std::uint32_t mode = step.memory.read(AcquisitionMode);
+    m_acquiring = true;
+    m_acquisitionTriggered = false;
+    m_exposing = false;
+    m_endless = mode != SingleFrame && mode != MultiFrame;
+    m_framesLeft = mode == SingleFrame ? 1 : step.memory.read(FrameCount);
+    m_burstFramesLeft = 0;
+    m_waitingTriggers = 0;
+    m_framesToSend = 0;
+    m_nextFrame = step.now;
+    step.memory.write(PictureNumber, 0);
 }
 
-void BehaviourAcquisition::End(const Step& step)
+void BehaviourAcquisition::end(const Step& step)
 {
-    acquiring = false;
-    exposing = false;
-    for (TriggerInput* trigger : {&acquisitionTrigger, &frameTrigger, &burstTrigger})
-        trigger->Forget();
-    step.memory.Write(AravisSendFrame, 0);
+    m_acquiring = false;
+    m_exposing = false;
+    for (TriggerInput* trigger : {&m_acquisitionTrigger, &m_frameTrigger, &m_burstTrigger})
+        trigger->forget();
+    step.memory.write(AravisSendFrame, 0);
 }
 
-void BehaviourAcquisition::TakeTriggers(const Step& step)
+void BehaviourAcquisition::takeTriggers(const Step& step)
 {
-    const unsigned acquisitions = acquisitionTrigger.Take(step);
-    const unsigned bursts = burstTrigger.Take(step);
-    const unsigned frames = frameTrigger.Take(step);
-    if (!acquiring)
+    const unsigned acquisitions = m_acquisitionTrigger.take(step);
+    const unsigned bursts = m_burstTrigger.take(step);
+    const unsigned frames = m_frameTrigger.take(step);
+    if (!m_acquiring)
         return;
-    acquisitionTriggered = acquisitionTriggered || acquisitions > 0;
-    if (!burstTrigger.IsOn(step.memory))
-        burstFramesLeft = 0;
-    else if (bursts > 0 && burstFramesLeft == 0)
-        burstFramesLeft = step.memory.Read(BurstFrameCount);
-    if (!frameTrigger.IsOn(step.memory))
-        waitingTriggers = 0;
-    if (!IsGateOpen(step))
+    m_acquisitionTriggered = m_acquisitionTriggered || acquisitions > 0;
+    if (!m_burstTrigger.isOn(step.memory))
+        m_burstFramesLeft = 0;
+    else if (bursts > 0 && m_burstFramesLeft == 0)
+        m_burstFramesLeft = step.memory.read(BurstFrameCount);
+    if (!m_frameTrigger.isOn(step.memory))
+        m_waitingTriggers = 0;
+    if (!isGateOpen(step))
         return;
-    waitingTriggers = std::min(waitingTriggers + frames, WaitingTriggersMax);
-    step.bus.Pulse(SignalFrameTrigger, frames);
+    m_waitingTriggers = std::min(m_waitingTriggers + frames, WaitingTriggersMax);
+    step.bus.pulse(SignalFrameTrigger, frames);
 }
 
-bool BehaviourAcquisition::IsGateOpen(const Step& step) const
+bool BehaviourAcquisition::isGateOpen(const Step& step) const
 {
-    if (!endless && framesLeft == 0)
+    if (!m_endless && m_framesLeft == 0)
         return false;
-    if (acquisitionTrigger.IsOn(step.memory) && !acquisitionTriggered)
+    if (m_acquisitionTrigger.isOn(step.memory) && !m_acquisitionTriggered)
         return false;
-    return !burstTrigger.IsOn(step.memory) || burstFramesLeft > 0;
+    return !m_burstTrigger.isOn(step.memory) || m_burstFramesLeft > 0;
 }
 
-bool BehaviourAcquisition::WantsFrame(const Step& step)
+bool BehaviourAcquisition::wantsFrame(const Step& step)
 {
-    if (frameTrigger.IsOn(step.memory) && !frameTrigger.IsHeld(step)) {
-        nextFrame = step.now;
-        if (waitingTriggers == 0)
+    if (m_frameTrigger.isOn(step.memory) && !m_frameTrigger.isHeld(step)) {
+        m_nextFrame = step.now;
+        if (m_waitingTriggers == 0)
             return false;
-        --waitingTriggers;
+        --m_waitingTriggers;
         return true;
     }
-    if (step.now < nextFrame)
+    if (step.now < m_nextFrame)
         return false;
     // Keeps the rhythm, but does not run after frames that a long exposure left out.
-    const double period = FramePeriod(step.memory);
-    nextFrame = std::max(nextFrame + period, step.now);
+    const double period = framePeriod(step.memory);
+    m_nextFrame = std::max(m_nextFrame + period, step.now);
     return true;
 }
 
-void BehaviourAcquisition::StartExposure(const Step& step)
+void BehaviourAcquisition::startExposure(const Step& step)
 {
-    if (!IsGateOpen(step))
-        nextFrame = step.now;
-    else if (!exposing && WantsFrame(step))
-        Expose(step);
+    if (!isGateOpen(step))
+        m_nextFrame = step.now;
+    else if (!m_exposing && wantsFrame(step))
+        expose(step);
 }
 
-void BehaviourAcquisition::Expose(const Step& step)
+void BehaviourAcquisition::expose(const Step& step)
 {
-    exposing = true;
-    exposureStart = step.now;
-    framesLeft -= endless ? 0 : 1;
-    burstFramesLeft -= burstFramesLeft > 0 ? 1 : 0;
-    step.bus.Pulse(SignalFrameStart);
-    step.bus.Pulse(SignalExposureStart);
+    m_exposing = true;
+    m_exposureStart = step.now;
+    m_framesLeft -= m_endless ? 0 : 1;
+    m_burstFramesLeft -= m_burstFramesLeft > 0 ? 1 : 0;
+    step.bus.pulse(SignalFrameStart);
+    step.bus.pulse(SignalExposureStart);
 }
 
-bool BehaviourAcquisition::IsExposureOver(const Step& step) const
+bool BehaviourAcquisition::isExposureOver(const Step& step) const
 {
-    const bool byWidth = step.memory.Read(ExposureMode) == TriggerWidth &&
-                         frameTrigger.IsOn(step.memory) && !frameTrigger.IsSoftware(step.memory);
+    const bool byWidth = step.memory.read(ExposureMode) == TriggerWidth &&
+                         m_frameTrigger.isOn(step.memory) &&
+                         !m_frameTrigger.isSoftware(step.memory);
     if (byWidth)
-        return !frameTrigger.IsSourceActive(step);
-    return step.now - exposureStart >= step.memory.ReadDouble(ExposureTime);
+        return !m_frameTrigger.isSourceActive(step);
+    return step.now - m_exposureStart >= step.memory.readDouble(ExposureTime);
 }
 
-void BehaviourAcquisition::EndExposure(const Step& step)
+void BehaviourAcquisition::endExposure(const Step& step)
 {
-    if (!exposing || !IsExposureOver(step))
+    if (!m_exposing || !isExposureOver(step))
         return;
-    exposing = false;
-    ++framesToSend;
-    step.bus.Pulse(SignalExposureEnd);
-    step.bus.Pulse(SignalFrameEnd);
+    m_exposing = false;
+    ++m_framesToSend;
+    step.bus.pulse(SignalExposureEnd);
+    step.bus.pulse(SignalFrameEnd);
 }
 
 // The send register is cleared when a frame leaves. Writing it earlier would lose one.
-void BehaviourAcquisition::Deliver(const Step& step)
+void BehaviourAcquisition::deliver(const Step& step)
 {
-    if (step.memory.Read(AravisSendFrame) != 0)
+    if (step.memory.read(AravisSendFrame) != 0)
         return;
-    if (framesToSend > 0) {
-        --framesToSend;
-        step.memory.Write(AravisSendFrame, 1);
-    } else if (!endless && framesLeft == 0 && !exposing) {
-        step.memory.Write(Acquisition, 0);
+    if (m_framesToSend > 0) {
+        --m_framesToSend;
+        step.memory.write(AravisSendFrame, 1);
+    } else if (!m_endless && m_framesLeft == 0 && !m_exposing) {
+        step.memory.write(Acquisition, 0);
     }
 }
 
-void BehaviourAcquisition::ShowSignals(const Step& step) const
+void BehaviourAcquisition::showSignals(const Step& step) const
 {
-    const bool waiting = acquiring && !exposing && IsGateOpen(step);
-    step.bus.SetLevel(SignalExposureActive, exposing);
-    step.bus.SetLevel(SignalAcquisitionActive, acquiring);
-    step.bus.SetLevel(SignalFrameTriggerWait, waiting && frameTrigger.IsOn(step.memory));
+    const bool waiting = m_acquiring && !m_exposing && isGateOpen(step);
+    step.bus.setLevel(SignalExposureActive, m_exposing);
+    step.bus.setLevel(SignalAcquisitionActive, m_acquiring);
+    step.bus.setLevel(SignalFrameTriggerWait, waiting && m_frameTrigger.isOn(step.memory));
 }
 
 } // namespace ZalSim

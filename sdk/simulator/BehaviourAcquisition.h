@@ -10,37 +10,37 @@ class BehaviourAcquisition : public Behaviour
 public:
     BehaviourAcquisition();
 
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
 private:
-    void ReleaseWhenAlone(Memory& memory) const;
-    void Begin(const Step& step);
-    void End(const Step& step);
-    void TakeTriggers(const Step& step);
-    void StartExposure(const Step& step);
-    void Expose(const Step& step);
-    bool WantsFrame(const Step& step);
-    bool IsGateOpen(const Step& step) const;
-    void EndExposure(const Step& step);
-    bool IsExposureOver(const Step& step) const;
-    void Deliver(const Step& step);
-    void ShowSignals(const Step& step) const;
+    void releaseWhenAlone(Memory& memory) const;
+    void begin(const Step& step);
+    void end(const Step& step);
+    void takeTriggers(const Step& step);
+    void startExposure(const Step& step);
+    void expose(const Step& step);
+    bool wantsFrame(const Step& step);
+    bool isGateOpen(const Step& step) const;
+    void endExposure(const Step& step);
+    bool isExposureOver(const Step& step) const;
+    void deliver(const Step& step);
+    void showSignals(const Step& step) const;
 
-    TriggerInput acquisitionTrigger;
-    TriggerInput frameTrigger;
-    TriggerInput burstTrigger;
+    TriggerInput m_acquisitionTrigger;
+    TriggerInput m_frameTrigger;
+    TriggerInput m_burstTrigger;
 
-    bool acquiring = false;
-    bool acquisitionTriggered = false;
-    bool exposing = false;
-    bool endless = true;
-    unsigned framesLeft = 0;
-    unsigned burstFramesLeft = 0;
-    unsigned waitingTriggers = 0;
-    unsigned framesToSend = 0;
-    double exposureStart = 0;
-    double nextFrame = 0;
+    bool m_acquiring = false;
+    bool m_acquisitionTriggered = false;
+    bool m_exposing = false;
+    bool m_endless = true;
+    unsigned m_framesLeft = 0;
+    unsigned m_burstFramesLeft = 0;
+    unsigned m_waitingTriggers = 0;
+    unsigned m_framesToSend = 0;
+    double m_exposureStart = 0;
+    double m_nextFrame = 0;
 };
 
 } // namespace ZalSim

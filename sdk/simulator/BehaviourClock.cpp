@@ -45,55 +45,55 @@ constexpr double SettlesAfter = 1500000;
 constexpr std::int64_t OwnClockId = 0x02005efffe000001;
 constexpr std::int64_t MasterClockId = 0x02005efffe00a001;
 
-std::int64_t NanosecondsNow()
+std::int64_t nanosecondsNow()
 {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
 }
 
 // The offset of a settled servo wanders by some tens of nanoseconds.
-std::int64_t Offset(double now)
+std::int64_t offset(double now)
 {
     return std::lround(60 * std::sin(now / 700000) + 25 * std::sin(now / 110000));
 }
 
 } // namespace
 
-void BehaviourClock::SwitchOn(Memory& memory)
+void BehaviourClock::switchOn(Memory& memory)
 {
-    memory.Write(PtpStatus, Disabled);
-    memory.Write(PtpClockAccuracy, UnknownAccuracy);
-    memory.WriteLong(PtpClockId, OwnClockId);
+    memory.write(PtpStatus, Disabled);
+    memory.write(PtpClockAccuracy, UnknownAccuracy);
+    memory.writeLong(PtpClockId, OwnClockId);
 }
 
-void BehaviourClock::Run(const Step& step)
+void BehaviourClock::run(const Step& step)
 {
-    if (step.memory.TakeCommand(TimestampLatch))
-        step.memory.WriteLong(TimestampLatchValue, NanosecondsNow());
-    FollowSettings(step);
-    const std::uint32_t state = PtpState(step);
-    step.memory.Write(PtpStatus, state);
-    step.memory.Write(PtpServoStatus, state == Slave ? ServoLocked : ServoUnknown);
-    if (step.memory.TakeCommand(PtpDataSetLatch))
-        LatchPtp(step);
+    if (step.memory.takeCommand(TimestampLatch))
+        step.memory.writeLong(TimestampLatchValue, nanosecondsNow());
+    followSettings(step);
+    const std::uint32_t state = ptpState(step);
+    step.memory.write(PtpStatus, state);
+    step.memory.write(PtpServoStatus, state == Slave ? ServoLocked : ServoUnknown);
+    if (step.memory.takeCommand(PtpDataSetLatch))
+        latchPtp(step);
 }
 
 // A change of the settings sends the clock through all states again.
-void BehaviourClock::FollowSettings(const Step& step)
+void BehaviourClock::followSettings(const Step& step)
 {
-    const bool nowEnabled = step.memory.Read(PtpEnable) != 0;
-    const std::uint32_t nowMode = step.memory.Read(PtpOperationMode);
-    if (nowEnabled != enabled || nowMode != mode)
-        enabledAt = step.now;
-    enabled = nowEnabled;
-    mode = nowMode;
+    const bool nowEnabled = step.memory.read(PtpEnable) != 0;
+    const std::uint32_t nowMode = step.memory.read(PtpOperationMode);
+    if (nowEnabled != m_enabled || nowMode != m_mode)
+        m_enabledAt = step.now;
+    m_enabled = nowEnabled;
+    m_mode = nowMode;
 }
 
-std::uint32_t BehaviourClock::PtpState(const Step& step) const
+std::uint32_t BehaviourClock::ptpState(const Step& step) const
 {
-    const double time = step.now - enabledAt;
-    const bool master = mode == MasterMode;
-    if (!enabled)
+    const double time = step.now - m_enabledAt;
+    const bool master = m_mode == MasterMode;
+    if (!m_enabled)
         return Disabled;
     if (time < ListensAfter)
         return Initializing;
@@ -104,15 +104,15 @@ std::uint32_t BehaviourClock::PtpState(const Step& step) const
     return master ? Master : Slave;
 }
 
-void BehaviourClock::LatchPtp(const Step& step) const
+void BehaviourClock::latchPtp(const Step& step) const
 {
-    const std::uint32_t state = PtpState(step);
+    const std::uint32_t state = ptpState(step);
     const bool follows = state == Slave || state == Uncalibrated;
     const std::int64_t master = follows ? MasterClockId : OwnClockId;
-    step.memory.WriteLong(PtpParentClockId, enabled ? master : 0);
-    step.memory.WriteLong(PtpGrandmasterClockId, enabled ? master : 0);
-    step.memory.WriteLong(PtpOffsetFromMaster, state == Slave ? Offset(step.now) : 0);
-    step.memory.Write(PtpClockAccuracy,
+    step.memory.writeLong(PtpParentClockId, m_enabled ? master : 0);
+    step.memory.writeLong(PtpGrandmasterClockId, m_enabled ? master : 0);
+    step.memory.writeLong(PtpOffsetFromMaster, state == Slave ? offset(step.now) : 0);
+    step.memory.write(PtpClockAccuracy,
                       state == Slave || state == Master ? Within1us : UnknownAccuracy);
 }
 

@@ -8,17 +8,17 @@ namespace ZalSim {
 class BehaviourClock : public Behaviour
 {
 public:
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
 private:
-    void FollowSettings(const Step& step);
-    std::uint32_t PtpState(const Step& step) const;
-    void LatchPtp(const Step& step) const;
+    void followSettings(const Step& step);
+    std::uint32_t ptpState(const Step& step) const;
+    void latchPtp(const Step& step) const;
 
-    bool enabled = false;
-    std::uint32_t mode = 0;
-    double enabledAt = 0;
+    bool m_enabled = false;
+    std::uint32_t m_mode = 0;
+    double m_enabledAt = 0;
 };
 
 } // namespace ZalSim

@@ -12,8 +12,8 @@ constexpr unsigned CounterCount = 2;
 class BehaviourCounters : public Behaviour
 {
 public:
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
 private:
     struct State
@@ -22,16 +22,16 @@ private:
         bool completed = false;
     };
 
-    void RunCounter(const Step& step, unsigned counter);
-    bool IsReset(const Step& step, unsigned counter) const;
-    void Reset(const Step& step, unsigned counter);
-    void TakeTrigger(const Step& step, unsigned counter);
-    void Count(const Step& step, unsigned counter);
-    void Add(const Step& step, unsigned counter, std::int64_t events);
-    void Divide(const Step& step, unsigned counter, std::int64_t events);
-    std::uint32_t Status(const Step& step, unsigned counter) const;
+    void runCounter(const Step& step, unsigned counter);
+    bool isReset(const Step& step, unsigned counter) const;
+    void reset(const Step& step, unsigned counter);
+    void takeTrigger(const Step& step, unsigned counter);
+    void count(const Step& step, unsigned counter);
+    void add(const Step& step, unsigned counter, std::int64_t events);
+    void divide(const Step& step, unsigned counter, std::int64_t events);
+    std::uint32_t statusOf(const Step& step, unsigned counter) const;
 
-    std::array<State, CounterCount> states;
+    std::array<State, CounterCount> m_states;
 };
 
 } // namespace ZalSim

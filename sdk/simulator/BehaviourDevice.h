@@ -11,20 +11,20 @@ namespace ZalSim {
 class BehaviourDevice : public Behaviour
 {
 public:
-    explicit BehaviourDevice(const Model& simulated) : model(simulated) {}
+    explicit BehaviourDevice(const Model& model) : m_model(model) {}
 
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
 private:
     static constexpr std::array<Registers::Address, 5> FormatRegisters = {
         Registers::Width, Registers::Height, Registers::OffsetX, Registers::OffsetY,
         Registers::PixelFormat};
 
-    void KeepFormat(Memory& memory);
+    void keepFormat(Memory& memory);
 
-    const Model& model;
-    std::array<std::uint32_t, FormatRegisters.size()> format{};
+    const Model& m_model;
+    std::array<std::uint32_t, FormatRegisters.size()> m_format{};
 };
 
 } // namespace ZalSim

@@ -29,53 +29,53 @@ enum DebounceModes : std::uint32_t
 // have nothing connected.
 constexpr std::array<double, LineCount> ToggleTimes = {1000000, 1500000, 0, 0};
 
-Address LineRegister(unsigned line, Address offset)
+Address lineRegister(unsigned line, Address offset)
 {
     return Line + line * BlockSize + offset;
 }
 
-bool IsOutput(const Step& step, unsigned line)
+bool isOutput(const Step& step, unsigned line)
 {
-    return step.memory.Read(LineRegister(line, LineBlock::Mode)) == OutputMode;
+    return step.memory.read(lineRegister(line, LineBlock::Mode)) == OutputMode;
 }
 
 } // namespace
 
-void BehaviourLines::SwitchOn(Memory& memory)
+void BehaviourLines::switchOn(Memory& memory)
 {
     constexpr std::array<std::uint32_t, LineCount> modes = {InputMode, InputMode, OutputMode,
                                                             OutputMode};
     constexpr std::array<std::uint32_t, LineCount> formats = {OptoCoupled, OptoCoupled, Ttl,
                                                               OptoCoupled};
     for (unsigned line = 0; line < LineCount; ++line) {
-        memory.Write(LineRegister(line, LineBlock::Mode), modes[line]);
-        memory.Write(LineRegister(line, LineBlock::Format), formats[line]);
-        memory.WriteDouble(LineRegister(line, LineBlock::DebounceDuration), 8);
+        memory.write(lineRegister(line, LineBlock::Mode), modes[line]);
+        memory.write(lineRegister(line, LineBlock::Format), formats[line]);
+        memory.writeDouble(lineRegister(line, LineBlock::DebounceDuration), 8);
     }
-    memory.Write(LineRegister(2, LineBlock::Source), SignalExposureActive);
+    memory.write(lineRegister(2, LineBlock::Source), SignalExposureActive);
 }
 
-void BehaviourLines::Drive(unsigned line, bool high)
+void BehaviourLines::drive(unsigned line, bool high)
 {
     if (line < LineCount)
-        inputs[line].driven = high;
+        m_inputs[line].driven = high;
 }
 
-bool BehaviourLines::Outside(unsigned line, double now) const
+bool BehaviourLines::outsideLevel(unsigned line, double now) const
 {
-    if (inputs[line].driven)
-        return *inputs[line].driven;
+    if (m_inputs[line].driven)
+        return *m_inputs[line].driven;
     const double time = ToggleTimes[line];
     return time > 0 && std::fmod(std::floor(now / time), 2.0) != 0.0;
 }
 
-bool BehaviourLines::Debounced(const Step& step, unsigned line)
+bool BehaviourLines::debounced(const Step& step, unsigned line)
 {
-    Input& input = inputs[line];
-    const bool outside = Outside(line, step.now);
-    const double duration = step.memory.ReadDouble(LineRegister(line, LineBlock::DebounceDuration));
+    Input& input = m_inputs[line];
+    const bool outside = outsideLevel(line, step.now);
+    const double duration = step.memory.readDouble(lineRegister(line, LineBlock::DebounceDuration));
     const bool settled = step.now - input.changedAt >= duration;
-    const std::uint32_t mode = step.memory.Read(LineRegister(line, LineBlock::DebounceMode));
+    const std::uint32_t mode = step.memory.read(lineRegister(line, LineBlock::DebounceMode));
     if (mode == Debounce) {
         if (outside != input.accepted && settled) {
             input.accepted = outside;
@@ -92,35 +92,35 @@ bool BehaviourLines::Debounced(const Step& step, unsigned line)
     return input.accepted;
 }
 
-bool BehaviourLines::Status(const Step& step, unsigned line)
+bool BehaviourLines::statusOf(const Step& step, unsigned line)
 {
-    const bool inverted = step.memory.Read(LineRegister(line, LineBlock::Inverter)) != 0;
-    const bool input = Debounced(step, line);
-    if (!IsOutput(step, line))
+    const bool inverted = step.memory.read(lineRegister(line, LineBlock::Inverter)) != 0;
+    const bool input = debounced(step, line);
+    if (!isOutput(step, line))
         return input != inverted;
-    return step.bus.Level(step.memory.Read(LineRegister(line, LineBlock::Source))) != inverted;
+    return step.bus.level(step.memory.read(lineRegister(line, LineBlock::Source))) != inverted;
 }
 
 // Pulses that are shorter than a step leave no trace in the level, but they are on the wire.
-void BehaviourLines::PassPulses(const Step& step, unsigned line) const
+void BehaviourLines::passPulses(const Step& step, unsigned line) const
 {
-    if (!IsOutput(step, line))
+    if (!isOutput(step, line))
         return;
-    const std::uint32_t source = step.memory.Read(LineRegister(line, LineBlock::Source));
-    step.bus.Pulse(SignalLine0 + line, step.bus.Pulses(source));
+    const std::uint32_t source = step.memory.read(lineRegister(line, LineBlock::Source));
+    step.bus.pulse(SignalLine0 + line, step.bus.pulses(source));
 }
 
-void BehaviourLines::Run(const Step& step)
+void BehaviourLines::run(const Step& step)
 {
     std::uint32_t all = 0;
     for (unsigned line = 0; line < LineCount; ++line) {
-        const bool status = Status(step, line);
-        step.bus.SetLevel(SignalLine0 + line, status);
-        PassPulses(step, line);
-        step.memory.Write(LineRegister(line, LineBlock::Status), status ? 1 : 0);
+        const bool status = statusOf(step, line);
+        step.bus.setLevel(SignalLine0 + line, status);
+        passPulses(step, line);
+        step.memory.write(lineRegister(line, LineBlock::Status), status ? 1 : 0);
         all |= (status ? 1U : 0U) << line;
     }
-    step.memory.Write(LineStatusAll, all);
+    step.memory.write(LineStatusAll, all);
 }
 
 } // namespace ZalSim

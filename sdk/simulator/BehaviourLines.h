@@ -13,11 +13,11 @@ constexpr unsigned LineCount = 4;
 class BehaviourLines : public Behaviour
 {
 public:
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
     /// From now on the line's input has this level instead of toggling by itself.
-    void Drive(unsigned line, bool high);
+    void drive(unsigned line, bool high);
 
 private:
     struct Input
@@ -28,12 +28,12 @@ private:
         double changedAt = 0;
     };
 
-    bool Outside(unsigned line, double now) const;
-    bool Debounced(const Step& step, unsigned line);
-    bool Status(const Step& step, unsigned line);
-    void PassPulses(const Step& step, unsigned line) const;
+    bool outsideLevel(unsigned line, double now) const;
+    bool debounced(const Step& step, unsigned line);
+    bool statusOf(const Step& step, unsigned line);
+    void passPulses(const Step& step, unsigned line) const;
 
-    std::array<Input, LineCount> inputs;
+    std::array<Input, LineCount> m_inputs;
 };
 
 } // namespace ZalSim

@@ -10,11 +10,11 @@ namespace ZalSim {
 class BehaviourSignals : public Behaviour
 {
 public:
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
     /// An action command as it arrives from the network.
-    void Command(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
+    void command(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
 
 private:
     struct ActionCommand
@@ -24,9 +24,9 @@ private:
         std::uint32_t groupMask;
     };
 
-    void Execute(const Step& step, const ActionCommand& command) const;
+    void execute(const Step& step, const ActionCommand& command) const;
 
-    std::vector<ActionCommand> commands;
+    std::vector<ActionCommand> m_commands;
 };
 
 } // namespace ZalSim

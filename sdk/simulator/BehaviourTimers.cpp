@@ -19,140 +19,140 @@ enum Statuses : std::uint32_t
 // The shortest pulse in microseconds: without it a timer that starts itself would never end a step.
 constexpr double PulseMin = 1;
 
-Address TimerRegister(unsigned timer, Address offset)
+Address timerRegister(unsigned timer, Address offset)
 {
     return Registers::Timer + timer * BlockSize + offset;
 }
 
-double Duration(const Step& step, unsigned timer)
+double durationOf(const Step& step, unsigned timer)
 {
-    return std::max(PulseMin, step.memory.ReadDouble(TimerRegister(timer, TimerBlock::Duration)));
+    return std::max(PulseMin, step.memory.readDouble(timerRegister(timer, TimerBlock::Duration)));
 }
 
-bool IsOwnTrigger(const Step& step, unsigned timer)
+bool isOwnTrigger(const Step& step, unsigned timer)
 {
-    const std::uint32_t source = step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource));
+    const std::uint32_t source = step.memory.read(timerRegister(timer, TimerBlock::TriggerSource));
     return source == SignalTimer0Active + timer || source == SignalTimer0Start + timer ||
            source == SignalTimer0End + timer;
 }
 
 // Only its end can start a timer that watches itself.
-bool IsRepeating(const Step& step, unsigned timer)
+bool isRepeating(const Step& step, unsigned timer)
 {
-    const std::uint32_t source = step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource));
+    const std::uint32_t source = step.memory.read(timerRegister(timer, TimerBlock::TriggerSource));
     if (source == SignalTimer0End + timer)
         return true;
     return source == SignalTimer0Active + timer &&
-           step.memory.Read(TimerRegister(timer, TimerBlock::TriggerActivation)) == FallingEdge;
+           step.memory.read(timerRegister(timer, TimerBlock::TriggerActivation)) == FallingEdge;
 }
 
-bool IsTriggered(const Step& step, unsigned timer)
+bool isTriggered(const Step& step, unsigned timer)
 {
-    const std::uint32_t source = step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource));
+    const std::uint32_t source = step.memory.read(timerRegister(timer, TimerBlock::TriggerSource));
     const std::uint32_t activation =
-        step.memory.Read(TimerRegister(timer, TimerBlock::TriggerActivation));
-    return !IsOwnTrigger(step, timer) && step.bus.Edges(source, activation) > 0;
+        step.memory.read(timerRegister(timer, TimerBlock::TriggerActivation));
+    return !isOwnTrigger(step, timer) && step.bus.edges(source, activation) > 0;
 }
 
-bool HasTrigger(const Step& step, unsigned timer)
+bool hasTrigger(const Step& step, unsigned timer)
 {
-    return step.memory.Read(TimerRegister(timer, TimerBlock::TriggerSource)) != SignalOff;
+    return step.memory.read(timerRegister(timer, TimerBlock::TriggerSource)) != SignalOff;
 }
 
 } // namespace
 
-void BehaviourTimers::SwitchOn(Memory& memory)
+void BehaviourTimers::switchOn(Memory& memory)
 {
     for (unsigned timer = 0; timer < TimerCount; ++timer) {
-        memory.WriteDouble(TimerRegister(timer, TimerBlock::Duration), 1000);
-        memory.WriteDouble(TimerRegister(timer, TimerBlock::Delay), 0);
+        memory.writeDouble(timerRegister(timer, TimerBlock::Duration), 1000);
+        memory.writeDouble(timerRegister(timer, TimerBlock::Delay), 0);
     }
 }
 
-void BehaviourTimers::Run(const Step& step)
+void BehaviourTimers::run(const Step& step)
 {
     for (unsigned timer = 0; timer < TimerCount; ++timer)
-        RunTimer(step, timer);
+        runTimer(step, timer);
 }
 
-void BehaviourTimers::RunTimer(const Step& step, unsigned timer)
+void BehaviourTimers::runTimer(const Step& step, unsigned timer)
 {
-    TakeTrigger(step, timer);
-    Advance(step, timer);
-    Show(step, timer);
+    takeTrigger(step, timer);
+    advance(step, timer);
+    show(step, timer);
 }
 
-void BehaviourTimers::TakeTrigger(const Step& step, unsigned timer)
+void BehaviourTimers::takeTrigger(const Step& step, unsigned timer)
 {
-    State& state = states[timer];
-    if (step.memory.TakeCommand(TimerRegister(timer, TimerBlock::Reset))) {
-        Start(step, timer, step.now);
+    State& state = m_states[timer];
+    if (step.memory.takeCommand(timerRegister(timer, TimerBlock::Reset))) {
+        start(step, timer, step.now);
         return;
     }
     // A timer that is told to watch itself has no first end to wait for: it starts at once.
-    const bool repeating = IsRepeating(step, timer);
+    const bool repeating = isRepeating(step, timer);
     const bool beginsToRepeat = repeating && !state.repeating;
     state.repeating = repeating;
     const bool running = state.phase == Phase::Delay || state.phase == Phase::Active;
-    if (!running && (beginsToRepeat || IsTriggered(step, timer)))
-        Start(step, timer, step.now);
+    if (!running && (beginsToRepeat || isTriggered(step, timer)))
+        start(step, timer, step.now);
 }
 
-void BehaviourTimers::Start(const Step& step, unsigned timer, double when)
+void BehaviourTimers::start(const Step& step, unsigned timer, double when)
 {
-    const double delay = step.memory.ReadDouble(TimerRegister(timer, TimerBlock::Delay));
-    step.bus.SetLevel(SignalTimer0Active + timer, false);
-    states[timer].phase = Phase::Delay;
-    states[timer].phaseEnd = when + std::max(0.0, delay);
+    const double delay = step.memory.readDouble(timerRegister(timer, TimerBlock::Delay));
+    step.bus.setLevel(SignalTimer0Active + timer, false);
+    m_states[timer].phase = Phase::Delay;
+    m_states[timer].phaseEnd = when + std::max(0.0, delay);
 }
 
 // Several pulses may lie within one step, so the phases are walked by their own times.
-void BehaviourTimers::Advance(const Step& step, unsigned timer)
+void BehaviourTimers::advance(const Step& step, unsigned timer)
 {
-    State& state = states[timer];
+    State& state = m_states[timer];
     while (state.phaseEnd <= step.now) {
         if (state.phase == Phase::Delay)
-            Activate(step, timer);
+            activate(step, timer);
         else if (state.phase == Phase::Active)
-            Complete(step, timer);
+            complete(step, timer);
         else
             return;
     }
 }
 
-void BehaviourTimers::Activate(const Step& step, unsigned timer)
+void BehaviourTimers::activate(const Step& step, unsigned timer)
 {
-    State& state = states[timer];
+    State& state = m_states[timer];
     state.phase = Phase::Active;
-    state.phaseEnd += Duration(step, timer);
-    step.bus.SetLevel(SignalTimer0Active + timer, true);
-    step.bus.Pulse(SignalTimer0Start + timer);
+    state.phaseEnd += durationOf(step, timer);
+    step.bus.setLevel(SignalTimer0Active + timer, true);
+    step.bus.pulse(SignalTimer0Start + timer);
 }
 
-void BehaviourTimers::Complete(const Step& step, unsigned timer)
+void BehaviourTimers::complete(const Step& step, unsigned timer)
 {
-    State& state = states[timer];
-    step.bus.SetLevel(SignalTimer0Active + timer, false);
-    step.bus.Pulse(SignalTimer0End + timer);
+    State& state = m_states[timer];
+    step.bus.setLevel(SignalTimer0Active + timer, false);
+    step.bus.pulse(SignalTimer0End + timer);
     if (state.repeating)
-        Start(step, timer, state.phaseEnd);
+        start(step, timer, state.phaseEnd);
     else
         state.phase = Phase::Completed;
 }
 
-void BehaviourTimers::Show(const Step& step, unsigned timer) const
+void BehaviourTimers::show(const Step& step, unsigned timer) const
 {
-    const State& state = states[timer];
+    const State& state = m_states[timer];
     std::uint32_t status = Idle;
     if (state.phase == Phase::Active)
         status = Active;
     else if (state.phase == Phase::Completed)
         status = Completed;
-    else if (state.phase == Phase::Delay || HasTrigger(step, timer))
+    else if (state.phase == Phase::Delay || hasTrigger(step, timer))
         status = TriggerWait;
-    step.memory.Write(TimerRegister(timer, TimerBlock::Status), status);
-    const double begin = state.phaseEnd - Duration(step, timer);
-    step.memory.WriteDouble(TimerRegister(timer, TimerBlock::Value),
+    step.memory.write(timerRegister(timer, TimerBlock::Status), status);
+    const double begin = state.phaseEnd - durationOf(step, timer);
+    step.memory.writeDouble(timerRegister(timer, TimerBlock::Value),
                             status == Active ? step.now - begin : 0);
 }
 

@@ -12,8 +12,8 @@ constexpr unsigned TimerCount = 2;
 class BehaviourTimers : public Behaviour
 {
 public:
-    void SwitchOn(Memory& memory) override;
-    void Run(const Step& step) override;
+    void switchOn(Memory& memory) override;
+    void run(const Step& step) override;
 
 private:
     enum class Phase
@@ -30,15 +30,15 @@ private:
         bool repeating = false; ///< Its own end is its trigger.
     };
 
-    void RunTimer(const Step& step, unsigned timer);
-    void TakeTrigger(const Step& step, unsigned timer);
-    void Start(const Step& step, unsigned timer, double when);
-    void Advance(const Step& step, unsigned timer);
-    void Activate(const Step& step, unsigned timer);
-    void Complete(const Step& step, unsigned timer);
-    void Show(const Step& step, unsigned timer) const;
+    void runTimer(const Step& step, unsigned timer);
+    void takeTrigger(const Step& step, unsigned timer);
+    void start(const Step& step, unsigned timer, double when);
+    void advance(const Step& step, unsigned timer);
+    void activate(const Step& step, unsigned timer);
+    void complete(const Step& step, unsigned timer);
+    void show(const Step& step, unsigned timer) const;
 
-    std::array<State, TimerCount> states;
+    std::array<State, TimerCount> m_states;
 };
 
 } // namespace ZalSim

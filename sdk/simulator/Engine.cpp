@@ -20,73 +20,73 @@ constexpr std::chrono::milliseconds StepTime(1);
 constexpr double ElapsedMax = 100000;
 } // namespace
 
-Engine::Engine(const Memory& cameraMemory, const Model& model) : memory(cameraMemory)
+Engine::Engine(const Memory& memory, const Model& model) : m_memory(memory)
 {
     auto ownLines = std::make_unique<BehaviourLines>();
     auto ownSignals = std::make_unique<BehaviourSignals>();
-    lines = ownLines.get();
-    hostSignals = ownSignals.get();
-    behaviours.push_back(std::make_unique<BehaviourDevice>(model));
-    behaviours.push_back(std::make_unique<BehaviourAcquisition>());
-    behaviours.push_back(std::move(ownLines));
-    behaviours.push_back(std::move(ownSignals));
-    behaviours.push_back(std::make_unique<BehaviourCounters>());
-    behaviours.push_back(std::make_unique<BehaviourTimers>());
-    behaviours.push_back(std::make_unique<BehaviourClock>());
-    for (const auto& behaviour : behaviours)
-        behaviour->SwitchOn(memory);
-    thread = std::thread(&Engine::Loop, this);
+    m_lines = ownLines.get();
+    m_hostSignals = ownSignals.get();
+    m_behaviours.push_back(std::make_unique<BehaviourDevice>(model));
+    m_behaviours.push_back(std::make_unique<BehaviourAcquisition>());
+    m_behaviours.push_back(std::move(ownLines));
+    m_behaviours.push_back(std::move(ownSignals));
+    m_behaviours.push_back(std::make_unique<BehaviourCounters>());
+    m_behaviours.push_back(std::make_unique<BehaviourTimers>());
+    m_behaviours.push_back(std::make_unique<BehaviourClock>());
+    for (const auto& behaviour : m_behaviours)
+        behaviour->switchOn(m_memory);
+    m_thread = std::thread(&Engine::loop, this);
 }
 
 Engine::~Engine()
 {
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        stopping = true;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopping = true;
     }
-    wake.notify_all();
-    thread.join();
+    m_wake.notify_all();
+    m_thread.join();
 }
 
-void Engine::Loop()
+void Engine::loop()
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     Clock::time_point last = Clock::now();
-    while (!wake.wait_until(lock, last + StepTime, [this] { return stopping; })) {
+    while (!m_wake.wait_until(lock, last + StepTime, [this] { return m_stopping; })) {
         const Clock::time_point time = Clock::now();
-        RunStep(std::min(Microseconds(time - last).count(), ElapsedMax));
+        runStep(std::min(Microseconds(time - last).count(), ElapsedMax));
         last = time;
-        ++steps;
-        stepped.notify_all();
+        ++m_steps;
+        m_stepped.notify_all();
     }
 }
 
-void Engine::RunStep(double elapsed)
+void Engine::runStep(double elapsed)
 {
-    now += elapsed;
-    const Step step{memory, bus, now};
-    for (const auto& behaviour : behaviours)
-        behaviour->Run(step);
-    bus.Publish();
+    m_now += elapsed;
+    const Step step{m_memory, m_bus, m_now};
+    for (const auto& behaviour : m_behaviours)
+        behaviour->run(step);
+    m_bus.publish();
 }
 
 // One step takes the change in, the next one shows it to everybody.
-void Engine::Apply(const std::function<void()>& change)
+void Engine::apply(const std::function<void()>& change)
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     change();
-    const std::uint64_t seen = steps + 2;
-    stepped.wait(lock, [&] { return steps >= seen; });
+    const std::uint64_t seen = m_steps + 2;
+    m_stepped.wait(lock, [&] { return m_steps >= seen; });
 }
 
-void Engine::DriveLine(unsigned line, bool high)
+void Engine::driveLine(unsigned line, bool high)
 {
-    Apply([&] { lines->Drive(line, high); });
+    apply([&] { m_lines->drive(line, high); });
 }
 
-void Engine::CommandAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask)
+void Engine::commandAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask)
 {
-    Apply([&] { hostSignals->Command(deviceKey, groupKey, groupMask); });
+    apply([&] { m_hostSignals->command(deviceKey, groupKey, groupMask); });
 }
 
 } // namespace ZalSim

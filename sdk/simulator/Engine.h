@@ -25,27 +25,27 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     /// Any thread; both return after the camera has seen it.
-    void DriveLine(unsigned line, bool high);
-    void CommandAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
+    void driveLine(unsigned line, bool high);
+    void commandAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
 
 private:
-    void Loop();
-    void RunStep(double elapsed);
-    void Apply(const std::function<void()>& change);
+    void loop();
+    void runStep(double elapsed);
+    void apply(const std::function<void()>& change);
 
-    Memory memory;
-    Signals bus;
-    std::vector<std::unique_ptr<Behaviour>> behaviours;
-    BehaviourLines* lines = nullptr;
-    BehaviourSignals* hostSignals = nullptr;
-    double now = 0;
+    Memory m_memory;
+    Signals m_bus;
+    std::vector<std::unique_ptr<Behaviour>> m_behaviours;
+    BehaviourLines* m_lines = nullptr;
+    BehaviourSignals* m_hostSignals = nullptr;
+    double m_now = 0;
 
-    std::mutex mutex; ///< Guards everything above while the thread runs, and what follows.
-    std::condition_variable wake;
-    std::condition_variable stepped;
-    std::uint64_t steps = 0;
-    bool stopping = false;
-    std::thread thread;
+    std::mutex m_mutex; ///< Guards everything above while the thread runs, and what follows.
+    std::condition_variable m_wake;
+    std::condition_variable m_stepped;
+    std::uint64_t m_steps = 0;
+    bool m_stopping = false;
+    std::thread m_thread;
 };
 
 } // namespace ZalSim

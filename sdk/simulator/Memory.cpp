@@ -10,59 +10,59 @@ namespace ZalSim {
 
 using Registers::Address;
 
-std::uint32_t Memory::Read(Address address) const
+std::uint32_t Memory::read(Address address) const
 {
     guint32 value = 0;
-    arv_fake_camera_read_register(device, address, &value);
+    arv_fake_camera_read_register(m_device, address, &value);
     return value;
 }
 
-void Memory::Write(Address address, std::uint32_t value)
+void Memory::write(Address address, std::uint32_t value)
 {
-    arv_fake_camera_write_register(device, address, value);
+    arv_fake_camera_write_register(m_device, address, value);
 }
 
-std::int64_t Memory::ReadLong(Address address) const
+std::int64_t Memory::readLong(Address address) const
 {
     gint64 value = 0;
-    arv_fake_camera_read_memory(device, address, sizeof value, &value);
+    arv_fake_camera_read_memory(m_device, address, sizeof value, &value);
     return GINT64_FROM_BE(value);
 }
 
-void Memory::WriteLong(Address address, std::int64_t value)
+void Memory::writeLong(Address address, std::int64_t value)
 {
     const gint64 wire = GINT64_TO_BE(value);
-    arv_fake_camera_write_memory(device, address, sizeof wire, &wire);
+    arv_fake_camera_write_memory(m_device, address, sizeof wire, &wire);
 }
 
-double Memory::ReadDouble(Address address) const
+double Memory::readDouble(Address address) const
 {
-    const std::int64_t bits = ReadLong(address);
+    const std::int64_t bits = readLong(address);
     double value = 0;
     std::memcpy(&value, &bits, sizeof value);
     // A host can write any bits.
     return std::isfinite(value) ? value : 0;
 }
 
-void Memory::WriteDouble(Address address, double value)
+void Memory::writeDouble(Address address, double value)
 {
     std::int64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
-    WriteLong(address, bits);
+    writeLong(address, bits);
 }
 
-void Memory::WriteText(Address address, const std::string& text, std::size_t size)
+void Memory::writeText(Address address, const std::string& text, std::size_t size)
 {
     std::vector<char> field(size, '\0');
     text.copy(field.data(), size - 1);
-    arv_fake_camera_write_memory(device, address, static_cast<guint32>(size), field.data());
+    arv_fake_camera_write_memory(m_device, address, static_cast<guint32>(size), field.data());
 }
 
-bool Memory::TakeCommand(Address address)
+bool Memory::takeCommand(Address address)
 {
-    if (Read(address) == 0)
+    if (read(address) == 0)
         return false;
-    Write(address, 0);
+    write(address, 0);
     return true;
 }
 

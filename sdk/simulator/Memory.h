@@ -13,25 +13,25 @@ namespace ZalSim {
 class Memory
 {
 public:
-    explicit Memory(_ArvFakeCamera* camera) : device(camera) {}
+    explicit Memory(_ArvFakeCamera* camera) : m_device(camera) {}
 
-    std::uint32_t Read(Registers::Address address) const;
-    void Write(Registers::Address address, std::uint32_t value);
+    std::uint32_t read(Registers::Address address) const;
+    void write(Registers::Address address, std::uint32_t value);
 
-    std::int64_t ReadLong(Registers::Address address) const;
-    void WriteLong(Registers::Address address, std::int64_t value);
+    std::int64_t readLong(Registers::Address address) const;
+    void writeLong(Registers::Address address, std::int64_t value);
 
-    double ReadDouble(Registers::Address address) const;
-    void WriteDouble(Registers::Address address, double value);
+    double readDouble(Registers::Address address) const;
+    void writeDouble(Registers::Address address, double value);
 
     /// Zero-terminated, cut to `size` bytes with the terminator.
-    void WriteText(Registers::Address address, const std::string& text, std::size_t size);
+    void writeText(Registers::Address address, const std::string& text, std::size_t size);
 
     /// Whether a command was written; takes it back, so that each one is seen once.
-    bool TakeCommand(Registers::Address address);
+    bool takeCommand(Registers::Address address);
 
 private:
-    _ArvFakeCamera* device;
+    _ArvFakeCamera* m_device;
 };
 
 } // namespace ZalSim

@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::vector<fs::path> SearchFolders()
+std::vector<fs::path> searchFolders()
 {
     if (const char* folder = std::getenv("ZALSIM_MODEL_DIR"))
         return {folder};
@@ -21,7 +21,7 @@ std::vector<fs::path> SearchFolders()
 
 } // namespace
 
-const std::vector<Model>& AllModels()
+const std::vector<Model>& allModels()
 {
     static const std::vector<Model> models = {
         {"full", "every trigger, line, counter, timer, action and clock feature",
@@ -37,25 +37,25 @@ const std::vector<Model>& AllModels()
     return models;
 }
 
-const Model* FindModel(const std::string& name)
+const Model* findModel(const std::string& name)
 {
-    const auto& models = AllModels();
+    const auto& models = allModels();
     const auto found = std::find_if(models.begin(), models.end(),
                                     [&](const Model& model) { return model.name == name; });
     return found == models.end() ? nullptr : &*found;
 }
 
-std::string ModelNames()
+std::string modelNames()
 {
     std::string names;
-    for (const Model& model : AllModels())
+    for (const Model& model : allModels())
         names += (names.empty() ? "" : ", ") + model.name;
     return names;
 }
 
-std::string DescriptionFile(const Model& model, std::string& searched)
+std::string descriptionFile(const Model& model, std::string& searched)
 {
-    for (const fs::path& folder : SearchFolders()) {
+    for (const fs::path& folder : searchFolders()) {
         const fs::path file = folder / (model.name + ".xml");
         std::error_code error;
         if (fs::is_regular_file(file, error))

@@ -15,17 +15,17 @@ struct Model
     std::string family;
 };
 
-const std::vector<Model>& AllModels();
+const std::vector<Model>& allModels();
 
 /// The model of that name, or null.
-const Model* FindModel(const std::string& name);
+const Model* findModel(const std::string& name);
 
 /// The names of all models in one line, for messages.
-std::string ModelNames();
+std::string modelNames();
 
 /// The model's GenICam description: in $ZALSIM_MODEL_DIR if that is set, otherwise in the folder
 /// "models" beside the program, or beside it in "bin". Empty when there is none; `searched` then
 /// says where it should be.
-std::string DescriptionFile(const Model& model, std::string& searched);
+std::string descriptionFile(const Model& model, std::string& searched);
 
 } // namespace ZalSim

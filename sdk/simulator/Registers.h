@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-/// Where the camera's registers lie. The GenICam descriptions in models/ use the same addresses.
+/// Where the camera's registers lie. The GenICam descriptions in models/ have the same addresses; a
+/// test compares them.
 ///
 /// Below 0x4000 lie the registers of GigE Vision itself and those that Aravis' camera works with;
 /// everything that only the simulation knows lies above.
@@ -105,6 +106,7 @@ constexpr Address Value = 0x20;
 // Signals given by software or over the network
 constexpr Address SoftwareSignalPulse = 0x4500;
 constexpr Address UserOutputValue = 0x4520;
+constexpr Address SignalStride = 0x4; // From one signal, or output, to the next.
 constexpr Address LineStatusAll = 0x4540;
 constexpr Address ActionDeviceKey = 0x4580;
 constexpr Address ActionQueueSize = 0x4584;

@@ -5,16 +5,16 @@
 namespace ZalSim {
 
 // Register contents come from the network, so an index is never trusted.
-bool Signals::Level(std::uint32_t signal) const
+bool Signals::level(std::uint32_t signal) const
 {
-    return signal < SignalCount && current[signal].level;
+    return signal < SignalCount && m_current[signal].level;
 }
 
-unsigned Signals::Edges(std::uint32_t signal, std::uint32_t activation) const
+unsigned Signals::edges(std::uint32_t signal, std::uint32_t activation) const
 {
     if (signal >= SignalCount)
         return 0;
-    const State& state = current[signal];
+    const State& state = m_current[signal];
     switch (activation) {
     case RisingEdge:
         return state.rises;
@@ -27,30 +27,30 @@ unsigned Signals::Edges(std::uint32_t signal, std::uint32_t activation) const
     }
 }
 
-unsigned Signals::Pulses(std::uint32_t signal) const
+unsigned Signals::pulses(std::uint32_t signal) const
 {
-    return std::min(Edges(signal, RisingEdge), Edges(signal, FallingEdge));
+    return std::min(edges(signal, RisingEdge), edges(signal, FallingEdge));
 }
 
-void Signals::SetLevel(std::uint32_t signal, bool high)
+void Signals::setLevel(std::uint32_t signal, bool high)
 {
-    State& state = next[signal];
+    State& state = m_next[signal];
     if (state.level == high)
         return;
     state.level = high;
     ++(high ? state.rises : state.falls);
 }
 
-void Signals::Pulse(std::uint32_t signal, unsigned count)
+void Signals::pulse(std::uint32_t signal, unsigned count)
 {
-    next[signal].rises += count;
-    next[signal].falls += count;
+    m_next[signal].rises += count;
+    m_next[signal].falls += count;
 }
 
-void Signals::Publish()
+void Signals::publish()
 {
-    current = next;
-    for (State& state : next) {
+    m_current = m_next;
+    for (State& state : m_next) {
         state.rises = 0;
         state.falls = 0;
     }

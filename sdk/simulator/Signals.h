@@ -47,19 +47,19 @@ enum Activation : std::uint32_t
 class Signals
 {
 public:
-    bool Level(std::uint32_t signal) const;
+    bool level(std::uint32_t signal) const;
     /// How many edges of that kind there were in the last step; a level activation has none.
-    unsigned Edges(std::uint32_t signal, std::uint32_t activation) const;
+    unsigned edges(std::uint32_t signal, std::uint32_t activation) const;
 
     /// How often it went up and down again in the last step.
-    unsigned Pulses(std::uint32_t signal) const;
+    unsigned pulses(std::uint32_t signal) const;
 
-    void SetLevel(std::uint32_t signal, bool high);
+    void setLevel(std::uint32_t signal, bool high);
     /// Up and down again, `count` times.
-    void Pulse(std::uint32_t signal, unsigned count = 1);
+    void pulse(std::uint32_t signal, unsigned count = 1);
 
     /// Ends a step: what was set in it is what can be read now.
-    void Publish();
+    void publish();
 
 private:
     struct State
@@ -70,8 +70,8 @@ private:
     };
     using States = std::array<State, SignalCount>;
 
-    States current{};
-    States next{};
+    States m_current{};
+    States m_next{};
 };
 
 } // namespace ZalSim

@@ -15,7 +15,7 @@ namespace {
 constexpr guint16 ControlPort = 3956;
 
 // How often Aravis' camera looks for a frame to send. It spins through the last millisecond before
-// each look, so that more often costs more of a processor.
+// each look, so looking more often costs more processor time.
 constexpr double FrameLooksPerSecond = 100;
 
 struct Unref
@@ -25,7 +25,7 @@ struct Unref
 template <typename T> using Owned = std::unique_ptr<T, Unref>;
 
 // Aravis binds its socket as shareable and would not notice a second camera on the port.
-bool IsPortTaken(const std::string& address)
+bool isPortTaken(const std::string& address)
 {
     const Owned<GInetAddress> host(g_inet_address_new_from_string(address.c_str()));
     if (!host)
@@ -42,11 +42,11 @@ bool IsPortTaken(const std::string& address)
     return taken;
 }
 
-std::string ChooseDescription(const Options& options, const Model& model, std::string& error)
+std::string chooseDescription(const Options& options, const Model& model, std::string& error)
 {
     std::string searched = options.descriptionFile;
     if (options.descriptionFile.empty()) {
-        std::string file = DescriptionFile(model, searched);
+        std::string file = descriptionFile(model, searched);
         if (!file.empty())
             return file;
     } else if (std::filesystem::is_regular_file(options.descriptionFile)) {
@@ -66,7 +66,7 @@ public:
           memory(device), address(options.interface), engine(memory, model)
     {
         arv_fake_camera_set_trigger_frequency(device, FrameLooksPerSecond);
-        ShowTestPicture(device);
+        showTestPicture(device);
     }
 
     Owned<ArvGvFakeCamera> server;
@@ -76,18 +76,18 @@ public:
     Engine engine;
 };
 
-std::unique_ptr<SimulatedCamera> SimulatedCamera::Start(const Options& options, std::string& error)
+std::unique_ptr<SimulatedCamera> SimulatedCamera::start(const Options& options, std::string& error)
 {
-    const Model* model = FindModel(options.model);
+    const Model* model = findModel(options.model);
     if (!model) {
         error = "There is no camera model \"" + options.model +
-                "\". Known models: " + ModelNames() + ".";
+                "\". Known models: " + modelNames() + ".";
         return nullptr;
     }
-    const std::string description = ChooseDescription(options, *model, error);
+    const std::string description = chooseDescription(options, *model, error);
     if (description.empty())
         return nullptr;
-    if (IsPortTaken(options.interface)) {
+    if (isPortTaken(options.interface)) {
         error = "Another camera already listens on " + options.interface + ", UDP port 3956.";
         return nullptr;
     }
@@ -101,42 +101,42 @@ std::unique_ptr<SimulatedCamera> SimulatedCamera::Start(const Options& options, 
         new SimulatedCamera(std::make_unique<Private>(std::move(server), *model, options)));
 }
 
-std::vector<std::string> SimulatedCamera::Models()
+std::vector<std::string> SimulatedCamera::models()
 {
     std::vector<std::string> names;
-    for (const Model& model : AllModels())
+    for (const Model& model : allModels())
         names.push_back(model.name);
     return names;
 }
 
-SimulatedCamera::SimulatedCamera(std::unique_ptr<Private> inside) : d(std::move(inside)) {}
+SimulatedCamera::SimulatedCamera(std::unique_ptr<Private> d) : m_d(std::move(d)) {}
 
 SimulatedCamera::~SimulatedCamera() = default;
 
-std::string SimulatedCamera::CameraId() const
+std::string SimulatedCamera::cameraId() const
 {
-    return d->address;
+    return m_d->address;
 }
 
-std::uint32_t SimulatedCamera::ReadRegister(std::uint32_t address) const
+std::uint32_t SimulatedCamera::readRegister(std::uint32_t address) const
 {
-    return d->memory.Read(address);
+    return m_d->memory.read(address);
 }
 
-void SimulatedCamera::WriteRegister(std::uint32_t address, std::uint32_t value)
+void SimulatedCamera::writeRegister(std::uint32_t address, std::uint32_t value)
 {
-    d->memory.Write(address, value);
+    m_d->memory.write(address, value);
 }
 
-void SimulatedCamera::SetInputLine(unsigned line, bool high)
+void SimulatedCamera::setInputLine(unsigned line, bool high)
 {
-    d->engine.DriveLine(line, high);
+    m_d->engine.driveLine(line, high);
 }
 
-void SimulatedCamera::SendAction(std::uint32_t deviceKey, std::uint32_t groupKey,
+void SimulatedCamera::sendAction(std::uint32_t deviceKey, std::uint32_t groupKey,
                                  std::uint32_t groupMask)
 {
-    d->engine.CommandAction(deviceKey, groupKey, groupMask);
+    m_d->engine.commandAction(deviceKey, groupKey, groupMask);
 }
 
 } // namespace ZalSim

@@ -10,7 +10,7 @@ namespace ZalSim {
 /// How to start a simulated camera.
 struct Options
 {
-    std::string model = "full";          ///< One of SimulatedCamera::Models().
+    std::string model = "full";          ///< One of SimulatedCamera::models().
     std::string descriptionFile;         ///< Serves this GenICam file instead of the model's own.
     std::string interface = "127.0.0.1"; ///< Address that the camera listens on.
     std::string serial = "SIM0001";
@@ -26,33 +26,33 @@ class SimulatedCamera
 public:
     /// Null, and a sentence for the user in `error`, when the model is unknown, its description is
     /// missing, the port is taken or the address is none of this machine.
-    static std::unique_ptr<SimulatedCamera> Start(const Options& options, std::string& error);
-    static std::vector<std::string> Models();
+    static std::unique_ptr<SimulatedCamera> start(const Options& options, std::string& error);
+    static std::vector<std::string> models();
 
     ~SimulatedCamera();
     SimulatedCamera(const SimulatedCamera&) = delete;
     SimulatedCamera& operator=(const SimulatedCamera&) = delete;
 
     /// Opens this camera when given to the SDK.
-    std::string CameraId() const;
+    std::string cameraId() const;
 
     /// A register of the camera as a number, whatever its order of bytes in memory and on the wire;
     /// for tests that play the outside world.
-    std::uint32_t ReadRegister(std::uint32_t address) const;
-    void WriteRegister(std::uint32_t address, std::uint32_t value);
+    std::uint32_t readRegister(std::uint32_t address) const;
+    void writeRegister(std::uint32_t address, std::uint32_t value);
 
     /// Drives an input line from outside (line index as in "Line0"); the line stops toggling by
     /// itself from then on. Returns after the camera has seen the level.
-    void SetInputLine(unsigned line, bool high);
+    void setInputLine(unsigned line, bool high);
 
     /// Sends the camera an action command, as a host on the network would. Returns after the camera
     /// has seen it.
-    void SendAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
+    void sendAction(std::uint32_t deviceKey, std::uint32_t groupKey, std::uint32_t groupMask);
 
 private:
     class Private;
     explicit SimulatedCamera(std::unique_ptr<Private> d);
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> m_d;
 };
 
 } // namespace ZalSim

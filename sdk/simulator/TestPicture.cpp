@@ -40,51 +40,51 @@ class Picture
 {
 public:
     Picture(std::uint32_t frame, double brightness)
-        : number(std::to_string(frame)), shift(int(frame * 3 % 256)), factor(brightness)
+        : m_number(std::to_string(frame)), m_shift(int(frame * 3 % 256)), m_factor(brightness)
     {
     }
 
-    std::uint8_t Gray(int x, int y) const
+    std::uint8_t gray(int x, int y) const
     {
-        if (IsInNumber(x, y))
-            return IsDigit(x - NumberLeft, y - NumberTop) ? 255 : 0;
+        if (isInNumber(x, y))
+            return isDigit(x - NumberLeft, y - NumberTop) ? 255 : 0;
         if (x % GridPitch == 0 || y % GridPitch == 0)
             return 200;
-        const int gradient = (x / 4 + y / 4 + shift) % 256;
-        return static_cast<std::uint8_t>(std::min(gradient * factor, 255.0));
+        const int gradient = (x / 4 + y / 4 + m_shift) % 256;
+        return static_cast<std::uint8_t>(std::min(gradient * m_factor, 255.0));
     }
 
 private:
-    bool IsInNumber(int x, int y) const
+    bool isInNumber(int x, int y) const
     {
         // With a margin, or bright surroundings would swallow the strokes at its edge.
-        return x >= NumberLeft - DigitScale && x < NumberLeft + int(number.size()) * DigitPitch &&
+        return x >= NumberLeft - DigitScale && x < NumberLeft + int(m_number.size()) * DigitPitch &&
                y >= NumberTop - DigitScale && y < NumberTop + (DigitHeight + 1) * DigitScale;
     }
 
-    bool IsDigit(int x, int y) const
+    bool isDigit(int x, int y) const
     {
         if (x < 0 || y < 0 || y >= DigitHeight * DigitScale)
             return false;
         const int column = x % DigitPitch / DigitScale;
-        const auto digit = static_cast<std::size_t>(number[std::size_t(x / DigitPitch)] - '0');
+        const auto digit = static_cast<std::size_t>(m_number[std::size_t(x / DigitPitch)] - '0');
         const int row = Digits[digit][std::size_t(y / DigitScale)];
         return column < DigitWidth && ((row >> (DigitWidth - 1 - column)) & 1) != 0;
     }
 
-    std::string number;
-    int shift;
-    double factor;
+    std::string m_number;
+    int m_shift;
+    double m_factor;
 };
 
 // Aravis calls this on the camera's own thread while it makes a frame. It has seen to it that the
 // buffer is large enough; the buffer's own size says how much was received and is 0 here.
-void Fill(ArvBuffer* buffer, void* device, guint32, guint32 gain, ArvPixelFormat format)
+void fill(ArvBuffer* buffer, void* device, guint32, guint32 gain, ArvPixelFormat format)
 {
-    // Aravis numbers its frames from somewhere below 65536, so that hosts see them roll over.
+    // Not Aravis' own number, which begins just below 65536 to let hosts see it roll over.
     Memory memory(static_cast<ArvFakeCamera*>(device));
-    const std::uint32_t number = memory.Read(Registers::PictureNumber) + 1;
-    memory.Write(Registers::PictureNumber, number);
+    const std::uint32_t number = memory.read(Registers::PictureNumber) + 1;
+    memory.write(Registers::PictureNumber, number);
     std::size_t received = 0;
     const void* data = arv_buffer_get_data(buffer, &received);
     auto* byte = static_cast<std::uint8_t*>(const_cast<void*>(data));
@@ -94,7 +94,7 @@ void Fill(ArvBuffer* buffer, void* device, guint32, guint32 gain, ArvPixelFormat
     const Picture picture(number, std::pow(10.0, gain / 200.0));
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const std::uint8_t gray = picture.Gray(x, y);
+            const std::uint8_t gray = picture.gray(x, y);
             for (std::size_t i = 0; i < bytes; ++i)
                 *byte++ = gray;
         }
@@ -103,9 +103,9 @@ void Fill(ArvBuffer* buffer, void* device, guint32, guint32 gain, ArvPixelFormat
 
 } // namespace
 
-void ShowTestPicture(ArvFakeCamera* device)
+void showTestPicture(ArvFakeCamera* device)
 {
-    arv_fake_camera_set_fill_pattern(device, Fill, device);
+    arv_fake_camera_set_fill_pattern(device, fill, device);
 }
 
 } // namespace ZalSim

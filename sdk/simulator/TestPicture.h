@@ -6,6 +6,6 @@ namespace ZalSim {
 
 /// Lets the camera show a moving gradient with a grid and the number of the frame in its
 /// acquisition.
-void ShowTestPicture(_ArvFakeCamera* device);
+void showTestPicture(_ArvFakeCamera* device);
 
 } // namespace ZalSim

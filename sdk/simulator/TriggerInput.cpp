@@ -9,63 +9,63 @@ constexpr std::size_t DelayedTriggersMax = 64;
 
 using namespace Registers;
 
-TriggerInput::TriggerInput(std::uint32_t selector) : block(Trigger + selector * BlockSize) {}
+TriggerInput::TriggerInput(std::uint32_t selector) : m_block(Trigger + selector * BlockSize) {}
 
-void TriggerInput::SwitchOn(Memory& memory) const
+void TriggerInput::switchOn(Memory& memory) const
 {
-    memory.Write(Register(TriggerBlock::Mode), 0);
-    memory.Write(Register(TriggerBlock::Source), SignalSoftware);
-    memory.Write(Register(TriggerBlock::Activation), RisingEdge);
-    memory.WriteDouble(Register(TriggerBlock::Delay), 0);
+    memory.write(registerAt(TriggerBlock::Mode), 0);
+    memory.write(registerAt(TriggerBlock::Source), SignalSoftware);
+    memory.write(registerAt(TriggerBlock::Activation), RisingEdge);
+    memory.writeDouble(registerAt(TriggerBlock::Delay), 0);
 }
 
-bool TriggerInput::IsOn(const Memory& memory) const
+bool TriggerInput::isOn(const Memory& memory) const
 {
-    return memory.Read(Register(TriggerBlock::Mode)) != 0;
+    return memory.read(registerAt(TriggerBlock::Mode)) != 0;
 }
 
-bool TriggerInput::IsSoftware(const Memory& memory) const
+bool TriggerInput::isSoftware(const Memory& memory) const
 {
-    return memory.Read(Register(TriggerBlock::Source)) == SignalSoftware;
+    return memory.read(registerAt(TriggerBlock::Source)) == SignalSoftware;
 }
 
-unsigned TriggerInput::Arrived(const Step& step) const
+unsigned TriggerInput::arrived(const Step& step) const
 {
     // The command is taken even if the source is another one, so that it cannot fire later.
-    const bool commanded = step.memory.TakeCommand(Register(TriggerBlock::Software));
-    if (!IsOn(step.memory))
+    const bool commanded = step.memory.takeCommand(registerAt(TriggerBlock::Software));
+    if (!isOn(step.memory))
         return 0;
-    if (IsSoftware(step.memory))
+    if (isSoftware(step.memory))
         return commanded ? 1 : 0;
-    return step.bus.Edges(step.memory.Read(Register(TriggerBlock::Source)),
-                          step.memory.Read(Register(TriggerBlock::Activation)));
+    return step.bus.edges(step.memory.read(registerAt(TriggerBlock::Source)),
+                          step.memory.read(registerAt(TriggerBlock::Activation)));
 }
 
-unsigned TriggerInput::Take(const Step& step)
+unsigned TriggerInput::take(const Step& step)
 {
-    const double delay = step.memory.ReadDouble(Register(TriggerBlock::Delay));
-    if (!IsOn(step.memory))
-        Forget();
-    for (unsigned count = Arrived(step); count > 0 && due.size() < DelayedTriggersMax; --count)
-        due.push_back(step.now + delay);
+    const double delay = step.memory.readDouble(registerAt(TriggerBlock::Delay));
+    if (!isOn(step.memory))
+        forget();
+    for (unsigned count = arrived(step); count > 0 && m_due.size() < DelayedTriggersMax; --count)
+        m_due.push_back(step.now + delay);
     unsigned taken = 0;
-    for (; !due.empty() && due.front() <= step.now; ++taken)
-        due.pop_front();
+    for (; !m_due.empty() && m_due.front() <= step.now; ++taken)
+        m_due.pop_front();
     return taken;
 }
 
-bool TriggerInput::IsHeld(const Step& step) const
+bool TriggerInput::isHeld(const Step& step) const
 {
-    const std::uint32_t activation = step.memory.Read(Register(TriggerBlock::Activation));
+    const std::uint32_t activation = step.memory.read(registerAt(TriggerBlock::Activation));
     if (activation != LevelHigh && activation != LevelLow)
         return false;
-    return !IsSoftware(step.memory) && IsSourceActive(step);
+    return !isSoftware(step.memory) && isSourceActive(step);
 }
 
-bool TriggerInput::IsSourceActive(const Step& step) const
+bool TriggerInput::isSourceActive(const Step& step) const
 {
-    const std::uint32_t activation = step.memory.Read(Register(TriggerBlock::Activation));
-    const bool level = step.bus.Level(step.memory.Read(Register(TriggerBlock::Source)));
+    const std::uint32_t activation = step.memory.read(registerAt(TriggerBlock::Activation));
+    const bool level = step.bus.level(step.memory.read(registerAt(TriggerBlock::Source)));
     return activation == FallingEdge || activation == LevelLow ? !level : level;
 }
 

@@ -12,27 +12,27 @@ class TriggerInput
 public:
     explicit TriggerInput(std::uint32_t selector);
 
-    void SwitchOn(Memory& memory) const;
-    bool IsOn(const Memory& memory) const;
+    void switchOn(Memory& memory) const;
+    bool isOn(const Memory& memory) const;
 
     /// The triggers that take effect in this step. Call it in every step: a trigger that nobody
     /// waits for is lost, not kept.
-    unsigned Take(const Step& step);
+    unsigned take(const Step& step);
 
     /// Whether a level activation holds the trigger on.
-    bool IsHeld(const Step& step) const;
+    bool isHeld(const Step& step) const;
     /// Whether the source still has the level that the trigger began with.
-    bool IsSourceActive(const Step& step) const;
-    bool IsSoftware(const Memory& memory) const;
+    bool isSourceActive(const Step& step) const;
+    bool isSoftware(const Memory& memory) const;
 
-    void Forget() { due.clear(); }
+    void forget() { m_due.clear(); }
 
 private:
-    std::uint32_t Register(Registers::Address offset) const { return block + offset; }
-    unsigned Arrived(const Step& step) const;
+    std::uint32_t registerAt(Registers::Address offset) const { return m_block + offset; }
+    unsigned arrived(const Step& step) const;
 
-    Registers::Address block;
-    std::deque<double> due;
+    Registers::Address m_block;
+    std::deque<double> m_due;
 };
 
 } // namespace ZalSim

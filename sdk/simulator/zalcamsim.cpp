@@ -38,7 +38,7 @@ struct Arguments
     }
 };
 
-bool Parse(int argc, char** argv, Arguments& arguments)
+bool parse(int argc, char** argv, Arguments& arguments)
 {
     const GOptionEntry entries[] = {
         {"model", 'm', 0, G_OPTION_ARG_STRING, &arguments.model, "Camera model (full)", "MODEL"},
@@ -66,7 +66,7 @@ bool Parse(int argc, char** argv, Arguments& arguments)
     return parsed && argc == 1;
 }
 
-ZalSim::Options ToOptions(const Arguments& arguments)
+ZalSim::Options toOptions(const Arguments& arguments)
 {
     ZalSim::Options options;
     const auto take = [](const char* text, std::string& option) {
@@ -80,48 +80,48 @@ ZalSim::Options ToOptions(const Arguments& arguments)
     return options;
 }
 
-gboolean Quit(void* loop)
+gboolean quit(void* loop)
 {
     g_main_loop_quit(static_cast<GMainLoop*>(loop));
     return G_SOURCE_CONTINUE;
 }
 
-/// From its construction on a signal ends Wait() instead of the process.
+/// From its construction on a signal ends wait() instead of the process.
 class Interruption
 {
 public:
     Interruption()
     {
-        g_unix_signal_add(SIGINT, Quit, loop.get());
-        g_unix_signal_add(SIGTERM, Quit, loop.get());
+        g_unix_signal_add(SIGINT, quit, loop.get());
+        g_unix_signal_add(SIGTERM, quit, loop.get());
     }
 
-    void Wait() { g_main_loop_run(loop.get()); }
+    void wait() { g_main_loop_run(loop.get()); }
 
 private:
     std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> loop{g_main_loop_new(nullptr, FALSE),
                                                                   g_main_loop_unref};
 };
 
-int Serve(const ZalSim::Options& options)
+int serve(const ZalSim::Options& options)
 {
     Interruption interruption;
     std::string error;
-    const auto camera = ZalSim::SimulatedCamera::Start(options, error);
+    const auto camera = ZalSim::SimulatedCamera::start(options, error);
     if (!camera) {
         std::cerr << "zalcamsim: " << error << '\n';
-        return ZalSim::FindModel(options.model) ? ExitNotStarted : ExitUnknownModel;
+        return ZalSim::findModel(options.model) ? ExitNotStarted : ExitUnknownModel;
     }
     // Whoever started the program waits for this line.
     std::cout << options.model << " camera " << options.serial << " listening on "
-              << camera->CameraId() << std::endl;
-    interruption.Wait();
+              << camera->cameraId() << std::endl;
+    interruption.wait();
     return ExitOk;
 }
 
-void ListModels()
+void listModels()
 {
-    for (const ZalSim::Model& model : ZalSim::AllModels())
+    for (const ZalSim::Model& model : ZalSim::allModels())
         std::cout << model.name << ": " << model.vendor << ' ' << model.product << ", "
                   << model.summary << '\n';
 }
@@ -131,13 +131,13 @@ void ListModels()
 int main(int argc, char** argv)
 {
     Arguments arguments;
-    if (!Parse(argc, argv, arguments))
+    if (!parse(argc, argv, arguments))
         return ExitBadArguments;
     if (arguments.version)
         std::cout << "zalcamsim " ZALSIM_VERSION "\n";
     else if (arguments.list)
-        ListModels();
+        listModels();
     else
-        return Serve(ToOptions(arguments));
+        return serve(toOptions(arguments));
     return ExitOk;
 }

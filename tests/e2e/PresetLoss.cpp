@@ -65,7 +65,7 @@ std::vector<std::uint32_t> registersOf(const ZalSim::SimulatedCamera& camera)
     std::vector<std::uint32_t> registers;
     registers.reserve(MemorySize / RegisterSize);
     for (std::uint32_t address = 0; address < MemorySize; address += RegisterSize)
-        registers.push_back(isActivity(address) ? 0 : camera.ReadRegister(address));
+        registers.push_back(isActivity(address) ? 0 : camera.readRegister(address));
     return registers;
 }
 
@@ -151,7 +151,7 @@ PresetLoss::Run PresetLoss::runOnce(int number, const GvcpProxy::Weather& weathe
     if (!rig.engine)
         return run;
     for (const unsigned inputLine : {0U, 1U})
-        rig.simulator->SetInputLine(inputLine, false);
+        rig.simulator->setInputLine(inputLine, false);
     bool found = false;
     run.problem = rig.engine->apply(before, found);
     const GvcpProxy::Counts counts = proxy.counts();

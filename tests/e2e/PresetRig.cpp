@@ -27,10 +27,10 @@ PresetRig::PresetRig(const QString& model, const QString& applicationDir, const 
     ZalSim::Options options;
     options.model = model.toStdString();
     std::string error;
-    simulator = ZalSim::SimulatedCamera::Start(options, error);
+    simulator = ZalSim::SimulatedCamera::start(options, error);
     if (simulator)
         camera = ZalCPP::CameraSystem::Open(
-            address.isEmpty() ? simulator->CameraId() : address.toStdString(), error);
+            address.isEmpty() ? simulator->cameraId() : address.toStdString(), error);
     problem = QString::fromStdString(error);
     if (!camera)
         return;

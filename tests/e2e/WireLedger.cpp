@@ -12,7 +12,7 @@ RegisterImage::RegisterImage(const ZalSim::SimulatedCamera& camera)
 {
     m_bytes.reserve(MemorySize);
     for (std::uint32_t address = 0; address < MemorySize; address += 4) {
-        const std::uint32_t value = camera.ReadRegister(address);
+        const std::uint32_t value = camera.readRegister(address);
         for (const unsigned shift : {24U, 16U, 8U, 0U})
             m_bytes.push_back(static_cast<unsigned char>(value >> shift));
     }

@@ -87,12 +87,12 @@ void tst_IdleTable::initTestCase()
 void tst_IdleTable::init()
 {
     std::string error;
-    m_simulator = ZalSim::SimulatedCamera::Start(ZalSim::Options(), error);
+    m_simulator = ZalSim::SimulatedCamera::start(ZalSim::Options(), error);
     QVERIFY2(m_simulator, error.c_str());
     // Inputs that toggle by themselves would be something to report.
     for (unsigned line = 0; line < 2; ++line)
-        m_simulator->SetInputLine(line, false);
-    m_camera = ZalCPP::CameraSystem::Open(m_simulator->CameraId(), error);
+        m_simulator->setInputLine(line, false);
+    m_camera = ZalCPP::CameraSystem::Open(m_simulator->cameraId(), error);
     QVERIFY2(m_camera, error.c_str());
     m_tab = std::make_unique<Tab>(m_camera->Features(), nullptr);
     m_tab->show();
@@ -173,9 +173,9 @@ void tst_IdleTable::lampFollowsTheLineThatIsSelected()
     // Selects the line, as every edit in its row does.
     cell<QCheckBox>("chkLine1_LineInverter").setChecked(true);
     QTRY_VERIFY(lamp.isEnabled());
-    m_simulator->SetInputLine(1, true);
+    m_simulator->setInputLine(1, true);
     QTRY_VERIFY(!lamp.isEnabled());
-    m_simulator->SetInputLine(1, false);
+    m_simulator->setInputLine(1, false);
     QTRY_VERIFY(lamp.isEnabled());
 }
 

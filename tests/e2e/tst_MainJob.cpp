@@ -151,9 +151,9 @@ void tst_MainJob::aPolledFeatureThatChangesInTheCameraShowsWithinTwoTicks()
     ZalSim::Options options;
     options.descriptionFile = description.toStdString();
     std::string error;
-    const auto camera = ZalSim::SimulatedCamera::Start(options, error);
+    const auto camera = ZalSim::SimulatedCamera::start(options, error);
     QVERIFY2(camera, error.c_str());
-    RunningViewer viewer(at(QString::fromStdString(camera->CameraId())));
+    RunningViewer viewer(at(QString::fromStdString(camera->cameraId())));
     QVERIFY2(viewer.window(), qPrintable(viewer.problem));
     auto* delay = viewer.control<QDoubleSpinBox>("spbTriggerDelay");
     viewer.waitForTicks(1);
@@ -161,7 +161,7 @@ void tst_MainJob::aPolledFeatureThatChangesInTheCameraShowsWithinTwoTicks()
 
     // The upper half of 4321.0 as a double; the lower half is zero.
     constexpr std::uint32_t frameStartDelay = 0x4150;
-    camera->WriteRegister(frameStartDelay, 0x40B0E100);
+    camera->writeRegister(frameStartDelay, 0x40B0E100);
     QTRY_COMPARE(delay->value(), 4321.0);
     QVERIFY2(ticks.count() <= 2, qPrintable(QString::number(ticks.count())));
 }

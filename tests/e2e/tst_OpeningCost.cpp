@@ -51,9 +51,9 @@ void tst_OpeningCost::initTestCase()
 void tst_OpeningCost::init()
 {
     std::string error;
-    m_simulator = ZalSim::SimulatedCamera::Start(ZalSim::Options(), error);
+    m_simulator = ZalSim::SimulatedCamera::start(ZalSim::Options(), error);
     QVERIFY2(m_simulator, error.c_str());
-    m_camera = ZalCPP::CameraSystem::Open(m_simulator->CameraId(), error);
+    m_camera = ZalCPP::CameraSystem::Open(m_simulator->cameraId(), error);
     QVERIFY2(m_camera, error.c_str());
     m_container = std::make_unique<QWidget>();
 }

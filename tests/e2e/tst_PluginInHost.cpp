@@ -53,9 +53,9 @@ struct SimulatedDevice
     {
         ZalSim::Options options;
         options.model = model;
-        simulator = ZalSim::SimulatedCamera::Start(options, error);
+        simulator = ZalSim::SimulatedCamera::start(options, error);
         if (simulator)
-            camera = ZalCPP::CameraSystem::Open(simulator->CameraId(), error);
+            camera = ZalCPP::CameraSystem::Open(simulator->cameraId(), error);
     }
 
     std::string error;

@@ -19,8 +19,8 @@ Stimulus pulses(unsigned line, int count)
 {
     return [line, count](const PresetRig& rig) {
         for (int i = 0; i < count; ++i) {
-            rig.simulator->SetInputLine(line, true);
-            rig.simulator->SetInputLine(line, false);
+            rig.simulator->setInputLine(line, true);
+            rig.simulator->setInputLine(line, false);
         }
     };
 }
@@ -32,12 +32,12 @@ void triggerBySoftware(const PresetRig& rig)
 
 void sendAction(const PresetRig& rig)
 {
-    rig.simulator->SendAction(0, 1, 1);
+    rig.simulator->sendAction(0, 1, 1);
 }
 
 void sendOtherAction(const PresetRig& rig)
 {
-    rig.simulator->SendAction(0, 2, 1);
+    rig.simulator->sendAction(0, 2, 1);
 }
 
 } // namespace
@@ -70,8 +70,8 @@ std::unique_ptr<PresetRig> tst_ShippedPresetsAtWork::quiet()
         std::make_unique<PresetRig>(QStringLiteral("full"), QStringLiteral(PLUGIN_FOLDER "/.."));
     if (!rig->engine)
         return nullptr;
-    rig->simulator->SetInputLine(Line0, false);
-    rig->simulator->SetInputLine(Line1, false);
+    rig->simulator->setInputLine(Line0, false);
+    rig->simulator->setInputLine(Line1, false);
     return rig;
 }
 
@@ -122,7 +122,7 @@ void tst_ShippedPresetsAtWork::theWidthOfThePulseIsTheExposure()
     const auto rig = working(QStringLiteral("Exposure by Pulse Width on Line0"));
     QVERIFY(rig);
     rig->write(QStringLiteral("LineSelector=Line2 LineSource=ExposureActive"));
-    rig->simulator->SetInputLine(Line0, true);
+    rig->simulator->setInputLine(Line0, true);
     QTRY_COMPARE(rig->read(QStringLiteral("LineStatus")), QStringLiteral("1"));
     // The exposure time alone would be over long before this timer.
     rig->write(QStringLiteral("TimerSelector=Timer1 TimerDuration=50000"));
@@ -130,7 +130,7 @@ void tst_ShippedPresetsAtWork::theWidthOfThePulseIsTheExposure()
     QTRY_COMPARE(rig->read(QStringLiteral("TimerStatus")), QStringLiteral("TimerCompleted"));
     QCOMPARE(rig->read(QStringLiteral("LineStatus")), QStringLiteral("1"));
     QCOMPARE(rig->frames(), 0);
-    rig->simulator->SetInputLine(Line0, false);
+    rig->simulator->setInputLine(Line0, false);
     QTRY_COMPARE(rig->frames(), 1);
     QCOMPARE(rig->read(QStringLiteral("LineStatus")), QStringLiteral("0"));
 }

@@ -33,7 +33,7 @@ private slots:
     void simulatedModelIsStartedAndOpened_data()
     {
         QTest::addColumn<QString>("model");
-        for (const std::string& model : ZalSim::SimulatedCamera::Models())
+        for (const std::string& model : ZalSim::SimulatedCamera::models())
             QTest::newRow(model.c_str()) << QString::fromStdString(model);
     }
     void simulatedModelIsStartedAndOpened()
@@ -77,7 +77,7 @@ private slots:
         ZalSim::Options options;
         options.serial = "SIM0077";
         std::string reason;
-        const auto simulator = ZalSim::SimulatedCamera::Start(options, reason);
+        const auto simulator = ZalSim::SimulatedCamera::start(options, reason);
         QVERIFY2(simulator, reason.c_str());
         const std::unique_ptr<CameraDevice> camera = openCamera(choice, m_error);
         QVERIFY2(camera, qPrintable(m_error));
@@ -116,10 +116,10 @@ private slots:
     void lostCameraSaysSo()
     {
         std::string reason;
-        auto simulator = ZalSim::SimulatedCamera::Start({}, reason);
+        auto simulator = ZalSim::SimulatedCamera::start({}, reason);
         QVERIFY2(simulator, reason.c_str());
         const std::unique_ptr<CameraDevice> camera =
-            openCamera(byId(QString::fromStdString(simulator->CameraId())), m_error);
+            openCamera(byId(QString::fromStdString(simulator->cameraId())), m_error);
         QVERIFY2(camera, qPrintable(m_error));
         simulator.reset();
         QTRY_VERIFY_WITH_TIMEOUT(camera->isLost(), 30000);
@@ -129,9 +129,9 @@ private slots:
     {
         ZalSim::Options options;
         std::string reason;
-        auto simulator = ZalSim::SimulatedCamera::Start(options, reason);
+        auto simulator = ZalSim::SimulatedCamera::start(options, reason);
         QVERIFY2(simulator, reason.c_str());
-        const QString id = QString::fromStdString(simulator->CameraId());
+        const QString id = QString::fromStdString(simulator->cameraId());
         CameraSession session(openCamera(byId(id), m_error));
         MainWindow window(session);
         window.show();

@@ -261,7 +261,7 @@ private slots:
         ZalSim::Options options;
         options.serial = "SIM0042";
         std::string error;
-        const auto simulator = ZalSim::SimulatedCamera::Start(options, error);
+        const auto simulator = ZalSim::SimulatedCamera::start(options, error);
         QVERIFY2(simulator, error.c_str());
         const Outcome outcome = runViewer({"--list"});
         QVERIFY(!outcome.crashed);
@@ -278,7 +278,7 @@ private slots:
     void takenPortIsASentence()
     {
         std::string error;
-        const auto simulator = ZalSim::SimulatedCamera::Start({}, error);
+        const auto simulator = ZalSim::SimulatedCamera::start({}, error);
         QVERIFY2(simulator, error.c_str());
         const Outcome outcome = shoot({});
         QVERIFY(!outcome.crashed);

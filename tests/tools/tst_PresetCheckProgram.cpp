@@ -146,7 +146,7 @@ private slots:
         QTest::addColumn<QString>("model");
         const QDir presets(PRESETS);
         for (const QString& name : presets.entryList({"*_Presets.json"})) {
-            for (const std::string& model : ZalSim::SimulatedCamera::Models())
+            for (const std::string& model : ZalSim::SimulatedCamera::models())
                 QTest::addRow("%s, %s", qPrintable(name), model.c_str())
                     << presets.filePath(name) << QString::fromStdString(model);
         }
@@ -189,9 +189,9 @@ private slots:
     void aCameraIsFoundByItsIdAndItsSelectorsAreAsTheyWere()
     {
         std::string error;
-        const auto simulated = ZalSim::SimulatedCamera::Start({}, error);
+        const auto simulated = ZalSim::SimulatedCamera::start({}, error);
         QVERIFY2(simulated, error.c_str());
-        const QString id = QString::fromStdString(simulated->CameraId());
+        const QString id = QString::fromStdString(simulated->cameraId());
         const QString file = fileOf(json(presetOf("'LineSelector': {'#value': '<all>_Line2', "
                                                   "'LineInverter': true}, "
                                                   "'TriggerSelector': {'#value': 'FrameStart'}")));

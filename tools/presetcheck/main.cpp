@@ -30,7 +30,7 @@ int complain(const QString& sentence)
 QStringList modelNames()
 {
     QStringList names;
-    for (const std::string& model : ZalSim::SimulatedCamera::Models())
+    for (const std::string& model : ZalSim::SimulatedCamera::models())
         names.append(QString::fromStdString(model));
     return names;
 }

@@ -13,8 +13,9 @@
 namespace ZalCPP {
 
 /// Accesses to the camera's registers since it was opened. Each is one request and one answer on
-/// the wire, unless it is longer than a packet or has to be repeated. Not counted are the
-/// connection's own heartbeat and reads whose answer was known from a moment before.
+/// the wire, unless it is longer than a packet or has to be repeated. The
+/// connection's own heartbeat is not counted, nor are reads that were answered from a moment
+/// before.
 struct WireCounts
 {
     std::uint64_t reads = 0;  ///< Requests for what registers hold.
@@ -62,10 +63,10 @@ public:
     /// The feature of that name, or null. Costs no traffic.
     FeaturePtr FindFeature(const std::string& name) const;
 
-    /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns; it
-    /// must not stop or destroy the camera. Incomplete frames are left out. Meanwhile the camera's
-    /// TLParamsLocked is set, where it has one; a camera that refuses to stop is unlocked all the
-    /// same. Fails with ZalErrorNotAvailable while acquiring.
+    /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns; the
+    /// handler must not stop or destroy the camera. Incomplete frames are left out. Meanwhile the
+    /// camera's TLParamsLocked is set, where it has one; a camera that refuses to stop is unlocked
+    /// nevertheless. Fails with ZalErrorNotAvailable while acquiring.
     ZalErrorType StartAcquisition(FrameHandler handler);
     /// After this no frame arrives, whatever the status. Stopping twice succeeds.
     ZalErrorType StopAcquisition();
@@ -87,7 +88,7 @@ private:
     friend class CameraSystem;
     class ZALCPP_HIDDEN Private;
     ZALCPP_HIDDEN explicit Camera(std::unique_ptr<Private> d);
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> m_d;
 };
 
 } // namespace ZalCPP

@@ -23,7 +23,7 @@ using FeatureList = std::shared_ptr<std::vector<FeaturePtr>>;
 /// Every operation returns a status and fills its output only on success. Operations may be called
 /// from any thread and block until the camera answered, 600 ms at most; then they fail with
 /// ZalErrorTimeout, or with ZalErrorNotOpen once the camera is closed or lost. Other failures are
-/// named where they occur, but for one: what is asked of a feature of another data type fails with
+/// named where they occur, except for one: an operation that is for another data type fails with
 /// ZalErrorWrongType.
 ///
 /// Data of variable length has the array form `(T* buffer, std::uint32_t& count)`: with a null
@@ -96,7 +96,7 @@ public:
     /// other number of bytes than the register has.
     virtual ZalErrorType SetRawValue(const unsigned char* data, std::uint32_t count) = 0;
 
-    // Limits, in the feature's unit. They may be asked whether or not there is access to the value.
+    // Limits, in the feature's unit. They may be asked whether or not the value can be read.
 
     /// Smallest and largest value at this moment, both included.
     virtual ZalErrorType GetIntegerRange(long long& min, long long& max) const = 0;
@@ -111,8 +111,8 @@ public:
     /// The values that an integer may have; empty where the SDK knows of no such set.
     virtual ZalErrorType GetValidValueSet(long long* buffer, std::uint32_t& count) const = 0;
 
-    // Enumeration entries, in the description's order, whether available or not. But for the
-    // availability they cost no traffic.
+    // Enumeration entries, in the description's order, whether available or not. Only their
+    // availability costs traffic.
 
     /// The entries' integer values.
     virtual ZalErrorType GetEnumValues(long long* buffer, std::uint32_t& count) const = 0;

@@ -10,8 +10,9 @@ class Feature;
 class IFeatureObserver
 {
 public:
-    /// The feature's value, range, access or availability changed. Called on the SDK's notification
-    /// thread, with no SDK lock held: reading the feature and unregistering are allowed.
+    /// The feature's value, its limits, its entries, or what can be done with it changed. Called on
+    /// the SDK's notification thread, with no SDK lock held: reading the feature and unregistering
+    /// are allowed.
     virtual void FeatureChanged(const std::shared_ptr<Feature>& feature) = 0;
     virtual ~IFeatureObserver() = default;
 };

@@ -1,5 +1,5 @@
-// Status, type, access and visibility codes of the camera SDK. All are plain numbers of a fixed
-// width, so that they mean the same on both sides of a library boundary.
+// Codes of the camera SDK: status, data type, flags and visibility. All are plain numbers of a
+// fixed width, so that they mean the same on both sides of a library boundary.
 #pragma once
 
 #include <ZalCPP/Export.h>
@@ -38,7 +38,7 @@ constexpr ZalFeatureDataType ZalFeatureCommand = 6; ///< An action without a val
 constexpr ZalFeatureDataType ZalFeatureRaw = 7;     ///< A register of bytes.
 constexpr ZalFeatureDataType ZalFeatureNone = 8;    ///< Has no value at all.
 
-/// Access flags of a feature: any combination of the bits below.
+/// What a feature allows in principle: any combination of the bits below.
 using ZalFeatureFlagsType = std::uint32_t;
 
 constexpr ZalFeatureFlagsType ZalFeatureFlagsNone = 0x00;     ///< Neither readable nor writable.

@@ -91,14 +91,14 @@ public:
     {
         if (onCall)
             onCall(feature);
-        const std::lock_guard<std::mutex> lock(mutex);
-        called.push_back(text(feature, &Feature::GetName));
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_called.push_back(text(feature, &Feature::GetName));
     }
 
     std::vector<std::string> calls() const
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return called;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_called;
     }
 
     int count(const std::string& name) const
@@ -111,16 +111,16 @@ public:
 
     void clear()
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        called.clear();
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_called.clear();
     }
 
     /// Set before registering; runs on the notification thread.
     std::function<void(const FeaturePtr&)> onCall;
 
 private:
-    mutable std::mutex mutex;
-    std::vector<std::string> called;
+    mutable std::mutex m_mutex;
+    std::vector<std::string> m_called;
 };
 
 } // namespace BridgeTest

@@ -26,5 +26,5 @@ public:
 
 private:
     class Server;
-    std::unique_ptr<Server> server;
+    std::unique_ptr<Server> m_server;
 };

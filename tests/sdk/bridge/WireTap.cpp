@@ -51,7 +51,7 @@ int errorOf(WireTap::Answer answer)
     }
 }
 
-// False when the access shall not reach the camera.
+// False when the access is not to reach the camera.
 bool passes(WireTap::Hook State::*which, ArvDevice* device, guint64 address, GError** error)
 {
     WireTap::Hook hook;

@@ -3,6 +3,7 @@
 
 #include "sdk/bridge/CameraWorker.h"
 
+#include <QElapsedTimer>
 #include <QSemaphore>
 
 #include <atomic>
@@ -16,17 +17,17 @@ class Operation
 public:
     ZalCPP::CameraWorker::Work work()
     {
-        return [shared = state] {
+        return [shared = m_state] {
             shared->started.release();
             shared->ended.acquire();
             return shared->result.load();
         };
     }
-    bool waitUntilStarted() { return state->started.tryAcquire(1, 5000); }
+    bool waitUntilStarted() { return m_state->started.tryAcquire(1, 5000); }
     void end(ZalErrorType result)
     {
-        state->result = result;
-        state->ended.release();
+        m_state->result = result;
+        m_state->ended.release();
     }
 
 private:
@@ -36,8 +37,22 @@ private:
         QSemaphore ended;
         std::atomic<ZalErrorType> result{ZalErrorSuccess};
     };
-    std::shared_ptr<State> state = std::make_shared<State>();
+    std::shared_ptr<State> m_state = std::make_shared<State>();
 };
+
+/// What a caller's thread may be blocked for, in milliseconds.
+constexpr qint64 LongestBlock = 650;
+
+/// Opens the breaker with an operation that does not end; says for how many milliseconds the caller
+/// was blocked.
+inline qint64 stall(ZalCPP::CameraWorker& worker, Operation& operation)
+{
+    QElapsedTimer timer;
+    timer.start();
+    if (worker.call(operation.work()) != ZalErrorTimeout)
+        qFatal("The call did not time out");
+    return timer.elapsed();
+}
 
 inline ZalErrorType succeed()
 {

@@ -34,17 +34,17 @@ class tst_Acquisition : public QObject
 private slots:
     void initTestCase()
     {
-        tap = std::make_unique<WireTap>();
-        server = std::make_unique<NastyCamera>();
+        m_tap = std::make_unique<WireTap>();
+        m_server = std::make_unique<NastyCamera>();
     }
     void init();
     void cleanup()
     {
-        camera.reset();
-        tap->onRead(nullptr);
-        tap->onWrite(nullptr);
+        m_camera.reset();
+        m_tap->onRead(nullptr);
+        m_tap->onWrite(nullptr);
     }
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void framesArriveOnAnotherThread();
     void frameCarriesTheCamerasImage();
@@ -65,40 +65,40 @@ private slots:
     void startWithoutAThreadIsTakenBack();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    FeaturePtr find(const std::string& name) const { return m_camera->FindFeature(name); }
     ZalErrorType start();
     int commands() const;
 
-    std::unique_ptr<WireTap> tap;
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::atomic<int> frames{0};
-    std::mutex mutex;
-    Frame last;
-    std::thread::id thread;
+    std::unique_ptr<WireTap> m_tap;
+    std::unique_ptr<NastyCamera> m_server;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    std::atomic<int> m_frames{0};
+    std::mutex m_mutex;
+    Frame m_last;
+    std::thread::id m_thread;
 };
 
 void tst_Acquisition::init()
 {
-    server->reset();
-    camera = openCamera();
-    frames = 0;
+    m_server->reset();
+    m_camera = openCamera();
+    m_frames = 0;
 }
 
 ZalErrorType tst_Acquisition::start()
 {
-    return camera->StartAcquisition([this](const Frame& frame) {
-        const std::lock_guard<std::mutex> lock(mutex);
-        last = frame;
-        thread = std::this_thread::get_id();
-        ++frames;
+    return m_camera->StartAcquisition([this](const Frame& frame) {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_last = frame;
+        m_thread = std::this_thread::get_id();
+        ++m_frames;
     });
 }
 
 // Starts and stops that went over the wire since the last call.
 int tst_Acquisition::commands() const
 {
-    const auto accesses = tap->takeAccesses();
+    const auto accesses = m_tap->takeAccesses();
     return static_cast<int>(
         std::count_if(accesses.begin(), accesses.end(), [](const WireTap::Access& access) {
             return access.isWrite && access.address == AcquisitionRegister;
@@ -107,37 +107,37 @@ int tst_Acquisition::commands() const
 
 void tst_Acquisition::framesArriveOnAnotherThread()
 {
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
     QCOMPARE(start(), ZalErrorSuccess);
-    QVERIFY(camera->IsAcquiring());
-    QTRY_VERIFY(frames >= 3);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QVERIFY(thread != std::this_thread::get_id());
+    QVERIFY(m_camera->IsAcquiring());
+    QTRY_VERIFY(m_frames >= 3);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QVERIFY(m_thread != std::this_thread::get_id());
 }
 
 void tst_Acquisition::frameCarriesTheCamerasImage()
 {
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QCOMPARE(last.width, 64U);
-    QCOMPARE(last.height, 32U);
-    QCOMPARE(last.pixelFormat, 0x01080001U);
-    QCOMPARE(last.pixels.size(), std::size_t(64 * 32));
-    QVERIFY(last.id > 0);
+    QTRY_VERIFY(m_frames >= 1);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_last.width, 64U);
+    QCOMPARE(m_last.height, 32U);
+    QCOMPARE(m_last.pixelFormat, 0x01080001U);
+    QCOMPARE(m_last.pixels.size(), std::size_t(64 * 32));
+    QVERIFY(m_last.id > 0);
 }
 
 void tst_Acquisition::noFrameArrivesAfterStopping()
 {
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QVERIFY(!camera->IsAcquiring());
-    const int before = frames;
-    // Nothing shall happen, so that there is nothing to wait for but time.
+    QTRY_VERIFY(m_frames >= 1);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QVERIFY(!m_camera->IsAcquiring());
+    const int before = m_frames;
+    // Nothing is to happen, so there is nothing to wait for but time.
     QTest::qWait(200);
-    QCOMPARE(frames, before);
-    QCOMPARE(server->reg(0x124), 0U);
+    QCOMPARE(m_frames, before);
+    QCOMPARE(m_server->reg(0x124), 0U);
 }
 
 void tst_Acquisition::parametersAreLockedWhileAcquiring()
@@ -146,7 +146,7 @@ void tst_Acquisition::parametersAreLockedWhileAcquiring()
     QCOMPARE(integer(find("TLParamsLocked")), 1LL);
     QVERIFY(!isWritable(find("Width")));
     QCOMPARE(find("Width")->SetIntegerValue(128), ZalErrorNotWritable);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
     QCOMPARE(integer(find("TLParamsLocked")), 0LL);
     QVERIFY(isWritable(find("Width")));
 }
@@ -162,7 +162,7 @@ void tst_Acquisition::lockedFeaturesAreReported()
     QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Constant"});
     QCOMPARE(start(), ZalErrorSuccess);
     QTRY_COMPARE(recorder->count("Width"), 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
     QTRY_COMPARE(recorder->count("Width"), 2);
     QCOMPARE(recorder->count("Plain"), 0);
 }
@@ -170,10 +170,10 @@ void tst_Acquisition::lockedFeaturesAreReported()
 void tst_Acquisition::canBeStartedAgain()
 {
     for (int round = 0; round < 3; ++round) {
-        frames = 0;
+        m_frames = 0;
         QCOMPARE(start(), ZalErrorSuccess);
-        QTRY_VERIFY(frames >= 1);
-        QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+        QTRY_VERIFY(m_frames >= 1);
+        QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
     }
 }
 
@@ -181,29 +181,29 @@ void tst_Acquisition::secondStartIsRefused()
 {
     QCOMPARE(start(), ZalErrorSuccess);
     QCOMPARE(start(), ZalErrorNotAvailable);
-    QVERIFY(camera->IsAcquiring());
+    QVERIFY(m_camera->IsAcquiring());
 }
 
 void tst_Acquisition::startNeedsAHandler()
 {
-    QCOMPARE(camera->StartAcquisition(nullptr), ZalErrorBadParameter);
-    QVERIFY(!camera->IsAcquiring());
+    QCOMPARE(m_camera->StartAcquisition(nullptr), ZalErrorBadParameter);
+    QVERIFY(!m_camera->IsAcquiring());
 }
 
 void tst_Acquisition::stoppingAnIdleCameraChangesNothing()
 {
-    const auto before = camera->Counts();
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QCOMPARE(camera->Counts().writes, before.writes);
+    const auto before = m_camera->Counts();
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_camera->Counts().writes, before.writes);
 }
 
 void tst_Acquisition::destroyingAnAcquiringCameraStopsIt()
 {
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
-    camera.reset();
-    QCOMPARE(server->reg(0x124), 0U);
-    camera = openCamera();
+    QTRY_VERIFY(m_frames >= 1);
+    m_camera.reset();
+    QCOMPARE(m_server->reg(0x124), 0U);
+    m_camera = openCamera();
     QVERIFY(isWritable(find("Width")));
 }
 
@@ -211,30 +211,30 @@ void tst_Acquisition::imageSizeIsTakenAtTheStart()
 {
     QCOMPARE(find("Width")->SetIntegerValue(256), ZalErrorSuccess);
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QCOMPARE(last.width, 256U);
-    QCOMPARE(last.pixels.size(), std::size_t(256 * 32));
+    QTRY_VERIFY(m_frames >= 1);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_last.width, 256U);
+    QCOMPARE(m_last.pixels.size(), std::size_t(256 * 32));
 }
 
 // Somebody asked for it just before it changed.
 void tst_Acquisition::imageSizeIsReadFromTheCamera()
 {
     QCOMPARE(integer(find("PayloadSize")), 64LL * 32);
-    server->setReg(0x100, 128);
+    m_server->setReg(0x100, 128);
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QCOMPARE(last.width, 128U);
+    QTRY_VERIFY(m_frames >= 1);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_last.width, 128U);
 }
 
 void tst_Acquisition::cameraIsStoppedOnce()
 {
-    tap->takeAccesses();
+    m_tap->takeAccesses();
     QCOMPARE(start(), ZalErrorSuccess);
     QCOMPARE(commands(), 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    camera.reset();
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    m_camera.reset();
     QCOMPARE(commands(), 1);
 }
 
@@ -243,25 +243,25 @@ void tst_Acquisition::unansweredStopIsDoneLater()
 {
     QCOMPARE(start(), ZalErrorSuccess);
     std::atomic<int> attempts{0};
-    tap->onWrite([&attempts](ArvDevice*, std::uint64_t address) {
+    m_tap->onWrite([&attempts](ArvDevice*, std::uint64_t address) {
         const bool isFirst = address == AcquisitionRegister && ++attempts == 1;
         return isFirst ? WireTap::Answer::TimeOut : WireTap::Answer::TheCameras;
     });
-    QCOMPARE(camera->StopAcquisition(), ZalErrorTimeout);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorTimeout);
     QTRY_COMPARE(attempts, 2);
     QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
-    QCOMPARE(server->reg(AcquisitionRegister), 0U);
+    QCOMPARE(m_server->reg(AcquisitionRegister), 0U);
 }
 
 void tst_Acquisition::refusedStopUnlocksTheParametersAllTheSame()
 {
     QCOMPARE(start(), ZalErrorSuccess);
-    server->setReg(0x4808, 1);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorNotWritable);
-    QVERIFY(!camera->IsAcquiring());
+    m_server->setReg(0x4808, 1);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorNotWritable);
+    QVERIFY(!m_camera->IsAcquiring());
     QCOMPARE(integer(find("TLParamsLocked")), 0LL);
     QVERIFY(isWritable(find("Width")));
-    server->setReg(0x4808, 0);
+    m_server->setReg(0x4808, 0);
     QCOMPARE(find("AcquisitionStop")->RunCommand(), ZalErrorSuccess);
 }
 
@@ -269,7 +269,7 @@ void tst_Acquisition::refusedStopUnlocksTheParametersAllTheSame()
 void tst_Acquisition::slowStartTakesNoLongerThanOneCall()
 {
     QSemaphore never;
-    tap->onRead([&never](ArvDevice*, std::uint64_t address) {
+    m_tap->onRead([&never](ArvDevice*, std::uint64_t address) {
         if (address == 0x100 || address == 0x104)
             never.tryAcquire(1, 350);
         return WireTap::Answer::TheCameras;
@@ -278,13 +278,13 @@ void tst_Acquisition::slowStartTakesNoLongerThanOneCall()
     timer.start();
     QCOMPARE(start(), ZalErrorTimeout);
     QVERIFY2(timer.elapsed() <= 650, qPrintable(QString::number(timer.elapsed())));
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
     // What was started behind the caller's back is stopped there, too.
     long long locked = 1;
     QTRY_COMPARE(find("TLParamsLocked")->GetIntegerValue(locked), ZalErrorSuccess);
     QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
-    QCOMPARE(server->reg(0x124), 0U);
-    QCOMPARE(frames, 0);
+    QCOMPARE(m_server->reg(0x124), 0U);
+    QCOMPARE(m_frames, 0);
 }
 
 void tst_Acquisition::startWithoutAThreadIsTakenBack()
@@ -293,11 +293,11 @@ void tst_Acquisition::startWithoutAThreadIsTakenBack()
     const ZalErrorType status = start();
     noMoreThreads = false;
     QCOMPARE(status, ZalErrorOutOfResources);
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
     QTRY_COMPARE(integer(find("TLParamsLocked")), 0LL);
-    QCOMPARE(server->reg(0x124), 0U);
+    QCOMPARE(m_server->reg(0x124), 0U);
     QCOMPARE(start(), ZalErrorSuccess);
-    QTRY_VERIFY(frames >= 1);
+    QTRY_VERIFY(m_frames >= 1);
 }
 
 QTEST_GUILESS_MAIN(tst_Acquisition)

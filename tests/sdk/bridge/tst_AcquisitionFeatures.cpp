@@ -1,17 +1,15 @@
 // What becomes of the acquisition where its features are missing, of another kind, or refused.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
-class tst_AcquisitionFeatures : public QObject
+class tst_AcquisitionFeatures : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void cameraThatCannotAcquireSaysWhy_data();
     void cameraThatCannotAcquireSaysWhy();
@@ -21,13 +19,13 @@ private slots:
     void lockThatFailsIsAFailure();
     void refusedStartUnlocksTheParameters();
     void cameraWithoutAStopSaysSo();
+    void payloadIsLimited_data();
+    void payloadIsLimited();
+    void streamThatLeadsInACircleIsNotStarted_data();
+    void streamThatLeadsInACircleIsNotStarted();
 
 private:
     ZalErrorType start(const QByteArray& nodes);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
 
 namespace {
@@ -47,19 +45,12 @@ QByteArray lock(const QByteArray& more)
 
 } // namespace
 
-void tst_AcquisitionFeatures::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
-
 ZalErrorType tst_AcquisitionFeatures::start(const QByteArray& nodes)
 {
     const QList<QByteArray> features{"PayloadSize", "AcquisitionStart", "AcquisitionStop",
                                      "TLParamsLocked"};
-    server = DescribedCamera::serve(describe(features, nodes + reg("IntReg", "R", "0x124", "4")));
-    camera = openCamera();
-    return camera->StartAcquisition([](const ZalCPP::Frame&) {});
+    open(features, nodes + reg("IntReg", "R", "0x124", "4"));
+    return m_camera->StartAcquisition([](const ZalCPP::Frame&) {});
 }
 
 void tst_AcquisitionFeatures::cameraThatCannotAcquireSaysWhy_data()
@@ -77,7 +68,7 @@ void tst_AcquisitionFeatures::cameraThatCannotAcquireSaysWhy()
 {
     QFETCH(QByteArray, nodes);
     QCOMPARE(start(nodes), ZalErrorNotImplemented);
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
 }
 
 // One byte more than 512 MiB.
@@ -103,14 +94,14 @@ void tst_AcquisitionFeatures::lockThatTheCameraHandlesItselfIsFine()
 {
     QFETCH(QByteArray, node);
     QCOMPARE(start(Payload + Start + Stop + node), ZalErrorSuccess);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
 }
 
 void tst_AcquisitionFeatures::lockThatFailsIsAFailure()
 {
     QCOMPARE(start(Payload + Start + Stop + lock("<Value>0</Value><Max>0</Max>")),
              ZalErrorOutOfRange);
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
 }
 
 void tst_AcquisitionFeatures::refusedStartUnlocksTheParameters()
@@ -126,9 +117,60 @@ void tst_AcquisitionFeatures::refusedStartUnlocksTheParameters()
 void tst_AcquisitionFeatures::cameraWithoutAStopSaysSo()
 {
     QCOMPARE(start(Payload + Start + lock("<Value>0</Value>")), ZalErrorSuccess);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorNotImplemented);
-    QVERIFY(!camera->IsAcquiring());
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorNotImplemented);
+    QVERIFY(!m_camera->IsAcquiring());
     QCOMPARE(integer(find("TLParamsLocked")), 0LL);
+}
+
+void tst_AcquisitionFeatures::payloadIsLimited_data()
+{
+    QTest::addColumn<QByteArray>("size");
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("1 TiB") << QByteArray("1099511627776") << ZalErrorOutOfResources;
+    QTest::newRow("all bits") << QByteArray("9223372036854775807") << ZalErrorOutOfResources;
+    QTest::newRow("negative") << QByteArray("-1") << ZalErrorOutOfRange;
+    QTest::newRow("none") << QByteArray("0") << ZalErrorOutOfRange;
+    QTest::newRow("an image") << QByteArray("2048") << ZalErrorSuccess;
+}
+
+void tst_AcquisitionFeatures::payloadIsLimited()
+{
+    QFETCH(QByteArray, size);
+    QFETCH(ZalErrorType, status);
+    const QByteArray payload =
+        "<Integer Name=\"PayloadSize\"><Value>" + size + "</Value></Integer>";
+    QCOMPARE(start(payload + Start + Stop), status);
+    QCOMPARE(m_camera->IsAcquiring(), status == ZalErrorSuccess);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
+}
+
+// Aravis brings these nodes along where a camera does not describe them itself.
+void tst_AcquisitionFeatures::streamThatLeadsInACircleIsNotStarted_data()
+{
+    QTest::addColumn<QByteArray>("nodes");
+    QTest::addColumn<ZalErrorType>("status");
+    QTest::newRow("address")
+        << QByteArray("<IntSwissKnife Name=\"ArvGevSCPAddrCalc\"><pVariable Name=\"X\">"
+                      "ArvGevSCPAddrCalc</pVariable><Formula>X</Formula></IntSwissKnife>")
+        << ZalErrorNotImplemented;
+    QTest::newRow("number of channels")
+        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><pValue>"
+                      "ArvGevStreamChannelCount</pValue></Integer>")
+        << ZalErrorNotImplemented;
+    QTest::newRow("none")
+        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><Value>1</Value></Integer>"
+                      "<Integer Name=\"B\"><pValue>B</pValue></Integer>")
+        << ZalErrorSuccess;
+}
+
+void tst_AcquisitionFeatures::streamThatLeadsInACircleIsNotStarted()
+{
+    QFETCH(QByteArray, nodes);
+    QFETCH(ZalErrorType, status);
+    QCOMPARE(start(Payload + Start + Stop + nodes), status);
+    QCOMPARE(m_camera->IsAcquiring(), status == ZalErrorSuccess);
+    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
 }
 
 QTEST_GUILESS_MAIN(tst_AcquisitionFeatures)

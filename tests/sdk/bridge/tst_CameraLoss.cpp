@@ -49,40 +49,40 @@ private slots:
     void stalledCameraIsStartedAndClosedInTime();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-    void stall() { QVERIFY(process.stall()); }
-    void goOn() { process.resume(); }
+    FeaturePtr find(const std::string& name) const { return m_camera->FindFeature(name); }
+    void stall() { QVERIFY(m_process.stall()); }
+    void goOn() { m_process.resume(); }
     void kill();
     ZalErrorType read() const;
     void awaitAnswer();
 
-    ChildProcess process;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::atomic<int> losses{0};
+    ChildProcess m_process;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    std::atomic<int> m_losses{0};
 };
 
 void tst_CameraLoss::init()
 {
-    losses = 0;
-    process.start(NASTY_PROCESS, QStringList());
-    QVERIFY(process.waitForReadyRead(10000));
-    QCOMPARE(process.readLine(), QByteArray("ready\n"));
-    camera = openCamera();
-    camera->SetLostHandler([this] { ++losses; });
+    m_losses = 0;
+    m_process.start(NASTY_PROCESS, QStringList());
+    QVERIFY(m_process.waitForReadyRead(10000));
+    QCOMPARE(m_process.readLine(), QByteArray("ready\n"));
+    m_camera = openCamera();
+    m_camera->SetLostHandler([this] { ++m_losses; });
 }
 
 void tst_CameraLoss::cleanup()
 {
     goOn();
-    camera.reset();
-    process.kill();
-    process.waitForFinished();
+    m_camera.reset();
+    m_process.kill();
+    m_process.waitForFinished();
 }
 
 void tst_CameraLoss::kill()
 {
-    process.kill();
-    QVERIFY(process.waitForFinished());
+    m_process.kill();
+    QVERIFY(m_process.waitForFinished());
 }
 
 ZalErrorType tst_CameraLoss::read() const
@@ -123,7 +123,7 @@ void tst_CameraLoss::everyStallBlocksAtMostOnce()
         goOn();
         awaitAnswer();
     }
-    QVERIFY(!camera->IsLost());
+    QVERIFY(!m_camera->IsLost());
 }
 
 void tst_CameraLoss::stallThatOutlastsOneOperationIsSurvived()
@@ -135,8 +135,8 @@ void tst_CameraLoss::stallThatOutlastsOneOperationIsSurvived()
     QTest::qWait(2200);
     goOn();
     awaitAnswer();
-    QVERIFY(!camera->IsLost());
-    QCOMPARE(losses, 0);
+    QVERIFY(!m_camera->IsLost());
+    QCOMPARE(m_losses, 0);
 }
 
 void tst_CameraLoss::writeInProgressIsDoneButRefusedOnesAreNot()
@@ -169,10 +169,10 @@ void tst_CameraLoss::stallIsNotALoss()
 {
     stall();
     QCOMPARE(read(), ZalErrorTimeout);
-    QVERIFY(!camera->IsLost());
+    QVERIFY(!m_camera->IsLost());
     goOn();
     awaitAnswer();
-    QCOMPARE(losses, 0);
+    QCOMPARE(m_losses, 0);
 }
 
 void tst_CameraLoss::killedCameraBlocksOnceInTotalAndIsLost()
@@ -181,44 +181,43 @@ void tst_CameraLoss::killedCameraBlocksOnceInTotalAndIsLost()
     QCOMPARE(find("Temperature")->RegisterObserver(recorder), ZalErrorSuccess);
     kill();
     qint64 blocked = 0;
-    QElapsedTimer limit;
-    limit.start();
-    while (losses == 0 && limit.elapsed() < UntilLost) {
+    const auto readUntilLost = [&] {
         blocked += duration([this] { read(); });
-        QTest::qWait(10);
-    }
-    QCOMPARE(losses, 1);
+        return m_losses > 0;
+    };
+    QVERIFY(QTest::qWaitFor(readUntilLost, UntilLost));
+    QCOMPARE(m_losses, 1);
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
-    QVERIFY(camera->IsLost());
-    QCOMPARE(camera->Loss(), ZalCPP::CameraLoss::NoAnswer);
+    QVERIFY(m_camera->IsLost());
+    QCOMPARE(m_camera->Loss(), ZalCPP::CameraLoss::NoAnswer);
     QCOMPARE(read(), ZalErrorNotOpen);
 }
 
 void tst_CameraLoss::lossIsNoticedWithoutACall()
 {
     kill();
-    QTRY_COMPARE_WITH_TIMEOUT(losses, 1, UntilLost);
-    QVERIFY(camera->IsLost());
+    QTRY_COMPARE_WITH_TIMEOUT(m_losses, 1, UntilLost);
+    QVERIFY(m_camera->IsLost());
 }
 
 void tst_CameraLoss::lateLostHandlerIsCalledToo()
 {
-    camera->SetLostHandler(nullptr);
+    m_camera->SetLostHandler(nullptr);
     kill();
-    QTRY_VERIFY_WITH_TIMEOUT(camera->IsLost(), UntilLost);
-    camera->SetLostHandler([this] { ++losses; });
-    QTRY_COMPARE(losses, 1);
+    QTRY_VERIFY_WITH_TIMEOUT(m_camera->IsLost(), UntilLost);
+    m_camera->SetLostHandler([this] { ++m_losses; });
+    QTRY_COMPARE(m_losses, 1);
 }
 
 void tst_CameraLoss::cameraMayBeDestroyedInItsLostHandler()
 {
     const auto plain = find("Plain");
-    camera->SetLostHandler([this] {
-        camera.reset();
-        ++losses;
+    m_camera->SetLostHandler([this] {
+        m_camera.reset();
+        ++m_losses;
     });
     kill();
-    QTRY_COMPARE_WITH_TIMEOUT(losses, 1, UntilLost);
+    QTRY_COMPARE_WITH_TIMEOUT(m_losses, 1, UntilLost);
     QCOMPARE(plain->SetIntegerValue(1), ZalErrorNotOpen);
 }
 
@@ -227,7 +226,7 @@ void tst_CameraLoss::lostCameraAnswersNotOpenButKeepsItsFacts()
     const auto recorder = std::make_shared<Recorder>();
     QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
     kill();
-    QTRY_VERIFY_WITH_TIMEOUT(camera->IsLost(), UntilLost);
+    QTRY_VERIFY_WITH_TIMEOUT(m_camera->IsLost(), UntilLost);
     bool flag = false;
     QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorNotOpen);
     QCOMPARE(find("Plain")->IsWritable(flag), ZalErrorNotOpen);
@@ -235,7 +234,7 @@ void tst_CameraLoss::lostCameraAnswersNotOpenButKeepsItsFacts()
     QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorNotOpen);
     QCOMPARE(find("Plain")->UnregisterObserver(recorder), ZalErrorNotOpen);
     QCOMPARE(recorder.use_count(), 1L);
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorNotOpen);
+    QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorNotOpen);
     QCOMPARE(text(find("Plain"), &Feature::GetDisplayName), std::string("Plain Number"));
 }
 
@@ -253,35 +252,35 @@ void tst_CameraLoss::killedCameraIsClosedInTime()
     kill();
     if (outstanding)
         QCOMPARE(read(), ZalErrorTimeout);
-    const auto blocked = duration([this] { camera.reset(); });
+    const auto blocked = duration([this] { m_camera.reset(); });
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
     QCOMPARE(plain->SetIntegerValue(1), ZalErrorNotOpen);
 }
 
 void tst_CameraLoss::acquisitionOfAKilledCameraIsStoppedInTime()
 {
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
+    QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
     kill();
     const auto blocked = duration([this] {
-        QCOMPARE(camera->StopAcquisition(), ZalErrorTimeout);
+        QCOMPARE(m_camera->StopAcquisition(), ZalErrorTimeout);
         QCOMPARE(read(), ZalErrorTimeout);
     });
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
 }
 
 void tst_CameraLoss::stalledCameraIsNotAcquiringUnlessItAnswered()
 {
     stall();
     const auto blocked = duration([this] {
-        QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorTimeout);
+        QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorTimeout);
     });
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
-    QVERIFY(!camera->IsAcquiring());
+    QVERIFY(!m_camera->IsAcquiring());
     goOn();
     awaitAnswer();
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
+    QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
+    QCOMPARE(m_camera->StopAcquisition(), ZalErrorSuccess);
 }
 
 void tst_CameraLoss::acquiringCameraIsStoppedAndClosedInTime_data()
@@ -294,11 +293,11 @@ void tst_CameraLoss::acquiringCameraIsStoppedAndClosedInTime_data()
 void tst_CameraLoss::acquiringCameraIsStoppedAndClosedInTime()
 {
     QFETCH(bool, killed);
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
+    QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorSuccess);
     killed ? kill() : stall();
     const auto blocked = duration([this] {
-        QCOMPARE(camera->StopAcquisition(), ZalErrorTimeout);
-        camera.reset();
+        QCOMPARE(m_camera->StopAcquisition(), ZalErrorTimeout);
+        m_camera.reset();
     });
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
 }
@@ -307,8 +306,8 @@ void tst_CameraLoss::stalledCameraIsStartedAndClosedInTime()
 {
     stall();
     const auto blocked = duration([this] {
-        QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorTimeout);
-        camera.reset();
+        QCOMPARE(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}), ZalErrorTimeout);
+        m_camera.reset();
     });
     QVERIFY2(blocked <= LongestBlock, qPrintable(QString::number(blocked)));
 }

@@ -1,5 +1,5 @@
 // What goes wrong while a camera is being opened.
-// GLib uses Qt's keywords as names, so that it comes first.
+// GLib uses Qt's keywords as names, so it comes first.
 #include <arv.h>
 
 #include "tests/sdk/bridge/BridgeTest.h"
@@ -24,9 +24,9 @@ class tst_CameraOpening : public QObject
 
 private slots:
     void initTestCase();
-    void init() { server->reset(); }
-    void cleanup() { tap->onRead(nullptr); }
-    void cleanupTestCase() { server.reset(); }
+    void init() { m_server->reset(); }
+    void cleanup() { m_tap->onRead(nullptr); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void unreadableImplementationIsRefusedWithASentence_data();
     void unreadableImplementationIsRefusedWithASentence();
@@ -34,14 +34,14 @@ private slots:
     void controlLostWhileOpeningIsALoss();
 
 private:
-    std::unique_ptr<WireTap> tap;
-    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<WireTap> m_tap;
+    std::unique_ptr<NastyCamera> m_server;
 };
 
 void tst_CameraOpening::initTestCase()
 {
-    tap = std::make_unique<WireTap>();
-    server = std::make_unique<NastyCamera>();
+    m_tap = std::make_unique<WireTap>();
+    m_server = std::make_unique<NastyCamera>();
 }
 
 void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence_data()
@@ -61,7 +61,7 @@ void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence()
 {
     QFETCH(WireTap::Answer, answer);
     QFETCH(QString, reason);
-    tap->onRead([answer](ArvDevice*, std::uint64_t address) {
+    m_tap->onRead([answer](ArvDevice*, std::uint64_t address) {
         return address == ImplementedRegister ? answer : WireTap::Answer::TheCameras;
     });
     std::string error;
@@ -72,10 +72,10 @@ void tst_CameraOpening::unreadableImplementationIsRefusedWithASentence()
 
 void tst_CameraOpening::refusedCameraCanBeOpenedLater()
 {
-    tap->onRead([](ArvDevice*, std::uint64_t) { return WireTap::Answer::TimeOut; });
+    m_tap->onRead([](ArvDevice*, std::uint64_t) { return WireTap::Answer::TimeOut; });
     std::string error;
     QVERIFY(!CameraSystem::Open(NastyCamera::Address, error));
-    tap->onRead(nullptr);
+    m_tap->onRead(nullptr);
     const auto camera = openCamera();
     QVERIFY(!camera->FindFeature("AbsentByRegister"));
     QCOMPARE(integer(camera->FindFeature("PresentByRegister")), 1LL);
@@ -86,9 +86,9 @@ void tst_CameraOpening::controlLostWhileOpeningIsALoss()
 {
     constexpr std::uint32_t controlPrivilege = 0xa00;
     bool noticed = false;
-    tap->onRead([&](ArvDevice* device, std::uint64_t address) {
+    m_tap->onRead([&](ArvDevice* device, std::uint64_t address) {
         if (address == ImplementedRegister) {
-            server->setReg(controlPrivilege, 0);
+            m_server->setReg(controlPrivilege, 0);
             noticed = QTest::qWaitFor(
                 [&] { return !arv_gv_device_is_controller(ARV_GV_DEVICE(device)); }, 10000);
         }

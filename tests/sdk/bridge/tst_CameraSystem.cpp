@@ -12,8 +12,8 @@ class tst_CameraSystem : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
-    void cleanupTestCase() { server.reset(); }
+    void initTestCase() { m_server = std::make_unique<NastyCamera>(); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void listsTheCamera();
     void opensBy_data();
@@ -32,7 +32,7 @@ private slots:
     void camerasMayBeListedAndOpenedFromSeveralThreads();
 
 private:
-    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<NastyCamera> m_server;
 };
 
 void tst_CameraSystem::listsTheCamera()
@@ -83,7 +83,7 @@ void tst_CameraSystem::opensTheFirstCameraWithoutAnId()
 
 void tst_CameraSystem::knowsACameraThatWasOpenedByAddress()
 {
-    server->setText(0x48, "A Maker");
+    m_server->setText(0x48, "A Maker");
     const auto camera = openCamera();
     QCOMPARE(camera->Info().id, std::string(NastyCamera::Address));
     QCOMPARE(camera->Info().vendor, std::string("A Maker"));

@@ -64,36 +64,36 @@ private slots:
     void openCameraHasNoReason();
 
 private:
-    std::unique_ptr<WireTap> tap;
-    std::atomic<int> losses{0};
+    std::unique_ptr<WireTap> m_tap;
+    std::atomic<int> m_losses{0};
 };
 
 void tst_ControlTaken::initTestCase()
 {
-    tap = std::make_unique<WireTap>();
+    m_tap = std::make_unique<WireTap>();
     serve();
 }
 
 void tst_ControlTaken::init()
 {
-    losses = 0;
+    m_losses = 0;
     openAnew();
-    camera->SetLostHandler([this] { ++losses; });
-    tap->takeAccesses();
+    m_camera->SetLostHandler([this] { ++m_losses; });
+    m_tap->takeAccesses();
 }
 
 void tst_ControlTaken::cleanup()
 {
-    tap->onWrite(nullptr);
-    camera.reset();
+    m_tap->onWrite(nullptr);
+    m_camera.reset();
     // A controller that was cut off from writing cannot give control back.
-    server->setReg(ControlPrivilege, 0);
+    m_server->setReg(ControlPrivilege, 0);
 }
 
 void tst_ControlTaken::stoppedProgramIsToldThatAnotherOneTookControl()
 {
-    camera.reset();
-    QTRY_COMPARE(server->reg(ControlPrivilege), 0U);
+    m_camera.reset();
+    QTRY_COMPARE(m_server->reg(ControlPrivilege), 0U);
     ChildProcess program;
     program.start(QCoreApplication::applicationFilePath(), {"--hold"});
     QVERIFY(program.waitForReadyRead(20000));
@@ -101,16 +101,16 @@ void tst_ControlTaken::stoppedProgramIsToldThatAnotherOneTookControl()
     QVERIFY(program.stall());
     // The camera gives a controller up after three seconds without a word from it.
     std::string error;
-    QTRY_VERIFY_WITH_TIMEOUT(camera = ZalCPP::CameraSystem::Open(NastyCamera::Address, error),
+    QTRY_VERIFY_WITH_TIMEOUT(m_camera = ZalCPP::CameraSystem::Open(NastyCamera::Address, error),
                              20000);
     program.resume();
     program.write("go\n");
     QVERIFY(program.waitForReadyRead(UntilLost + 5000));
     QCOMPARE(program.readLine(), QByteArray("Another program controls the camera.\n"));
     program.waitForFinished();
-    QCOMPARE(server->reg(PlainRegister), 0U);
+    QCOMPARE(m_server->reg(PlainRegister), 0U);
     QCOMPARE(find("Plain")->SetIntegerValue(6), ZalErrorSuccess);
-    QVERIFY(!camera->IsLost());
+    QVERIFY(!m_camera->IsLost());
 }
 
 void tst_ControlTaken::everyWriteRefusedIsALoss_data()
@@ -123,23 +123,23 @@ void tst_ControlTaken::everyWriteRefusedIsALoss_data()
 void tst_ControlTaken::everyWriteRefusedIsALoss()
 {
     QFETCH(int, answer);
-    tap->onWrite(refuseAll(static_cast<WireTap::Answer>(answer)));
+    m_tap->onWrite(refuseAll(static_cast<WireTap::Answer>(answer)));
     QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorNotOpen);
-    QTRY_COMPARE(losses, 1);
-    QVERIFY(camera->IsLost());
-    QCOMPARE(camera->Loss(), CameraLoss::ControlTaken);
+    QTRY_COMPARE(m_losses, 1);
+    QVERIFY(m_camera->IsLost());
+    QCOMPARE(m_camera->Loss(), CameraLoss::ControlTaken);
     QCOMPARE(integer(find("Plain")), -999LL);
 }
 
 void tst_ControlTaken::lostCameraIsNotWrittenAnyMore()
 {
-    tap->onWrite(refuseAll(WireTap::Answer::Denied));
+    m_tap->onWrite(refuseAll(WireTap::Answer::Denied));
     QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorNotOpen);
-    QTRY_COMPARE(losses, 1);
-    tap->takeAccesses();
+    QTRY_COMPARE(m_losses, 1);
+    m_tap->takeAccesses();
     QCOMPARE(find("Plain")->SetIntegerValue(6), ZalErrorNotOpen);
-    camera.reset();
-    for (const auto& access : tap->takeAccesses())
+    m_camera.reset();
+    for (const auto& access : m_tap->takeAccesses())
         QVERIFY(!access.isWrite);
 }
 
@@ -154,26 +154,26 @@ void tst_ControlTaken::oneRegisterRefusedIsNoLoss_data()
 void tst_ControlTaken::oneRegisterRefusedIsNoLoss()
 {
     QFETCH(int, answer);
-    tap->onWrite(refuseOne(PlainRegister, static_cast<WireTap::Answer>(answer)));
+    m_tap->onWrite(refuseOne(PlainRegister, static_cast<WireTap::Answer>(answer)));
     QTEST(find("Plain")->SetIntegerValue(5), "status");
     QTRY_COMPARE(find("Note")->SetStringValue("x"), ZalErrorSuccess);
-    QVERIFY(!camera->IsLost());
-    QCOMPARE(losses, 0);
+    QVERIFY(!m_camera->IsLost());
+    QCOMPARE(m_losses, 0);
 }
 
 void tst_ControlTaken::controlThatNobodyHasIsLostWithoutAnotherProgram()
 {
-    tap->onWrite(refuseAll(WireTap::Answer::Denied));
-    server->setReg(ControlPrivilege, 0);
+    m_tap->onWrite(refuseAll(WireTap::Answer::Denied));
+    m_server->setReg(ControlPrivilege, 0);
     QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorNotWritable);
-    QTRY_COMPARE_WITH_TIMEOUT(losses, 1, UntilLost);
-    QCOMPARE(camera->Loss(), CameraLoss::NoAnswer);
+    QTRY_COMPARE_WITH_TIMEOUT(m_losses, 1, UntilLost);
+    QCOMPARE(m_camera->Loss(), CameraLoss::NoAnswer);
 }
 
 void tst_ControlTaken::openCameraHasNoReason()
 {
-    QCOMPARE(camera->Loss(), CameraLoss::None);
-    QCOMPARE(LossText(camera->Loss()), "");
+    QCOMPARE(m_camera->Loss(), CameraLoss::None);
+    QCOMPARE(LossText(m_camera->Loss()), "");
 }
 
 int main(int argc, char** argv)

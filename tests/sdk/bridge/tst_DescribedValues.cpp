@@ -1,17 +1,15 @@
 // Values whose nodes are put together in ways that few cameras use.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
-class tst_DescribedValues : public QObject
+class tst_DescribedValues : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void commandIsDoneByTheValueOfAnotherNode();
     void unavailableDataIsNotAccessed();
@@ -23,22 +21,11 @@ private slots:
 
 private:
     void open(const QByteArray& nodes);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
-
-void tst_DescribedValues::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
 
 void tst_DescribedValues::open(const QByteArray& nodes)
 {
-    server = DescribedCamera::serve(describe({"A", "B"}, nodes));
-    camera = openCamera();
+    OnDescribedCamera::open({"A", "B"}, nodes);
 }
 
 void tst_DescribedValues::commandIsDoneByTheValueOfAnotherNode()
@@ -47,9 +34,9 @@ void tst_DescribedValues::commandIsDoneByTheValueOfAnotherNode()
          reg("IntReg", "R", "0x4010", "4") + reg("IntReg", "B", "0x4014", "4"));
     QCOMPARE(find("B")->SetIntegerValue(6), ZalErrorSuccess);
     QCOMPARE(find("A")->RunCommand(), ZalErrorSuccess);
-    QCOMPARE(server->reg(0x4010), 6U);
+    QCOMPARE(m_server->reg(0x4010), 6U);
     QCOMPARE(ask<bool>(find("A"), &Feature::IsCommandDone, true), false);
-    server->setReg(0x4010, 0);
+    m_server->setReg(0x4010, 0);
     QCOMPARE(ask<bool>(find("A"), &Feature::IsCommandDone, false), true);
 }
 
@@ -61,10 +48,10 @@ void tst_DescribedValues::unavailableDataIsNotAccessed()
     std::uint32_t count = 0;
     QCOMPARE(find("A")->GetRawValue(nullptr, count), ZalErrorNotAvailable);
     QCOMPARE(find("A")->SetRawValue(bytes, 4), ZalErrorNotAvailable);
-    QCOMPARE(server->reg(0x4010), 0U);
+    QCOMPARE(m_server->reg(0x4010), 0U);
     QCOMPARE(find("B")->SetIntegerValue(1), ZalErrorSuccess);
     QCOMPARE(find("A")->SetRawValue(bytes, 4), ZalErrorSuccess);
-    QCOMPARE(server->reg(0x4010), 0x01020304U);
+    QCOMPARE(m_server->reg(0x4010), 0x01020304U);
 }
 
 void tst_DescribedValues::stepsCountFromTheMinimum_data()
@@ -108,10 +95,10 @@ void tst_DescribedValues::indexedValueIsReadAndWritten()
          "<pValueDefault>R</pValueDefault></Integer>" +
          reg("IntReg", "B", "0x4010", "4") + reg("IntReg", "R", "0x4014", "4"));
     QCOMPARE(find("A")->SetIntegerValue(5), ZalErrorSuccess);
-    QCOMPARE(server->reg(0x4010), 5U);
+    QCOMPARE(m_server->reg(0x4010), 5U);
     QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorSuccess);
     QCOMPARE(find("A")->SetIntegerValue(6), ZalErrorSuccess);
-    QCOMPARE(server->reg(0x4014), 6U);
+    QCOMPARE(m_server->reg(0x4014), 6U);
     QCOMPARE(integer(find("A")), 6LL);
     QCOMPARE(integer(find("B")), 5LL);
 }

@@ -1,21 +1,17 @@
 // Descriptions that lead in circles, or name sizes, counts and times beyond all use. Such a feature
 // is listed but cannot be used; everything else works.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
-
-#include <functional>
-#include <map>
+#include "tests/sdk/bridge/Circles.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
-class tst_DescriptionLimits : public QObject
+class tst_DescriptionLimits : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void circleIsListedWithoutAccess_data();
     void circleIsListedWithoutAccess();
@@ -28,10 +24,6 @@ private slots:
     void impossibleLengthIsListedWithoutAccess();
     void usualLengthsAreUsable();
     void lengthFromTheCameraIsLimited();
-    void payloadIsLimited_data();
-    void payloadIsLimited();
-    void streamThatLeadsInACircleIsNotStarted_data();
-    void streamThatLeadsInACircleIsNotStarted();
     void pollingTimeIsLimited_data();
     void pollingTimeIsLimited();
     void entriesAreLimited();
@@ -40,36 +32,30 @@ private slots:
     void negativeIncrementsAreNone();
 
 private:
-    void open(const QList<QByteArray>& features, const QByteArray& nodes);
-    void openWithImages(const QByteArray& payloadSize, const QByteArray& nodes = {});
     void verifyUnusable(const std::string& name);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
 
-void tst_DescriptionLimits::cleanup()
+// Reads the value, or runs the command.
+static ZalErrorType use(const FeaturePtr& feature, ZalFeatureDataType type)
 {
-    camera.reset();
-    server.reset();
-}
-
-void tst_DescriptionLimits::open(const QList<QByteArray>& features, const QByteArray& nodes)
-{
-    server = DescribedCamera::serve(describe(features, nodes));
-    camera = openCamera();
-}
-
-void tst_DescriptionLimits::openWithImages(const QByteArray& payloadSize, const QByteArray& nodes)
-{
-    open({"PayloadSize", "AcquisitionStart", "AcquisitionStop"},
-         "<Integer Name=\"PayloadSize\"><Value>" + payloadSize +
-             "</Value></Integer>"
-             "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1</CommandValue>"
-             "</Command><Command Name=\"AcquisitionStop\"><pValue>R</pValue><CommandValue>0"
-             "</CommandValue></Command>" +
-             reg("IntReg", "R", "0x124", "4") + nodes);
+    long long number = 0;
+    double real = 0;
+    bool truth = false;
+    std::uint32_t count = 0;
+    switch (type) {
+    case ZalFeatureInteger:
+        return feature->GetIntegerValue(number);
+    case ZalFeatureFloat:
+        return feature->GetFloatValue(real);
+    case ZalFeatureBool:
+        return feature->GetBoolValue(truth);
+    case ZalFeatureRaw:
+        return feature->GetRawValue(nullptr, count);
+    case ZalFeatureCommand:
+        return feature->RunCommand();
+    default:
+        return feature->GetStringValue(nullptr, count);
+    }
 }
 
 // Not usable in any way, and the camera works on.
@@ -84,40 +70,8 @@ void tst_DescriptionLimits::verifyUnusable(const std::string& name)
     QCOMPARE(feature->IsWritable(possible), ZalErrorSuccess);
     QVERIFY(!possible);
     const auto type = ask<ZalFeatureDataType>(feature, &Feature::GetDataType, ZalFeatureUnknown);
-    const std::map<ZalFeatureDataType, std::function<ZalErrorType()>> reads = {
-        {ZalFeatureInteger,
-         [&] {
-             long long v;
-             return feature->GetIntegerValue(v);
-         }},
-        {ZalFeatureFloat,
-         [&] {
-             double v;
-             return feature->GetFloatValue(v);
-         }},
-        {ZalFeatureBool,
-         [&] {
-             bool v;
-             return feature->GetBoolValue(v);
-         }},
-        {ZalFeatureString,
-         [&] {
-             std::uint32_t n;
-             return feature->GetStringValue(nullptr, n);
-         }},
-        {ZalFeatureEnum,
-         [&] {
-             std::uint32_t n;
-             return feature->GetStringValue(nullptr, n);
-         }},
-        {ZalFeatureRaw,
-         [&] {
-             std::uint32_t n;
-             return feature->GetRawValue(nullptr, n);
-         }},
-        {ZalFeatureCommand, [&] { return feature->RunCommand(); }}};
     const auto expected = type == ZalFeatureCommand ? ZalErrorNotWritable : ZalErrorNotReadable;
-    QCOMPARE(reads.at(type)(), expected);
+    QCOMPARE(use(feature, type), expected);
     long long low = 0;
     long long high = 0;
     QVERIFY(feature->GetIntegerRange(low, high) != ZalErrorSuccess);
@@ -130,76 +84,10 @@ void tst_DescriptionLimits::verifyUnusable(const std::string& name)
     QCOMPARE(integer(find("Plain")), 7LL);
 }
 
-static void addCirclesOverIndexes()
-{
-    QTest::newRow("index") << reg("IntReg", "A", "0x4004", "4",
-                                  "<pIndex Offset=\"4\">B</pIndex><PollingTime>100</PollingTime>") +
-                                  "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
-    QTest::newRow("offset of an index")
-        << reg("IntReg", "A", "0x4004", "4", "<pIndex pOffset=\"B\">I</pIndex>") +
-               "<Integer Name=\"I\"><Value>1</Value></Integer>"
-               "<Integer Name=\"B\"><pValue>A</pValue></Integer>";
-    // A structure has no name; each of its parts has one.
-    for (const QByteArray offset : {"A", "B"})
-        QTest::addRow("offset of an index of a structure, %s", offset.constData())
-            << "<StructReg Comment=\"c\"><Address>0x4004</Address><Length>4</Length><AccessMode>RW"
-               "</AccessMode><pPort>Device</pPort><pIndex pOffset=\"" +
-                   offset +
-                   "\">I</pIndex><StructEntry Name=\"B\"><LSB>0</LSB><MSB>3</MSB></StructEntry>"
-                   "<StructEntry Name=\"A\"><LSB>4</LSB><MSB>7</MSB></StructEntry></StructReg>"
-                   "<Integer Name=\"I\"><Value>1</Value></Integer>";
-}
-
 void tst_DescriptionLimits::circleIsListedWithoutAccess_data()
 {
     QTest::addColumn<QByteArray>("nodes");
-    const QByteArray polled = "<PollingTime>100</PollingTime>";
-    QTest::newRow("value of itself")
-        << QByteArray("<Integer Name=\"A\"><pValue>A</pValue></Integer>");
-    QTest::newRow("values, polled")
-        << "<Integer Name=\"A\"><pValue>B</pValue>" + polled +
-               "</Integer><Integer Name=\"B\"><pValue>A</pValue></Integer>";
-    QTest::newRow("formulas, polled")
-        << "<IntSwissKnife Name=\"A\"><pVariable Name=\"X\">B</pVariable><Formula>X</Formula>" +
-               polled +
-               "</IntSwissKnife><SwissKnife Name=\"B\"><pVariable Name=\"X\">A</pVariable>"
-               "<Formula>X</Formula></SwissKnife>";
-    QTest::newRow("converters, not cached")
-        << QByteArray("<Converter Name=\"A\"><FormulaTo>FROM</FormulaTo><FormulaFrom>TO"
-                      "</FormulaFrom><pValue>B</pValue><Cachable>NoCache</Cachable></Converter>"
-                      "<IntConverter Name=\"B\"><FormulaTo>FROM</FormulaTo><FormulaFrom>TO"
-                      "</FormulaFrom><pValue>A</pValue></IntConverter>");
-    QTest::newRow("address") << reg("IntReg", "A", "0x4004", "4",
-                                    "<pAddress>A</pAddress>" + polled);
-    addCirclesOverIndexes();
-    QTest::newRow("length of a text")
-        << QByteArray("<StringReg Name=\"A\"><Address>0x4004</Address><pLength>B</pLength>"
-                      "<pPort>Device</pPort></StringReg>") +
-               reg("IntReg", "B", "0x4008", "4", "<pAddress>B</pAddress>");
-    QTest::newRow("lock") << reg("IntReg", "A", "0x4004", "4", "<pIsLocked>B</pIsLocked>") +
-                                 "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("availability") << reg("IntReg", "A", "0x4004", "4",
-                                         "<pIsAvailable>B</pIsAvailable>") +
-                                         "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("implementation")
-        << reg("IntReg", "A", "0x4004", "4", "<pIsImplemented>B</pIsImplemented>") +
-               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("limit") << reg("IntReg", "R", "0x4004", "4") +
-                                  "<Integer Name=\"A\"><pValue>R</pValue><pMax>B</pMax></Integer>"
-                                  "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("availability of an entry")
-        << reg("IntReg", "R", "0x4004", "4") +
-               "<Enumeration Name=\"A\"><EnumEntry Name=\"E\"><pIsAvailable>B</pIsAvailable>"
-               "<Value>0</Value></EnumEntry><pValue>R</pValue></Enumeration>"
-               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("value of an entry")
-        << reg("IntReg", "R", "0x4004", "4") +
-               "<Enumeration Name=\"A\"><EnumEntry Name=\"E\"><pValue>B</pValue></EnumEntry>"
-               "<pValue>R</pValue></Enumeration><Integer Name=\"B\"><pValue>B</pValue></Integer>";
-    QTest::newRow("value of a command")
-        << reg("IntReg", "R", "0x4004", "4") +
-               "<Command Name=\"A\"><pValue>R</pValue><pCommandValue>B</pCommandValue></Command>"
-               "<Integer Name=\"B\"><pValue>B</pValue></Integer>";
+    Circles::addAll();
 }
 
 void tst_DescriptionLimits::circleIsListedWithoutAccess()
@@ -348,57 +236,6 @@ void tst_DescriptionLimits::lengthFromTheCameraIsLimited()
     QCOMPARE(text(find("Text")), std::string("x"));
 }
 
-void tst_DescriptionLimits::payloadIsLimited_data()
-{
-    QTest::addColumn<QByteArray>("size");
-    QTest::addColumn<ZalErrorType>("status");
-    QTest::newRow("1 TiB") << QByteArray("1099511627776") << ZalErrorOutOfResources;
-    QTest::newRow("all bits") << QByteArray("9223372036854775807") << ZalErrorOutOfResources;
-    QTest::newRow("negative") << QByteArray("-1") << ZalErrorOutOfRange;
-    QTest::newRow("none") << QByteArray("0") << ZalErrorOutOfRange;
-    QTest::newRow("an image") << QByteArray("2048") << ZalErrorSuccess;
-}
-
-void tst_DescriptionLimits::payloadIsLimited()
-{
-    QFETCH(QByteArray, size);
-    QFETCH(ZalErrorType, status);
-    openWithImages(size);
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), status);
-    QCOMPARE(camera->IsAcquiring(), status == ZalErrorSuccess);
-    QCOMPARE(camera->StopAcquisition(), ZalErrorSuccess);
-    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
-}
-
-// Aravis brings these nodes along where a camera does not describe them itself.
-void tst_DescriptionLimits::streamThatLeadsInACircleIsNotStarted_data()
-{
-    QTest::addColumn<QByteArray>("nodes");
-    QTest::addColumn<ZalErrorType>("status");
-    QTest::newRow("address")
-        << QByteArray("<IntSwissKnife Name=\"ArvGevSCPAddrCalc\"><pVariable Name=\"X\">"
-                      "ArvGevSCPAddrCalc</pVariable><Formula>X</Formula></IntSwissKnife>")
-        << ZalErrorNotImplemented;
-    QTest::newRow("number of channels")
-        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><pValue>"
-                      "ArvGevStreamChannelCount</pValue></Integer>")
-        << ZalErrorNotImplemented;
-    QTest::newRow("none")
-        << QByteArray("<Integer Name=\"ArvGevStreamChannelCount\"><Value>1</Value></Integer>"
-                      "<Integer Name=\"B\"><pValue>B</pValue></Integer>")
-        << ZalErrorSuccess;
-}
-
-void tst_DescriptionLimits::streamThatLeadsInACircleIsNotStarted()
-{
-    QFETCH(QByteArray, nodes);
-    QFETCH(ZalErrorType, status);
-    openWithImages("2048", nodes);
-    QCOMPARE(camera->StartAcquisition([](const ZalCPP::Frame&) {}), status);
-    QCOMPARE(camera->IsAcquiring(), status == ZalErrorSuccess);
-    QCOMPARE(find("Plain")->SetIntegerValue(3), ZalErrorSuccess);
-}
-
 void tst_DescriptionLimits::pollingTimeIsLimited_data()
 {
     QTest::addColumn<QByteArray>("time");
@@ -420,9 +257,9 @@ void tst_DescriptionLimits::pollingTimeIsLimited()
     QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
     QCOMPARE(find("Plain")->SetIntegerValue(7), ZalErrorSuccess);
     QTRY_COMPARE(recorder->count("Plain"), 1);
-    const auto before = camera->Counts().reads;
+    const auto before = m_camera->Counts().reads;
     QTest::qWait(500);
-    const auto reads = static_cast<int>(camera->Counts().reads - before);
+    const auto reads = static_cast<int>(m_camera->Counts().reads - before);
     QVERIFY2(reads <= mostReads, qPrintable(QString::number(reads)));
 }
 
@@ -454,7 +291,7 @@ void tst_DescriptionLimits::deepCategoriesKeepTheirFeatures()
     QCOMPARE(integer(find("A")), 0LL);
     const std::string path = text(find("A"), &Feature::GetCategory);
     QCOMPARE(std::count(path.begin(), path.end(), '/'), 31L);
-    QCOMPARE(names(*camera->Features()), (std::vector<std::string>{"A", "Plain"}));
+    QCOMPARE(names(*m_camera->Features()), (std::vector<std::string>{"A", "Plain"}));
 }
 
 void tst_DescriptionLimits::negativeIncrementsAreNone_data()

@@ -17,7 +17,7 @@ class tst_DescriptionReader : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { g_clear_object(&genicam); }
+    void cleanup() { g_clear_object(&m_genicam); }
 
     void shortestPollingTimeOfAChainCounts_data();
     void shortestPollingTimeOfAChainCounts();
@@ -37,12 +37,12 @@ private:
     void read(const QList<QByteArray>& features, const QByteArray& nodes);
     const ZalCPP::FeatureDescription& feature(const std::string& name) const
     {
-        return description.features.at(description.positions.at(name));
+        return m_description.features.at(m_description.positions.at(name));
     }
     Names names(const std::vector<std::size_t>& positions) const;
 
-    ArvGc* genicam = nullptr;
-    ZalCPP::CameraDescription description;
+    ArvGc* m_genicam = nullptr;
+    ZalCPP::CameraDescription m_description;
 };
 
 namespace {
@@ -75,16 +75,16 @@ const QByteArray NoCache = "<Cachable>NoCache</Cachable>";
 void tst_DescriptionReader::read(const QList<QByteArray>& features, const QByteArray& nodes)
 {
     const QByteArray text = describe(features, nodes);
-    genicam = arv_gc_new(nullptr, text.constData(), static_cast<size_t>(text.size()));
-    QVERIFY(genicam);
-    QCOMPARE(ZalCPP::readDescription(genicam, description), ZalErrorSuccess);
+    m_genicam = arv_gc_new(nullptr, text.constData(), static_cast<size_t>(text.size()));
+    QVERIFY(m_genicam);
+    QCOMPARE(ZalCPP::readDescription(m_genicam, m_description), ZalErrorSuccess);
 }
 
 Names tst_DescriptionReader::names(const std::vector<std::size_t>& positions) const
 {
     Names found;
     for (const std::size_t position : positions)
-        found.insert(description.features.at(position).name);
+        found.insert(m_description.features.at(position).name);
     return found;
 }
 

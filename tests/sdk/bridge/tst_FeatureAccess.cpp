@@ -1,19 +1,18 @@
-// What can be done with a feature at a moment: access mode, availability, lock, entries; and what
-// is left when the camera is closed.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/NastyCamera.h"
+// What can be done with a feature at a moment, by its type, access mode, availability, lock and
+// entries; and what is left when the camera is closed.
+#include "tests/sdk/bridge/OnNastyCamera.h"
 
 using namespace BridgeTest;
 
-class tst_FeatureAccess : public QObject
+class tst_FeatureAccess : public QObject, protected OnNastyCamera
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
-    void init();
-    void cleanup() { camera.reset(); }
-    void cleanupTestCase() { server.reset(); }
+    void initTestCase() { serve(); }
+    void init() { openAnew(); }
+    void cleanup() { m_camera.reset(); }
+    void cleanupTestCase() { endServing(); }
 
     void accessModes_data();
     void accessModes();
@@ -28,22 +27,17 @@ private slots:
     void unavailableEntryIsRefused();
     void unimplementedEntryIsNeverAvailable();
     void entryAvailabilityMayDependOnASelector();
+    void otherTypesAreRefusedWithoutTraffic_data();
+    void otherTypesAreRefusedWithoutTraffic();
+    void readIsOneTransaction_data();
+    void readIsOneTransaction();
+    void failedReadLeavesTheOutputUntouched();
     void closedCameraAnswersNotOpen();
     void closedCameraRefusesObserversButLetsThemGo();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
     bool available(const char* entry) const;
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
-
-void tst_FeatureAccess::init()
-{
-    server->reset();
-    camera = openCamera();
-}
 
 bool tst_FeatureAccess::available(const char* entry) const
 {
@@ -88,17 +82,17 @@ void tst_FeatureAccess::accessModes()
 
 void tst_FeatureAccess::readOnlyFeatureRefusesWrites()
 {
-    const auto before = camera->Counts();
+    const auto before = m_camera->Counts();
     QCOMPARE(find("ReadOnly")->SetIntegerValue(1), ZalErrorNotWritable);
     QCOMPARE(find("Imposed")->SetIntegerValue(1), ZalErrorNotWritable);
-    QCOMPARE(camera->Counts().writes, before.writes);
+    QCOMPARE(m_camera->Counts().writes, before.writes);
 }
 
 void tst_FeatureAccess::writeOnlyFeatureTakesWrites()
 {
     long long value = 0;
     QCOMPARE(find("WriteOnly")->SetIntegerValue(9), ZalErrorSuccess);
-    QCOMPARE(server->reg(0x4114), 9U);
+    QCOMPARE(m_server->reg(0x4114), 9U);
     QCOMPARE(find("WriteOnly")->GetIntegerValue(value), ZalErrorNotReadable);
 }
 
@@ -117,9 +111,9 @@ void tst_FeatureAccess::lockTakesWritabilityOnly()
 
 void tst_FeatureAccess::lockedCommandIsRefused()
 {
-    server->setReg(0x4100, 1);
+    m_server->setReg(0x4100, 1);
     QCOMPARE(find("Latch")->RunCommand(), ZalErrorNotWritable);
-    QCOMPARE(server->reg(0x4804), 0U);
+    QCOMPARE(m_server->reg(0x4804), 0U);
 }
 
 void tst_FeatureAccess::unavailableFeatureIsListedButNeitherReadableNorWritable()
@@ -196,7 +190,7 @@ void tst_FeatureAccess::closedCameraAnswersNotOpen()
     const auto plain = find("Plain");
     const auto mode = find("Mode");
     const auto reset = find("Reset");
-    camera.reset();
+    m_camera.reset();
     long long value = 0;
     bool flag = false;
     std::uint32_t count = 0;
@@ -219,11 +213,79 @@ void tst_FeatureAccess::closedCameraRefusesObserversButLetsThemGo()
     const auto after = std::make_shared<Recorder>();
     QCOMPARE(plain->RegisterObserver(before), ZalErrorSuccess);
     QCOMPARE(before.use_count(), 2L);
-    camera.reset();
+    m_camera.reset();
     QCOMPARE(before.use_count(), 1L);
     QCOMPARE(plain->RegisterObserver(after), ZalErrorNotOpen);
     QCOMPARE(after.use_count(), 1L);
     QCOMPARE(plain->UnregisterObserver(before), ZalErrorNotOpen);
+}
+
+void tst_FeatureAccess::otherTypesAreRefusedWithoutTraffic_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("type");
+    QTest::newRow("integer") << "Plain" << 0;
+    QTest::newRow("float") << "Smooth" << 1;
+    QTest::newRow("bool") << "Flag" << 2;
+    QTest::newRow("text") << "Note" << 3;
+    QTest::newRow("enumeration") << "Mode" << 3;
+    QTest::newRow("raw") << "Blob" << 4;
+    QTest::newRow("command") << "Reset" << 5;
+}
+
+void tst_FeatureAccess::otherTypesAreRefusedWithoutTraffic()
+{
+    QFETCH(QString, name);
+    QFETCH(int, type);
+    const auto f = find(name.toStdString());
+    long long i = 0;
+    double d = 0;
+    bool b = false;
+    std::uint32_t count = 0;
+    const unsigned char bytes[8] = {};
+    const std::vector<std::vector<std::function<ZalErrorType()>>> calls = {
+        {[&] { return f->GetIntegerValue(i); }, [&] { return f->SetIntegerValue(1); },
+         [&] { return f->GetIntegerRange(i, i); }, [&] { return f->GetIntegerIncrement(i); },
+         [&] { return f->GetValidValueSet(nullptr, count); }},
+        {[&] { return f->GetFloatValue(d); }, [&] { return f->SetFloatValue(1); },
+         [&] { return f->GetFloatRange(d, d); }, [&] { return f->GetFloatIncrement(d); }},
+        {[&] { return f->GetBoolValue(b); }, [&] { return f->SetBoolValue(true); }},
+        {[&] { return f->GetStringValue(nullptr, count); }, [&] { return f->SetStringValue("x"); }},
+        {[&] { return f->GetRawValue(nullptr, count); }, [&] { return f->SetRawValue(bytes, 8); }},
+        {[&] { return f->RunCommand(); }, [&] { return f->IsCommandDone(b); }}};
+    const auto before = m_camera->Counts();
+    for (int group = 0; group < static_cast<int>(calls.size()); ++group) {
+        for (const auto& call : calls[static_cast<std::size_t>(group)]) {
+            if (group != type)
+                QCOMPARE(call(), ZalErrorWrongType);
+        }
+    }
+    QCOMPARE(m_camera->Counts().reads, before.reads);
+    QCOMPARE(m_camera->Counts().writes, before.writes);
+}
+
+void tst_FeatureAccess::readIsOneTransaction_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("plain") << "Plain";
+    QTest::newRow("lockable, which matters for writing only") << "Lockable";
+}
+
+void tst_FeatureAccess::readIsOneTransaction()
+{
+    QFETCH(QString, name);
+    const auto before = m_camera->Counts();
+    QCOMPARE(integer(find(name.toStdString())), 0LL);
+    QCOMPARE(m_camera->Counts().reads, before.reads + 1);
+    QCOMPARE(m_camera->Counts().writes, before.writes);
+}
+
+void tst_FeatureAccess::failedReadLeavesTheOutputUntouched()
+{
+    long long value = 55;
+    QCOMPARE(find("WriteOnly")->GetIntegerValue(value), ZalErrorNotReadable);
+    QCOMPARE(find("Switchable")->GetIntegerValue(value), ZalErrorNotAvailable);
+    QCOMPARE(value, 55LL);
 }
 
 QTEST_GUILESS_MAIN(tst_FeatureAccess)

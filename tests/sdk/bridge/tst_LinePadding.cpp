@@ -47,20 +47,20 @@ class tst_LinePadding : public QObject
 private slots:
     void initTestCase()
     {
-        server = std::make_unique<NastyCamera>();
-        server->reset();
-        camera = openCamera();
-        QCOMPARE(camera->StartAcquisition([this](const Frame& frame) {
-            const std::lock_guard<std::mutex> lock(mutex);
-            received = frame;
-            ++frames;
+        m_server = std::make_unique<NastyCamera>();
+        m_server->reset();
+        m_camera = openCamera();
+        QCOMPARE(m_camera->StartAcquisition([this](const Frame& frame) {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_received = frame;
+            ++m_frames;
         }),
                  ZalErrorSuccess);
     }
     void cleanupTestCase()
     {
-        camera.reset();
-        server.reset();
+        m_camera.reset();
+        m_server.reset();
     }
 
     void paddingIsLeftOut_data()
@@ -75,19 +75,19 @@ private slots:
         QFETCH(int, bytes);
         padding = bytes;
         // One of them may have been on its way already.
-        const int enough = frames + 2;
-        QTRY_VERIFY(frames >= enough);
-        const std::lock_guard<std::mutex> lock(mutex);
-        QCOMPARE(received.width, static_cast<std::uint32_t>(LINE - bytes));
-        QCOMPARE(received.pixels, picture(LINE - bytes, received.pixels.at(0)));
+        const int enough = m_frames + 2;
+        QTRY_VERIFY(m_frames >= enough);
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        QCOMPARE(m_received.width, static_cast<std::uint32_t>(LINE - bytes));
+        QCOMPARE(m_received.pixels, picture(LINE - bytes, m_received.pixels.at(0)));
     }
 
 private:
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::mutex mutex;
-    Frame received;
-    std::atomic<int> frames{0};
+    std::unique_ptr<NastyCamera> m_server;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    std::mutex m_mutex;
+    Frame m_received;
+    std::atomic<int> m_frames{0};
 };
 
 QTEST_GUILESS_MAIN(tst_LinePadding)

@@ -67,25 +67,25 @@ private slots:
 private:
     void verifyAnswers() const;
 
-    std::unique_ptr<GvcpProxy> proxy;
+    std::unique_ptr<GvcpProxy> m_proxy;
 };
 
 void tst_LostDatagrams::init()
 {
-    proxy = std::make_unique<GvcpProxy>();
-    QVERIFY(proxy->isRunning());
+    m_proxy = std::make_unique<GvcpProxy>();
+    QVERIFY(m_proxy->isRunning());
     openAnew(GvcpProxy::Address);
-    server->setReg(TemperatureRegister, 1);
-    server->setReg(TicksRegister, 2);
+    m_server->setReg(TemperatureRegister, 1);
+    m_server->setReg(TicksRegister, 2);
 }
 
 void tst_LostDatagrams::cleanup()
 {
-    proxy->setJudge(nullptr);
-    camera.reset();
+    m_proxy->setJudge(nullptr);
+    m_camera.reset();
     // Who has waited just before does not wait for this as well.
-    QTRY_COMPARE(server->reg(ControlPrivilege), 0U);
-    proxy.reset();
+    QTRY_COMPARE(m_server->reg(ControlPrivilege), 0U);
+    m_proxy.reset();
 }
 
 // Whoever got the answer to another question would have the other number.
@@ -118,12 +118,12 @@ void tst_LostDatagrams::oneLostDatagramFailsNoCall()
 {
     QFETCH(Call, call);
     QFETCH(Direction, direction);
-    proxy->setJudge(judge(direction, Fate::Drop, 0));
+    m_proxy->setJudge(judge(direction, Fate::Drop, 0));
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(call(), ZalErrorSuccess);
     QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
-    QCOMPARE(proxy->counts().dropped, std::uint64_t(1));
+    QCOMPARE(m_proxy->counts().dropped, std::uint64_t(1));
 }
 
 void tst_LostDatagrams::lossAmongManyTransactionsFailsNoCall_data()
@@ -141,42 +141,41 @@ void tst_LostDatagrams::lossAmongManyTransactionsFailsNoCall()
 {
     QFETCH(Direction, direction);
     QFETCH(int, position);
-    server->setReg(LimitHighRegister, 10);
-    server->setReg(LimitStepRegister, 1);
-    proxy->setJudge(judge(direction, Fate::Drop, position));
+    m_server->setReg(LimitHighRegister, 10);
+    m_server->setReg(LimitStepRegister, 1);
+    m_proxy->setJudge(judge(direction, Fate::Drop, position));
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(find("Limited")->SetIntegerValue(5), ZalErrorSuccess);
     QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
-    QCOMPARE(proxy->counts().dropped, std::uint64_t(1));
+    QCOMPARE(m_proxy->counts().dropped, std::uint64_t(1));
 }
 
 void tst_LostDatagrams::twoLostDatagramsAreAStallThatEnds()
 {
-    const auto recorder = std::make_shared<Recorder>();
-    QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Note")->RegisterObserver(m_recorder), ZalErrorSuccess);
     // The notifier reads in the background until it has reported this.
     QCOMPARE(find("Note")->SetStringValue("x"), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->count("Note"), 1);
-    proxy->setJudge(judge(Direction::ToCamera, Fate::Drop, 0, 2));
+    QTRY_COMPARE(m_recorder->count("Note"), 1);
+    m_proxy->setJudge(judge(Direction::ToCamera, Fate::Drop, 0, 2));
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorTimeout);
     QCOMPARE(find("Plain")->SetIntegerValue(6), ZalErrorTimeout);
     QVERIFY2(timer.elapsed() <= LongestBlock, qPrintable(QString::number(timer.elapsed())));
     QTRY_COMPARE(integer(find("Plain")), 5LL);
-    QTRY_COMPARE(recorder->count("Note"), 2);
-    QVERIFY(!camera->IsLost());
+    QTRY_COMPARE(m_recorder->count("Note"), 2);
+    QVERIFY(!m_camera->IsLost());
 }
 
 // A program that ends then would leave the camera in use for seconds.
 void tst_LostDatagrams::closingGivesControlBack()
 {
-    QVERIFY(server->reg(ControlPrivilege) != 0U);
-    proxy->setJudge(judge(Direction::ToCamera, Fate::Drop, 0));
-    camera.reset();
-    QCOMPARE(server->reg(ControlPrivilege), 0U);
-    QCOMPARE(proxy->counts().dropped, std::uint64_t(1));
+    QVERIFY(m_server->reg(ControlPrivilege) != 0U);
+    m_proxy->setJudge(judge(Direction::ToCamera, Fate::Drop, 0));
+    m_camera.reset();
+    QCOMPARE(m_server->reg(ControlPrivilege), 0U);
+    QCOMPARE(m_proxy->counts().dropped, std::uint64_t(1));
 }
 
 void tst_LostDatagrams::answerThatComesTwiceIsNoAnswerToTheNextQuestion_data()
@@ -189,22 +188,22 @@ void tst_LostDatagrams::answerThatComesTwiceIsNoAnswerToTheNextQuestion_data()
 void tst_LostDatagrams::answerThatComesTwiceIsNoAnswerToTheNextQuestion()
 {
     QFETCH(Direction, direction);
-    proxy->setJudge(judge(direction, Fate::Duplicate, 0, 200));
+    m_proxy->setJudge(judge(direction, Fate::Duplicate, 0, 200));
     verifyAnswers();
-    QCOMPARE(proxy->counts().duplicated, std::uint64_t(200));
+    QCOMPARE(m_proxy->counts().duplicated, std::uint64_t(200));
 }
 
 // It arrives after the question was put and answered once more.
 void tst_LostDatagrams::lateAnswerIsNoAnswerToTheNextQuestion()
 {
-    proxy->setDelay(530);
-    proxy->setJudge(judge(Direction::ToClient, Fate::Delay, 0));
+    m_proxy->setDelay(530);
+    m_proxy->setJudge(judge(Direction::ToClient, Fate::Delay, 0));
     QCOMPARE(integer(find("Temperature")), 1LL);
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < 100)
         verifyAnswers();
-    QCOMPARE(proxy->counts().delayed, std::uint64_t(1));
+    QCOMPARE(m_proxy->counts().delayed, std::uint64_t(1));
 }
 
 QTEST_GUILESS_MAIN(tst_LostDatagrams)

@@ -1,6 +1,6 @@
 // Aravis keeps one list of devices, which a discovery replaces while others may be reading it. Who
 // opens a camera by a name looks into that list.
-// GLib uses Qt's keywords as names, so that it comes first.
+// GLib uses Qt's keywords as names, so it comes first.
 #include <arv.h>
 
 #include "tests/sdk/bridge/BridgeTest.h"
@@ -23,39 +23,39 @@ class Visitors
 public:
     void enter()
     {
-        std::unique_lock<std::mutex> lock(mutex);
-        ++visits;
-        most = std::max(most, ++inside);
-        changed.notify_all();
-        changed.wait_for(lock, std::chrono::milliseconds(100), [this] { return inside > 1; });
+        std::unique_lock<std::mutex> lock(m_mutex);
+        ++m_visits;
+        m_most = std::max(m_most, ++m_inside);
+        m_changed.notify_all();
+        m_changed.wait_for(lock, std::chrono::milliseconds(100), [this] { return m_inside > 1; });
     }
     void leave()
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        --inside;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        --m_inside;
     }
     void reset()
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        most = visits = 0;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_most = m_visits = 0;
     }
     int mostAtATime() const
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return most;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_most;
     }
     int count() const
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return visits;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_visits;
     }
 
 private:
-    mutable std::mutex mutex;
-    std::condition_variable changed;
-    int inside = 0;
-    int most = 0;
-    int visits = 0;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_inside = 0;
+    int m_most = 0;
+    int m_visits = 0;
 };
 
 Visitors& visitors()
@@ -125,8 +125,8 @@ class tst_OpeningByName : public QObject
 private slots:
     void initTestCase();
     void init() { visitors().reset(); }
-    void cleanup() { opened.clear(); }
-    void cleanupTestCase() { server.reset(); }
+    void cleanup() { m_opened.clear(); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void oneThreadAtATimeLooksIntoTheList_data();
     void oneThreadAtATimeLooksIntoTheList();
@@ -136,17 +136,17 @@ private slots:
 private:
     void open(const std::string& id);
 
-    std::unique_ptr<NastyCamera> server;
-    int devices = 0;
-    std::mutex mutex;
-    std::vector<std::unique_ptr<Camera>> opened;
+    std::unique_ptr<NastyCamera> m_server;
+    int m_devices = 0;
+    std::mutex m_mutex;
+    std::vector<std::unique_ptr<Camera>> m_opened;
 };
 
 void tst_OpeningByName::initTestCase()
 {
-    server = std::make_unique<NastyCamera>();
-    devices = static_cast<int>(CameraSystem::List().size());
-    QVERIFY(devices > 0);
+    m_server = std::make_unique<NastyCamera>();
+    m_devices = static_cast<int>(CameraSystem::List().size());
+    QVERIFY(m_devices > 0);
 }
 
 // The camera has one controller only; the other thread is told so.
@@ -154,9 +154,9 @@ void tst_OpeningByName::open(const std::string& id)
 {
     std::string error;
     auto camera = CameraSystem::Open(id, error);
-    const std::lock_guard<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (camera)
-        opened.push_back(std::move(camera));
+        m_opened.push_back(std::move(camera));
 }
 
 void tst_OpeningByName::oneThreadAtATimeLooksIntoTheList_data()
@@ -174,7 +174,7 @@ void tst_OpeningByName::oneThreadAtATimeLooksIntoTheList()
     std::thread thread(other);
     open(NastyCamera::Serial);
     thread.join();
-    QCOMPARE(opened.size(), std::size_t(1));
+    QCOMPARE(m_opened.size(), std::size_t(1));
     QVERIFY(visitors().count() >= 3);
     QCOMPARE(visitors().mostAtATime(), 1);
 }
@@ -183,17 +183,17 @@ void tst_OpeningByName::oneThreadAtATimeLooksIntoTheList()
 void tst_OpeningByName::cameraThatIsKnownIsOpenedWithoutADiscovery()
 {
     open(NastyCamera::Serial);
-    QCOMPARE(opened.size(), std::size_t(1));
-    QCOMPARE(visitors().count(), devices + 2);
+    QCOMPARE(m_opened.size(), std::size_t(1));
+    QCOMPARE(visitors().count(), m_devices + 2);
 }
 
 void tst_OpeningByName::cameraThatIsNotKnownIsDiscovered()
 {
-    server.reset();
+    m_server.reset();
     QVERIFY(CameraSystem::List().empty());
-    server = std::make_unique<NastyCamera>();
+    m_server = std::make_unique<NastyCamera>();
     open(NastyCamera::Serial);
-    QCOMPARE(opened.size(), std::size_t(1));
+    QCOMPARE(m_opened.size(), std::size_t(1));
 }
 
 QTEST_GUILESS_MAIN(tst_OpeningByName)

@@ -13,10 +13,10 @@ class tst_ReadEconomy : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { server = std::make_unique<NastyCamera>(); }
+    void initTestCase() { m_server = std::make_unique<NastyCamera>(); }
     void init();
-    void cleanup() { camera.reset(); }
-    void cleanupTestCase() { server.reset(); }
+    void cleanup() { m_camera.reset(); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void sizeAndTextAreOneTransaction_data();
     void sizeAndTextAreOneTransaction();
@@ -37,17 +37,17 @@ private slots:
     void changesAreLookedForInTheCameraNotInTheCache();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    FeaturePtr find(const std::string& name) const { return m_camera->FindFeature(name); }
     void readsOneRegister(const std::function<void()>& action) const;
 
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
+    std::unique_ptr<NastyCamera> m_server;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
 };
 
 void tst_ReadEconomy::init()
 {
-    server->reset();
-    camera = openCamera();
+    m_server->reset();
+    m_camera = openCamera();
 }
 
 // On a machine that takes its time, every window of 50 ms that begins costs one transaction.
@@ -55,9 +55,9 @@ void tst_ReadEconomy::readsOneRegister(const std::function<void()>& action) cons
 {
     QElapsedTimer timer;
     timer.start();
-    const auto before = camera->Counts().reads;
+    const auto before = m_camera->Counts().reads;
     action();
-    const auto reads = camera->Counts().reads - before;
+    const auto reads = m_camera->Counts().reads - before;
     QVERIFY(reads >= 1);
     QVERIFY(reads <= static_cast<std::uint64_t>(timer.elapsed() / 50 + 1));
 }
@@ -101,10 +101,10 @@ void tst_ReadEconomy::textThatFollowsItsSizeIsTheOneThatWasMeasured()
     char buffer[16] = {};
     QElapsedTimer timer;
     do {
-        server->setText(MessageRegister, "short");
+        m_server->setText(MessageRegister, "short");
         timer.start();
         readMessage(find("Message"), nullptr);
-        server->setText(MessageRegister, "longer text");
+        m_server->setText(MessageRegister, "longer text");
         readMessage(find("Message"), buffer);
     } while (timer.elapsed() >= 50);
     QCOMPARE(buffer, "short");
@@ -121,11 +121,11 @@ void tst_ReadEconomy::textThatFollowsNoSizeIsReadAnew()
 {
     QFETCH(bool, bySize);
     char buffer[16] = {};
-    server->setText(MessageRegister, "first");
+    m_server->setText(MessageRegister, "first");
     readMessage(find("Message"), nullptr);
     if (!bySize)
         readMessage(find("Message"), buffer);
-    server->setText(MessageRegister, "second");
+    m_server->setText(MessageRegister, "second");
     if (bySize)
         readMessage(find("Message"), nullptr);
     QCOMPARE(readMessage(find("Message"), buffer), std::string("second"));
@@ -164,8 +164,8 @@ void tst_ReadEconomy::anyWriteHasEverythingReadAgain_data()
     QTest::newRow("text") << Write([this] { return find("Note")->SetStringValue("x"); });
     QTest::newRow("command") << Write([this] { return find("Reset")->RunCommand(); });
     QTest::newRow("acquisition") << Write([this] {
-        const ZalErrorType status = camera->StartAcquisition([](const ZalCPP::Frame&) {});
-        return status == ZalErrorSuccess ? camera->StopAcquisition() : status;
+        const ZalErrorType status = m_camera->StartAcquisition([](const ZalCPP::Frame&) {});
+        return status == ZalErrorSuccess ? m_camera->StopAcquisition() : status;
     });
 }
 
@@ -173,7 +173,7 @@ void tst_ReadEconomy::anyWriteHasEverythingReadAgain()
 {
     QFETCH(Write, write);
     QCOMPARE(integer(find("Plain")), 0LL);
-    server->setReg(0x4000, 5);
+    m_server->setReg(0x4000, 5);
     QCOMPARE(write(), ZalErrorSuccess);
     QCOMPARE(integer(find("Plain")), 5LL);
 }
@@ -181,7 +181,7 @@ void tst_ReadEconomy::anyWriteHasEverythingReadAgain()
 void tst_ReadEconomy::selectedValueFollowsItsSelector()
 {
     for (std::uint32_t channel = 0; channel < 4; ++channel)
-        server->setReg(0x4440 + 4 * channel, 10 + channel);
+        m_server->setReg(0x4440 + 4 * channel, 10 + channel);
     for (int round = 0; round < 3; ++round) {
         for (int channel = 0; channel < 4; ++channel) {
             QCOMPARE(find("ChannelSelector")->SetIntegerValue(channel), ZalErrorSuccess);
@@ -195,7 +195,7 @@ void tst_ReadEconomy::changeInTheCameraShowsAfterAMoment()
     QCOMPARE(integer(find("Plain")), 0LL);
     QElapsedTimer sinceChange;
     sinceChange.start();
-    server->setReg(0x4000, 5);
+    m_server->setReg(0x4000, 5);
     while (integer(find("Plain")) == 0 && sinceChange.elapsed() < 50) {
     }
     QCOMPARE(integer(find("Plain")), 5LL);
@@ -214,7 +214,7 @@ void tst_ReadEconomy::featureThatChangesByItselfIsAlwaysReadAnew()
     QFETCH(QString, name);
     QFETCH(unsigned, address);
     for (unsigned value = 1; value <= 100; ++value) {
-        server->setReg(address, value);
+        m_server->setReg(address, value);
         QCOMPARE(integer(find(name.toStdString())), static_cast<long long>(value));
     }
 }
@@ -223,16 +223,16 @@ void tst_ReadEconomy::endOfACommandShowsAtOnce()
 {
     QCOMPARE(find("Reset")->RunCommand(), ZalErrorSuccess);
     QCOMPARE(ask<bool>(find("Reset"), &Feature::IsCommandDone, true), false);
-    server->setReg(0x4800, 0);
+    m_server->setReg(0x4800, 0);
     QCOMPARE(ask<bool>(find("Reset"), &Feature::IsCommandDone, false), true);
 }
 
 void tst_ReadEconomy::writeLooksAtTheCameraNotAtTheCache()
 {
     QVERIFY(isWritable(find("Lockable")));
-    server->setReg(0x4100, 1);
+    m_server->setReg(0x4100, 1);
     QCOMPARE(find("Lockable")->SetIntegerValue(5), ZalErrorNotWritable);
-    QCOMPARE(server->reg(0x4104), 0U);
+    QCOMPARE(m_server->reg(0x4104), 0U);
 }
 
 // The camera needs a while for what a write causes. Somebody looks too early, but late enough for
@@ -248,7 +248,7 @@ void tst_ReadEconomy::changesAreLookedForInTheCameraNotInTheCache()
     QCOMPARE(find("LimitLow")->SetIntegerValue(0), ZalErrorSuccess);
     QTest::qWait(25);
     QCOMPARE(integer(find("Limited")), 0LL);
-    server->setReg(0x4008, 5);
+    m_server->setReg(0x4008, 5);
     QTRY_COMPARE(recorder->count("Limited"), 1);
     QCOMPARE(integer(find("Limited")), 5LL);
 }

@@ -1,21 +1,19 @@
 // What observers are told of a feature, for each kind of feature: its value, its limits, its
 // access and its entries.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
 using Change = std::function<ZalErrorType(const FeaturePtr&)>;
 Q_DECLARE_METATYPE(Change)
 
-class tst_ReportedChanges : public QObject
+class tst_ReportedChanges : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void valueIsReportedOnce_data();
     void valueIsReportedOnce();
@@ -29,41 +27,31 @@ private:
     void open(const QByteArray& nodes);
     void observe(const std::string& name);
     void settle();
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
 
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::shared_ptr<Recorder> recorder;
-    int rounds = 0;
+    std::shared_ptr<Recorder> m_recorder;
+    int m_rounds = 0;
 };
-
-void tst_ReportedChanges::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
 
 void tst_ReportedChanges::open(const QByteArray& nodes)
 {
-    server = DescribedCamera::serve(describe({"A", "B"}, nodes));
-    camera = openCamera();
-    recorder = std::make_shared<Recorder>();
+    OnDescribedCamera::open({"A", "B"}, nodes);
+    m_recorder = std::make_shared<Recorder>();
 }
 
 // When `Plain`, the last feature, is reported, the others have been dealt with.
 void tst_ReportedChanges::settle()
 {
-    const int before = recorder->count("Plain");
-    QCOMPARE(find("Plain")->SetIntegerValue(++rounds), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->count("Plain"), before + 1);
+    const int before = m_recorder->count("Plain");
+    QCOMPARE(find("Plain")->SetIntegerValue(++m_rounds), ZalErrorSuccess);
+    QTRY_COMPARE(m_recorder->count("Plain"), before + 1);
 }
 
 void tst_ReportedChanges::observe(const std::string& name)
 {
     for (const auto& observed : {name, std::string("Plain")})
-        QCOMPARE(find(observed)->RegisterObserver(recorder), ZalErrorSuccess);
+        QCOMPARE(find(observed)->RegisterObserver(m_recorder), ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count(name), 0);
+    QCOMPARE(m_recorder->count(name), 0);
 }
 
 void tst_ReportedChanges::valueIsReportedOnce_data()
@@ -97,10 +85,10 @@ void tst_ReportedChanges::valueIsReportedOnce()
     observe("A");
     QCOMPARE(change(find("A")), ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count("A"), 1);
+    QCOMPARE(m_recorder->count("A"), 1);
     QCOMPARE(change(find("A")), ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count("A"), 1);
+    QCOMPARE(m_recorder->count("A"), 1);
 }
 
 void tst_ReportedChanges::limitIsReportedOnce_data()
@@ -130,18 +118,18 @@ void tst_ReportedChanges::limitIsReportedOnce()
     };
     QCOMPARE(write(3), ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count("A"), 1);
+    QCOMPARE(m_recorder->count("A"), 1);
 }
 
 // Not even after something that may change anything.
 void tst_ReportedChanges::notANumberIsNoChange()
 {
     open(reg("FloatReg", "A", "0x4010", "8"));
-    server->setReg(0x4010, 0x7ff80000);
+    m_server->setReg(0x4010, 0x7ff80000);
     observe("A");
-    QVERIFY(camera->StartAcquisition([](const ZalCPP::Frame&) {}) != ZalErrorSuccess);
+    QVERIFY(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}) != ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count("A"), 0);
+    QCOMPARE(m_recorder->count("A"), 0);
 }
 
 void tst_ReportedChanges::unreadableValueIsNoChange()
@@ -149,11 +137,11 @@ void tst_ReportedChanges::unreadableValueIsNoChange()
     open("<Enumeration Name=\"A\"><EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
          "<pValue>R</pValue></Enumeration>" +
          reg("IntReg", "R", "0x4010", "4"));
-    server->setReg(0x4010, 77);
+    m_server->setReg(0x4010, 77);
     observe("A");
-    QVERIFY(camera->StartAcquisition([](const ZalCPP::Frame&) {}) != ZalErrorSuccess);
+    QVERIFY(m_camera->StartAcquisition([](const ZalCPP::Frame&) {}) != ZalErrorSuccess);
     settle();
-    QCOMPARE(recorder->count("A"), 0);
+    QCOMPARE(m_recorder->count("A"), 0);
 }
 
 // The one that waits longest is the first of the description.
@@ -161,12 +149,12 @@ void tst_ReportedChanges::featuresArePolledAtTheirOwnRates()
 {
     open(reg("IntReg", "A", "0x4010", "4", "<PollingTime>60000</PollingTime>") +
          reg("IntReg", "B", "0x4014", "4", "<PollingTime>20</PollingTime>"));
-    QCOMPARE(find("B")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("B")->RegisterObserver(m_recorder), ZalErrorSuccess);
     observe("A");
-    server->setReg(0x4010, 5);
-    server->setReg(0x4014, 5);
-    QTRY_COMPARE(recorder->count("B"), 1);
-    QCOMPARE(recorder->count("A"), 0);
+    m_server->setReg(0x4010, 5);
+    m_server->setReg(0x4014, 5);
+    QTRY_COMPARE(m_recorder->count("B"), 1);
+    QCOMPARE(m_recorder->count("A"), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ReportedChanges)

@@ -1,17 +1,16 @@
 // Features that a camera has at one time and not at another, such as a trigger's mode that one
 // trigger has and another has not.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
 using DescribedCamera::reg;
 
-class tst_SometimesImplemented : public QObject
+class tst_SometimesImplemented : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void isListedWhateverTheSelectorSays_data();
     void isListedWhateverTheSelectorSays();
@@ -25,24 +24,14 @@ private slots:
 
 private:
     void open(int channel);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
-
-void tst_SometimesImplemented::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
 
 void tst_SometimesImplemented::open(int channel)
 {
-    server = std::make_unique<NastyCamera>();
-    server->reset();
-    server->setReg(0x4404, static_cast<std::uint32_t>(channel));
-    camera = openCamera();
+    m_server = std::make_unique<NastyCamera>();
+    m_server->reset();
+    m_server->setReg(0x4404, static_cast<std::uint32_t>(channel));
+    m_camera = openCamera();
 }
 
 void tst_SometimesImplemented::isListedWhateverTheSelectorSays_data()
@@ -75,7 +64,7 @@ void tst_SometimesImplemented::accessFollowsTheSelector()
     QCOMPARE(boost->GetIntegerValue(value), ZalErrorNotAvailable);
     QCOMPARE(value, 77LL);
     QCOMPARE(boost->SetIntegerValue(6), ZalErrorNotAvailable);
-    QCOMPARE(server->reg(0x4584), 0U);
+    QCOMPARE(m_server->reg(0x4584), 0U);
     QCOMPARE(selector->SetIntegerValue(2), ZalErrorSuccess);
     QCOMPARE(integer(boost), 5LL);
 }
@@ -100,10 +89,10 @@ void tst_SometimesImplemented::onlySuchFeaturesAreAskedEachTime()
 {
     open(2);
     QCOMPARE(integer(find("PresentByRegister")), 1LL);
-    QCOMPARE(camera->Counts().reads, std::uint64_t(0));
+    QCOMPARE(m_camera->Counts().reads, std::uint64_t(0));
     QCOMPARE(integer(find("ChannelBoost")), 0LL);
     // The selector, which says whether and where, and the value.
-    QCOMPARE(camera->Counts().reads, std::uint64_t(2));
+    QCOMPARE(m_camera->Counts().reads, std::uint64_t(2));
 }
 
 namespace {
@@ -155,8 +144,7 @@ void tst_SometimesImplemented::whatCanChangeIsListed_data()
 void tst_SometimesImplemented::whatCanChangeIsListed()
 {
     QFETCH(QByteArray, nodes);
-    server = DescribedCamera::serve(DescribedCamera::describe({"A", "W"}, Condition + nodes));
-    camera = openCamera();
+    OnDescribedCamera::open({"A", "W"}, Condition + nodes);
     QVERIFY(find("A"));
     QVERIFY(!isReadable(find("A")));
     QVERIFY(!isWritable(find("A")));
@@ -187,12 +175,11 @@ void tst_SometimesImplemented::whatCannotChangeIsDecidedAtOpening()
 {
     QFETCH(QByteArray, nodes);
     QFETCH(bool, listed);
-    server = DescribedCamera::serve(DescribedCamera::describe({"A", "W"}, Condition + nodes));
-    camera = openCamera();
+    OnDescribedCamera::open({"A", "W"}, Condition + nodes);
     QCOMPARE(find("A") != nullptr, listed);
     if (listed)
         QCOMPARE(integer(find("A")), 1LL);
-    QCOMPARE(camera->Counts().reads, std::uint64_t(0));
+    QCOMPARE(m_camera->Counts().reads, std::uint64_t(0));
 }
 
 QTEST_GUILESS_MAIN(tst_SometimesImplemented)

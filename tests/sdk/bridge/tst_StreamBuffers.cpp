@@ -52,32 +52,33 @@ private slots:
 private:
     void start(const QByteArray& size);
 
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::atomic<int> frames{0};
+    std::unique_ptr<NastyCamera> m_server;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    std::atomic<int> m_frames{0};
 };
 
 void tst_StreamBuffers::cleanup()
 {
     incomplete = false;
-    camera.reset();
-    server.reset();
+    m_camera.reset();
+    m_server.reset();
 }
 
-// The command writes to a register of no meaning where no image shall come.
+// The command writes to a meaningless register where no image is to come.
 void tst_StreamBuffers::start(const QByteArray& size)
 {
     const QByteArray command = size == "2048" ? "0x124" : "0x4100";
-    server = DescribedCamera::serve(describe(
+    m_server = DescribedCamera::serve(describe(
         {"PayloadSize", "AcquisitionStart", "AcquisitionStop"},
         "<Integer Name=\"PayloadSize\"><Value>" + size + "</Value></Integer>" +
             "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1</CommandValue>"
             "</Command><Command Name=\"AcquisitionStop\"><pValue>R</pValue><CommandValue>0"
             "</CommandValue></Command>" +
             reg("IntReg", "R", command, "4")));
-    camera = openCamera();
-    frames = pushed = asked = 0;
-    QCOMPARE(camera->StartAcquisition([this](const ZalCPP::Frame&) { ++frames; }), ZalErrorSuccess);
+    m_camera = openCamera();
+    m_frames = pushed = asked = 0;
+    QCOMPARE(m_camera->StartAcquisition([this](const ZalCPP::Frame&) { ++m_frames; }),
+             ZalErrorSuccess);
 }
 
 void tst_StreamBuffers::thereAreAsManyAsThereIsRoomFor_data()
@@ -100,8 +101,8 @@ void tst_StreamBuffers::thereAreAsManyAsThereIsRoomFor()
 void tst_StreamBuffers::areUsedAgain()
 {
     start("2048");
-    QTRY_VERIFY(frames >= 12);
-    QVERIFY(pushed >= frames);
+    QTRY_VERIFY(m_frames >= 12);
+    QVERIFY(pushed >= m_frames);
 }
 
 void tst_StreamBuffers::incompleteImagesAreNone()
@@ -109,9 +110,9 @@ void tst_StreamBuffers::incompleteImagesAreNone()
     incomplete = true;
     start("2048");
     QTRY_VERIFY(asked >= 12);
-    QCOMPARE(frames, 0);
+    QCOMPARE(m_frames, 0);
     incomplete = false;
-    QTRY_VERIFY(frames >= 2);
+    QTRY_VERIFY(m_frames >= 2);
 }
 
 QTEST_GUILESS_MAIN(tst_StreamBuffers)

@@ -1,17 +1,15 @@
 // Structure registers: several features that share one register, each with its own bits.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
-class tst_StructRegister : public QObject
+class tst_StructRegister : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void entriesAreIntegers();
     void entryIsReadFromItsBits();
@@ -30,11 +28,8 @@ private slots:
 private:
     void open(const QByteArray& structure, const QByteArray& nodes = {});
     void observe(const std::vector<std::string>& features);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
 
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::shared_ptr<Recorder> recorder;
+    std::shared_ptr<Recorder> m_recorder;
 };
 
 namespace {
@@ -57,35 +52,27 @@ QByteArray structure(const QByteArray& more, const QByteArray& moreOfLow = {},
 
 } // namespace
 
-void tst_StructRegister::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
-
 void tst_StructRegister::open(const QByteArray& structure, const QByteArray& nodes)
 {
-    server = DescribedCamera::serve(
-        describe({"Low", "High", "Above", "Gated", "Selector"}, structure + nodes));
-    camera = openCamera();
+    OnDescribedCamera::open({"Low", "High", "Above", "Gated", "Selector"}, structure + nodes);
 }
 
 // `Plain`, the last feature, is reported when all others are known.
 void tst_StructRegister::observe(const std::vector<std::string>& features)
 {
-    recorder = std::make_shared<Recorder>();
+    m_recorder = std::make_shared<Recorder>();
     for (const auto& name : features)
-        QCOMPARE(find(name)->RegisterObserver(recorder), ZalErrorSuccess);
-    QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
+        QCOMPARE(find(name)->RegisterObserver(m_recorder), ZalErrorSuccess);
+    QCOMPARE(find("Plain")->RegisterObserver(m_recorder), ZalErrorSuccess);
     QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Plain"});
-    recorder->clear();
+    QTRY_COMPARE(m_recorder->calls(), std::vector<std::string>{"Plain"});
+    m_recorder->clear();
 }
 
 void tst_StructRegister::entriesAreIntegers()
 {
     open(structure({}));
-    QCOMPARE(names(*camera->Features()), (std::vector<std::string>{"Low", "High", "Plain"}));
+    QCOMPARE(names(*m_camera->Features()), (std::vector<std::string>{"Low", "High", "Plain"}));
     for (const char* name : {"Low", "High"}) {
         QCOMPARE(ask<ZalFeatureDataType>(find(name), &Feature::GetDataType, ZalFeatureUnknown),
                  ZalFeatureInteger);
@@ -97,7 +84,7 @@ void tst_StructRegister::entriesAreIntegers()
 void tst_StructRegister::entryIsReadFromItsBits()
 {
     open(structure({}));
-    server->setReg(Register, 0x12345678);
+    m_server->setReg(Register, 0x12345678);
     QCOMPARE(integer(find("Low")), 0x78LL);
     QCOMPARE(integer(find("High")), 0x34LL);
 }
@@ -105,11 +92,11 @@ void tst_StructRegister::entryIsReadFromItsBits()
 void tst_StructRegister::entryLeavesTheOtherBitsAlone()
 {
     open(structure({}));
-    server->setReg(Register, 0x12345678);
+    m_server->setReg(Register, 0x12345678);
     QCOMPARE(find("High")->SetIntegerValue(0xab), ZalErrorSuccess);
-    QCOMPARE(server->reg(Register), 0x12ab5678U);
+    QCOMPARE(m_server->reg(Register), 0x12ab5678U);
     QCOMPARE(find("Low")->SetIntegerValue(0xcd), ZalErrorSuccess);
-    QCOMPARE(server->reg(Register), 0x12ab56cdU);
+    QCOMPARE(m_server->reg(Register), 0x12ab56cdU);
     QCOMPARE(integer(find("High")), 0xabLL);
 }
 
@@ -118,10 +105,10 @@ void tst_StructRegister::entriesShareOneTransaction()
     open(structure({}));
     QElapsedTimer timer;
     timer.start();
-    const auto before = camera->Counts().reads;
+    const auto before = m_camera->Counts().reads;
     QCOMPARE(integer(find("Low")), 0LL);
     QCOMPARE(integer(find("High")), 0LL);
-    const auto reads = camera->Counts().reads - before;
+    const auto reads = m_camera->Counts().reads - before;
     // Every window of 50 ms that begins costs one.
     QVERIFY(reads <= static_cast<std::uint64_t>(timer.elapsed() / 50 + 1));
 }
@@ -150,7 +137,7 @@ void tst_StructRegister::volatileStructureIsReadAnew()
     QFETCH(QByteArray, nodes);
     open(structure, nodes);
     for (unsigned value = 1; value <= 20; ++value) {
-        server->setReg(Register, value);
+        m_server->setReg(Register, value);
         QCOMPARE(integer(find(nodes.isEmpty() ? "Low" : "Above")), static_cast<long long>(value));
     }
 }
@@ -160,10 +147,10 @@ void tst_StructRegister::writeOfAnEntryReportsWhatDependsOnIt()
     open(structure({}), "<Integer Name=\"Above\"><pValue>Low</pValue></Integer>");
     observe({"Low", "High", "Above"});
     QCOMPARE(find("Low")->SetIntegerValue(5), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->calls(), (std::vector<std::string>{"Low", "Above"}));
-    recorder->clear();
+    QTRY_COMPARE(m_recorder->calls(), (std::vector<std::string>{"Low", "Above"}));
+    m_recorder->clear();
     QCOMPARE(find("Above")->SetIntegerValue(6), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->calls(), (std::vector<std::string>{"Low", "Above"}));
+    QTRY_COMPARE(m_recorder->calls(), (std::vector<std::string>{"Low", "Above"}));
 }
 
 void tst_StructRegister::structureThatDependsOnAFeatureIsReportedByEntry_data()
@@ -178,18 +165,18 @@ void tst_StructRegister::structureThatDependsOnAFeatureIsReportedByEntry()
     QFETCH(QByteArray, more);
     open(structure(more), reg("IntReg", "Selector", "0x4020", "4"));
     observe({"Low", "High"});
-    server->setReg(Register, 0x00070008);
-    server->setReg(Register + 4, 0x00070008);
+    m_server->setReg(Register, 0x00070008);
+    m_server->setReg(Register + 4, 0x00070008);
     QCOMPARE(find("Selector")->SetIntegerValue(1), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->calls(), (std::vector<std::string>{"Low", "High"}));
+    QTRY_COMPARE(m_recorder->calls(), (std::vector<std::string>{"Low", "High"}));
 }
 
 void tst_StructRegister::polledStructureIsReported()
 {
     open(structure({}, "<PollingTime>50</PollingTime>"));
     observe({"Low"});
-    server->setReg(Register, 9);
-    QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Low"});
+    m_server->setReg(Register, 9);
+    QTRY_COMPARE(m_recorder->calls(), std::vector<std::string>{"Low"});
 }
 
 void tst_StructRegister::featureImplementedByAnEntryFollowsIt()

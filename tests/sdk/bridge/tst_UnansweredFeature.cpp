@@ -37,26 +37,26 @@ private:
     void mute(std::uint64_t address);
     void giveUpReading();
 
-    std::unique_ptr<WireTap> tap;
-    std::atomic<int> unanswered{0};
+    std::unique_ptr<WireTap> m_tap;
+    std::atomic<int> m_unanswered{0};
 };
 
 void tst_UnansweredFeature::initTestCase()
 {
-    tap = std::make_unique<WireTap>();
+    m_tap = std::make_unique<WireTap>();
     serve();
 }
 
 void tst_UnansweredFeature::init()
 {
     openAnew();
-    unanswered = 0;
+    m_unanswered = 0;
 }
 
 void tst_UnansweredFeature::cleanup()
 {
-    camera.reset();
-    tap->onRead(nullptr);
+    m_camera.reset();
+    m_tap->onRead(nullptr);
 }
 
 ZalErrorType tst_UnansweredFeature::read(const char* name) const
@@ -73,10 +73,10 @@ void tst_UnansweredFeature::awaitRecovery() const
 
 void tst_UnansweredFeature::mute(std::uint64_t address)
 {
-    tap->onRead([this, address](ArvDevice*, std::uint64_t asked) {
+    m_tap->onRead([this, address](ArvDevice*, std::uint64_t asked) {
         if (asked != address)
             return WireTap::Answer::TheCameras;
-        ++unanswered;
+        ++m_unanswered;
         return WireTap::Answer::TimeOut;
     });
 }
@@ -93,27 +93,27 @@ void tst_UnansweredFeature::isGivenUpAfterThreeTimes()
 {
     mute(PlainRegister);
     giveUpReading();
-    QCOMPARE(unanswered, Patience);
+    QCOMPARE(m_unanswered, Patience);
     for (int i = 0; i < 10; ++i)
         QCOMPARE(read(), ZalErrorTimeout);
-    QCOMPARE(unanswered, Patience);
-    QVERIFY(!camera->IsLost());
+    QCOMPARE(m_unanswered, Patience);
+    QVERIFY(!m_camera->IsLost());
 }
 
 void tst_UnansweredFeature::isGivenUpWhenItAlwaysAnswersTooLate()
 {
     QSemaphore never;
-    tap->onRead([&](ArvDevice*, std::uint64_t address) {
+    m_tap->onRead([&](ArvDevice*, std::uint64_t address) {
         if (address == PlainRegister) {
-            ++unanswered;
+            ++m_unanswered;
             never.tryAcquire(1, 650);
         }
         return WireTap::Answer::TheCameras;
     });
     giveUpReading();
     QCOMPARE(read(), ZalErrorTimeout);
-    QCOMPARE(unanswered, Patience);
-    QVERIFY(!camera->IsLost());
+    QCOMPARE(m_unanswered, Patience);
+    QVERIFY(!m_camera->IsLost());
 }
 
 void tst_UnansweredFeature::answerInBetweenStartsTheCountAnew()
@@ -124,7 +124,7 @@ void tst_UnansweredFeature::answerInBetweenStartsTheCountAnew()
             QCOMPARE(read(), ZalErrorTimeout);
             awaitRecovery();
         }
-        tap->onRead(nullptr);
+        m_tap->onRead(nullptr);
         QCOMPARE(read(), ZalErrorSuccess);
         // A write has everything read again.
         QCOMPARE(find("Lock")->SetIntegerValue(0), ZalErrorSuccess);
@@ -138,7 +138,7 @@ void tst_UnansweredFeature::doesNotAffectOtherFeatures()
     QCOMPARE(find("Stepped")->SetIntegerValue(6), ZalErrorSuccess);
     QCOMPARE(integer(find("Stepped")), 6LL);
     // It shares the register, but is a feature of its own, with a patience of its own.
-    tap->onRead(nullptr);
+    m_tap->onRead(nullptr);
     QCOMPARE(integer(find("Doubled")), 0LL);
     QCOMPARE(read(), ZalErrorTimeout);
 }
@@ -148,7 +148,7 @@ void tst_UnansweredFeature::canStillBeWritten()
     mute(PlainRegister);
     giveUpReading();
     QCOMPARE(find("Plain")->SetIntegerValue(5), ZalErrorSuccess);
-    QCOMPARE(server->reg(PlainRegister), 5U);
+    QCOMPARE(m_server->reg(PlainRegister), 5U);
 }
 
 // Before each write the camera is asked whether the feature is locked.
@@ -159,9 +159,9 @@ void tst_UnansweredFeature::isGivenUpForWritingAlone()
         QCOMPARE(find("Lockable")->SetIntegerValue(5), ZalErrorTimeout);
         awaitRecovery();
     }
-    tap->onRead(nullptr);
+    m_tap->onRead(nullptr);
     QCOMPARE(find("Lockable")->SetIntegerValue(5), ZalErrorTimeout);
-    QCOMPARE(server->reg(0x4104), 0U);
+    QCOMPARE(m_server->reg(0x4104), 0U);
     QCOMPARE(integer(find("Lockable")), 0LL);
 }
 
@@ -169,10 +169,10 @@ void tst_UnansweredFeature::isAskedAgainWhenTheCameraIsOpenedAgain()
 {
     mute(PlainRegister);
     giveUpReading();
-    tap->onRead(nullptr);
+    m_tap->onRead(nullptr);
     QCOMPARE(read(), ZalErrorTimeout);
-    camera.reset();
-    camera = openCamera();
+    m_camera.reset();
+    m_camera = openCamera();
     QCOMPARE(read(), ZalErrorSuccess);
 }
 
@@ -188,24 +188,23 @@ void tst_UnansweredFeature::doesNotHaveEverythingReportedForEver()
 {
     QFETCH(QString, name);
     QFETCH(unsigned, address);
-    const auto recorder = std::make_shared<Recorder>();
-    QCOMPARE(find("Note")->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find("Note")->RegisterObserver(m_recorder), ZalErrorSuccess);
     mute(address);
-    QCOMPARE(find(name.toStdString())->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find(name.toStdString())->RegisterObserver(m_recorder), ZalErrorSuccess);
     // Each recovery has the note reported, and the mute feature once it is given up.
-    QTRY_VERIFY(recorder->count(name.toStdString()) >= 1);
+    QTRY_VERIFY(m_recorder->count(name.toStdString()) >= 1);
     awaitRecovery();
     settle();
-    QVERIFY(recorder->count("Note") >= 1);
-    QVERIFY(recorder->count("Note") <= Patience);
-    QCOMPARE(unanswered, Patience);
-    recorder->clear();
-    const auto before = camera->Counts();
-    // Nothing shall happen, so that there is nothing to wait for but time.
+    QVERIFY(m_recorder->count("Note") >= 1);
+    QVERIFY(m_recorder->count("Note") <= Patience);
+    QCOMPARE(m_unanswered, Patience);
+    m_recorder->clear();
+    const auto before = m_camera->Counts();
+    // Nothing is to happen, so there is nothing to wait for but time.
     QTest::qWait(300);
-    QCOMPARE(recorder->count(), 0);
-    QCOMPARE(unanswered, Patience);
-    QCOMPARE(camera->Counts().reads, before.reads);
+    QCOMPARE(m_recorder->count(), 0);
+    QCOMPARE(m_unanswered, Patience);
+    QCOMPARE(m_camera->Counts().reads, before.reads);
 }
 
 QTEST_GUILESS_MAIN(tst_UnansweredFeature)

@@ -14,7 +14,7 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase() { server.reset(); }
+    void cleanupTestCase() { m_server.reset(); }
 
     void valueThatTheCameraTookIsReported_data();
     void valueThatTheCameraTookIsReported();
@@ -26,13 +26,13 @@ private slots:
     void unansweredLookAtAChangeIsAStall();
 
 private:
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
+    FeaturePtr find(const std::string& name) const { return m_camera->FindFeature(name); }
     void observe();
 
-    std::unique_ptr<WireTap> tap;
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
-    std::shared_ptr<Recorder> recorder;
+    std::unique_ptr<WireTap> m_tap;
+    std::unique_ptr<NastyCamera> m_server;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    std::shared_ptr<Recorder> m_recorder;
 };
 
 namespace {
@@ -43,32 +43,32 @@ constexpr std::uint32_t PlainRegister = 0x4000;
 
 void tst_UncertainWrites::initTestCase()
 {
-    tap = std::make_unique<WireTap>();
-    server = std::make_unique<NastyCamera>();
+    m_tap = std::make_unique<WireTap>();
+    m_server = std::make_unique<NastyCamera>();
 }
 
 void tst_UncertainWrites::init()
 {
-    server->reset();
-    camera = openCamera();
-    recorder = std::make_shared<Recorder>();
+    m_server->reset();
+    m_camera = openCamera();
+    m_recorder = std::make_shared<Recorder>();
 }
 
 void tst_UncertainWrites::cleanup()
 {
-    tap->onWrite(nullptr);
-    tap->onRead(nullptr);
-    camera.reset();
+    m_tap->onWrite(nullptr);
+    m_tap->onRead(nullptr);
+    m_camera.reset();
 }
 
 // The last feature is reported when all others are known.
 void tst_UncertainWrites::observe()
 {
     for (const char* name : {"Plain", "Constant"})
-        QCOMPARE(find(name)->RegisterObserver(recorder), ZalErrorSuccess);
+        QCOMPARE(find(name)->RegisterObserver(m_recorder), ZalErrorSuccess);
     QCOMPARE(find("Constant")->SetIntegerValue(1), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Constant"});
-    recorder->clear();
+    QTRY_COMPARE(m_recorder->calls(), std::vector<std::string>{"Constant"});
+    m_recorder->clear();
 }
 
 void tst_UncertainWrites::valueThatTheCameraTookIsReported_data()
@@ -84,14 +84,14 @@ void tst_UncertainWrites::valueThatTheCameraTookIsReported()
 {
     QFETCH(int, answer);
     observe();
-    tap->onWrite([this, answer](ArvDevice*, std::uint64_t address) {
+    m_tap->onWrite([this, answer](ArvDevice*, std::uint64_t address) {
         if (address != PlainRegister)
             return WireTap::Answer::TheCameras;
-        server->setReg(PlainRegister, 5);
+        m_server->setReg(PlainRegister, 5);
         return static_cast<WireTap::Answer>(answer);
     });
     QTEST(find("Plain")->SetIntegerValue(5), "status");
-    QTRY_COMPARE(recorder->count("Plain"), 1);
+    QTRY_COMPARE(m_recorder->count("Plain"), 1);
     QCOMPARE(integer(find("Plain")), 5LL);
 }
 
@@ -99,32 +99,32 @@ void tst_UncertainWrites::valueThatTheCameraTookIsReported()
 void tst_UncertainWrites::refusedValueHasNothingReadAgain()
 {
     observe();
-    tap->takeAccesses();
+    m_tap->takeAccesses();
     QCOMPARE(find("Plain")->SetIntegerValue(5000), ZalErrorOutOfRange);
     QCOMPARE(find("Constant")->SetIntegerValue(2), ZalErrorSuccess);
-    QTRY_COMPARE(recorder->count("Constant"), 1);
-    QVERIFY(tap->takeAccesses().empty());
+    QTRY_COMPARE(m_recorder->count("Constant"), 1);
+    QVERIFY(m_tap->takeAccesses().empty());
 }
 
 void tst_UncertainWrites::writeThatFailsIsNoLoss()
 {
     QFETCH(int, answer);
-    tap->onWrite([answer](ArvDevice*, std::uint64_t address) {
+    m_tap->onWrite([answer](ArvDevice*, std::uint64_t address) {
         return address == PlainRegister ? static_cast<WireTap::Answer>(answer)
                                         : WireTap::Answer::TheCameras;
     });
     QTEST(find("Plain")->SetIntegerValue(5), "status");
     QTRY_COMPARE(find("Stepped")->SetIntegerValue(6), ZalErrorSuccess);
-    QCOMPARE(server->reg(PlainRegister), 0U);
-    QVERIFY(!camera->IsLost());
+    QCOMPARE(m_server->reg(PlainRegister), 0U);
+    QVERIFY(!m_camera->IsLost());
 }
 
 // Nothing is known of the register then.
 void tst_UncertainWrites::failedReadIsAskedAgain()
 {
-    server->setReg(PlainRegister, 5);
+    m_server->setReg(PlainRegister, 5);
     std::atomic<int> reads{0};
-    tap->onRead([&reads](ArvDevice*, std::uint64_t) {
+    m_tap->onRead([&reads](ArvDevice*, std::uint64_t) {
         return ++reads == 1 ? WireTap::Answer::Busy : WireTap::Answer::TheCameras;
     });
     long long value = 7;
@@ -160,23 +160,23 @@ void tst_UncertainWrites::unansweredLookAtAChangeIsAStall()
     QFETCH(QString, written);
     QFETCH(QString, observed);
     QFETCH(unsigned, silent);
-    QCOMPARE(find(observed.toStdString())->RegisterObserver(recorder), ZalErrorSuccess);
+    QCOMPARE(find(observed.toStdString())->RegisterObserver(m_recorder), ZalErrorSuccess);
     observe();
     std::atomic<bool> isWritten{false};
     std::atomic<int> unanswered{0};
-    tap->onWrite([&](ArvDevice*, std::uint64_t) {
+    m_tap->onWrite([&](ArvDevice*, std::uint64_t) {
         isWritten = true;
         return WireTap::Answer::TheCameras;
     });
-    tap->onRead([&](ArvDevice*, std::uint64_t address) {
+    m_tap->onRead([&](ArvDevice*, std::uint64_t address) {
         const bool isFirst = isWritten && address == silent && ++unanswered == 1;
         return isFirst ? WireTap::Answer::TimeOut : WireTap::Answer::TheCameras;
     });
     const auto feature = find(written.toStdString());
     QCOMPARE(written == "Switch" ? feature->SetBoolValue(true) : feature->SetIntegerValue(1),
              ZalErrorSuccess);
-    QTRY_COMPARE(recorder->count(observed.toStdString()), 1);
-    QTRY_COMPARE(recorder->count("Plain"), 1);
+    QTRY_COMPARE(m_recorder->count(observed.toStdString()), 1);
+    QTRY_COMPARE(m_recorder->count("Plain"), 1);
     QVERIFY(unanswered > 1);
 }
 

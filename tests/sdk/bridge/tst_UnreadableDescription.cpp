@@ -47,7 +47,7 @@ class tst_UnreadableDescription : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { server.reset(); }
+    void cleanup() { m_server.reset(); }
 
     void isRefusedWithASentence_data();
     void isRefusedWithASentence();
@@ -58,14 +58,14 @@ private slots:
 private:
     void serve(const QByteArray& data, const QByteArray& fileName);
 
-    std::unique_ptr<NastyCamera> server;
+    std::unique_ptr<NastyCamera> m_server;
 };
 
 // The first address register says where the description lies in the camera's memory.
 void tst_UnreadableDescription::serve(const QByteArray& data, const QByteArray& fileName)
 {
-    server = DescribedCamera::serve(data);
-    server->setText(
+    m_server = DescribedCamera::serve(data);
+    m_server->setText(
         0x200,
         ("Local:" + fileName + ";10000;" + QByteArray::number(data.size(), 16)).toStdString());
 }

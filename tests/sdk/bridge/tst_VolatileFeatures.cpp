@@ -1,18 +1,16 @@
 // Features that change without being written, wherever the description says so: on the feature, on
 // the register, or on a node in between.
-#include "tests/sdk/bridge/BridgeTest.h"
-#include "tests/sdk/bridge/DescribedCamera.h"
+#include "tests/sdk/bridge/OnDescribedCamera.h"
 
 using namespace BridgeTest;
-using DescribedCamera::describe;
 using DescribedCamera::reg;
 
-class tst_VolatileFeatures : public QObject
+class tst_VolatileFeatures : public QObject, protected OnDescribedCamera
 {
     Q_OBJECT
 
 private slots:
-    void cleanup();
+    void cleanup() { close(); }
 
     void isAlwaysReadAnew_data();
     void isAlwaysReadAnew();
@@ -20,13 +18,6 @@ private slots:
     void volatileRegisterUnderASelectorIsReadAnew();
     void polledFormulaIsReported();
     void dataThatFollowsItsSizeIsWhatWasMeasured();
-
-private:
-    void open(const QList<QByteArray>& features, const QByteArray& nodes);
-    FeaturePtr find(const std::string& name) const { return camera->FindFeature(name); }
-
-    std::unique_ptr<NastyCamera> server;
-    std::unique_ptr<ZalCPP::Camera> camera;
 };
 
 namespace {
@@ -60,18 +51,6 @@ QByteArray converter(const QByteArray& more)
 
 } // namespace
 
-void tst_VolatileFeatures::cleanup()
-{
-    camera.reset();
-    server.reset();
-}
-
-void tst_VolatileFeatures::open(const QList<QByteArray>& features, const QByteArray& nodes)
-{
-    server = DescribedCamera::serve(describe(features, nodes));
-    camera = openCamera();
-}
-
 void tst_VolatileFeatures::isAlwaysReadAnew_data()
 {
     QTest::addColumn<QByteArray>("nodes");
@@ -99,7 +78,7 @@ void tst_VolatileFeatures::isAlwaysReadAnew()
     QFETCH(QByteArray, nodes);
     open({"A"}, nodes);
     for (unsigned value = 1; value <= 20; ++value) {
-        server->setReg(Source, value);
+        m_server->setReg(Source, value);
         QCOMPARE(integer(find("A")), static_cast<long long>(value));
     }
 }
@@ -114,14 +93,14 @@ void tst_VolatileFeatures::onlyWhatIsVolatileIsReadAnew()
     long long volatileValue = 0;
     long long cachedValue = 0;
     do {
-        server->setReg(Source, 1);
-        server->setReg(Other, 1);
+        m_server->setReg(Source, 1);
+        m_server->setReg(Other, 1);
         timer.start();
         integer(find("A"));
         QCOMPARE(find("Cached")->SetIntegerValue(1), ZalErrorSuccess);
         QCOMPARE(integer(find("Cached")), 1LL);
-        server->setReg(Source, 2);
-        server->setReg(Other, 2);
+        m_server->setReg(Source, 2);
+        m_server->setReg(Other, 2);
         volatileValue = integer(find("A"));
         cachedValue = integer(find("Cached"));
     } while (timer.elapsed() >= 50);
@@ -138,7 +117,7 @@ void tst_VolatileFeatures::volatileRegisterUnderASelectorIsReadAnew()
         for (const unsigned channel : {0U, 1U}) {
             QCOMPARE(find("Channel")->SetIntegerValue(channel), ZalErrorSuccess);
             QVERIFY(integer(find("A")) >= 0);
-            server->setReg(Source + 4 * channel, 10 * round + channel);
+            m_server->setReg(Source + 4 * channel, 10 * round + channel);
             QCOMPARE(integer(find("A")), 10LL * round + channel);
         }
     }
@@ -153,7 +132,7 @@ void tst_VolatileFeatures::polledFormulaIsReported()
     QCOMPARE(find("Plain")->RegisterObserver(recorder), ZalErrorSuccess);
     QCOMPARE(find("Plain")->SetIntegerValue(1), ZalErrorSuccess);
     QTRY_COMPARE(recorder->calls(), std::vector<std::string>{"Plain"});
-    server->setReg(Source, 7);
+    m_server->setReg(Source, 7);
     QTRY_COMPARE(recorder->count("A"), 1);
     QCOMPARE(integer(find("A")), 7LL);
 }
@@ -166,10 +145,10 @@ void tst_VolatileFeatures::dataThatFollowsItsSizeIsWhatWasMeasured()
     std::uint32_t count = 4;
     QElapsedTimer timer;
     do {
-        server->setReg(Source, 1);
+        m_server->setReg(Source, 1);
         timer.start();
         QCOMPARE(find("A")->GetRawValue(nullptr, count), ZalErrorSuccess);
-        server->setReg(Source, 2);
+        m_server->setReg(Source, 2);
         QCOMPARE(find("A")->GetRawValue(bytes.data(), count), ZalErrorSuccess);
     } while (timer.elapsed() >= 50);
     QCOMPARE(static_cast<int>(bytes[3]), 1);

@@ -12,10 +12,10 @@ class tst_Cameras : public QObject
 {
     Q_OBJECT
 
-    std::string error;
+    std::string m_error;
 
 private slots:
-    void init() { error.clear(); }
+    void init() { m_error.clear(); }
 
     void simulatedModelIsStartedAndOpened_data()
     {
@@ -28,8 +28,8 @@ private slots:
     {
         QFETCH(QString, model);
         QFETCH(bool, hasCounters);
-        const auto camera = Cameras::open({Source::Kind::Simulated, model.toStdString()}, error);
-        QVERIFY2(camera, error.c_str());
+        const auto camera = Cameras::open({Source::Kind::Simulated, model.toStdString()}, m_error);
+        QVERIFY2(camera, m_error.c_str());
         QCOMPARE(camera->Info().serial, std::string("SIM0001"));
         QCOMPARE(camera->FindFeature("CounterSelector") != nullptr, hasCounters);
     }
@@ -37,10 +37,10 @@ private slots:
     // There is one port for simulated cameras, which the one before has to leave.
     void simulatedCameraEndsWithTheLastCopyOfThePointer()
     {
-        auto camera = Cameras::open({}, error);
-        QVERIFY2(camera, error.c_str());
+        auto camera = Cameras::open({}, m_error);
+        QVERIFY2(camera, m_error.c_str());
         const auto copy = std::exchange(camera, nullptr);
-        QVERIFY(!Cameras::open({}, error));
+        QVERIFY(!Cameras::open({}, m_error));
         QVERIFY(!copy->IsLost());
     }
 
@@ -55,10 +55,10 @@ private slots:
     {
         QFETCH(Source::Kind, kind);
         QFETCH(QString, name);
-        QVERIFY(!Cameras::open({kind, name.toStdString()}, error));
-        const QString sentence = QString::fromStdString(error);
-        QVERIFY2(sentence.contains(name), error.c_str());
-        QVERIFY2(sentence.endsWith('.'), error.c_str());
+        QVERIFY(!Cameras::open({kind, name.toStdString()}, m_error));
+        const QString sentence = QString::fromStdString(m_error);
+        QVERIFY2(sentence.contains(name), m_error.c_str());
+        QVERIFY2(sentence.endsWith('.'), m_error.c_str());
     }
 
     void foundCameraIsOpened_data()
@@ -73,10 +73,10 @@ private slots:
         QFETCH(QString, name);
         ZalSim::Options options;
         options.serial = "SIM0077";
-        const auto simulator = ZalSim::SimulatedCamera::Start(options, error);
-        QVERIFY2(simulator, error.c_str());
-        const auto camera = Cameras::open({Source::Kind::Found, name.toStdString()}, error);
-        QVERIFY2(camera, error.c_str());
+        const auto simulator = ZalSim::SimulatedCamera::start(options, m_error);
+        QVERIFY2(simulator, m_error.c_str());
+        const auto camera = Cameras::open({Source::Kind::Found, name.toStdString()}, m_error);
+        QVERIFY2(camera, m_error.c_str());
         QCOMPARE(camera->Info().serial, std::string("SIM0077"));
     }
 };

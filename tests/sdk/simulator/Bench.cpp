@@ -2,27 +2,27 @@
 
 #include <arv.h>
 
-Bench::Bench() : device(arv_fake_camera_new("BENCH")), memory(device) {}
+Bench::Bench() : m_device(arv_fake_camera_new("BENCH")), m_memory(m_device) {}
 
 Bench::~Bench()
 {
-    g_object_unref(device);
+    g_object_unref(m_device);
 }
 
-void Bench::Pulse(std::uint32_t signal, unsigned count)
+void Bench::pulse(std::uint32_t signal, unsigned count)
 {
-    bus.Pulse(signal, count);
-    bus.Publish();
+    m_bus.pulse(signal, count);
+    m_bus.publish();
 }
 
-void Bench::SetLevel(std::uint32_t signal, bool high)
+void Bench::setLevel(std::uint32_t signal, bool high)
 {
-    bus.SetLevel(signal, high);
-    bus.Publish();
+    m_bus.setLevel(signal, high);
+    m_bus.publish();
 }
 
-void Bench::TakeFrames()
+void Bench::takeFrames()
 {
-    if (!holding && memory.TakeCommand(ZalSim::Registers::AravisSendFrame))
-        ++frames;
+    if (!m_holding && m_memory.takeCommand(ZalSim::Registers::AravisSendFrame))
+        ++m_frames;
 }

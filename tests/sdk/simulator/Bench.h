@@ -16,55 +16,55 @@ public:
     ~Bench();
 
     /// One step of all behaviours given, in this order.
-    template <typename... Behaviours> void Step(Behaviours&... behaviours)
+    template <typename... Behaviours> void step(Behaviours&... behaviours)
     {
-        now += StepTime;
-        const ZalSim::Step step{memory, bus, now};
-        (behaviours.Run(step), ...);
-        bus.Publish();
-        TakeFrames();
+        m_now += StepTime;
+        const ZalSim::Step step{m_memory, m_bus, m_now};
+        (behaviours.run(step), ...);
+        m_bus.publish();
+        takeFrames();
     }
 
-    template <typename... Behaviours> void Steps(int count, Behaviours&... behaviours)
+    template <typename... Behaviours> void steps(int count, Behaviours&... behaviours)
     {
         for (int i = 0; i < count; ++i)
-            Step(behaviours...);
+            step(behaviours...);
     }
 
     /// A pulse that the behaviours see in the next step.
-    void Pulse(std::uint32_t signal, unsigned count = 1);
-    void SetLevel(std::uint32_t signal, bool high);
+    void pulse(std::uint32_t signal, unsigned count = 1);
+    void setLevel(std::uint32_t signal, bool high);
 
-    bool Level(std::uint32_t signal) const { return bus.Level(signal); }
+    bool level(std::uint32_t signal) const { return m_bus.level(signal); }
 
-    ZalSim::Memory& Registers() { return memory; }
-    ZalSim::Signals& AllSignals() { return bus; }
-    unsigned FramesSent() const { return frames; }
+    ZalSim::Memory& registers() { return m_memory; }
+    ZalSim::Signals& allSignals() { return m_bus; }
+    unsigned framesSent() const { return m_frames; }
 
     /// While true the network is busy and takes no frame.
-    void HoldFrames(bool hold) { holding = hold; }
+    void holdFrames(bool hold) { m_holding = hold; }
 
 private:
-    void TakeFrames();
+    void takeFrames();
 
-    _ArvFakeCamera* device;
-    ZalSim::Memory memory;
-    ZalSim::Signals bus;
-    double now = 0;
-    unsigned frames = 0;
-    bool holding = false;
+    _ArvFakeCamera* m_device;
+    ZalSim::Memory m_memory;
+    ZalSim::Signals m_bus;
+    double m_now = 0;
+    unsigned m_frames = 0;
+    bool m_holding = false;
 };
 
 /// A bench with one behaviour on it, which is switched on.
 template <typename Subject> class BenchOf : public Bench
 {
 public:
-    BenchOf() { subject.SwitchOn(Registers()); }
+    BenchOf() { subject.switchOn(registers()); }
 
-    template <typename... Others> void Step(Others&... others) { Bench::Step(subject, others...); }
-    template <typename... Others> void Steps(int count, Others&... others)
+    template <typename... Others> void step(Others&... others) { Bench::step(subject, others...); }
+    template <typename... Others> void steps(int count, Others&... others)
     {
-        Bench::Steps(count, subject, others...);
+        Bench::steps(count, subject, others...);
     }
 
     Subject subject;

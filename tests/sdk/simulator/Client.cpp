@@ -13,7 +13,7 @@ constexpr std::chrono::seconds FrameTimeout(5);
 // Longer than the slowest way from a trigger to its frame in these tests.
 constexpr std::chrono::milliseconds OneMoreFrame(300);
 
-void Raise(const char* feature, GError* error)
+void raise(const char* feature, GError* error)
 {
     if (!error)
         return;
@@ -23,15 +23,15 @@ void Raise(const char* feature, GError* error)
 }
 
 /// Calls with a place for Aravis' error and throws what it found there.
-template <typename Call> auto Checked(const char* feature, const Call& call)
+template <typename Call> auto checked(const char* feature, const Call& call)
 {
     GError* error = nullptr;
     if constexpr (std::is_void_v<decltype(call(&error))>) {
         call(&error);
-        Raise(feature, error);
+        raise(feature, error);
     } else {
         const auto result = call(&error);
-        Raise(feature, error);
+        raise(feature, error);
         return result;
     }
 }
@@ -39,105 +39,106 @@ template <typename Call> auto Checked(const char* feature, const Call& call)
 } // namespace
 
 Client::Client()
-    : camera(Checked("camera", [&](GError** error) { return arv_camera_new("127.0.0.1", error); }))
+    : m_camera(
+          checked("camera", [&](GError** error) { return arv_camera_new("127.0.0.1", error); }))
 {
 }
 
 Client::~Client()
 {
-    if (stream)
-        g_object_unref(stream);
-    g_object_unref(camera);
+    if (m_stream)
+        g_object_unref(m_stream);
+    g_object_unref(m_camera);
 }
 
-ArvDevice* Client::Device() const
+ArvDevice* Client::device() const
 {
-    return arv_camera_get_device(camera);
+    return arv_camera_get_device(m_camera);
 }
 
-bool Client::IsController() const
+bool Client::isController() const
 {
-    return arv_gv_device_is_controller(ARV_GV_DEVICE(Device())) != FALSE;
+    return arv_gv_device_is_controller(ARV_GV_DEVICE(device())) != FALSE;
 }
 
-std::string Client::Text(const char* feature) const
+std::string Client::text(const char* feature) const
 {
-    const char* text = Checked(feature, [&](GError** error) {
-        return arv_device_get_string_feature_value(Device(), feature, error);
+    const char* text = checked(feature, [&](GError** error) {
+        return arv_device_get_string_feature_value(device(), feature, error);
     });
     return text ? text : "";
 }
 
-std::int64_t Client::Integer(const char* feature) const
+std::int64_t Client::integer(const char* feature) const
 {
-    return Checked(feature, [&](GError** error) {
-        return arv_device_get_integer_feature_value(Device(), feature, error);
+    return checked(feature, [&](GError** error) {
+        return arv_device_get_integer_feature_value(device(), feature, error);
     });
 }
 
-double Client::Number(const char* feature) const
+double Client::number(const char* feature) const
 {
-    return Checked(feature, [&](GError** error) {
-        return arv_device_get_float_feature_value(Device(), feature, error);
+    return checked(feature, [&](GError** error) {
+        return arv_device_get_float_feature_value(device(), feature, error);
     });
 }
 
-bool Client::IsTrue(const char* feature) const
+bool Client::isTrue(const char* feature) const
 {
-    return Checked(feature, [&](GError** error) {
-               return arv_device_get_boolean_feature_value(Device(), feature, error);
+    return checked(feature, [&](GError** error) {
+               return arv_device_get_boolean_feature_value(device(), feature, error);
            }) != FALSE;
 }
 
-void Client::Set(const char* feature, const char* text) const
+void Client::set(const char* feature, const char* text) const
 {
-    Checked(feature, [&](GError** error) {
-        return arv_device_set_string_feature_value(Device(), feature, text, error);
+    checked(feature, [&](GError** error) {
+        return arv_device_set_string_feature_value(device(), feature, text, error);
     });
 }
 
-void Client::Set(const char* feature, int value) const
+void Client::set(const char* feature, int value) const
 {
-    Set(feature, static_cast<std::int64_t>(value));
+    set(feature, static_cast<std::int64_t>(value));
 }
 
-void Client::Set(const char* feature, std::int64_t value) const
+void Client::set(const char* feature, std::int64_t value) const
 {
-    Checked(feature, [&](GError** error) {
-        return arv_device_set_integer_feature_value(Device(), feature, value, error);
+    checked(feature, [&](GError** error) {
+        return arv_device_set_integer_feature_value(device(), feature, value, error);
     });
 }
 
-void Client::Set(const char* feature, double value) const
+void Client::set(const char* feature, double value) const
 {
-    Checked(feature, [&](GError** error) {
-        return arv_device_set_float_feature_value(Device(), feature, value, error);
+    checked(feature, [&](GError** error) {
+        return arv_device_set_float_feature_value(device(), feature, value, error);
     });
 }
 
-void Client::Set(const char* feature, bool value) const
+void Client::set(const char* feature, bool value) const
 {
-    Checked(feature, [&](GError** error) {
-        return arv_device_set_boolean_feature_value(Device(), feature, value ? TRUE : FALSE, error);
+    checked(feature, [&](GError** error) {
+        return arv_device_set_boolean_feature_value(device(), feature, value ? TRUE : FALSE, error);
     });
 }
 
-void Client::Execute(const char* command) const
+void Client::execute(const char* command) const
 {
-    Checked(command,
-            [&](GError** error) { return arv_device_execute_command(Device(), command, error); });
+    checked(command,
+            [&](GError** error) { return arv_device_execute_command(device(), command, error); });
 }
 
-ArvGcNode* Client::Node(const char* name) const
+ArvGcNode* Client::node(const char* name) const
 {
-    return arv_device_get_feature(Device(), name);
+    return arv_device_get_feature(device(), name);
 }
 
-std::vector<std::string> Client::AvailableEntries(const char* enumeration) const
+std::vector<std::string> Client::availableEntries(const char* enumeration) const
 {
     guint count = 0;
-    const char** entries = Checked(enumeration, [&](GError** error) {
-        return arv_device_dup_available_enumeration_feature_values_as_strings(Device(), enumeration,
+    const char** entries = checked(enumeration, [&](GError** error) {
+        return arv_device_dup_available_enumeration_feature_values_as_strings(device(), enumeration,
                                                                               &count, error);
     });
     std::vector<std::string> names(entries, entries + count);
@@ -145,89 +146,89 @@ std::vector<std::string> Client::AvailableEntries(const char* enumeration) const
     return names;
 }
 
-bool Client::IsLocked(const char* feature) const
+bool Client::isLocked(const char* feature) const
 {
-    return Checked(feature, [&](GError** error) {
-        return arv_gc_feature_node_is_locked(ARV_GC_FEATURE_NODE(Node(feature)), error);
+    return checked(feature, [&](GError** error) {
+        return arv_gc_feature_node_is_locked(ARV_GC_FEATURE_NODE(node(feature)), error);
     });
 }
 
-bool Client::IsAvailable(const char* feature) const
+bool Client::isAvailable(const char* feature) const
 {
-    return Checked(feature, [&](GError** error) {
-        return arv_gc_feature_node_is_available(ARV_GC_FEATURE_NODE(Node(feature)), error);
+    return checked(feature, [&](GError** error) {
+        return arv_gc_feature_node_is_available(ARV_GC_FEATURE_NODE(node(feature)), error);
     });
 }
 
-void Client::StartAcquisition()
+void Client::startAcquisition()
 {
-    PrepareStream();
-    Execute("AcquisitionStart");
+    prepareStream();
+    execute("AcquisitionStart");
 }
 
-void Client::PrepareStream()
+void Client::prepareStream()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    frames = 0;
-    const auto callback = reinterpret_cast<ArvStreamCallback>(&Client::OnStream);
-    if (!stream)
-        stream = Checked("stream", [&](GError** error) {
-            return arv_camera_create_stream(camera, callback, this, error);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_frames = 0;
+    const auto callback = reinterpret_cast<ArvStreamCallback>(&Client::onStream);
+    if (!m_stream)
+        m_stream = checked("stream", [&](GError** error) {
+            return arv_camera_create_stream(m_camera, callback, this, error);
         });
-    const guint payload = Checked(
-        "PayloadSize", [&](GError** error) { return arv_camera_get_payload(camera, error); });
+    const guint payload = checked(
+        "PayloadSize", [&](GError** error) { return arv_camera_get_payload(m_camera, error); });
     for (int i = 0; i < BufferCount; ++i)
-        arv_stream_push_buffer(stream, arv_buffer_new(payload, nullptr));
+        arv_stream_push_buffer(m_stream, arv_buffer_new(payload, nullptr));
 }
 
-void Client::StopAcquisition()
+void Client::stopAcquisition()
 {
-    Execute("AcquisitionStop");
+    execute("AcquisitionStop");
 }
 
 // Runs on the thread of the stream.
-void Client::OnStream(void* self, int type, void*)
+void Client::onStream(void* self, int type, void*)
 {
     if (type == ARV_STREAM_CALLBACK_TYPE_BUFFER_DONE)
-        static_cast<Client*>(self)->TakeFrame();
+        static_cast<Client*>(self)->takeFrame();
 }
 
-void Client::TakeFrame()
+void Client::takeFrame()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    ArvBuffer* buffer = arv_stream_pop_buffer(stream);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    ArvBuffer* buffer = arv_stream_pop_buffer(m_stream);
     std::size_t size = 0;
     const auto* data = static_cast<const unsigned char*>(arv_buffer_get_data(buffer, &size));
     if (arv_buffer_get_status(buffer) == ARV_BUFFER_STATUS_SUCCESS) {
-        picture.assign(data, data + size);
-        ++frames;
+        m_picture.assign(data, data + size);
+        ++m_frames;
     }
-    arv_stream_push_buffer(stream, buffer);
-    arrived.notify_all();
+    arv_stream_push_buffer(m_stream, buffer);
+    m_arrived.notify_all();
 }
 
-int Client::Frames() const
+int Client::frames() const
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    return frames;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_frames;
 }
 
-bool Client::WaitForFrames(int count) const
+bool Client::waitForFrames(int count) const
 {
-    std::unique_lock<std::mutex> lock(mutex);
-    return arrived.wait_for(lock, FrameTimeout, [&] { return frames >= count; });
+    std::unique_lock<std::mutex> lock(m_mutex);
+    return m_arrived.wait_for(lock, FrameTimeout, [&] { return m_frames >= count; });
 }
 
-bool Client::GetsExactly(int count) const
+bool Client::getsExactly(int count) const
 {
-    if (!WaitForFrames(count))
+    if (!waitForFrames(count))
         return false;
-    std::unique_lock<std::mutex> lock(mutex);
-    return !arrived.wait_for(lock, OneMoreFrame, [&] { return frames > count; });
+    std::unique_lock<std::mutex> lock(m_mutex);
+    return !m_arrived.wait_for(lock, OneMoreFrame, [&] { return m_frames > count; });
 }
 
-std::vector<unsigned char> Client::LastPicture() const
+std::vector<unsigned char> Client::lastPicture() const
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    return picture;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_picture;
 }

@@ -25,45 +25,45 @@ public:
     Client& operator=(const Client&) = delete;
 
     /// Whether the camera obeys this host; another one may have it.
-    bool IsController() const;
+    bool isController() const;
 
-    std::string Text(const char* feature) const;
-    std::int64_t Integer(const char* feature) const;
-    double Number(const char* feature) const;
-    bool IsTrue(const char* feature) const;
-    void Set(const char* feature, const char* text) const;
-    void Set(const char* feature, int value) const;
-    void Set(const char* feature, std::int64_t value) const;
-    void Set(const char* feature, double value) const;
-    void Set(const char* feature, bool value) const;
-    void Execute(const char* command) const;
+    std::string text(const char* feature) const;
+    std::int64_t integer(const char* feature) const;
+    double number(const char* feature) const;
+    bool isTrue(const char* feature) const;
+    void set(const char* feature, const char* text) const;
+    void set(const char* feature, int value) const;
+    void set(const char* feature, std::int64_t value) const;
+    void set(const char* feature, double value) const;
+    void set(const char* feature, bool value) const;
+    void execute(const char* command) const;
 
-    _ArvGcNode* Node(const char* name) const;
-    std::vector<std::string> AvailableEntries(const char* enumeration) const;
-    bool IsLocked(const char* feature) const;
-    bool IsAvailable(const char* feature) const;
+    _ArvGcNode* node(const char* name) const;
+    std::vector<std::string> availableEntries(const char* enumeration) const;
+    bool isLocked(const char* feature) const;
+    bool isAvailable(const char* feature) const;
 
-    void StartAcquisition();
-    void StopAcquisition();
+    void startAcquisition();
+    void stopAcquisition();
 
     /// Complete frames since the acquisition was started.
-    int Frames() const;
+    int frames() const;
     /// Waits until there are that many; false when they do not come.
-    bool WaitForFrames(int count) const;
+    bool waitForFrames(int count) const;
     /// Whether exactly that many come: waits for them, and then long enough for one more.
-    bool GetsExactly(int count) const;
-    std::vector<unsigned char> LastPicture() const;
+    bool getsExactly(int count) const;
+    std::vector<unsigned char> lastPicture() const;
 
 private:
-    static void OnStream(void* self, int type, void* buffer);
-    void PrepareStream();
-    void TakeFrame();
-    _ArvDevice* Device() const;
+    static void onStream(void* self, int type, void* buffer);
+    void prepareStream();
+    void takeFrame();
+    _ArvDevice* device() const;
 
-    _ArvCamera* camera;
-    _ArvStream* stream = nullptr;
-    mutable std::mutex mutex;
-    mutable std::condition_variable arrived;
-    int frames = 0;
-    std::vector<unsigned char> picture;
+    _ArvCamera* m_camera;
+    _ArvStream* m_stream = nullptr;
+    mutable std::mutex m_mutex;
+    mutable std::condition_variable m_arrived;
+    int m_frames = 0;
+    std::vector<unsigned char> m_picture;
 };

@@ -8,19 +8,19 @@ Description::Description(const QString& model)
 {
     QFile file(QCoreApplication::applicationDirPath() + "/../bin/models/" + model + ".xml");
     if (!file.open(QIODevice::ReadOnly)) {
-        error = file.errorString();
+        m_error = file.errorString();
         return;
     }
     QXmlStreamReader reader(&file);
     reader.readNextStartElement();
     while (reader.readNextStartElement())
-        ReadNode(reader);
+        readNode(reader);
     while (!reader.atEnd())
         reader.readNext();
-    error = reader.hasError() ? reader.errorString() : QString();
+    m_error = reader.hasError() ? reader.errorString() : QString();
 }
 
-void Description::ReadNode(QXmlStreamReader& reader)
+void Description::readNode(QXmlStreamReader& reader)
 {
     DescriptionNode node;
     node.kind = reader.name().toString();
@@ -34,23 +34,23 @@ void Description::ReadNode(QXmlStreamReader& reader)
         node.elements.insert(
             element, reader.readElementText(QXmlStreamReader::IncludeChildElements).trimmed());
     }
-    if (nodes.contains(name))
-        duplicates << name;
-    nodes.insert(name, node);
+    if (m_nodes.contains(name))
+        m_duplicates << name;
+    m_nodes.insert(name, node);
 }
 
-QStringList Description::Features() const
+QStringList Description::features() const
 {
     QStringList features;
-    Collect("Root", features);
+    collect("Root", features);
     return features;
 }
 
-void Description::Collect(const QString& category, QStringList& features) const
+void Description::collect(const QString& category, QStringList& features) const
 {
-    for (const QString& name : Node(category).elements.values("pFeature")) {
-        if (Node(name).kind == "Category")
-            Collect(name, features);
+    for (const QString& name : node(category).elements.values("pFeature")) {
+        if (node(name).kind == "Category")
+            collect(name, features);
         else
             features << name;
     }

@@ -12,7 +12,7 @@ struct DescriptionNode
     QStringList entries;                  ///< Of an enumeration.
     QString indexOffset;                  ///< Of its pIndex.
 
-    QString Text(const QString& element) const { return elements.value(element); }
+    QString text(const QString& element) const { return elements.value(element); }
 };
 
 /// A GenICam description as it lies beside the programs.
@@ -21,19 +21,19 @@ class Description
 public:
     explicit Description(const QString& model);
 
-    QString Error() const { return error; }
-    const QMap<QString, DescriptionNode>& Nodes() const { return nodes; }
-    DescriptionNode Node(const QString& name) const { return nodes.value(name); }
-    QStringList Duplicates() const { return duplicates; }
+    QString error() const { return m_error; }
+    const QMap<QString, DescriptionNode>& nodes() const { return m_nodes; }
+    DescriptionNode node(const QString& name) const { return m_nodes.value(name); }
+    QStringList duplicates() const { return m_duplicates; }
 
     /// What is reachable from Root, without the categories.
-    QStringList Features() const;
+    QStringList features() const;
 
 private:
-    void ReadNode(class QXmlStreamReader& reader);
-    void Collect(const QString& category, QStringList& features) const;
+    void readNode(class QXmlStreamReader& reader);
+    void collect(const QString& category, QStringList& features) const;
 
-    QString error;
-    QMap<QString, DescriptionNode> nodes;
-    QStringList duplicates;
+    QString m_error;
+    QMap<QString, DescriptionNode> m_nodes;
+    QStringList m_duplicates;
 };

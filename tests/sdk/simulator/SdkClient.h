@@ -20,45 +20,45 @@ public:
     SdkClient(const SdkClient&) = delete;
     SdkClient& operator=(const SdkClient&) = delete;
 
-    bool Has(const char* feature) const { return camera->FindFeature(feature) != nullptr; }
-    ZalFeatureDataType Type(const char* feature) const;
-    bool IsReadable(const char* feature) const;
-    bool IsWritable(const char* feature) const;
-    std::string Unit(const char* feature) const;
+    bool has(const char* feature) const { return m_camera->FindFeature(feature) != nullptr; }
+    ZalFeatureDataType type(const char* feature) const;
+    bool isReadable(const char* feature) const;
+    bool isWritable(const char* feature) const;
+    std::string unit(const char* feature) const;
     /// Of an integer or a float.
-    std::pair<double, double> Range(const char* feature) const;
-    QStringList Entries(const char* feature) const;
-    QStringList AvailableEntries(const char* feature) const;
+    std::pair<double, double> range(const char* feature) const;
+    QStringList entries(const char* feature) const;
+    QStringList availableEntries(const char* feature) const;
 
     /// Of an enumeration or a text.
-    std::string Text(const char* feature) const;
+    std::string text(const char* feature) const;
     /// Of an integer, a float or a boolean (0 or 1).
-    double Number(const char* feature) const;
-    void Set(const char* feature, const char* text) const;
-    void Set(const char* feature, double value) const;
-    void Set(const char* feature, int value) const { Set(feature, double(value)); }
-    void Execute(const char* command) const;
+    double number(const char* feature) const;
+    void set(const char* feature, const char* text) const;
+    void set(const char* feature, double value) const;
+    void set(const char* feature, int value) const { set(feature, double(value)); }
+    void execute(const char* command) const;
 
     /// A selector and the value of a feature that it selects.
     template <typename Value>
-    void SetFor(const char* selector, const char* entry, const char* feature, Value value) const
+    void setFor(const char* selector, const char* entry, const char* feature, Value value) const
     {
-        Set(selector, entry);
-        Set(feature, value);
+        set(selector, entry);
+        set(feature, value);
     }
 
-    void StartAcquisition();
-    void StopAcquisition();
-    int Frames() const;
+    void startAcquisition();
+    void stopAcquisition();
+    int frames() const;
     /// Whether exactly that many have come since the start: waits for them, and then long enough
     /// for one more.
-    bool GetsExactly(int count) const;
+    bool getsExactly(int count) const;
 
 private:
-    ZalCPP::FeaturePtr Find(const char* feature) const;
+    ZalCPP::FeaturePtr find(const char* feature) const;
 
-    std::unique_ptr<ZalCPP::Camera> camera;
-    mutable std::mutex mutex;
-    mutable std::condition_variable arrived;
-    int frames = 0;
+    std::unique_ptr<ZalCPP::Camera> m_camera;
+    mutable std::mutex m_mutex;
+    mutable std::condition_variable m_arrived;
+    int m_frames = 0;
 };

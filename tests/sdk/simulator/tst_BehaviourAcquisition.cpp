@@ -51,51 +51,51 @@ private slots:
     void triggersOfAllSelectorsStartOffWithSoftwareSource();
 
 private:
-    Address Register(unsigned selector, Address offset) const;
-    void SwitchTrigger(unsigned selector, std::uint32_t source,
+    Address registerAt(unsigned selector, Address offset) const;
+    void switchTrigger(unsigned selector, std::uint32_t source,
                        std::uint32_t activation = RisingEdge) const;
-    void Start() const { bench->Registers().Write(Acquisition, 1); }
-    bool IsAcquiring() const { return bench->Registers().Read(Acquisition) != 0; }
-    void SoftwareTrigger(unsigned selector = FrameStart) const;
-    unsigned FramesIn(int steps) const;
+    void start() const { m_bench->registers().write(Acquisition, 1); }
+    bool isAcquiring() const { return m_bench->registers().read(Acquisition) != 0; }
+    void softwareTrigger(unsigned selector = FrameStart) const;
+    unsigned framesIn(int steps) const;
 
-    std::unique_ptr<BenchOf<BehaviourAcquisition>> bench;
+    std::unique_ptr<BenchOf<BehaviourAcquisition>> m_bench;
 };
 
 void tst_BehaviourAcquisition::init()
 {
-    bench = std::make_unique<BenchOf<BehaviourAcquisition>>();
-    bench->Registers().Write(ControlPrivilege, 2);
+    m_bench = std::make_unique<BenchOf<BehaviourAcquisition>>();
+    m_bench->registers().write(ControlPrivilege, 2);
 }
 
-Address tst_BehaviourAcquisition::Register(unsigned selector, Address offset) const
+Address tst_BehaviourAcquisition::registerAt(unsigned selector, Address offset) const
 {
     return Trigger + selector * BlockSize + offset;
 }
 
-void tst_BehaviourAcquisition::SwitchTrigger(unsigned selector, std::uint32_t source,
+void tst_BehaviourAcquisition::switchTrigger(unsigned selector, std::uint32_t source,
                                              std::uint32_t activation) const
 {
-    bench->Registers().Write(Register(selector, TriggerBlock::Mode), 1);
-    bench->Registers().Write(Register(selector, TriggerBlock::Source), source);
-    bench->Registers().Write(Register(selector, TriggerBlock::Activation), activation);
+    m_bench->registers().write(registerAt(selector, TriggerBlock::Mode), 1);
+    m_bench->registers().write(registerAt(selector, TriggerBlock::Source), source);
+    m_bench->registers().write(registerAt(selector, TriggerBlock::Activation), activation);
 }
 
-void tst_BehaviourAcquisition::SoftwareTrigger(unsigned selector) const
+void tst_BehaviourAcquisition::softwareTrigger(unsigned selector) const
 {
-    bench->Registers().Write(Register(selector, TriggerBlock::Software), 1);
+    m_bench->registers().write(registerAt(selector, TriggerBlock::Software), 1);
 }
 
-unsigned tst_BehaviourAcquisition::FramesIn(int steps) const
+unsigned tst_BehaviourAcquisition::framesIn(int steps) const
 {
-    const unsigned before = bench->FramesSent();
-    bench->Steps(steps);
-    return bench->FramesSent() - before;
+    const unsigned before = m_bench->framesSent();
+    m_bench->steps(steps);
+    return m_bench->framesSent() - before;
 }
 
 void tst_BehaviourAcquisition::nothingIsSentBeforeTheStart()
 {
-    QCOMPARE(FramesIn(1000), 0U);
+    QCOMPARE(framesIn(1000), 0U);
 }
 
 void tst_BehaviourAcquisition::runsFreelyAtTheFrameRate_data()
@@ -113,79 +113,79 @@ void tst_BehaviourAcquisition::runsFreelyAtTheFrameRate()
 {
     QFETCH(double, rate);
     QFETCH(unsigned, enabled);
-    bench->Registers().WriteDouble(FrameRate, rate);
-    bench->Registers().Write(FrameRateEnable, enabled);
-    Start();
-    bench->Steps(15);
-    QTEST(FramesIn(10000), "expected");
+    m_bench->registers().writeDouble(FrameRate, rate);
+    m_bench->registers().write(FrameRateEnable, enabled);
+    start();
+    m_bench->steps(15);
+    QTEST(framesIn(10000), "expected");
 }
 
 void tst_BehaviourAcquisition::longExposureSlowsTheFramesDown()
 {
-    bench->Registers().WriteDouble(ExposureTime, 100000);
-    Start();
-    QCOMPARE(FramesIn(1010), 10U);
+    m_bench->registers().writeDouble(ExposureTime, 100000);
+    start();
+    QCOMPARE(framesIn(1010), 10U);
 }
 
 void tst_BehaviourAcquisition::triggeredCameraSendsNothingByItself()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
-    QCOMPARE(FramesIn(1000), 0U);
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
+    QCOMPARE(framesIn(1000), 0U);
 }
 
 void tst_BehaviourAcquisition::softwareTriggerMakesExactlyOneFrame()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
-    bench->Step();
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
+    m_bench->step();
     for (int i = 0; i < 5; ++i) {
-        SoftwareTrigger();
-        QCOMPARE(FramesIn(50), 1U);
+        softwareTrigger();
+        QCOMPARE(framesIn(50), 1U);
     }
 }
 
 void tst_BehaviourAcquisition::softwareTriggerNeedsItsSource()
 {
-    SwitchTrigger(FrameStart, SignalLine0);
-    Start();
-    SoftwareTrigger();
-    QCOMPARE(FramesIn(50), 0U);
-    SwitchTrigger(FrameStart, SignalSoftware);
-    QCOMPARE(FramesIn(50), 0U);
+    switchTrigger(FrameStart, SignalLine0);
+    start();
+    softwareTrigger();
+    QCOMPARE(framesIn(50), 0U);
+    switchTrigger(FrameStart, SignalSoftware);
+    QCOMPARE(framesIn(50), 0U);
 }
 
 void tst_BehaviourAcquisition::softwareTriggerBeforeTheStartIsLost()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    SoftwareTrigger();
-    bench->Step();
-    Start();
-    QCOMPARE(FramesIn(50), 0U);
+    switchTrigger(FrameStart, SignalSoftware);
+    softwareTrigger();
+    m_bench->step();
+    start();
+    QCOMPARE(framesIn(50), 0U);
 }
 
 void tst_BehaviourAcquisition::triggersDuringTheExposureAreKept()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
     for (int i = 0; i < 3; ++i) {
-        SoftwareTrigger();
-        bench->Step();
+        softwareTrigger();
+        m_bench->step();
     }
-    QCOMPARE(FramesIn(100), 3U);
+    QCOMPARE(framesIn(100), 3U);
 }
 
 void tst_BehaviourAcquisition::busyNetworkLosesNoFrame()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
-    bench->HoldFrames(true);
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
+    m_bench->holdFrames(true);
     for (int i = 0; i < 3; ++i) {
-        SoftwareTrigger();
-        QCOMPARE(FramesIn(50), 0U);
+        softwareTrigger();
+        QCOMPARE(framesIn(50), 0U);
     }
-    bench->HoldFrames(false);
-    QCOMPARE(FramesIn(50), 3U);
+    m_bench->holdFrames(false);
+    QCOMPARE(framesIn(50), 3U);
 }
 
 void tst_BehaviourAcquisition::signalTriggersOnTheChosenEdge_data()
@@ -201,196 +201,196 @@ void tst_BehaviourAcquisition::signalTriggersOnTheChosenEdge_data()
 void tst_BehaviourAcquisition::signalTriggersOnTheChosenEdge()
 {
     QFETCH(unsigned, activation);
-    SwitchTrigger(FrameStart, SignalLine0 + 1, activation);
-    Start();
-    bench->Step();
-    bench->SetLevel(SignalLine0 + 1, true);
-    QTEST(FramesIn(50), "up");
-    bench->SetLevel(SignalLine0 + 1, false);
-    QTEST(FramesIn(50), "down");
+    switchTrigger(FrameStart, SignalLine0 + 1, activation);
+    start();
+    m_bench->step();
+    m_bench->setLevel(SignalLine0 + 1, true);
+    QTEST(framesIn(50), "up");
+    m_bench->setLevel(SignalLine0 + 1, false);
+    QTEST(framesIn(50), "down");
 }
 
 void tst_BehaviourAcquisition::levelLetsFramesThroughWhileItLasts()
 {
-    SwitchTrigger(FrameStart, SignalLine0, LevelHigh);
-    Start();
-    QCOMPARE(FramesIn(200), 0U);
-    bench->SetLevel(SignalLine0, true);
-    QCOMPARE(FramesIn(190), 4U);
-    bench->SetLevel(SignalLine0, false);
-    QCOMPARE(FramesIn(200), 0U);
+    switchTrigger(FrameStart, SignalLine0, LevelHigh);
+    start();
+    QCOMPARE(framesIn(200), 0U);
+    m_bench->setLevel(SignalLine0, true);
+    QCOMPARE(framesIn(190), 4U);
+    m_bench->setLevel(SignalLine0, false);
+    QCOMPARE(framesIn(200), 0U);
 }
 
 void tst_BehaviourAcquisition::delayPostponesTheFrame()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    bench->Registers().WriteDouble(Register(FrameStart, TriggerBlock::Delay), 200000);
-    Start();
-    SoftwareTrigger();
-    QCOMPARE(FramesIn(200), 0U);
-    QCOMPARE(FramesIn(20), 1U);
+    switchTrigger(FrameStart, SignalSoftware);
+    m_bench->registers().writeDouble(registerAt(FrameStart, TriggerBlock::Delay), 200000);
+    start();
+    softwareTrigger();
+    QCOMPARE(framesIn(200), 0U);
+    QCOMPARE(framesIn(20), 1U);
 }
 
 void tst_BehaviourAcquisition::switchingTheTriggerOffForgetsWhatWaits()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    bench->Registers().WriteDouble(Register(FrameStart, TriggerBlock::Delay), 200000);
-    bench->Registers().WriteDouble(FrameRate, 0.1);
-    Start();
-    SoftwareTrigger();
-    bench->Step();
-    bench->Registers().Write(Register(FrameStart, TriggerBlock::Mode), 0);
-    QCOMPARE(FramesIn(20), 1U);
-    bench->Registers().Write(Register(FrameStart, TriggerBlock::Mode), 1);
-    QCOMPARE(FramesIn(500), 0U);
+    switchTrigger(FrameStart, SignalSoftware);
+    m_bench->registers().writeDouble(registerAt(FrameStart, TriggerBlock::Delay), 200000);
+    m_bench->registers().writeDouble(FrameRate, 0.1);
+    start();
+    softwareTrigger();
+    m_bench->step();
+    m_bench->registers().write(registerAt(FrameStart, TriggerBlock::Mode), 0);
+    QCOMPARE(framesIn(20), 1U);
+    m_bench->registers().write(registerAt(FrameStart, TriggerBlock::Mode), 1);
+    QCOMPARE(framesIn(500), 0U);
 }
 
 void tst_BehaviourAcquisition::acquisitionTriggerStartsTheFrames()
 {
-    SwitchTrigger(AcquisitionStart, SignalSoftware);
-    Start();
-    QCOMPARE(FramesIn(500), 0U);
-    SoftwareTrigger(AcquisitionStart);
-    QCOMPARE(FramesIn(490), 10U);
+    switchTrigger(AcquisitionStart, SignalSoftware);
+    start();
+    QCOMPARE(framesIn(500), 0U);
+    softwareTrigger(AcquisitionStart);
+    QCOMPARE(framesIn(490), 10U);
 }
 
 void tst_BehaviourAcquisition::burstTriggerStartsABurst()
 {
-    SwitchTrigger(FrameBurstStart, SignalSoftware);
-    bench->Registers().Write(BurstFrameCount, 4);
-    Start();
-    QCOMPARE(FramesIn(500), 0U);
+    switchTrigger(FrameBurstStart, SignalSoftware);
+    m_bench->registers().write(BurstFrameCount, 4);
+    start();
+    QCOMPARE(framesIn(500), 0U);
     for (int i = 0; i < 2; ++i) {
-        SoftwareTrigger(FrameBurstStart);
-        QCOMPARE(FramesIn(110), 3U);
-        QCOMPARE(FramesIn(500), 1U);
+        softwareTrigger(FrameBurstStart);
+        QCOMPARE(framesIn(110), 3U);
+        QCOMPARE(framesIn(500), 1U);
     }
 }
 
 void tst_BehaviourAcquisition::burstOfTriggeredFramesTakesOneTriggerEach()
 {
-    SwitchTrigger(FrameBurstStart, SignalSoftware);
-    SwitchTrigger(FrameStart, SignalLine0);
-    bench->Registers().Write(BurstFrameCount, 2);
-    Start();
-    SoftwareTrigger(FrameBurstStart);
-    unsigned frames = FramesIn(50);
+    switchTrigger(FrameBurstStart, SignalSoftware);
+    switchTrigger(FrameStart, SignalLine0);
+    m_bench->registers().write(BurstFrameCount, 2);
+    start();
+    softwareTrigger(FrameBurstStart);
+    unsigned frames = framesIn(50);
     for (int i = 0; i < 5; ++i) {
-        bench->Pulse(SignalLine0);
-        frames += FramesIn(50);
+        m_bench->pulse(SignalLine0);
+        frames += framesIn(50);
     }
     QCOMPARE(frames, 2U);
 }
 
 void tst_BehaviourAcquisition::singleFrameStopsByItself()
 {
-    bench->Registers().Write(AcquisitionMode, SingleFrame);
-    Start();
-    QCOMPARE(FramesIn(500), 1U);
-    QVERIFY(!IsAcquiring());
+    m_bench->registers().write(AcquisitionMode, SingleFrame);
+    start();
+    QCOMPARE(framesIn(500), 1U);
+    QVERIFY(!isAcquiring());
 }
 
 void tst_BehaviourAcquisition::multiFrameStopsByItself()
 {
-    bench->Registers().Write(AcquisitionMode, MultiFrame);
-    bench->Registers().Write(FrameCount, 4);
-    Start();
-    bench->Steps(100);
-    QVERIFY(IsAcquiring());
-    bench->Steps(500);
-    QCOMPARE(bench->FramesSent(), 4U);
-    QVERIFY(!IsAcquiring());
+    m_bench->registers().write(AcquisitionMode, MultiFrame);
+    m_bench->registers().write(FrameCount, 4);
+    start();
+    m_bench->steps(100);
+    QVERIFY(isAcquiring());
+    m_bench->steps(500);
+    QCOMPARE(m_bench->framesSent(), 4U);
+    QVERIFY(!isAcquiring());
 }
 
 void tst_BehaviourAcquisition::triggerWidthExposesWhileTheSignalLasts()
 {
-    SwitchTrigger(FrameStart, SignalLine0);
-    bench->Registers().Write(ExposureMode, TriggerWidth);
-    Start();
-    bench->Step();
-    bench->SetLevel(SignalLine0, true);
-    QCOMPARE(FramesIn(300), 0U);
-    QVERIFY(bench->Level(SignalExposureActive));
-    bench->SetLevel(SignalLine0, false);
-    QCOMPARE(FramesIn(5), 1U);
-    QVERIFY(!bench->Level(SignalExposureActive));
+    switchTrigger(FrameStart, SignalLine0);
+    m_bench->registers().write(ExposureMode, TriggerWidth);
+    start();
+    m_bench->step();
+    m_bench->setLevel(SignalLine0, true);
+    QCOMPARE(framesIn(300), 0U);
+    QVERIFY(m_bench->level(SignalExposureActive));
+    m_bench->setLevel(SignalLine0, false);
+    QCOMPARE(framesIn(5), 1U);
+    QVERIFY(!m_bench->level(SignalExposureActive));
 }
 
 void tst_BehaviourAcquisition::exposureShowsAsSignals()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
-    bench->Step();
-    SoftwareTrigger();
-    bench->Step();
-    const Signals& bus = bench->AllSignals();
-    QVERIFY(bench->Level(SignalExposureActive));
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
+    m_bench->step();
+    softwareTrigger();
+    m_bench->step();
+    const Signals& bus = m_bench->allSignals();
+    QVERIFY(m_bench->level(SignalExposureActive));
     for (const unsigned signal : {SignalFrameTrigger, SignalFrameStart, SignalExposureStart})
-        QCOMPARE(bus.Pulses(signal), 1U);
-    bench->Steps(9);
-    QVERIFY(bench->Level(SignalExposureActive));
-    bench->Step();
-    QVERIFY(!bench->Level(SignalExposureActive));
+        QCOMPARE(bus.pulses(signal), 1U);
+    m_bench->steps(9);
+    QVERIFY(m_bench->level(SignalExposureActive));
+    m_bench->step();
+    QVERIFY(!m_bench->level(SignalExposureActive));
     for (const unsigned signal : {SignalFrameEnd, SignalExposureEnd})
-        QCOMPARE(bus.Pulses(signal), 1U);
+        QCOMPARE(bus.pulses(signal), 1U);
 }
 
 void tst_BehaviourAcquisition::waitingForATriggerShowsAsSignal()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    bench->Step();
-    QVERIFY(!bench->Level(SignalFrameTriggerWait));
-    Start();
-    bench->Step();
-    QVERIFY(bench->Level(SignalFrameTriggerWait));
-    QVERIFY(bench->Level(SignalAcquisitionActive));
-    SoftwareTrigger();
-    bench->Step();
-    QVERIFY(!bench->Level(SignalFrameTriggerWait));
+    switchTrigger(FrameStart, SignalSoftware);
+    m_bench->step();
+    QVERIFY(!m_bench->level(SignalFrameTriggerWait));
+    start();
+    m_bench->step();
+    QVERIFY(m_bench->level(SignalFrameTriggerWait));
+    QVERIFY(m_bench->level(SignalAcquisitionActive));
+    softwareTrigger();
+    m_bench->step();
+    QVERIFY(!m_bench->level(SignalFrameTriggerWait));
 }
 
 void tst_BehaviourAcquisition::restartBeginsAnew()
 {
-    bench->Registers().Write(AcquisitionMode, MultiFrame);
-    bench->Registers().Write(FrameCount, 2);
+    m_bench->registers().write(AcquisitionMode, MultiFrame);
+    m_bench->registers().write(FrameCount, 2);
     for (int i = 0; i < 2; ++i) {
-        Start();
-        QCOMPARE(FramesIn(500), 2U);
-        QVERIFY(!IsAcquiring());
+        start();
+        QCOMPARE(framesIn(500), 2U);
+        QVERIFY(!isAcquiring());
     }
 }
 
 void tst_BehaviourAcquisition::stopClearsWhatIsStillToBeSent()
 {
-    SwitchTrigger(FrameStart, SignalSoftware);
-    Start();
-    bench->HoldFrames(true);
-    SoftwareTrigger();
-    bench->Steps(50);
-    bench->Registers().Write(Acquisition, 0);
-    bench->Step();
-    bench->HoldFrames(false);
-    Start();
-    QCOMPARE(FramesIn(100), 0U);
+    switchTrigger(FrameStart, SignalSoftware);
+    start();
+    m_bench->holdFrames(true);
+    softwareTrigger();
+    m_bench->steps(50);
+    m_bench->registers().write(Acquisition, 0);
+    m_bench->step();
+    m_bench->holdFrames(false);
+    start();
+    QCOMPARE(framesIn(100), 0U);
 }
 
 void tst_BehaviourAcquisition::lostHostStopsTheAcquisitionAndUnlocks()
 {
-    Start();
-    bench->Registers().Write(ParamsLocked, 1);
-    bench->Steps(10);
-    bench->Registers().Write(ControlPrivilege, 0);
-    bench->Step();
-    QVERIFY(!IsAcquiring());
-    QCOMPARE(bench->Registers().Read(ParamsLocked), 0U);
+    start();
+    m_bench->registers().write(ParamsLocked, 1);
+    m_bench->steps(10);
+    m_bench->registers().write(ControlPrivilege, 0);
+    m_bench->step();
+    QVERIFY(!isAcquiring());
+    QCOMPARE(m_bench->registers().read(ParamsLocked), 0U);
 }
 
 void tst_BehaviourAcquisition::triggersOfAllSelectorsStartOffWithSoftwareSource()
 {
-    QCOMPARE(bench->Registers().Read(TriggerSelector), std::uint32_t(FrameStart));
+    QCOMPARE(m_bench->registers().read(TriggerSelector), std::uint32_t(FrameStart));
     for (const unsigned selector : {AcquisitionStart, FrameStart, FrameBurstStart}) {
-        QCOMPARE(bench->Registers().Read(Register(selector, TriggerBlock::Mode)), 0U);
-        QCOMPARE(bench->Registers().Read(Register(selector, TriggerBlock::Source)),
+        QCOMPARE(m_bench->registers().read(registerAt(selector, TriggerBlock::Mode)), 0U);
+        QCOMPARE(m_bench->registers().read(registerAt(selector, TriggerBlock::Source)),
                  std::uint32_t(SignalSoftware));
     }
 }

@@ -23,7 +23,7 @@ constexpr std::uint32_t Within1us = 0x23;
 constexpr std::uint32_t UnknownAccuracy = 0xfe;
 constexpr int StepsToSettle = 2000;
 
-qint64 NanosecondsNow()
+qint64 nanosecondsNow()
 {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
@@ -36,7 +36,7 @@ class tst_BehaviourClock : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { bench = std::make_unique<BenchOf<BehaviourClock>>(); }
+    void init() { m_bench = std::make_unique<BenchOf<BehaviourClock>>(); }
 
     void timestampStaysUntilItIsLatched();
     void latchedTimestampIsTheTimeOfTheLatch();
@@ -53,141 +53,141 @@ private slots:
     void latchedDataSetWithoutPtpIsEmpty();
 
 private:
-    std::uint32_t Read(Address address) const { return bench->Registers().Read(address); }
-    std::int64_t ReadLong(Address address) const { return bench->Registers().ReadLong(address); }
-    QVector<std::uint32_t> Walk() const;
-    void Latch() const;
+    std::uint32_t read(Address address) const { return m_bench->registers().read(address); }
+    std::int64_t readLong(Address address) const { return m_bench->registers().readLong(address); }
+    QVector<std::uint32_t> walk() const;
+    void latch() const;
 
-    std::unique_ptr<BenchOf<BehaviourClock>> bench;
+    std::unique_ptr<BenchOf<BehaviourClock>> m_bench;
 };
 
 // The states that the clock goes through, each once.
-QVector<std::uint32_t> tst_BehaviourClock::Walk() const
+QVector<std::uint32_t> tst_BehaviourClock::walk() const
 {
     QVector<std::uint32_t> states;
     for (int i = 0; i < StepsToSettle; ++i) {
-        bench->Step();
-        if (states.isEmpty() || states.last() != Read(PtpStatus))
-            states.append(Read(PtpStatus));
+        m_bench->step();
+        if (states.isEmpty() || states.last() != read(PtpStatus))
+            states.append(read(PtpStatus));
     }
     return states;
 }
 
-void tst_BehaviourClock::Latch() const
+void tst_BehaviourClock::latch() const
 {
-    bench->Registers().Write(PtpDataSetLatch, 1);
-    bench->Step();
+    m_bench->registers().write(PtpDataSetLatch, 1);
+    m_bench->step();
 }
 
 void tst_BehaviourClock::timestampStaysUntilItIsLatched()
 {
-    bench->Steps(10);
-    QCOMPARE(ReadLong(TimestampLatchValue), 0LL);
+    m_bench->steps(10);
+    QCOMPARE(readLong(TimestampLatchValue), 0LL);
 }
 
 void tst_BehaviourClock::latchedTimestampIsTheTimeOfTheLatch()
 {
-    const qint64 before = NanosecondsNow();
-    bench->Registers().Write(TimestampLatch, 1);
-    bench->Step();
-    const std::int64_t latched = ReadLong(TimestampLatchValue);
+    const qint64 before = nanosecondsNow();
+    m_bench->registers().write(TimestampLatch, 1);
+    m_bench->step();
+    const std::int64_t latched = readLong(TimestampLatchValue);
     QVERIFY(latched >= before);
-    QVERIFY(latched <= NanosecondsNow());
-    bench->Steps(10);
-    QCOMPARE(ReadLong(TimestampLatchValue), latched);
+    QVERIFY(latched <= nanosecondsNow());
+    m_bench->steps(10);
+    QCOMPARE(readLong(TimestampLatchValue), latched);
 }
 
 void tst_BehaviourClock::ptpIsDisabledAtFirst()
 {
-    bench->Step();
-    QCOMPARE(Read(PtpStatus), Disabled);
-    QCOMPARE(Read(PtpServoStatus), 0U);
+    m_bench->step();
+    QCOMPARE(read(PtpStatus), Disabled);
+    QCOMPARE(read(PtpServoStatus), 0U);
 }
 
 void tst_BehaviourClock::ptpWalksToSlave()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    QCOMPARE(Walk(), (QVector<std::uint32_t>{Initializing, Listening, Uncalibrated, Slave}));
+    m_bench->registers().write(PtpEnable, 1);
+    QCOMPARE(walk(), (QVector<std::uint32_t>{Initializing, Listening, Uncalibrated, Slave}));
 }
 
 void tst_BehaviourClock::ptpWalksToMasterInMasterMode()
 {
-    bench->Registers().Write(PtpOperationMode, MasterMode);
-    bench->Registers().Write(PtpEnable, 1);
-    QCOMPARE(Walk(), (QVector<std::uint32_t>{Initializing, Listening, PreMaster, Master}));
+    m_bench->registers().write(PtpOperationMode, MasterMode);
+    m_bench->registers().write(PtpEnable, 1);
+    QCOMPARE(walk(), (QVector<std::uint32_t>{Initializing, Listening, PreMaster, Master}));
 }
 
 void tst_BehaviourClock::switchingPtpOffDisablesIt()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle);
-    bench->Registers().Write(PtpEnable, 0);
-    bench->Step();
-    QCOMPARE(Read(PtpStatus), Disabled);
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->steps(StepsToSettle);
+    m_bench->registers().write(PtpEnable, 0);
+    m_bench->step();
+    QCOMPARE(read(PtpStatus), Disabled);
 }
 
 void tst_BehaviourClock::newModeStartsTheWalkAgain()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle);
-    bench->Registers().Write(PtpOperationMode, MasterMode);
-    QCOMPARE(Walk(), (QVector<std::uint32_t>{Initializing, Listening, PreMaster, Master}));
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->steps(StepsToSettle);
+    m_bench->registers().write(PtpOperationMode, MasterMode);
+    QCOMPARE(walk(), (QVector<std::uint32_t>{Initializing, Listening, PreMaster, Master}));
 }
 
 void tst_BehaviourClock::servoLocksWhenSlave()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Step();
-    QCOMPARE(Read(PtpServoStatus), 0U);
-    bench->Steps(StepsToSettle);
-    QCOMPARE(Read(PtpServoStatus), 1U);
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->step();
+    QCOMPARE(read(PtpServoStatus), 0U);
+    m_bench->steps(StepsToSettle);
+    QCOMPARE(read(PtpServoStatus), 1U);
 }
 
 void tst_BehaviourClock::clockIdentityIsThereFromTheStart()
 {
-    QVERIFY(ReadLong(PtpClockId) != 0);
+    QVERIFY(readLong(PtpClockId) != 0);
 }
 
 void tst_BehaviourClock::dataSetStaysUntilItIsLatched()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle);
-    QCOMPARE(ReadLong(PtpParentClockId), 0LL);
-    QCOMPARE(ReadLong(PtpGrandmasterClockId), 0LL);
-    QCOMPARE(Read(PtpClockAccuracy), UnknownAccuracy);
-    QCOMPARE(ReadLong(PtpOffsetFromMaster), 0LL);
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->steps(StepsToSettle);
+    QCOMPARE(readLong(PtpParentClockId), 0LL);
+    QCOMPARE(readLong(PtpGrandmasterClockId), 0LL);
+    QCOMPARE(read(PtpClockAccuracy), UnknownAccuracy);
+    QCOMPARE(readLong(PtpOffsetFromMaster), 0LL);
 }
 
 void tst_BehaviourClock::latchedDataSetOfASlaveNamesItsMaster()
 {
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle);
-    Latch();
-    QVERIFY(ReadLong(PtpParentClockId) != 0);
-    QVERIFY(ReadLong(PtpParentClockId) != ReadLong(PtpClockId));
-    QCOMPARE(ReadLong(PtpGrandmasterClockId), ReadLong(PtpParentClockId));
-    QCOMPARE(Read(PtpClockAccuracy), Within1us);
-    const std::int64_t offset = ReadLong(PtpOffsetFromMaster);
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->steps(StepsToSettle);
+    latch();
+    QVERIFY(readLong(PtpParentClockId) != 0);
+    QVERIFY(readLong(PtpParentClockId) != readLong(PtpClockId));
+    QCOMPARE(readLong(PtpGrandmasterClockId), readLong(PtpParentClockId));
+    QCOMPARE(read(PtpClockAccuracy), Within1us);
+    const std::int64_t offset = readLong(PtpOffsetFromMaster);
     QVERIFY(offset != 0 && std::llabs(offset) < 1000);
 }
 
 void tst_BehaviourClock::latchedDataSetOfAMasterNamesItself()
 {
-    bench->Registers().Write(PtpOperationMode, MasterMode);
-    bench->Registers().Write(PtpEnable, 1);
-    bench->Steps(StepsToSettle);
-    Latch();
-    QCOMPARE(ReadLong(PtpParentClockId), ReadLong(PtpClockId));
-    QCOMPARE(ReadLong(PtpGrandmasterClockId), ReadLong(PtpClockId));
-    QCOMPARE(ReadLong(PtpOffsetFromMaster), 0LL);
+    m_bench->registers().write(PtpOperationMode, MasterMode);
+    m_bench->registers().write(PtpEnable, 1);
+    m_bench->steps(StepsToSettle);
+    latch();
+    QCOMPARE(readLong(PtpParentClockId), readLong(PtpClockId));
+    QCOMPARE(readLong(PtpGrandmasterClockId), readLong(PtpClockId));
+    QCOMPARE(readLong(PtpOffsetFromMaster), 0LL);
 }
 
 void tst_BehaviourClock::latchedDataSetWithoutPtpIsEmpty()
 {
-    Latch();
-    QCOMPARE(ReadLong(PtpParentClockId), 0LL);
-    QCOMPARE(ReadLong(PtpGrandmasterClockId), 0LL);
-    QCOMPARE(Read(PtpClockAccuracy), UnknownAccuracy);
+    latch();
+    QCOMPARE(readLong(PtpParentClockId), 0LL);
+    QCOMPARE(readLong(PtpGrandmasterClockId), 0LL);
+    QCOMPARE(read(PtpClockAccuracy), UnknownAccuracy);
 }
 
 QTEST_GUILESS_MAIN(tst_BehaviourClock)

@@ -20,7 +20,7 @@ class tst_BehaviourCounters : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { bench = std::make_unique<BenchOf<BehaviourCounters>>(); }
+    void init() { m_bench = std::make_unique<BenchOf<BehaviourCounters>>(); }
 
     void startsIdleAtZero();
     void countsItsEvent_data();
@@ -50,62 +50,62 @@ private slots:
     void valueBeyondTheDurationStays();
 
 private:
-    Address Register(Address offset, unsigned counter = 0) const;
-    void Write(Address offset, std::uint32_t value) const;
-    std::int64_t Value(unsigned counter = 0) const;
-    std::uint32_t Status() const;
-    void CountLine0(std::int64_t duration) const;
-    void Event(std::uint32_t signal, unsigned count = 1) const;
-    void DivideLine0(std::int64_t duration) const;
-    unsigned Ends() const { return bench->AllSignals().Pulses(SignalCounter0End); }
+    Address registerAt(Address offset, unsigned counter = 0) const;
+    void write(Address offset, std::uint32_t value) const;
+    std::int64_t value(unsigned counter = 0) const;
+    std::uint32_t status() const;
+    void countLine0(std::int64_t duration) const;
+    void event(std::uint32_t signal, unsigned count = 1) const;
+    void divideLine0(std::int64_t duration) const;
+    unsigned ends() const { return m_bench->allSignals().pulses(SignalCounter0End); }
 
-    std::unique_ptr<BenchOf<BehaviourCounters>> bench;
+    std::unique_ptr<BenchOf<BehaviourCounters>> m_bench;
 };
 
-Address tst_BehaviourCounters::Register(Address offset, unsigned counter) const
+Address tst_BehaviourCounters::registerAt(Address offset, unsigned counter) const
 {
     return Counter + counter * BlockSize + offset;
 }
 
-void tst_BehaviourCounters::Write(Address offset, std::uint32_t value) const
+void tst_BehaviourCounters::write(Address offset, std::uint32_t value) const
 {
-    bench->Registers().Write(Register(offset), value);
+    m_bench->registers().write(registerAt(offset), value);
 }
 
-std::int64_t tst_BehaviourCounters::Value(unsigned counter) const
+std::int64_t tst_BehaviourCounters::value(unsigned counter) const
 {
-    return bench->Registers().ReadLong(Register(CounterBlock::Value, counter));
+    return m_bench->registers().readLong(registerAt(CounterBlock::Value, counter));
 }
 
-std::uint32_t tst_BehaviourCounters::Status() const
+std::uint32_t tst_BehaviourCounters::status() const
 {
-    return bench->Registers().Read(Register(CounterBlock::Status));
+    return m_bench->registers().read(registerAt(CounterBlock::Status));
 }
 
-void tst_BehaviourCounters::CountLine0(std::int64_t duration) const
+void tst_BehaviourCounters::countLine0(std::int64_t duration) const
 {
-    Write(CounterBlock::EventSource, SignalLine0);
-    bench->Registers().WriteLong(Register(CounterBlock::Duration), duration);
+    write(CounterBlock::EventSource, SignalLine0);
+    m_bench->registers().writeLong(registerAt(CounterBlock::Duration), duration);
 }
 
-void tst_BehaviourCounters::Event(std::uint32_t signal, unsigned count) const
+void tst_BehaviourCounters::event(std::uint32_t signal, unsigned count) const
 {
-    bench->Pulse(signal, count);
-    bench->Step();
+    m_bench->pulse(signal, count);
+    m_bench->step();
 }
 
-void tst_BehaviourCounters::DivideLine0(std::int64_t duration) const
+void tst_BehaviourCounters::divideLine0(std::int64_t duration) const
 {
-    CountLine0(duration);
-    Write(CounterBlock::ResetSource, SignalCounter0End);
+    countLine0(duration);
+    write(CounterBlock::ResetSource, SignalCounter0End);
 }
 
 void tst_BehaviourCounters::startsIdleAtZero()
 {
-    bench->Step();
-    QCOMPARE(Value(), 0LL);
-    QCOMPARE(Status(), Idle);
-    QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::Duration)), 1000LL);
+    m_bench->step();
+    QCOMPARE(value(), 0LL);
+    QCOMPARE(status(), Idle);
+    QCOMPARE(m_bench->registers().readLong(registerAt(CounterBlock::Duration)), 1000LL);
 }
 
 void tst_BehaviourCounters::countsItsEvent_data()
@@ -123,222 +123,222 @@ void tst_BehaviourCounters::countsItsEvent_data()
 void tst_BehaviourCounters::countsItsEvent()
 {
     QFETCH(unsigned, source);
-    Write(CounterBlock::EventSource, source);
+    write(CounterBlock::EventSource, source);
     for (int i = 0; i < 3; ++i)
-        Event(source);
-    QCOMPARE(Value(), 3LL);
-    bench->Steps(5);
-    QCOMPARE(Value(), 3LL);
+        event(source);
+    QCOMPARE(value(), 3LL);
+    m_bench->steps(5);
+    QCOMPARE(value(), 3LL);
 }
 
 void tst_BehaviourCounters::countsEveryEdgeOfAStep()
 {
-    CountLine0(1000);
-    Write(CounterBlock::EventActivation, AnyEdge);
-    Event(SignalLine0, 4);
-    QCOMPARE(Value(), 8LL);
+    countLine0(1000);
+    write(CounterBlock::EventActivation, AnyEdge);
+    event(SignalLine0, 4);
+    QCOMPARE(value(), 8LL);
 }
 
 void tst_BehaviourCounters::countersAreIndependent()
 {
-    CountLine0(1000);
-    bench->Registers().Write(Register(CounterBlock::EventSource, 1), SignalLine0 + 1);
-    Event(SignalLine0);
-    Event(SignalLine0 + 1, 2);
-    QCOMPARE(Value(0), 1LL);
-    QCOMPARE(Value(1), 2LL);
+    countLine0(1000);
+    m_bench->registers().write(registerAt(CounterBlock::EventSource, 1), SignalLine0 + 1);
+    event(SignalLine0);
+    event(SignalLine0 + 1, 2);
+    QCOMPARE(value(0), 1LL);
+    QCOMPARE(value(1), 2LL);
 }
 
 void tst_BehaviourCounters::doesNotCountOtherSignals()
 {
-    CountLine0(1000);
-    Event(SignalLine0 + 1);
-    QCOMPARE(Value(), 0LL);
+    countLine0(1000);
+    event(SignalLine0 + 1);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::endsAtItsDuration()
 {
-    CountLine0(3);
+    countLine0(3);
     for (int i = 0; i < 5; ++i)
-        Event(SignalLine0);
-    QCOMPARE(Value(), 3LL);
-    QCOMPARE(Status(), Completed);
+        event(SignalLine0);
+    QCOMPARE(value(), 3LL);
+    QCOMPARE(status(), Completed);
 }
 
 void tst_BehaviourCounters::endsAtItsDurationEvenIfMoreCome()
 {
-    CountLine0(3);
-    Event(SignalLine0, 10);
-    QCOMPARE(Value(), 3LL);
+    countLine0(3);
+    event(SignalLine0, 10);
+    QCOMPARE(value(), 3LL);
 }
 
 void tst_BehaviourCounters::isActiveUntilItEnds()
 {
-    CountLine0(2);
-    bench->Step();
-    QCOMPARE(Status(), Active);
-    QVERIFY(bench->Level(SignalCounter0Active));
-    Event(SignalLine0, 2);
-    QVERIFY(!bench->Level(SignalCounter0Active));
-    QCOMPARE(bench->AllSignals().Edges(SignalCounter0Active, FallingEdge), 1U);
+    countLine0(2);
+    m_bench->step();
+    QCOMPARE(status(), Active);
+    QVERIFY(m_bench->level(SignalCounter0Active));
+    event(SignalLine0, 2);
+    QVERIFY(!m_bench->level(SignalCounter0Active));
+    QCOMPARE(m_bench->allSignals().edges(SignalCounter0Active, FallingEdge), 1U);
 }
 
 void tst_BehaviourCounters::commandResetsAndKeepsTheValue()
 {
-    CountLine0(1000);
-    Event(SignalLine0, 7);
-    Write(CounterBlock::Reset, 1);
-    bench->Step();
-    QCOMPARE(Value(), 0LL);
-    QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::ValueAtReset)), 7LL);
-    QCOMPARE(bench->Registers().Read(Register(CounterBlock::Reset)), 0U);
+    countLine0(1000);
+    event(SignalLine0, 7);
+    write(CounterBlock::Reset, 1);
+    m_bench->step();
+    QCOMPARE(value(), 0LL);
+    QCOMPARE(m_bench->registers().readLong(registerAt(CounterBlock::ValueAtReset)), 7LL);
+    QCOMPARE(m_bench->registers().read(registerAt(CounterBlock::Reset)), 0U);
 }
 
 void tst_BehaviourCounters::signalResetsAndKeepsTheValue()
 {
-    CountLine0(1000);
-    Write(CounterBlock::ResetSource, SignalLine0 + 1);
-    Write(CounterBlock::ResetActivation, FallingEdge);
-    Event(SignalLine0, 5);
-    Event(SignalLine0 + 1);
-    QCOMPARE(Value(), 0LL);
-    QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::ValueAtReset)), 5LL);
+    countLine0(1000);
+    write(CounterBlock::ResetSource, SignalLine0 + 1);
+    write(CounterBlock::ResetActivation, FallingEdge);
+    event(SignalLine0, 5);
+    event(SignalLine0 + 1);
+    QCOMPARE(value(), 0LL);
+    QCOMPARE(m_bench->registers().readLong(registerAt(CounterBlock::ValueAtReset)), 5LL);
 }
 
 void tst_BehaviourCounters::resetStartsACompletedCounterAgain()
 {
-    CountLine0(2);
-    Event(SignalLine0, 2);
-    Write(CounterBlock::Reset, 1);
-    bench->Step();
-    QCOMPARE(Status(), Active);
-    Event(SignalLine0);
-    QCOMPARE(Value(), 1LL);
+    countLine0(2);
+    event(SignalLine0, 2);
+    write(CounterBlock::Reset, 1);
+    m_bench->step();
+    QCOMPARE(status(), Active);
+    event(SignalLine0);
+    QCOMPARE(value(), 1LL);
 }
 
 void tst_BehaviourCounters::waitsForItsTrigger()
 {
-    CountLine0(1000);
-    Write(CounterBlock::TriggerSource, SignalFrameStart);
-    Event(SignalLine0);
-    QCOMPARE(Status(), TriggerWait);
-    QCOMPARE(Value(), 0LL);
-    Event(SignalFrameStart);
-    QCOMPARE(Status(), Active);
-    Event(SignalLine0);
-    QCOMPARE(Value(), 1LL);
+    countLine0(1000);
+    write(CounterBlock::TriggerSource, SignalFrameStart);
+    event(SignalLine0);
+    QCOMPARE(status(), TriggerWait);
+    QCOMPARE(value(), 0LL);
+    event(SignalFrameStart);
+    QCOMPARE(status(), Active);
+    event(SignalLine0);
+    QCOMPARE(value(), 1LL);
 }
 
 void tst_BehaviourCounters::triggerWhileCountingChangesNothing()
 {
-    CountLine0(1000);
-    Write(CounterBlock::TriggerSource, SignalFrameStart);
-    Event(SignalFrameStart);
-    Event(SignalLine0, 4);
-    Event(SignalFrameStart);
-    QCOMPARE(Value(), 4LL);
-    QCOMPARE(Status(), Active);
+    countLine0(1000);
+    write(CounterBlock::TriggerSource, SignalFrameStart);
+    event(SignalFrameStart);
+    event(SignalLine0, 4);
+    event(SignalFrameStart);
+    QCOMPARE(value(), 4LL);
+    QCOMPARE(status(), Active);
 }
 
 void tst_BehaviourCounters::triggerStartsACompletedCounterFromZero()
 {
-    CountLine0(2);
-    Write(CounterBlock::TriggerSource, SignalFrameStart);
-    Event(SignalFrameStart);
-    Event(SignalLine0, 2);
-    QCOMPARE(Status(), Completed);
-    Event(SignalFrameStart);
-    QCOMPARE(Value(), 0LL);
-    QCOMPARE(Status(), Active);
+    countLine0(2);
+    write(CounterBlock::TriggerSource, SignalFrameStart);
+    event(SignalFrameStart);
+    event(SignalLine0, 2);
+    QCOMPARE(status(), Completed);
+    event(SignalFrameStart);
+    QCOMPARE(value(), 0LL);
+    QCOMPARE(status(), Active);
 }
 
 void tst_BehaviourCounters::resetCounterWaitsForItsTriggerAgain()
 {
-    CountLine0(1000);
-    Write(CounterBlock::TriggerSource, SignalFrameStart);
-    Event(SignalFrameStart);
-    Write(CounterBlock::Reset, 1);
-    Event(SignalLine0);
-    QCOMPARE(Status(), TriggerWait);
-    QCOMPARE(Value(), 0LL);
+    countLine0(1000);
+    write(CounterBlock::TriggerSource, SignalFrameStart);
+    event(SignalFrameStart);
+    write(CounterBlock::Reset, 1);
+    event(SignalLine0);
+    QCOMPARE(status(), TriggerWait);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::startAndEndAreSignals()
 {
-    CountLine0(2);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalCounter0Start), 1U);
-    Event(SignalLine0, 2);
-    QCOMPARE(bench->AllSignals().Pulses(SignalCounter0Start), 0U);
-    QCOMPARE(Ends(), 1U);
-    Event(SignalLine0, 2);
-    QCOMPARE(Ends(), 0U);
+    countLine0(2);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalCounter0Start), 1U);
+    event(SignalLine0, 2);
+    QCOMPARE(m_bench->allSignals().pulses(SignalCounter0Start), 0U);
+    QCOMPARE(ends(), 1U);
+    event(SignalLine0, 2);
+    QCOMPARE(ends(), 0U);
 }
 
 void tst_BehaviourCounters::ownEndAsResetDivides()
 {
-    DivideLine0(3);
-    unsigned ends = 0;
+    divideLine0(3);
+    unsigned all = 0;
     for (int i = 0; i < 10; ++i) {
-        Event(SignalLine0);
-        ends += Ends();
+        event(SignalLine0);
+        all += ends();
     }
-    QCOMPARE(ends, 3U);
-    QCOMPARE(Value(), 1LL);
-    QCOMPARE(Status(), Active);
-    QCOMPARE(bench->Registers().ReadLong(Register(CounterBlock::ValueAtReset)), 3LL);
+    QCOMPARE(all, 3U);
+    QCOMPARE(value(), 1LL);
+    QCOMPARE(status(), Active);
+    QCOMPARE(m_bench->registers().readLong(registerAt(CounterBlock::ValueAtReset)), 3LL);
 }
 
 void tst_BehaviourCounters::dividerLosesNoEventWithinAStep()
 {
-    DivideLine0(3);
-    Event(SignalLine0, 8);
-    QCOMPARE(Ends(), 2U);
-    QCOMPARE(bench->AllSignals().Edges(SignalCounter0Active, FallingEdge), 0U);
-    Event(SignalLine0, 1);
-    QCOMPARE(Ends(), 1U);
-    QCOMPARE(bench->AllSignals().Edges(SignalCounter0Active, FallingEdge), 1U);
-    QCOMPARE(Value(), 0LL);
+    divideLine0(3);
+    event(SignalLine0, 8);
+    QCOMPARE(ends(), 2U);
+    QCOMPARE(m_bench->allSignals().edges(SignalCounter0Active, FallingEdge), 0U);
+    event(SignalLine0, 1);
+    QCOMPARE(ends(), 1U);
+    QCOMPARE(m_bench->allSignals().edges(SignalCounter0Active, FallingEdge), 1U);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::dividerStartsACompletedCounterAgain()
 {
-    CountLine0(2);
-    Event(SignalLine0, 2);
-    QCOMPARE(Status(), Completed);
-    DivideLine0(2);
-    bench->Step();
-    QCOMPARE(Status(), Active);
-    QCOMPARE(Value(), 0LL);
+    countLine0(2);
+    event(SignalLine0, 2);
+    QCOMPARE(status(), Completed);
+    divideLine0(2);
+    m_bench->step();
+    QCOMPARE(status(), Active);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::dividerWithAValueBeyondTheDurationTurnsOnce()
 {
-    DivideLine0(3);
-    bench->Registers().WriteLong(Register(CounterBlock::Value),
-                                 std::numeric_limits<std::int64_t>::max());
-    bench->Step();
-    QCOMPARE(Ends(), 1U);
-    QCOMPARE(Value(), 0LL);
+    divideLine0(3);
+    m_bench->registers().writeLong(registerAt(CounterBlock::Value),
+                                   std::numeric_limits<std::int64_t>::max());
+    m_bench->step();
+    QCOMPARE(ends(), 1U);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::ownEndAsResetOfATriggeredCounterWaitsForTheTrigger()
 {
-    DivideLine0(2);
-    Write(CounterBlock::TriggerSource, SignalFrameStart);
-    Event(SignalFrameStart);
-    Event(SignalLine0, 2);
-    QCOMPARE(Ends(), 1U);
-    bench->Step();
-    QCOMPARE(Status(), TriggerWait);
-    Event(SignalLine0, 1);
-    QCOMPARE(Value(), 0LL);
+    divideLine0(2);
+    write(CounterBlock::TriggerSource, SignalFrameStart);
+    event(SignalFrameStart);
+    event(SignalLine0, 2);
+    QCOMPARE(ends(), 1U);
+    m_bench->step();
+    QCOMPARE(status(), TriggerWait);
+    event(SignalLine0, 1);
+    QCOMPARE(value(), 0LL);
 }
 
 void tst_BehaviourCounters::numbersOutOfRangeDoNoHarm_data()
 {
     QTest::addColumn<qint64>("duration");
-    QTest::addColumn<qint64>("value");
+    QTest::addColumn<qint64>("written");
     QTest::addColumn<bool>("divides");
     QTest::addColumn<qint64>("after");
     constexpr qint64 Least = std::numeric_limits<qint64>::min();
@@ -353,32 +353,32 @@ void tst_BehaviourCounters::numbersOutOfRangeDoNoHarm_data()
 void tst_BehaviourCounters::numbersOutOfRangeDoNoHarm()
 {
     QFETCH(qint64, duration);
-    QFETCH(qint64, value);
+    QFETCH(qint64, written);
     QFETCH(bool, divides);
-    CountLine0(duration);
+    countLine0(duration);
     if (divides)
-        DivideLine0(duration);
-    bench->Registers().WriteLong(Register(CounterBlock::Value), value);
-    Event(SignalLine0, 2);
-    QTEST(qint64(Value()), "after");
+        divideLine0(duration);
+    m_bench->registers().writeLong(registerAt(CounterBlock::Value), written);
+    event(SignalLine0, 2);
+    QTEST(qint64(value()), "after");
 }
 
 void tst_BehaviourCounters::hostMaySetTheValue()
 {
-    CountLine0(1000);
-    Event(SignalLine0, 3);
-    bench->Registers().WriteLong(Register(CounterBlock::Value), 40);
-    Event(SignalLine0);
-    QCOMPARE(Value(), 41LL);
+    countLine0(1000);
+    event(SignalLine0, 3);
+    m_bench->registers().writeLong(registerAt(CounterBlock::Value), 40);
+    event(SignalLine0);
+    QCOMPARE(value(), 41LL);
 }
 
 void tst_BehaviourCounters::valueBeyondTheDurationStays()
 {
-    CountLine0(5);
-    bench->Registers().WriteLong(Register(CounterBlock::Value), 40);
-    Event(SignalLine0);
-    QCOMPARE(Value(), 40LL);
-    QCOMPARE(Status(), Completed);
+    countLine0(5);
+    m_bench->registers().writeLong(registerAt(CounterBlock::Value), 40);
+    event(SignalLine0);
+    QCOMPARE(value(), 40LL);
+    QCOMPARE(status(), Completed);
 }
 
 QTEST_GUILESS_MAIN(tst_BehaviourCounters)

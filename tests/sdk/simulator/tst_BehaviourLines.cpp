@@ -18,7 +18,7 @@ class tst_BehaviourLines : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { bench = std::make_unique<BenchOf<BehaviourLines>>(); }
+    void init() { m_bench = std::make_unique<BenchOf<BehaviourLines>>(); }
 
     void startsWithTwoInputsAndTwoOutputs();
     void inputsToggleByThemselves_data();
@@ -40,39 +40,40 @@ private slots:
     void debouncePassesTheFirstChangeAndHoldsIt();
 
 private:
-    std::uint32_t Status(unsigned line) const;
-    void Write(unsigned line, Address offset, std::uint32_t value) const;
-    void SetDebounce(unsigned line, std::uint32_t mode, double duration) const;
+    std::uint32_t status(unsigned line) const;
+    void write(unsigned line, Address offset, std::uint32_t value) const;
+    void setDebounce(unsigned line, std::uint32_t mode, double duration) const;
 
-    std::unique_ptr<BenchOf<BehaviourLines>> bench;
+    std::unique_ptr<BenchOf<BehaviourLines>> m_bench;
 };
 
-std::uint32_t tst_BehaviourLines::Status(unsigned line) const
+std::uint32_t tst_BehaviourLines::status(unsigned line) const
 {
-    return bench->Registers().Read(Line + line * BlockSize + LineBlock::Status);
+    return m_bench->registers().read(Line + line * BlockSize + LineBlock::Status);
 }
 
-void tst_BehaviourLines::Write(unsigned line, Address offset, std::uint32_t value) const
+void tst_BehaviourLines::write(unsigned line, Address offset, std::uint32_t value) const
 {
-    bench->Registers().Write(Line + line * BlockSize + offset, value);
+    m_bench->registers().write(Line + line * BlockSize + offset, value);
 }
 
-void tst_BehaviourLines::SetDebounce(unsigned line, std::uint32_t mode, double duration) const
+void tst_BehaviourLines::setDebounce(unsigned line, std::uint32_t mode, double duration) const
 {
-    Write(line, LineBlock::DebounceMode, mode);
-    bench->Registers().WriteDouble(Line + line * BlockSize + LineBlock::DebounceDuration, duration);
+    write(line, LineBlock::DebounceMode, mode);
+    m_bench->registers().writeDouble(Line + line * BlockSize + LineBlock::DebounceDuration,
+                                     duration);
 }
 
 void tst_BehaviourLines::startsWithTwoInputsAndTwoOutputs()
 {
     const auto mode = [this](unsigned line) {
-        return bench->Registers().Read(Line + line * BlockSize + LineBlock::Mode);
+        return m_bench->registers().read(Line + line * BlockSize + LineBlock::Mode);
     };
     QCOMPARE(mode(0), InputMode);
     QCOMPARE(mode(1), InputMode);
     QCOMPARE(mode(2), OutputMode);
     QCOMPARE(mode(3), OutputMode);
-    QCOMPARE(bench->Registers().Read(Line + 2 * BlockSize + LineBlock::Source),
+    QCOMPARE(m_bench->registers().read(Line + 2 * BlockSize + LineBlock::Source),
              std::uint32_t(SignalExposureActive));
 }
 
@@ -88,42 +89,42 @@ void tst_BehaviourLines::inputsToggleByThemselves()
 {
     QFETCH(unsigned, line);
     QFETCH(int, levelTime);
-    bench->Steps(levelTime - 1);
-    QCOMPARE(Status(line), 0U);
-    bench->Steps(1);
-    QCOMPARE(Status(line), 1U);
-    bench->Steps(levelTime - 1);
-    QCOMPARE(Status(line), 1U);
-    bench->Steps(1);
-    QCOMPARE(Status(line), 0U);
+    m_bench->steps(levelTime - 1);
+    QCOMPARE(status(line), 0U);
+    m_bench->steps(1);
+    QCOMPARE(status(line), 1U);
+    m_bench->steps(levelTime - 1);
+    QCOMPARE(status(line), 1U);
+    m_bench->steps(1);
+    QCOMPARE(status(line), 0U);
 }
 
 void tst_BehaviourLines::unconnectedInputStaysLow()
 {
-    Write(2, LineBlock::Mode, InputMode);
+    write(2, LineBlock::Mode, InputMode);
     for (int i = 0; i < 4000; ++i) {
-        bench->Step();
-        QCOMPARE(Status(2), 0U);
+        m_bench->step();
+        QCOMPARE(status(2), 0U);
     }
 }
 
 void tst_BehaviourLines::drivenInputFollowsTheDriverOnly()
 {
-    bench->subject.Drive(0, true);
+    m_bench->subject.drive(0, true);
     for (int i = 0; i < 2500; ++i) {
-        bench->Step();
-        QCOMPARE(Status(0), 1U);
+        m_bench->step();
+        QCOMPARE(status(0), 1U);
     }
-    bench->subject.Drive(0, false);
-    bench->Step();
-    QCOMPARE(Status(0), 0U);
+    m_bench->subject.drive(0, false);
+    m_bench->step();
+    QCOMPARE(status(0), 0U);
 }
 
 void tst_BehaviourLines::drivingALineThatDoesNotExistDoesNothing()
 {
-    bench->subject.Drive(LineCount, true);
-    bench->Step();
-    QCOMPARE(bench->Registers().Read(LineStatusAll), 0U);
+    m_bench->subject.drive(LineCount, true);
+    m_bench->step();
+    QCOMPARE(m_bench->registers().read(LineStatusAll), 0U);
 }
 
 void tst_BehaviourLines::inverterInvertsInputsAndOutputs_data()
@@ -136,117 +137,117 @@ void tst_BehaviourLines::inverterInvertsInputsAndOutputs_data()
 void tst_BehaviourLines::inverterInvertsInputsAndOutputs()
 {
     QFETCH(unsigned, line);
-    bench->subject.Drive(0, false);
-    Write(line, LineBlock::Inverter, 1);
-    bench->Step();
-    QCOMPARE(Status(line), 1U);
-    Write(line, LineBlock::Inverter, 0);
-    bench->Step();
-    QCOMPARE(Status(line), 0U);
+    m_bench->subject.drive(0, false);
+    write(line, LineBlock::Inverter, 1);
+    m_bench->step();
+    QCOMPARE(status(line), 1U);
+    write(line, LineBlock::Inverter, 0);
+    m_bench->step();
+    QCOMPARE(status(line), 0U);
 }
 
 void tst_BehaviourLines::outputFollowsItsSource()
 {
-    Write(3, LineBlock::Source, SignalUserOutput0 + 1);
-    bench->SetLevel(SignalUserOutput0 + 1, true);
-    bench->Step();
-    QCOMPARE(Status(3), 1U);
-    bench->SetLevel(SignalUserOutput0 + 1, false);
-    bench->Step();
-    QCOMPARE(Status(3), 0U);
+    write(3, LineBlock::Source, SignalUserOutput0 + 1);
+    m_bench->setLevel(SignalUserOutput0 + 1, true);
+    m_bench->step();
+    QCOMPARE(status(3), 1U);
+    m_bench->setLevel(SignalUserOutput0 + 1, false);
+    m_bench->step();
+    QCOMPARE(status(3), 0U);
 }
 
 void tst_BehaviourLines::outputWithoutSourceIsLow()
 {
-    Write(3, LineBlock::Source, SignalOff);
-    bench->Step();
-    QCOMPARE(Status(3), 0U);
+    write(3, LineBlock::Source, SignalOff);
+    m_bench->step();
+    QCOMPARE(status(3), 0U);
 }
 
 void tst_BehaviourLines::outputIgnoresTheOutside()
 {
-    Write(2, LineBlock::Source, SignalOff);
-    bench->subject.Drive(2, true);
-    bench->Step();
-    QCOMPARE(Status(2), 0U);
+    write(2, LineBlock::Source, SignalOff);
+    m_bench->subject.drive(2, true);
+    m_bench->step();
+    QCOMPARE(status(2), 0U);
 }
 
 void tst_BehaviourLines::inputIgnoresItsSource()
 {
-    bench->subject.Drive(0, false);
-    Write(0, LineBlock::Source, SignalUserOutput0);
-    bench->SetLevel(SignalUserOutput0, true);
-    bench->Step();
-    QCOMPARE(Status(0), 0U);
+    m_bench->subject.drive(0, false);
+    write(0, LineBlock::Source, SignalUserOutput0);
+    m_bench->setLevel(SignalUserOutput0, true);
+    m_bench->step();
+    QCOMPARE(status(0), 0U);
 }
 
 void tst_BehaviourLines::statusOfAllLinesIsOneBitEach()
 {
-    bench->subject.Drive(0, false);
-    bench->subject.Drive(1, true);
-    Write(3, LineBlock::Inverter, 1);
-    bench->Step();
-    QCOMPARE(bench->Registers().Read(LineStatusAll), 0b1010U);
+    m_bench->subject.drive(0, false);
+    m_bench->subject.drive(1, true);
+    write(3, LineBlock::Inverter, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->registers().read(LineStatusAll), 0b1010U);
 }
 
 void tst_BehaviourLines::edgesOfALineAreSignals()
 {
-    bench->subject.Drive(0, true);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Edges(SignalLine0, RisingEdge), 1U);
-    QCOMPARE(bench->AllSignals().Edges(SignalLine0, FallingEdge), 0U);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Edges(SignalLine0, AnyEdge), 0U);
+    m_bench->subject.drive(0, true);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().edges(SignalLine0, RisingEdge), 1U);
+    QCOMPARE(m_bench->allSignals().edges(SignalLine0, FallingEdge), 0U);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().edges(SignalLine0, AnyEdge), 0U);
 }
 
 void tst_BehaviourLines::pulsesOfTheSourceReachTheWire()
 {
-    Write(3, LineBlock::Source, SignalSoftwareSignal0);
-    bench->Pulse(SignalSoftwareSignal0, 2);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Edges(SignalLine0 + 3, RisingEdge), 2U);
-    QCOMPARE(Status(3), 0U);
+    write(3, LineBlock::Source, SignalSoftwareSignal0);
+    m_bench->pulse(SignalSoftwareSignal0, 2);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().edges(SignalLine0 + 3, RisingEdge), 2U);
+    QCOMPARE(status(3), 0U);
 }
 
 void tst_BehaviourLines::deglitchDropsShortChanges()
 {
-    SetDebounce(0, Deglitch, 5000);
-    bench->subject.Drive(0, false);
-    bench->Steps(10);
-    bench->subject.Drive(0, true);
-    bench->Steps(4);
-    bench->subject.Drive(0, false);
+    setDebounce(0, Deglitch, 5000);
+    m_bench->subject.drive(0, false);
+    m_bench->steps(10);
+    m_bench->subject.drive(0, true);
+    m_bench->steps(4);
+    m_bench->subject.drive(0, false);
     for (int i = 0; i < 20; ++i) {
-        bench->Step();
-        QCOMPARE(Status(0), 0U);
+        m_bench->step();
+        QCOMPARE(status(0), 0U);
     }
 }
 
 void tst_BehaviourLines::deglitchPassesLastingChanges()
 {
-    SetDebounce(0, Deglitch, 5000);
-    bench->subject.Drive(0, false);
-    bench->Steps(10);
-    bench->subject.Drive(0, true);
-    bench->Steps(5);
-    QCOMPARE(Status(0), 0U);
-    bench->Step();
-    QCOMPARE(Status(0), 1U);
+    setDebounce(0, Deglitch, 5000);
+    m_bench->subject.drive(0, false);
+    m_bench->steps(10);
+    m_bench->subject.drive(0, true);
+    m_bench->steps(5);
+    QCOMPARE(status(0), 0U);
+    m_bench->step();
+    QCOMPARE(status(0), 1U);
 }
 
 void tst_BehaviourLines::debouncePassesTheFirstChangeAndHoldsIt()
 {
-    SetDebounce(0, Debounce, 5000);
-    bench->subject.Drive(0, false);
-    bench->Steps(10);
-    bench->subject.Drive(0, true);
-    bench->Step();
-    QCOMPARE(Status(0), 1U);
-    bench->subject.Drive(0, false);
-    bench->Steps(4);
-    QCOMPARE(Status(0), 1U);
-    bench->Step();
-    QCOMPARE(Status(0), 0U);
+    setDebounce(0, Debounce, 5000);
+    m_bench->subject.drive(0, false);
+    m_bench->steps(10);
+    m_bench->subject.drive(0, true);
+    m_bench->step();
+    QCOMPARE(status(0), 1U);
+    m_bench->subject.drive(0, false);
+    m_bench->steps(4);
+    QCOMPARE(status(0), 1U);
+    m_bench->step();
+    QCOMPARE(status(0), 0U);
 }
 
 QTEST_GUILESS_MAIN(tst_BehaviourLines)

@@ -23,41 +23,41 @@ private slots:
     void queueHasOnePlace();
 
 private:
-    std::unique_ptr<BenchOf<BehaviourSignals>> bench;
+    std::unique_ptr<BenchOf<BehaviourSignals>> m_bench;
 };
 
 void tst_BehaviourSignals::init()
 {
-    bench = std::make_unique<BenchOf<BehaviourSignals>>();
-    bench->Registers().Write(ControlPrivilege, 2);
+    m_bench = std::make_unique<BenchOf<BehaviourSignals>>();
+    m_bench->registers().write(ControlPrivilege, 2);
 }
 
 void tst_BehaviourSignals::softwareSignalPulsesOncePerCommand()
 {
-    bench->Registers().Write(SoftwareSignalPulse, 1);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 1U);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 0U);
+    m_bench->registers().write(SoftwareSignalPulse, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalSoftwareSignal0), 1U);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalSoftwareSignal0), 0U);
 }
 
 void tst_BehaviourSignals::softwareSignalsAreIndependent()
 {
-    bench->Registers().Write(SoftwareSignalPulse + 4, 1);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0), 0U);
-    QCOMPARE(bench->AllSignals().Pulses(SignalSoftwareSignal0 + 1), 1U);
+    m_bench->registers().write(SoftwareSignalPulse + 4, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalSoftwareSignal0), 0U);
+    QCOMPARE(m_bench->allSignals().pulses(SignalSoftwareSignal0 + 1), 1U);
 }
 
 void tst_BehaviourSignals::userOutputFollowsItsValue()
 {
-    bench->Registers().Write(UserOutputValue + 4, 1);
-    bench->Step();
-    QVERIFY(!bench->Level(SignalUserOutput0));
-    QVERIFY(bench->Level(SignalUserOutput0 + 1));
-    bench->Registers().Write(UserOutputValue + 4, 0);
-    bench->Step();
-    QVERIFY(!bench->Level(SignalUserOutput0 + 1));
+    m_bench->registers().write(UserOutputValue + 4, 1);
+    m_bench->step();
+    QVERIFY(!m_bench->level(SignalUserOutput0));
+    QVERIFY(m_bench->level(SignalUserOutput0 + 1));
+    m_bench->registers().write(UserOutputValue + 4, 0);
+    m_bench->step();
+    QVERIFY(!m_bench->level(SignalUserOutput0 + 1));
 }
 
 void tst_BehaviourSignals::actionFiresWhenItIsMeant_data()
@@ -80,43 +80,43 @@ void tst_BehaviourSignals::actionFiresWhenItIsMeant()
     QFETCH(unsigned, deviceKey);
     QFETCH(unsigned, groupKey);
     QFETCH(unsigned, groupMask);
-    bench->Registers().Write(ActionDeviceKey, 7);
+    m_bench->registers().write(ActionDeviceKey, 7);
     for (unsigned action = 0; action < 2; ++action) {
-        bench->Registers().Write(ActionGroupKey + action * ActionStride, 9);
-        bench->Registers().Write(ActionGroupMask + action * ActionStride, 1U << action);
+        m_bench->registers().write(ActionGroupKey + action * ActionStride, 9);
+        m_bench->registers().write(ActionGroupMask + action * ActionStride, 1U << action);
     }
-    bench->subject.Command(deviceKey, groupKey, groupMask);
-    bench->Step();
-    QTEST(bench->AllSignals().Pulses(SignalAction0), "first");
-    QTEST(bench->AllSignals().Pulses(SignalAction0 + 1), "second");
+    m_bench->subject.command(deviceKey, groupKey, groupMask);
+    m_bench->step();
+    QTEST(m_bench->allSignals().pulses(SignalAction0), "first");
+    QTEST(m_bench->allSignals().pulses(SignalAction0 + 1), "second");
 }
 
 void tst_BehaviourSignals::actionFiresOnce()
 {
-    bench->Registers().Write(ActionGroupMask, 1);
-    bench->subject.Command(0, 0, 1);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 1U);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 0U);
+    m_bench->registers().write(ActionGroupMask, 1);
+    m_bench->subject.command(0, 0, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalAction0), 1U);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalAction0), 0U);
 }
 
 void tst_BehaviourSignals::actionNeedsAControllingHostUnlessUnconditional()
 {
-    bench->Registers().Write(ActionGroupMask, 1);
-    bench->Registers().Write(ControlPrivilege, 0);
-    bench->subject.Command(0, 0, 1);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 0U);
-    bench->Registers().Write(ActionUnconditionalMode, 1);
-    bench->subject.Command(0, 0, 1);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalAction0), 1U);
+    m_bench->registers().write(ActionGroupMask, 1);
+    m_bench->registers().write(ControlPrivilege, 0);
+    m_bench->subject.command(0, 0, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalAction0), 0U);
+    m_bench->registers().write(ActionUnconditionalMode, 1);
+    m_bench->subject.command(0, 0, 1);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalAction0), 1U);
 }
 
 void tst_BehaviourSignals::queueHasOnePlace()
 {
-    QCOMPARE(bench->Registers().Read(ActionQueueSize), 1U);
+    QCOMPARE(m_bench->registers().read(ActionQueueSize), 1U);
 }
 
 QTEST_GUILESS_MAIN(tst_BehaviourSignals)

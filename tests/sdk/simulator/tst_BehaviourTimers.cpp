@@ -19,7 +19,7 @@ class tst_BehaviourTimers : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { bench = std::make_unique<BenchOf<BehaviourTimers>>(); }
+    void init() { m_bench = std::make_unique<BenchOf<BehaviourTimers>>(); }
 
     void startsIdle();
     void waitsForItsTrigger();
@@ -43,146 +43,146 @@ private slots:
     void pulseWithoutAnyTimeDoesNotHang();
 
 private:
-    Address Register(Address offset, unsigned timer = 0) const;
-    void Configure(std::uint32_t source, std::uint32_t activation, double delay,
+    Address registerAt(Address offset, unsigned timer = 0) const;
+    void configure(std::uint32_t source, std::uint32_t activation, double delay,
                    double duration) const;
-    std::uint32_t Status() const;
-    void Trigger(std::uint32_t signal) const;
+    std::uint32_t status() const;
+    void trigger(std::uint32_t signal) const;
 
-    std::unique_ptr<BenchOf<BehaviourTimers>> bench;
+    std::unique_ptr<BenchOf<BehaviourTimers>> m_bench;
 };
 
-Address tst_BehaviourTimers::Register(Address offset, unsigned timer) const
+Address tst_BehaviourTimers::registerAt(Address offset, unsigned timer) const
 {
     return Registers::Timer + timer * BlockSize + offset;
 }
 
-void tst_BehaviourTimers::Configure(std::uint32_t source, std::uint32_t activation, double delay,
+void tst_BehaviourTimers::configure(std::uint32_t source, std::uint32_t activation, double delay,
                                     double duration) const
 {
-    bench->Registers().WriteDouble(Register(TimerBlock::Delay), delay);
-    bench->Registers().WriteDouble(Register(TimerBlock::Duration), duration);
-    bench->Registers().Write(Register(TimerBlock::TriggerActivation), activation);
-    bench->Registers().Write(Register(TimerBlock::TriggerSource), source);
+    m_bench->registers().writeDouble(registerAt(TimerBlock::Delay), delay);
+    m_bench->registers().writeDouble(registerAt(TimerBlock::Duration), duration);
+    m_bench->registers().write(registerAt(TimerBlock::TriggerActivation), activation);
+    m_bench->registers().write(registerAt(TimerBlock::TriggerSource), source);
 }
 
-std::uint32_t tst_BehaviourTimers::Status() const
+std::uint32_t tst_BehaviourTimers::status() const
 {
-    return bench->Registers().Read(Register(TimerBlock::Status));
+    return m_bench->registers().read(registerAt(TimerBlock::Status));
 }
 
-void tst_BehaviourTimers::Trigger(std::uint32_t signal) const
+void tst_BehaviourTimers::trigger(std::uint32_t signal) const
 {
-    bench->Pulse(signal);
-    bench->Step();
+    m_bench->pulse(signal);
+    m_bench->step();
 }
 
 void tst_BehaviourTimers::startsIdle()
 {
-    bench->Step();
-    QCOMPARE(Status(), Idle);
-    QVERIFY(!bench->Level(SignalTimer0Active));
-    QCOMPARE(bench->Registers().ReadDouble(Register(TimerBlock::Duration)), 1000.0);
-    QCOMPARE(bench->Registers().ReadDouble(Register(TimerBlock::Delay)), 0.0);
+    m_bench->step();
+    QCOMPARE(status(), Idle);
+    QVERIFY(!m_bench->level(SignalTimer0Active));
+    QCOMPARE(m_bench->registers().readDouble(registerAt(TimerBlock::Duration)), 1000.0);
+    QCOMPARE(m_bench->registers().readDouble(registerAt(TimerBlock::Delay)), 0.0);
 }
 
 void tst_BehaviourTimers::waitsForItsTrigger()
 {
-    Configure(SignalLine0, RisingEdge, 0, 5000);
-    bench->Steps(20);
-    QCOMPARE(Status(), TriggerWait);
+    configure(SignalLine0, RisingEdge, 0, 5000);
+    m_bench->steps(20);
+    QCOMPARE(status(), TriggerWait);
 }
 
 void tst_BehaviourTimers::runsForDelayAndDuration()
 {
-    Configure(SignalLine0, RisingEdge, 3000, 5000);
-    Trigger(SignalLine0);
-    QCOMPARE(Status(), TriggerWait);
-    bench->Steps(2);
-    QVERIFY(!bench->Level(SignalTimer0Active));
-    bench->Step();
-    QCOMPARE(Status(), Active);
-    QVERIFY(bench->Level(SignalTimer0Active));
-    bench->Steps(4);
-    QCOMPARE(Status(), Active);
-    bench->Step();
-    QCOMPARE(Status(), Completed);
-    QVERIFY(!bench->Level(SignalTimer0Active));
+    configure(SignalLine0, RisingEdge, 3000, 5000);
+    trigger(SignalLine0);
+    QCOMPARE(status(), TriggerWait);
+    m_bench->steps(2);
+    QVERIFY(!m_bench->level(SignalTimer0Active));
+    m_bench->step();
+    QCOMPARE(status(), Active);
+    QVERIFY(m_bench->level(SignalTimer0Active));
+    m_bench->steps(4);
+    QCOMPARE(status(), Active);
+    m_bench->step();
+    QCOMPARE(status(), Completed);
+    QVERIFY(!m_bench->level(SignalTimer0Active));
 }
 
 void tst_BehaviourTimers::resetCommandStartsIt()
 {
-    Configure(SignalOff, RisingEdge, 0, 5000);
-    bench->Registers().Write(Register(TimerBlock::Reset), 1);
-    bench->Step();
-    QCOMPARE(Status(), Active);
-    QCOMPARE(bench->Registers().Read(Register(TimerBlock::Reset)), 0U);
-    bench->Steps(5);
-    QCOMPARE(Status(), Completed);
+    configure(SignalOff, RisingEdge, 0, 5000);
+    m_bench->registers().write(registerAt(TimerBlock::Reset), 1);
+    m_bench->step();
+    QCOMPARE(status(), Active);
+    QCOMPARE(m_bench->registers().read(registerAt(TimerBlock::Reset)), 0U);
+    m_bench->steps(5);
+    QCOMPARE(status(), Completed);
 }
 
 void tst_BehaviourTimers::triggerWhileRunningIsIgnored()
 {
-    Configure(SignalLine0, RisingEdge, 0, 5000);
-    Trigger(SignalLine0);
-    bench->Steps(3);
-    Trigger(SignalLine0);
-    bench->Step();
-    QCOMPARE(Status(), Completed);
+    configure(SignalLine0, RisingEdge, 0, 5000);
+    trigger(SignalLine0);
+    m_bench->steps(3);
+    trigger(SignalLine0);
+    m_bench->step();
+    QCOMPARE(status(), Completed);
 }
 
 void tst_BehaviourTimers::completedTimerStartsAgain()
 {
-    Configure(SignalLine0, RisingEdge, 0, 2000);
-    Trigger(SignalLine0);
-    bench->Steps(4);
-    QCOMPARE(Status(), Completed);
-    Trigger(SignalLine0);
-    QCOMPARE(Status(), Active);
+    configure(SignalLine0, RisingEdge, 0, 2000);
+    trigger(SignalLine0);
+    m_bench->steps(4);
+    QCOMPARE(status(), Completed);
+    trigger(SignalLine0);
+    QCOMPARE(status(), Active);
 }
 
 void tst_BehaviourTimers::onlyTheChosenEdgeStartsIt()
 {
-    Configure(SignalLine0, FallingEdge, 0, 2000);
-    bench->SetLevel(SignalLine0, true);
-    bench->Step();
-    QCOMPARE(Status(), TriggerWait);
-    bench->SetLevel(SignalLine0, false);
-    bench->Step();
-    QCOMPARE(Status(), Active);
+    configure(SignalLine0, FallingEdge, 0, 2000);
+    m_bench->setLevel(SignalLine0, true);
+    m_bench->step();
+    QCOMPARE(status(), TriggerWait);
+    m_bench->setLevel(SignalLine0, false);
+    m_bench->step();
+    QCOMPARE(status(), Active);
 }
 
 void tst_BehaviourTimers::valueIsTheTimeSinceThePulseBegan()
 {
-    Configure(SignalLine0, RisingEdge, 0, 5000);
-    Trigger(SignalLine0);
-    bench->Steps(3);
-    QCOMPARE(bench->Registers().ReadDouble(Register(TimerBlock::Value)), 3000.0);
-    bench->Steps(5);
-    QCOMPARE(bench->Registers().ReadDouble(Register(TimerBlock::Value)), 0.0);
+    configure(SignalLine0, RisingEdge, 0, 5000);
+    trigger(SignalLine0);
+    m_bench->steps(3);
+    QCOMPARE(m_bench->registers().readDouble(registerAt(TimerBlock::Value)), 3000.0);
+    m_bench->steps(5);
+    QCOMPARE(m_bench->registers().readDouble(registerAt(TimerBlock::Value)), 0.0);
 }
 
 void tst_BehaviourTimers::timersAreIndependent()
 {
-    Configure(SignalLine0, RisingEdge, 0, 5000);
-    Trigger(SignalLine0);
-    QVERIFY(bench->Level(SignalTimer0Active));
-    QVERIFY(!bench->Level(SignalTimer0Active + 1));
-    QCOMPARE(bench->Registers().Read(Register(TimerBlock::Status, 1)), Idle);
+    configure(SignalLine0, RisingEdge, 0, 5000);
+    trigger(SignalLine0);
+    QVERIFY(m_bench->level(SignalTimer0Active));
+    QVERIFY(!m_bench->level(SignalTimer0Active + 1));
+    QCOMPARE(m_bench->registers().read(registerAt(TimerBlock::Status, 1)), Idle);
 }
 
 void tst_BehaviourTimers::startAndEndAreSignals()
 {
-    Configure(SignalLine0, RisingEdge, 2000, 3000);
-    Trigger(SignalLine0);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalTimer0Start), 0U);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalTimer0Start), 1U);
-    bench->Steps(2);
-    QCOMPARE(bench->AllSignals().Pulses(SignalTimer0End), 0U);
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Pulses(SignalTimer0End), 1U);
+    configure(SignalLine0, RisingEdge, 2000, 3000);
+    trigger(SignalLine0);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalTimer0Start), 0U);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalTimer0Start), 1U);
+    m_bench->steps(2);
+    QCOMPARE(m_bench->allSignals().pulses(SignalTimer0End), 0U);
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().pulses(SignalTimer0End), 1U);
 }
 
 void tst_BehaviourTimers::ownSignalMakesAPulseTrain_data()
@@ -198,13 +198,13 @@ void tst_BehaviourTimers::ownSignalMakesAPulseTrain()
 {
     QFETCH(unsigned, source);
     QFETCH(unsigned, activation);
-    Configure(source, activation, 6000, 4000);
+    configure(source, activation, 6000, 4000);
     unsigned rises = 0;
     unsigned highSteps = 0;
     for (int i = 0; i < 1000; ++i) {
-        bench->Step();
-        rises += bench->AllSignals().Edges(SignalTimer0Active, RisingEdge);
-        highSteps += bench->Level(SignalTimer0Active) ? 1 : 0;
+        m_bench->step();
+        rises += m_bench->allSignals().edges(SignalTimer0Active, RisingEdge);
+        highSteps += m_bench->level(SignalTimer0Active) ? 1 : 0;
     }
     QCOMPARE(rises, 100U);
     QCOMPARE(highSteps, 400U);
@@ -220,9 +220,9 @@ void tst_BehaviourTimers::ownBeginningStartsNothing_data()
 void tst_BehaviourTimers::ownBeginningStartsNothing()
 {
     QFETCH(unsigned, source);
-    Configure(source, RisingEdge, 6000, 4000);
-    bench->Steps(50);
-    QCOMPARE(Status(), TriggerWait);
+    configure(source, RisingEdge, 6000, 4000);
+    m_bench->steps(50);
+    QCOMPARE(status(), TriggerWait);
 }
 
 void tst_BehaviourTimers::pulseTrainTogglesTheLineAtItsRate_data()
@@ -241,57 +241,57 @@ void tst_BehaviourTimers::pulseTrainTogglesTheLineAtItsRate()
     QFETCH(double, delay);
     QFETCH(double, duration);
     BehaviourLines lines;
-    lines.SwitchOn(bench->Registers());
-    bench->Registers().Write(Line + 3 * BlockSize + LineBlock::Source, SignalTimer0Active);
-    Configure(SignalTimer0Active, FallingEdge, delay, duration);
+    lines.switchOn(m_bench->registers());
+    m_bench->registers().write(Line + 3 * BlockSize + LineBlock::Source, SignalTimer0Active);
+    configure(SignalTimer0Active, FallingEdge, delay, duration);
     unsigned pulses = 0;
     for (int i = 0; i < 1005; ++i) {
-        bench->Step(lines);
+        m_bench->step(lines);
         if (i >= 5)
-            pulses += bench->AllSignals().Edges(SignalLine0 + 3, RisingEdge);
+            pulses += m_bench->allSignals().edges(SignalLine0 + 3, RisingEdge);
     }
     QTEST(pulses, "pulsesInASecond");
 }
 
 void tst_BehaviourTimers::pulseTrainFasterThanAStepHasAllItsEdges()
 {
-    Configure(SignalTimer0Active, FallingEdge, 75, 25);
-    bench->Step();
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Edges(SignalTimer0Active, RisingEdge), 10U);
-    QCOMPARE(bench->AllSignals().Edges(SignalTimer0Active, FallingEdge), 10U);
+    configure(SignalTimer0Active, FallingEdge, 75, 25);
+    m_bench->step();
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().edges(SignalTimer0Active, RisingEdge), 10U);
+    QCOMPARE(m_bench->allSignals().edges(SignalTimer0Active, FallingEdge), 10U);
 }
 
 void tst_BehaviourTimers::pulseTrainFollowsNewTimes()
 {
-    Configure(SignalTimer0Active, FallingEdge, 6000, 4000);
-    bench->Steps(15);
-    Configure(SignalTimer0Active, FallingEdge, 1000, 1000);
-    bench->Steps(20);
+    configure(SignalTimer0Active, FallingEdge, 6000, 4000);
+    m_bench->steps(15);
+    configure(SignalTimer0Active, FallingEdge, 1000, 1000);
+    m_bench->steps(20);
     unsigned rises = 0;
     for (int i = 0; i < 20; ++i) {
-        bench->Step();
-        rises += bench->AllSignals().Edges(SignalTimer0Active, RisingEdge);
+        m_bench->step();
+        rises += m_bench->allSignals().edges(SignalTimer0Active, RisingEdge);
     }
     QCOMPARE(rises, 10U);
 }
 
 void tst_BehaviourTimers::pulseTrainEndsWhenTheSourceIsTakenAway()
 {
-    Configure(SignalTimer0Active, FallingEdge, 6000, 4000);
-    bench->Steps(15);
-    Configure(SignalOff, FallingEdge, 6000, 4000);
-    bench->Steps(20);
-    QCOMPARE(Status(), Completed);
-    QVERIFY(!bench->Level(SignalTimer0Active));
+    configure(SignalTimer0Active, FallingEdge, 6000, 4000);
+    m_bench->steps(15);
+    configure(SignalOff, FallingEdge, 6000, 4000);
+    m_bench->steps(20);
+    QCOMPARE(status(), Completed);
+    QVERIFY(!m_bench->level(SignalTimer0Active));
 }
 
 void tst_BehaviourTimers::pulseWithoutAnyTimeDoesNotHang()
 {
-    Configure(SignalTimer0Active, FallingEdge, 0, 0);
-    bench->Step();
-    bench->Step();
-    QCOMPARE(bench->AllSignals().Edges(SignalTimer0Active, RisingEdge), 1000U);
+    configure(SignalTimer0Active, FallingEdge, 0, 0);
+    m_bench->step();
+    m_bench->step();
+    QCOMPARE(m_bench->allSignals().edges(SignalTimer0Active, RisingEdge), 1000U);
 }
 
 QTEST_GUILESS_MAIN(tst_BehaviourTimers)

@@ -1,4 +1,5 @@
 #include "sdk/simulator/SimulatedCamera.h"
+#include "tests/sdk/simulator/DescribedRegisters.h"
 #include "tests/sdk/simulator/Description.h"
 
 #include <QtTest>
@@ -14,38 +15,38 @@ struct Range
     QString name;
 };
 
-int InstanceCount(const Description& description, const QString& indexRegister)
+int instanceCount(const Description& description, const QString& indexRegister)
 {
-    for (const DescriptionNode& node : description.Nodes()) {
-        if (node.Text("pValue") != indexRegister || node.elements.count("pSelected") == 0)
+    for (const DescriptionNode& node : description.nodes()) {
+        if (node.text("pValue") != indexRegister || node.elements.count("pSelected") == 0)
             continue;
-        return node.entries.isEmpty() ? node.Text("Max").toInt() + 1 : node.entries.size();
+        return node.entries.isEmpty() ? node.text("Max").toInt() + 1 : node.entries.size();
     }
     return 1;
 }
 
 // The memory that a register takes, once for each entry of its selector.
-QVector<Range> RangesOf(const Description& description, const QString& name)
+QVector<Range> rangesOf(const Description& description, const QString& name)
 {
-    const DescriptionNode node = description.Node(name);
+    const DescriptionNode node = description.node(name);
     QVector<Range> ranges;
-    const int count = InstanceCount(description, node.Text("pIndex"));
+    const int count = instanceCount(description, node.text("pIndex"));
     for (int i = 0; i < count; ++i) {
-        const quint64 begin = node.Text("Address").toULongLong(nullptr, 0) +
+        const quint64 begin = node.text("Address").toULongLong(nullptr, 0) +
                               node.indexOffset.toULongLong(nullptr, 0) * quint64(i);
-        ranges << Range{begin, begin + node.Text("Length").toULongLong(nullptr, 0), name};
+        ranges << Range{begin, begin + node.text("Length").toULongLong(nullptr, 0), name};
     }
     return ranges;
 }
 
-QVector<Range> AllRanges(const Description& description)
+QVector<Range> allRanges(const Description& description)
 {
     // Second views of TriggerModeReg, for what depends on one trigger whatever is selected.
     const QStringList views = {"FrameTriggerModeReg", "BurstTriggerModeReg"};
     QVector<Range> ranges;
-    for (const QString& name : description.Nodes().keys()) {
-        if (description.Node(name).elements.contains("Address") && !views.contains(name))
-            ranges << RangesOf(description, name);
+    for (const QString& name : description.nodes().keys()) {
+        if (description.node(name).elements.contains("Address") && !views.contains(name))
+            ranges << rangesOf(description, name);
     }
     std::sort(ranges.begin(), ranges.end(),
               [](const Range& a, const Range& b) { return a.begin < b.begin; });
@@ -59,18 +60,21 @@ class tst_Descriptions : public QObject
     Q_OBJECT
 
 private slots:
-    void isWellFormed_data() { AddModels(); }
+    void isWellFormed_data() { addModels(); }
     void isWellFormed();
-    void everyReferenceLeadsSomewhere_data() { AddModels(); }
+    void everyReferenceLeadsSomewhere_data() { addModels(); }
     void everyReferenceLeadsSomewhere();
-    void everyFeatureDescribesItself_data() { AddModels(); }
+    void everyFeatureDescribesItself_data() { addModels(); }
     void everyFeatureDescribesItself();
-    void everyFeatureIsListedOnce_data() { AddModels(); }
+    void everyFeatureIsListedOnce_data() { addModels(); }
     void everyFeatureIsListedOnce();
-    void registersDoNotOverlap_data() { AddModels(); }
+    void registersDoNotOverlap_data() { addModels(); }
     void registersDoNotOverlap();
-    void registersLieWithinTheMemory_data() { AddModels(); }
+    void registersLieWithinTheMemory_data() { addModels(); }
     void registersLieWithinTheMemory();
+    void registersLieWhereTheCameraHasThem_data() { addModels(); }
+    void registersLieWhereTheCameraHasThem();
+    void fullDescribesEveryRegister();
     void everyModelHasADescription();
     void fullHasEveryFeatureOfTheForms_data();
     void fullHasEveryFeatureOfTheForms();
@@ -87,11 +91,11 @@ private slots:
     void smallModelsHaveWhatTheirStoryNeeds();
 
 private:
-    void AddModels() const;
-    const Description full{"full"};
+    void addModels() const;
+    const Description m_full{"full"};
 };
 
-void tst_Descriptions::AddModels() const
+void tst_Descriptions::addModels() const
 {
     QTest::addColumn<QString>("model");
     for (const char* model : Models)
@@ -102,9 +106,9 @@ void tst_Descriptions::isWellFormed()
 {
     QFETCH(QString, model);
     const Description description(model);
-    QCOMPARE(description.Error(), QString());
-    QCOMPARE(description.Duplicates(), QStringList());
-    QCOMPARE(description.Node("Device").kind, QString("Port"));
+    QCOMPARE(description.error(), QString());
+    QCOMPARE(description.duplicates(), QStringList());
+    QCOMPARE(description.node("Device").kind, QString("Port"));
 }
 
 void tst_Descriptions::everyReferenceLeadsSomewhere()
@@ -112,10 +116,10 @@ void tst_Descriptions::everyReferenceLeadsSomewhere()
     QFETCH(QString, model);
     const Description description(model);
     const QRegularExpression reference("^p[A-Z]");
-    for (const DescriptionNode& node : description.Nodes()) {
+    for (const DescriptionNode& node : description.nodes()) {
         for (auto i = node.elements.begin(); i != node.elements.end(); ++i) {
             if (reference.match(i.key()).hasMatch())
-                QVERIFY2(description.Nodes().contains(i.value()), qPrintable(i.value()));
+                QVERIFY2(description.nodes().contains(i.value()), qPrintable(i.value()));
         }
     }
 }
@@ -125,12 +129,12 @@ void tst_Descriptions::everyFeatureDescribesItself()
     QFETCH(QString, model);
     const Description description(model);
     const QStringList visibilities = {"Beginner", "Expert", "Guru", "Invisible"};
-    for (const QString& name : description.Features()) {
-        const DescriptionNode node = description.Node(name);
-        QVERIFY2(node.Text("Description").endsWith('.'), qPrintable(name));
-        QVERIFY2(node.Text("ToolTip").endsWith('.'), qPrintable(name));
-        QVERIFY2(!node.Text("DisplayName").isEmpty(), qPrintable(name));
-        QVERIFY2(visibilities.contains(node.Text("Visibility")), qPrintable(name));
+    for (const QString& name : description.features()) {
+        const DescriptionNode node = description.node(name);
+        QVERIFY2(node.text("Description").endsWith('.'), qPrintable(name));
+        QVERIFY2(node.text("ToolTip").endsWith('.'), qPrintable(name));
+        QVERIFY2(!node.text("DisplayName").isEmpty(), qPrintable(name));
+        QVERIFY2(visibilities.contains(node.text("Visibility")), qPrintable(name));
     }
 }
 
@@ -138,7 +142,7 @@ void tst_Descriptions::everyFeatureIsListedOnce()
 {
     QFETCH(QString, model);
     const Description description(model);
-    QStringList features = description.Features();
+    QStringList features = description.features();
     QVERIFY(!features.isEmpty());
     QCOMPARE(features.removeDuplicates(), 0);
 }
@@ -146,7 +150,7 @@ void tst_Descriptions::everyFeatureIsListedOnce()
 void tst_Descriptions::registersDoNotOverlap()
 {
     QFETCH(QString, model);
-    const QVector<Range> ranges = AllRanges(Description(model));
+    const QVector<Range> ranges = allRanges(Description(model));
     for (int i = 1; i < ranges.size(); ++i)
         QVERIFY2(ranges[i - 1].end <= ranges[i].begin,
                  qPrintable(ranges[i - 1].name + " " + ranges[i].name));
@@ -155,13 +159,41 @@ void tst_Descriptions::registersDoNotOverlap()
 void tst_Descriptions::registersLieWithinTheMemory()
 {
     QFETCH(QString, model);
-    for (const Range& range : AllRanges(Description(model)))
+    for (const Range& range : allRanges(Description(model)))
         QVERIFY2(range.end <= 0x10000, qPrintable(range.name));
+}
+
+// Left out are registers that hold what a host writes, and nobody in the camera looks at.
+void tst_Descriptions::registersLieWhereTheCameraHasThem()
+{
+    QFETCH(QString, model);
+    const QStringList memory = {"LineSelectorReg",        "CounterSelectorReg",
+                                "TimerSelectorReg",       "ActionSelectorReg",
+                                "UserOutputSelectorReg",  "SoftwareSignalSelectorReg",
+                                "DeviceSerialNumber",     "DeviceUserID",
+                                "GevCurrentIPAddressReg", "GevHeartbeatTimeoutReg"};
+    const Description description(model);
+    for (const QString& name : description.nodes().keys()) {
+        const DescriptionNode node = description.node(name);
+        if (!node.elements.contains("Address") || memory.contains(name))
+            continue;
+        QVERIFY2(describedRegisters().contains(name), qPrintable(name));
+        const DescribedRegister expected = describedRegisters().value(name);
+        QVERIFY2(node.text("Address").toULongLong(nullptr, 0) == expected.address,
+                 qPrintable(name));
+        QVERIFY2(node.indexOffset.toULongLong(nullptr, 0) == expected.step, qPrintable(name));
+    }
+}
+
+void tst_Descriptions::fullDescribesEveryRegister()
+{
+    for (const QString& name : describedRegisters().keys())
+        QVERIFY2(m_full.nodes().contains(name), qPrintable(name));
 }
 
 void tst_Descriptions::everyModelHasADescription()
 {
-    QCOMPARE(ZalSim::SimulatedCamera::Models(),
+    QCOMPARE(ZalSim::SimulatedCamera::models(),
              std::vector<std::string>(std::begin(Models), std::end(Models)));
 }
 
@@ -170,33 +202,14 @@ void tst_Descriptions::fullHasEveryFeatureOfTheForms_data()
     QTest::addColumn<QString>("kind");
     const QMap<QString, QStringList> features = {
         {"Enumeration",
-         {"TriggerSelector",
-          "TriggerMode",
-          "TriggerSource",
-          "TriggerActivation",
-          "LineSelector",
-          "LineMode",
-          "LineSource",
-          "LineDebounceMode",
-          "AcquisitionMode",
-          "ExposureMode",
-          "PtpOperationMode",
-          "PtpStatus",
-          "PtpServoStatus",
-          "PtpClockAccuracy",
-          "SoftwareSignalSelector",
-          "CounterSelector",
-          "CounterEventSource",
-          "CounterEventActivation",
-          "CounterTriggerSource",
-          "CounterTriggerActivation",
-          "CounterResetSource",
-          "CounterResetActivation",
-          "CounterStatus",
-          "TimerSelector",
-          "TimerTriggerSource",
-          "TimerTriggerActivation",
-          "TimerStatus"}},
+         QString("TriggerSelector TriggerMode TriggerSource TriggerActivation LineSelector "
+                 "LineMode LineSource LineDebounceMode AcquisitionMode ExposureMode "
+                 "PtpOperationMode PtpStatus PtpServoStatus PtpClockAccuracy "
+                 "SoftwareSignalSelector CounterSelector CounterEventSource "
+                 "CounterEventActivation CounterTriggerSource CounterTriggerActivation "
+                 "CounterResetSource CounterResetActivation CounterStatus TimerSelector "
+                 "TimerTriggerSource TimerTriggerActivation TimerStatus")
+             .split(' ')},
         {"Integer",
          {"AcquisitionFrameCount", "ActionSelector", "ActionDeviceKey", "ActionGroupKey",
           "ActionGroupMask", "ActionQueueSize", "PtpClockID", "PtpParentClockID",
@@ -218,8 +231,8 @@ void tst_Descriptions::fullHasEveryFeatureOfTheForms_data()
 void tst_Descriptions::fullHasEveryFeatureOfTheForms()
 {
     const QString name = QTest::currentDataTag();
-    QVERIFY(full.Features().contains(name));
-    QTEST(full.Node(name).kind, "kind");
+    QVERIFY(m_full.features().contains(name));
+    QTEST(m_full.node(name).kind, "kind");
 }
 
 void tst_Descriptions::selectorSelects_data()
@@ -253,14 +266,14 @@ void tst_Descriptions::selectorSelects_data()
 void tst_Descriptions::selectorSelects()
 {
     QFETCH(QStringList, selected);
-    const DescriptionNode selector = full.Node(QTest::currentDataTag());
+    const DescriptionNode selector = m_full.node(QTest::currentDataTag());
     QStringList found = selector.elements.values("pSelected");
     found.sort();
     selected.sort();
     QCOMPARE(found, selected);
     for (const QString& name : selected) {
-        const DescriptionNode value = full.Node(full.Node(name).Text("pValue"));
-        QVERIFY2(value.Text("pIndex") == selector.Text("pValue"), qPrintable(name));
+        const DescriptionNode value = m_full.node(m_full.node(name).text("pValue"));
+        QVERIFY2(value.text("pIndex") == selector.text("pValue"), qPrintable(name));
     }
 }
 
@@ -297,7 +310,7 @@ void tst_Descriptions::entriesAreOffered_data()
 
 void tst_Descriptions::entriesAreOffered()
 {
-    QTEST(full.Node(QTest::currentDataTag()).entries, "entries");
+    QTEST(m_full.node(QTest::currentDataTag()).entries, "entries");
 }
 
 void tst_Descriptions::valuesThatChangeByThemselvesArePolled_data()
@@ -311,9 +324,9 @@ void tst_Descriptions::valuesThatChangeByThemselvesArePolled_data()
 
 void tst_Descriptions::valuesThatChangeByThemselvesArePolled()
 {
-    const DescriptionNode value = full.Node(full.Node(QTest::currentDataTag()).Text("pValue"));
-    QTEST(value.Text("PollingTime"), "pollingTime");
-    QCOMPARE(value.Text("Cachable"), QString("NoCache"));
+    const DescriptionNode value = m_full.node(m_full.node(QTest::currentDataTag()).text("pValue"));
+    QTEST(value.text("PollingTime"), "pollingTime");
+    QCOMPARE(value.text("Cachable"), QString("NoCache"));
 }
 
 void tst_Descriptions::keysAndIdentitiesAreHexadecimal_data()
@@ -327,30 +340,30 @@ void tst_Descriptions::keysAndIdentitiesAreHexadecimal_data()
 
 void tst_Descriptions::keysAndIdentitiesAreHexadecimal()
 {
-    const DescriptionNode node = full.Node(QTest::currentDataTag());
-    QCOMPARE(node.Text("Representation"), QString("HexNumber"));
-    QTEST(full.Node(node.Text("pValue")).Text("Length"), "length");
+    const DescriptionNode node = m_full.node(QTest::currentDataTag());
+    QCOMPARE(node.text("Representation"), QString("HexNumber"));
+    QTEST(m_full.node(node.text("pValue")).text("Length"), "length");
 }
 
 void tst_Descriptions::commandsAndTheDeviceKeyAreWriteOnly_data()
 {
     QTest::addColumn<QString>("value");
-    for (const QString& name : full.Features()) {
-        if (full.Node(name).kind == "Command" || name == "ActionDeviceKey")
-            QTest::newRow(qPrintable(name)) << full.Node(name).Text("pValue");
+    for (const QString& name : m_full.features()) {
+        if (m_full.node(name).kind == "Command" || name == "ActionDeviceKey")
+            QTest::newRow(qPrintable(name)) << m_full.node(name).text("pValue");
     }
 }
 
 void tst_Descriptions::commandsAndTheDeviceKeyAreWriteOnly()
 {
     QFETCH(QString, value);
-    QCOMPARE(full.Node(value).Text("AccessMode"), QString("WO"));
+    QCOMPARE(m_full.node(value).text("AccessMode"), QString("WO"));
 }
 
 void tst_Descriptions::smallModelsHaveWhatTheirStoryNeeds()
 {
-    const QStringList foreign = Description("foreign").Features();
-    const QStringList noTrigger = Description("notrigger").Features();
+    const QStringList foreign = Description("foreign").features();
+    const QStringList noTrigger = Description("notrigger").features();
     for (const char* name : {"DeviceVendorName", "TriggerSelector", "LineSelector"}) {
         QVERIFY2(foreign.contains(name), name);
         QVERIFY2(noTrigger.contains(name), name);

@@ -11,19 +11,19 @@ constexpr std::uint32_t SoftwareTriggerOfFrameStart = ZalSim::Registers::Trigger
 
 // The first digit of the number in the upper left corner, as rows of three cells; "+" follows when
 // there is a second digit.
-QString FirstDigit(const std::vector<unsigned char>& picture)
+QString firstDigit(const std::vector<unsigned char>& picture)
 {
-    constexpr std::size_t Left = 16;
-    constexpr std::size_t Top = 16;
-    constexpr std::size_t Cell = 6;
-    constexpr std::size_t Width = 640;
+    constexpr std::size_t left = 16;
+    constexpr std::size_t top = 16;
+    constexpr std::size_t cell = 6;
+    constexpr std::size_t width = 640;
     QString cells;
     for (std::size_t row = 0; row < 5; ++row) {
         for (std::size_t column = 0; column < 3; ++column)
-            cells += picture[(Top + row * Cell) * Width + Left + column * Cell] == 255 ? '#' : '.';
+            cells += picture[(top + row * cell) * width + left + column * cell] == 255 ? '#' : '.';
         cells += ' ';
     }
-    const unsigned char gapAfterSecond = picture[(Top + 1) * Width + Left + 7 * Cell];
+    const unsigned char gapAfterSecond = picture[(top + 1) * width + left + 7 * cell];
     return cells.trimmed() + (gapAfterSecond == 0 ? "+" : "");
 }
 
@@ -60,40 +60,40 @@ private slots:
     void exposureReachesTheOutput();
 
 private:
-    void SwitchTrigger(const char* source) const;
+    void switchTrigger(const char* source) const;
 
-    std::unique_ptr<ZalSim::SimulatedCamera> camera;
-    std::unique_ptr<Client> client;
+    std::unique_ptr<ZalSim::SimulatedCamera> m_camera;
+    std::unique_ptr<Client> m_client;
 };
 
 void tst_Frames::init()
 {
     std::string error;
-    camera = ZalSim::SimulatedCamera::Start({}, error);
-    QVERIFY2(camera, error.c_str());
-    camera->SetInputLine(0, false);
-    client = std::make_unique<Client>();
+    m_camera = ZalSim::SimulatedCamera::start({}, error);
+    QVERIFY2(m_camera, error.c_str());
+    m_camera->setInputLine(0, false);
+    m_client = std::make_unique<Client>();
 }
 
 void tst_Frames::cleanup()
 {
-    client.reset();
-    camera.reset();
+    m_client.reset();
+    m_camera.reset();
 }
 
-void tst_Frames::SwitchTrigger(const char* source) const
+void tst_Frames::switchTrigger(const char* source) const
 {
-    client->Set("TriggerSelector", "FrameStart");
-    client->Set("TriggerMode", "On");
-    client->Set("TriggerSource", source);
+    m_client->set("TriggerSelector", "FrameStart");
+    m_client->set("TriggerMode", "On");
+    m_client->set("TriggerSource", source);
 }
 
 void tst_Frames::freeRunningCameraSendsFrames()
 {
-    client->StartAcquisition();
-    QVERIFY(client->WaitForFrames(10));
-    client->StopAcquisition();
-    QCOMPARE(client->LastPicture().size(), std::size_t(640 * 480));
+    m_client->startAcquisition();
+    QVERIFY(m_client->waitForFrames(10));
+    m_client->stopAcquisition();
+    QCOMPARE(m_client->lastPicture().size(), std::size_t(640 * 480));
 }
 
 void tst_Frames::everyFormatFillsTheWholePicture_data()
@@ -109,11 +109,11 @@ void tst_Frames::everyFormatFillsTheWholePicture()
 {
     QFETCH(QByteArray, format);
     QFETCH(int, bytes);
-    client->Set("PixelFormat", format.constData());
-    QCOMPARE(client->Integer("PayloadSize"), 640LL * 480 * bytes);
-    client->StartAcquisition();
-    QVERIFY(client->WaitForFrames(2));
-    const auto picture = client->LastPicture();
+    m_client->set("PixelFormat", format.constData());
+    QCOMPARE(m_client->integer("PayloadSize"), 640LL * 480 * bytes);
+    m_client->startAcquisition();
+    QVERIFY(m_client->waitForFrames(2));
+    const auto picture = m_client->lastPicture();
     QCOMPARE(picture.size(), std::size_t(640 * 480 * bytes));
     // The grid's last lines are drawn in its own gray.
     const std::size_t pixel = std::size_t(448 * 640 + 600) * std::size_t(bytes);
@@ -123,78 +123,78 @@ void tst_Frames::everyFormatFillsTheWholePicture()
 
 void tst_Frames::picturesChangeFromFrameToFrame()
 {
-    SwitchTrigger("Software");
-    client->StartAcquisition();
-    client->Execute("TriggerSoftware");
-    QVERIFY(client->WaitForFrames(1));
-    const auto first = client->LastPicture();
-    client->Execute("TriggerSoftware");
-    QVERIFY(client->WaitForFrames(2));
-    QVERIFY(client->LastPicture() != first);
+    switchTrigger("Software");
+    m_client->startAcquisition();
+    m_client->execute("TriggerSoftware");
+    QVERIFY(m_client->waitForFrames(1));
+    const auto first = m_client->lastPicture();
+    m_client->execute("TriggerSoftware");
+    QVERIFY(m_client->waitForFrames(2));
+    QVERIFY(m_client->lastPicture() != first);
 }
 
 void tst_Frames::picturesAreNumberedFromOneInEachAcquisition()
 {
-    SwitchTrigger("Software");
-    client->Set("LineSelector", "Line3");
-    client->Set("LineSource", "AcquisitionActive");
+    switchTrigger("Software");
+    m_client->set("LineSelector", "Line3");
+    m_client->set("LineSource", "AcquisitionActive");
     for (int i = 0; i < 2; ++i) {
-        client->StartAcquisition();
-        client->Execute("TriggerSoftware");
-        QVERIFY(client->WaitForFrames(1));
-        QCOMPARE(FirstDigit(client->LastPicture()), QString(".#. ##. .#. .#. ###"));
-        client->Execute("TriggerSoftware");
-        QVERIFY(client->WaitForFrames(2));
-        QCOMPARE(FirstDigit(client->LastPicture()), QString("### ..# ### #.. ###"));
-        client->StopAcquisition();
-        QTRY_VERIFY(!client->IsTrue("LineStatus"));
+        m_client->startAcquisition();
+        m_client->execute("TriggerSoftware");
+        QVERIFY(m_client->waitForFrames(1));
+        QCOMPARE(firstDigit(m_client->lastPicture()), QString(".#. ##. .#. .#. ###"));
+        m_client->execute("TriggerSoftware");
+        QVERIFY(m_client->waitForFrames(2));
+        QCOMPARE(firstDigit(m_client->lastPicture()), QString("### ..# ### #.. ###"));
+        m_client->stopAcquisition();
+        QTRY_VERIFY(!m_client->isTrue("LineStatus"));
     }
 }
 
 void tst_Frames::gainBrightensThePicture()
 {
     const auto brightness = [this](int frame) {
-        client->WaitForFrames(frame);
-        const auto picture = client->LastPicture();
+        m_client->waitForFrames(frame);
+        const auto picture = m_client->lastPicture();
         return std::accumulate(picture.begin(), picture.end(), 0.0) / double(picture.size());
     };
-    SwitchTrigger("Software");
-    client->StartAcquisition();
-    client->Execute("TriggerSoftware");
+    switchTrigger("Software");
+    m_client->startAcquisition();
+    m_client->execute("TriggerSoftware");
     const double dark = brightness(1);
-    client->Set("Gain", 12.0);
-    client->Execute("TriggerSoftware");
+    m_client->set("Gain", 12.0);
+    m_client->execute("TriggerSoftware");
     QVERIFY(brightness(2) > dark * 1.2);
 }
 
 void tst_Frames::triggeredCameraSendsNothingByItself()
 {
-    SwitchTrigger("Software");
-    client->StartAcquisition();
-    QVERIFY(client->GetsExactly(0));
+    switchTrigger("Software");
+    m_client->startAcquisition();
+    QVERIFY(m_client->getsExactly(0));
 }
 
 void tst_Frames::eachSoftwareTriggerMakesExactlyOneFrame()
 {
-    SwitchTrigger("Software");
-    client->StartAcquisition();
+    switchTrigger("Software");
+    m_client->startAcquisition();
     for (int frame = 1; frame <= 5; ++frame) {
-        client->Execute("TriggerSoftware");
-        QVERIFY(client->WaitForFrames(frame));
+        m_client->execute("TriggerSoftware");
+        QVERIFY(m_client->waitForFrames(frame));
     }
-    QVERIFY(client->GetsExactly(5));
+    QVERIFY(m_client->getsExactly(5));
 }
 
 void tst_Frames::quickSoftwareTriggersAllMakeTheirFrame()
 {
-    SwitchTrigger("Software");
-    client->StartAcquisition();
+    switchTrigger("Software");
+    m_client->startAcquisition();
     for (int i = 0; i < 5; ++i) {
-        client->Execute("TriggerSoftware");
+        m_client->execute("TriggerSoftware");
         // Taken by the camera, which is long before the frame.
-        QTRY_COMPARE(camera->ReadRegister(SoftwareTriggerOfFrameStart), 0U);
+        QTRY_COMPARE(m_camera->readRegister(SoftwareTriggerOfFrameStart), 0U);
     }
-    QVERIFY(client->GetsExactly(5));
+    QVERIFY(m_client->getsExactly(5));
 }
 
 void tst_Frames::lineTriggersFrames_data()
@@ -212,36 +212,36 @@ void tst_Frames::lineTriggersFrames()
     QFETCH(QByteArray, activation);
     QFETCH(int, afterRise);
     QFETCH(int, afterFall);
-    SwitchTrigger("Line0");
-    client->Set("TriggerActivation", activation.constData());
-    client->StartAcquisition();
-    camera->SetInputLine(0, true);
-    QVERIFY(client->GetsExactly(afterRise));
-    camera->SetInputLine(0, false);
-    QVERIFY(client->GetsExactly(afterFall));
+    switchTrigger("Line0");
+    m_client->set("TriggerActivation", activation.constData());
+    m_client->startAcquisition();
+    m_camera->setInputLine(0, true);
+    QVERIFY(m_client->getsExactly(afterRise));
+    m_camera->setInputLine(0, false);
+    QVERIFY(m_client->getsExactly(afterFall));
 }
 
 void tst_Frames::softwareSignalTriggersAFrame()
 {
-    SwitchTrigger("SoftwareSignal1");
-    client->Set("SoftwareSignalSelector", "SoftwareSignal1");
-    client->StartAcquisition();
-    client->Execute("SoftwareSignalPulse");
-    QVERIFY(client->GetsExactly(1));
+    switchTrigger("SoftwareSignal1");
+    m_client->set("SoftwareSignalSelector", "SoftwareSignal1");
+    m_client->startAcquisition();
+    m_client->execute("SoftwareSignalPulse");
+    QVERIFY(m_client->getsExactly(1));
 }
 
 void tst_Frames::actionTriggersAFrame()
 {
-    SwitchTrigger("Action1");
-    client->Set("ActionDeviceKey", 0x1234);
-    client->Set("ActionSelector", 1);
-    client->Set("ActionGroupKey", 0x77);
-    client->Set("ActionGroupMask", 0x2);
-    client->StartAcquisition();
-    camera->SendAction(0x1234, 0x77, 0x1);
-    QVERIFY(client->GetsExactly(0));
-    camera->SendAction(0x1234, 0x77, 0x3);
-    QVERIFY(client->GetsExactly(1));
+    switchTrigger("Action1");
+    m_client->set("ActionDeviceKey", 0x1234);
+    m_client->set("ActionSelector", 1);
+    m_client->set("ActionGroupKey", 0x77);
+    m_client->set("ActionGroupMask", 0x2);
+    m_client->startAcquisition();
+    m_camera->sendAction(0x1234, 0x77, 0x1);
+    QVERIFY(m_client->getsExactly(0));
+    m_camera->sendAction(0x1234, 0x77, 0x3);
+    QVERIFY(m_client->getsExactly(1));
 }
 
 void tst_Frames::acquisitionModeLimitsTheFrames_data()
@@ -256,76 +256,76 @@ void tst_Frames::acquisitionModeLimitsTheFrames()
 {
     QFETCH(QByteArray, mode);
     QFETCH(int, frames);
-    client->Set("AcquisitionMode", mode.constData());
-    client->Set("AcquisitionFrameCount", 3);
-    client->StartAcquisition();
-    QVERIFY(client->GetsExactly(frames));
+    m_client->set("AcquisitionMode", mode.constData());
+    m_client->set("AcquisitionFrameCount", 3);
+    m_client->startAcquisition();
+    QVERIFY(m_client->getsExactly(frames));
 }
 
 void tst_Frames::acquisitionCanBeStartedAgain()
 {
-    SwitchTrigger("Software");
+    switchTrigger("Software");
     for (int i = 0; i < 3; ++i) {
-        client->StartAcquisition();
-        client->Execute("TriggerSoftware");
-        QVERIFY(client->GetsExactly(1));
-        client->StopAcquisition();
+        m_client->startAcquisition();
+        m_client->execute("TriggerSoftware");
+        QVERIFY(m_client->getsExactly(1));
+        m_client->stopAcquisition();
     }
 }
 
 void tst_Frames::sizeChangesBetweenAcquisitions()
 {
-    client->StartAcquisition();
-    QVERIFY(client->WaitForFrames(2));
-    client->StopAcquisition();
-    client->Set("Width", 320);
-    client->Set("Height", 240);
-    client->StartAcquisition();
-    QVERIFY(client->WaitForFrames(2));
-    const auto picture = client->LastPicture();
+    m_client->startAcquisition();
+    QVERIFY(m_client->waitForFrames(2));
+    m_client->stopAcquisition();
+    m_client->set("Width", 320);
+    m_client->set("Height", 240);
+    m_client->startAcquisition();
+    QVERIFY(m_client->waitForFrames(2));
+    const auto picture = m_client->lastPicture();
     QVERIFY(picture.size() >= std::size_t(320 * 240));
 }
 
 // A host that does not lock the format may change it while frames are under way.
 void tst_Frames::sizeChangeWithoutLockIsRefused()
 {
-    client->StartAcquisition();
-    QVERIFY(client->WaitForFrames(2));
-    client->Set("Width", 1920);
-    QTRY_COMPARE(client->Integer("Width"), 640LL);
-    QVERIFY(client->WaitForFrames(client->Frames() + 3));
-    QCOMPARE(client->LastPicture().size(), std::size_t(640 * 480));
+    m_client->startAcquisition();
+    QVERIFY(m_client->waitForFrames(2));
+    m_client->set("Width", 1920);
+    QTRY_COMPARE(m_client->integer("Width"), 640LL);
+    QVERIFY(m_client->waitForFrames(m_client->frames() + 3));
+    QCOMPARE(m_client->lastPicture().size(), std::size_t(640 * 480));
 }
 
 void tst_Frames::framesAreCounted()
 {
-    client->Set("CounterSelector", "Counter1");
-    client->Set("CounterEventSource", "FrameStart");
-    SwitchTrigger("Software");
-    client->StartAcquisition();
+    m_client->set("CounterSelector", "Counter1");
+    m_client->set("CounterEventSource", "FrameStart");
+    switchTrigger("Software");
+    m_client->startAcquisition();
     for (int frame = 1; frame <= 3; ++frame) {
-        client->Execute("TriggerSoftware");
-        QVERIFY(client->WaitForFrames(frame));
+        m_client->execute("TriggerSoftware");
+        QVERIFY(m_client->waitForFrames(frame));
     }
-    QTRY_COMPARE(client->Integer("CounterValue"), 3LL);
-    client->Execute("CounterReset");
-    QTRY_COMPARE(client->Integer("CounterValueAtReset"), 3LL);
-    QCOMPARE(client->Integer("CounterValue"), 0LL);
+    QTRY_COMPARE(m_client->integer("CounterValue"), 3LL);
+    m_client->execute("CounterReset");
+    QTRY_COMPARE(m_client->integer("CounterValueAtReset"), 3LL);
+    QCOMPARE(m_client->integer("CounterValue"), 0LL);
 }
 
 void tst_Frames::exposureReachesTheOutput()
 {
-    client->Set("LineSelector", "Line2");
-    QCOMPARE(client->Text("LineSource"), std::string("ExposureActive"));
-    client->Set("ExposureTime", 2e6);
-    SwitchTrigger("Software");
-    client->StartAcquisition();
-    QVERIFY(!client->IsTrue("LineStatus"));
-    client->Execute("TriggerSoftware");
-    QTRY_VERIFY(client->IsTrue("LineStatus"));
-    client->Set("ExposureTime", 10.0);
-    QTRY_VERIFY(!client->IsTrue("LineStatus"));
-    QVERIFY(client->GetsExactly(1));
+    m_client->set("LineSelector", "Line2");
+    QCOMPARE(m_client->text("LineSource"), std::string("ExposureActive"));
+    m_client->set("ExposureTime", 2e6);
+    switchTrigger("Software");
+    m_client->startAcquisition();
+    QVERIFY(!m_client->isTrue("LineStatus"));
+    m_client->execute("TriggerSoftware");
+    QTRY_VERIFY(m_client->isTrue("LineStatus"));
+    m_client->set("ExposureTime", 10.0);
+    QTRY_VERIFY(!m_client->isTrue("LineStatus"));
+    QVERIFY(m_client->getsExactly(1));
 }
 
 QTEST_GUILESS_MAIN(tst_Frames)

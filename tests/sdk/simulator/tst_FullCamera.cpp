@@ -38,22 +38,22 @@ private slots:
     void inputsToggleByThemselves();
 
 private:
-    std::unique_ptr<ZalSim::SimulatedCamera> camera;
-    std::unique_ptr<SdkClient> client;
+    std::unique_ptr<ZalSim::SimulatedCamera> m_camera;
+    std::unique_ptr<SdkClient> m_client;
 };
 
 void tst_FullCamera::init()
 {
     std::string error;
-    camera = ZalSim::SimulatedCamera::Start({}, error);
-    QVERIFY2(camera, error.c_str());
-    client = std::make_unique<SdkClient>();
+    m_camera = ZalSim::SimulatedCamera::start({}, error);
+    QVERIFY2(m_camera, error.c_str());
+    m_client = std::make_unique<SdkClient>();
 }
 
 void tst_FullCamera::cleanup()
 {
-    client.reset();
-    camera.reset();
+    m_client.reset();
+    m_camera.reset();
 }
 
 void tst_FullCamera::numberHasUnitAndRange_data()
@@ -83,11 +83,11 @@ void tst_FullCamera::numberHasUnitAndRange_data()
 void tst_FullCamera::numberHasUnitAndRange()
 {
     const char* feature = QTest::currentDataTag();
-    QTEST(client->Type(feature), "type");
-    QTEST(QByteArray::fromStdString(client->Unit(feature)), "unit");
-    QTEST(client->Range(feature).first, "min");
-    QTEST(client->Range(feature).second, "max");
-    QVERIFY(client->IsWritable(feature));
+    QTEST(m_client->type(feature), "type");
+    QTEST(QByteArray::fromStdString(m_client->unit(feature)), "unit");
+    QTEST(m_client->range(feature).first, "min");
+    QTEST(m_client->range(feature).second, "max");
+    QVERIFY(m_client->isWritable(feature));
 }
 
 void tst_FullCamera::choiceOffersItsEntries_data()
@@ -108,8 +108,8 @@ void tst_FullCamera::choiceOffersItsEntries_data()
 
 void tst_FullCamera::choiceOffersItsEntries()
 {
-    QTEST(client->AvailableEntries(QTest::currentDataTag()), "entries");
-    QVERIFY(client->IsWritable(QTest::currentDataTag()));
+    QTEST(m_client->availableEntries(QTest::currentDataTag()), "entries");
+    QVERIFY(m_client->isWritable(QTest::currentDataTag()));
 }
 
 void tst_FullCamera::readOnlyFeatureCannotBeWritten_data()
@@ -128,83 +128,83 @@ void tst_FullCamera::readOnlyFeatureCannotBeWritten_data()
 void tst_FullCamera::readOnlyFeatureCannotBeWritten()
 {
     const char* feature = QTest::currentDataTag();
-    QTEST(client->Type(feature), "type");
-    QVERIFY(client->IsReadable(feature));
-    QVERIFY(!client->IsWritable(feature));
+    QTEST(m_client->type(feature), "type");
+    QVERIFY(m_client->isReadable(feature));
+    QVERIFY(!m_client->isWritable(feature));
 }
 
 void tst_FullCamera::deviceKeyCanBeWrittenOnly()
 {
-    QVERIFY(!client->IsReadable("ActionDeviceKey"));
-    QVERIFY(client->IsWritable("ActionDeviceKey"));
-    client->Set("ActionDeviceKey", 4294967295.0);
-    QVERIFY_EXCEPTION_THROWN(client->Number("ActionDeviceKey"), std::runtime_error);
+    QVERIFY(!m_client->isReadable("ActionDeviceKey"));
+    QVERIFY(m_client->isWritable("ActionDeviceKey"));
+    m_client->set("ActionDeviceKey", 4294967295.0);
+    QVERIFY_EXCEPTION_THROWN(m_client->number("ActionDeviceKey"), std::runtime_error);
 }
 
 void tst_FullCamera::actionsHaveKeysOfTheirOwn()
 {
     for (const int action : {0, 1}) {
-        client->Set("ActionSelector", action);
-        client->Set("ActionGroupKey", 100 + action);
-        client->Set("ActionGroupMask", 200 + action);
+        m_client->set("ActionSelector", action);
+        m_client->set("ActionGroupKey", 100 + action);
+        m_client->set("ActionGroupMask", 200 + action);
     }
-    client->Set("ActionSelector", 0);
-    QCOMPARE(client->Number("ActionGroupKey"), 100.0);
-    QCOMPARE(client->Number("ActionGroupMask"), 200.0);
-    QCOMPARE(client->Number("ActionQueueSize"), 1.0);
+    m_client->set("ActionSelector", 0);
+    QCOMPARE(m_client->number("ActionGroupKey"), 100.0);
+    QCOMPARE(m_client->number("ActionGroupMask"), 200.0);
+    QCOMPARE(m_client->number("ActionQueueSize"), 1.0);
 }
 
 void tst_FullCamera::acquisitionModeAndFrameCountAreLockedWhileAcquiring()
 {
-    client->StartAcquisition();
-    QVERIFY(!client->IsWritable("AcquisitionMode"));
-    QVERIFY(!client->IsWritable("AcquisitionFrameCount"));
-    QVERIFY(client->IsWritable("ExposureMode"));
-    client->StopAcquisition();
-    QVERIFY(client->IsWritable("AcquisitionMode"));
-    QVERIFY(client->IsWritable("AcquisitionFrameCount"));
+    m_client->startAcquisition();
+    QVERIFY(!m_client->isWritable("AcquisitionMode"));
+    QVERIFY(!m_client->isWritable("AcquisitionFrameCount"));
+    QVERIFY(m_client->isWritable("ExposureMode"));
+    m_client->stopAcquisition();
+    QVERIFY(m_client->isWritable("AcquisitionMode"));
+    QVERIFY(m_client->isWritable("AcquisitionFrameCount"));
 }
 
 void tst_FullCamera::triggerWidthNeedsTheFrameTrigger()
 {
-    client->SetFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
-    QCOMPARE(client->AvailableEntries("ExposureMode"), (QStringList{"Timed", "TriggerWidth"}));
-    client->Set("TriggerMode", "Off");
-    QCOMPARE(client->AvailableEntries("ExposureMode"), QStringList{"Timed"});
+    m_client->setFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
+    QCOMPARE(m_client->availableEntries("ExposureMode"), (QStringList{"Timed", "TriggerWidth"}));
+    m_client->set("TriggerMode", "Off");
+    QCOMPARE(m_client->availableEntries("ExposureMode"), QStringList{"Timed"});
 }
 
 void tst_FullCamera::timestampIsLatched()
 {
-    QCOMPARE(client->Number("TimestampLatchValue"), 0.0);
-    client->Execute("TimestampLatch");
-    QTRY_VERIFY(client->Number("TimestampLatchValue") > 0);
-    const double first = client->Number("TimestampLatchValue");
-    QCOMPARE(client->Number("TimestampLatchValue"), first);
-    client->Execute("TimestampLatch");
-    QTRY_VERIFY(client->Number("TimestampLatchValue") > first);
+    QCOMPARE(m_client->number("TimestampLatchValue"), 0.0);
+    m_client->execute("TimestampLatch");
+    QTRY_VERIFY(m_client->number("TimestampLatchValue") > 0);
+    const double first = m_client->number("TimestampLatchValue");
+    QCOMPARE(m_client->number("TimestampLatchValue"), first);
+    m_client->execute("TimestampLatch");
+    QTRY_VERIFY(m_client->number("TimestampLatchValue") > first);
 }
 
 void tst_FullCamera::ptpSettlesAndIsLatched()
 {
-    QCOMPARE(client->Text("PtpStatus"), std::string("Disabled"));
-    client->Set("PtpEnable", 1);
-    QTRY_COMPARE(client->Text("PtpStatus"), std::string("Slave"));
-    QCOMPARE(client->Text("PtpServoStatus"), std::string("Locked"));
-    QCOMPARE(client->Number("PtpGrandmasterClockID"), 0.0);
-    QCOMPARE(client->Text("PtpClockAccuracy"), std::string("Unknown"));
-    client->Execute("PtpDataSetLatch");
-    QTRY_VERIFY(client->Number("PtpGrandmasterClockID") != 0.0);
-    QCOMPARE(client->Number("PtpParentClockID"), client->Number("PtpGrandmasterClockID"));
-    QCOMPARE(client->Text("PtpClockAccuracy"), std::string("Within1us"));
+    QCOMPARE(m_client->text("PtpStatus"), std::string("Disabled"));
+    m_client->set("PtpEnable", 1);
+    QTRY_COMPARE(m_client->text("PtpStatus"), std::string("Slave"));
+    QCOMPARE(m_client->text("PtpServoStatus"), std::string("Locked"));
+    QCOMPARE(m_client->number("PtpGrandmasterClockID"), 0.0);
+    QCOMPARE(m_client->text("PtpClockAccuracy"), std::string("Unknown"));
+    m_client->execute("PtpDataSetLatch");
+    QTRY_VERIFY(m_client->number("PtpGrandmasterClockID") != 0.0);
+    QCOMPARE(m_client->number("PtpParentClockID"), m_client->number("PtpGrandmasterClockID"));
+    QCOMPARE(m_client->text("PtpClockAccuracy"), std::string("Within1us"));
 }
 
 void tst_FullCamera::ptpMasterFollowsItself()
 {
-    client->Set("PtpOperationMode", "Master");
-    client->Set("PtpEnable", 1);
-    QTRY_COMPARE(client->Text("PtpStatus"), std::string("Master"));
-    client->Execute("PtpDataSetLatch");
-    QTRY_COMPARE(client->Number("PtpParentClockID"), client->Number("PtpClockID"));
+    m_client->set("PtpOperationMode", "Master");
+    m_client->set("PtpEnable", 1);
+    QTRY_COMPARE(m_client->text("PtpStatus"), std::string("Master"));
+    m_client->execute("PtpDataSetLatch");
+    QTRY_COMPARE(m_client->number("PtpParentClockID"), m_client->number("PtpClockID"));
 }
 
 void tst_FullCamera::counterCountsItsSource_data()
@@ -222,87 +222,88 @@ void tst_FullCamera::counterCountsItsSource()
 {
     QFETCH(QByteArray, activation);
     QFETCH(double, perPulse);
-    camera->SetInputLine(0, false);
-    client->Set("ActionGroupMask", 1);
-    client->SetFor("CounterSelector", "Counter1", "CounterEventActivation", activation.constData());
-    client->Set("CounterEventSource", QByteArray(QTest::currentDataTag()).trimmed().constData());
-    client->SetFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
-    client->Set("TriggerSource", "Line0");
-    client->StartAcquisition();
+    m_camera->setInputLine(0, false);
+    m_client->set("ActionGroupMask", 1);
+    m_client->setFor("CounterSelector", "Counter1", "CounterEventActivation",
+                     activation.constData());
+    m_client->set("CounterEventSource", QByteArray(QTest::currentDataTag()).trimmed().constData());
+    m_client->setFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
+    m_client->set("TriggerSource", "Line0");
+    m_client->startAcquisition();
     for (int round = 1; round <= 3; ++round) {
-        camera->SetInputLine(0, true);
-        camera->SetInputLine(0, false);
-        client->Execute("SoftwareSignalPulse");
-        camera->SendAction(0, 0, 1);
-        QVERIFY(client->GetsExactly(round));
-        QTRY_COMPARE(client->Number("CounterValue"), round * perPulse);
+        m_camera->setInputLine(0, true);
+        m_camera->setInputLine(0, false);
+        m_client->execute("SoftwareSignalPulse");
+        m_camera->sendAction(0, 0, 1);
+        QVERIFY(m_client->getsExactly(round));
+        QTRY_COMPARE(m_client->number("CounterValue"), round * perPulse);
     }
 }
 
 void tst_FullCamera::counterIsResetBySignalAndByCommand()
 {
-    client->Set("CounterEventSource", "Timer0Start");
-    client->Set("CounterResetSource", "SoftwareSignal1");
-    client->Set("SoftwareSignalSelector", "SoftwareSignal1");
-    client->Execute("TimerReset");
-    QTRY_COMPARE(client->Number("CounterValue"), 1.0);
-    client->Execute("SoftwareSignalPulse");
-    QTRY_COMPARE(client->Number("CounterValue"), 0.0);
-    QCOMPARE(client->Number("CounterValueAtReset"), 1.0);
-    client->Set("CounterValue", 5);
-    client->Execute("CounterReset");
-    QTRY_COMPARE(client->Number("CounterValueAtReset"), 5.0);
-    QCOMPARE(client->Number("CounterValue"), 0.0);
+    m_client->set("CounterEventSource", "Timer0Start");
+    m_client->set("CounterResetSource", "SoftwareSignal1");
+    m_client->set("SoftwareSignalSelector", "SoftwareSignal1");
+    m_client->execute("TimerReset");
+    QTRY_COMPARE(m_client->number("CounterValue"), 1.0);
+    m_client->execute("SoftwareSignalPulse");
+    QTRY_COMPARE(m_client->number("CounterValue"), 0.0);
+    QCOMPARE(m_client->number("CounterValueAtReset"), 1.0);
+    m_client->set("CounterValue", 5);
+    m_client->execute("CounterReset");
+    QTRY_COMPARE(m_client->number("CounterValueAtReset"), 5.0);
+    QCOMPARE(m_client->number("CounterValue"), 0.0);
 }
 
 void tst_FullCamera::counterValueCanBeSet()
 {
-    QCOMPARE(client->Text("CounterStatus"), std::string("CounterIdle"));
-    client->Set("CounterValue", 41);
-    QCOMPARE(client->Number("CounterValue"), 41.0);
-    client->Set("CounterEventSource", "SoftwareSignal0");
-    QTRY_COMPARE(client->Text("CounterStatus"), std::string("CounterActive"));
-    client->Execute("SoftwareSignalPulse");
-    QTRY_COMPARE(client->Number("CounterValue"), 42.0);
+    QCOMPARE(m_client->text("CounterStatus"), std::string("CounterIdle"));
+    m_client->set("CounterValue", 41);
+    QCOMPARE(m_client->number("CounterValue"), 41.0);
+    m_client->set("CounterEventSource", "SoftwareSignal0");
+    QTRY_COMPARE(m_client->text("CounterStatus"), std::string("CounterActive"));
+    m_client->execute("SoftwareSignalPulse");
+    QTRY_COMPARE(m_client->number("CounterValue"), 42.0);
 }
 
 void tst_FullCamera::countersKeepTheirOwnSettings()
 {
-    client->SetFor("CounterSelector", "Counter1", "CounterDuration", 12);
-    client->Set("CounterTriggerSource", "Line1");
-    client->Set("CounterSelector", "Counter0");
-    QCOMPARE(client->Number("CounterDuration"), 1000.0);
-    QCOMPARE(client->Text("CounterTriggerSource"), std::string("Off"));
-    client->Set("CounterSelector", "Counter1");
-    QCOMPARE(client->Number("CounterDuration"), 12.0);
-    QCOMPARE(client->Text("CounterTriggerSource"), std::string("Line1"));
+    m_client->setFor("CounterSelector", "Counter1", "CounterDuration", 12);
+    m_client->set("CounterTriggerSource", "Line1");
+    m_client->set("CounterSelector", "Counter0");
+    QCOMPARE(m_client->number("CounterDuration"), 1000.0);
+    QCOMPARE(m_client->text("CounterTriggerSource"), std::string("Off"));
+    m_client->set("CounterSelector", "Counter1");
+    QCOMPARE(m_client->number("CounterDuration"), 12.0);
+    QCOMPARE(m_client->text("CounterTriggerSource"), std::string("Line1"));
 }
 
 void tst_FullCamera::timerRunsOnceAfterAReset()
 {
-    QCOMPARE(client->Text("TimerStatus"), std::string("TimerIdle"));
-    client->Set("TimerDuration", 1e8);
-    client->Execute("TimerReset");
-    QTRY_COMPARE(client->Text("TimerStatus"), std::string("TimerActive"));
-    client->SetFor("TimerSelector", "Timer1", "TimerDuration", 1000);
-    QCOMPARE(client->Text("TimerStatus"), std::string("TimerIdle"));
-    client->Execute("TimerReset");
-    QTRY_COMPARE(client->Text("TimerStatus"), std::string("TimerCompleted"));
+    QCOMPARE(m_client->text("TimerStatus"), std::string("TimerIdle"));
+    m_client->set("TimerDuration", 1e8);
+    m_client->execute("TimerReset");
+    QTRY_COMPARE(m_client->text("TimerStatus"), std::string("TimerActive"));
+    m_client->setFor("TimerSelector", "Timer1", "TimerDuration", 1000);
+    QCOMPARE(m_client->text("TimerStatus"), std::string("TimerIdle"));
+    m_client->execute("TimerReset");
+    QTRY_COMPARE(m_client->text("TimerStatus"), std::string("TimerCompleted"));
 }
 
 void tst_FullCamera::softwareSignalStartsTheTimer()
 {
-    client->Set("TimerTriggerSource", "SoftwareSignal0");
-    QTRY_COMPARE(client->Text("TimerStatus"), std::string("TimerTriggerWait"));
-    client->Execute("SoftwareSignalPulse");
-    QTRY_COMPARE(client->Text("TimerStatus"), std::string("TimerCompleted"));
+    m_client->set("TimerTriggerSource", "SoftwareSignal0");
+    QTRY_COMPARE(m_client->text("TimerStatus"), std::string("TimerTriggerWait"));
+    m_client->execute("SoftwareSignalPulse");
+    QTRY_COMPARE(m_client->text("TimerStatus"), std::string("TimerCompleted"));
 }
 
 void tst_FullCamera::everyTimerCanTriggerItself()
 {
-    const auto sources = client->AvailableEntries("TimerTriggerSource");
-    const auto outputs = client->Entries("LineSource");
-    for (const QString& timer : client->Entries("TimerSelector")) {
+    const auto sources = m_client->availableEntries("TimerTriggerSource");
+    const auto outputs = m_client->entries("LineSource");
+    for (const QString& timer : m_client->entries("TimerSelector")) {
         QVERIFY2(sources.contains(timer + "Active"), qPrintable(timer));
         QVERIFY2(outputs.contains(timer + "Active"), qPrintable(timer));
     }
@@ -310,35 +311,35 @@ void tst_FullCamera::everyTimerCanTriggerItself()
 
 void tst_FullCamera::pulseTrainTogglesALine()
 {
-    client->SetFor("LineSelector", "Line3", "LineSource", "Timer1Active");
-    client->Set("CounterEventSource", "Line3");
+    m_client->setFor("LineSelector", "Line3", "LineSource", "Timer1Active");
+    m_client->set("CounterEventSource", "Line3");
     // Levels that last much longer than the pause between two looks at them.
-    client->SetFor("TimerSelector", "Timer1", "TimerDuration", 400000);
-    client->Set("TimerDelay", 600000);
-    client->Set("TimerTriggerSource", "Timer1Active");
-    client->Set("TimerTriggerActivation", "FallingEdge");
+    m_client->setFor("TimerSelector", "Timer1", "TimerDuration", 400000);
+    m_client->set("TimerDelay", 600000);
+    m_client->set("TimerTriggerSource", "Timer1Active");
+    m_client->set("TimerTriggerActivation", "FallingEdge");
     for (const double level : {1.0, 0.0, 1.0, 0.0})
-        QTRY_COMPARE(client->Number("LineStatus"), level);
-    QTRY_VERIFY(client->Number("CounterValue") >= 3);
+        QTRY_COMPARE(m_client->number("LineStatus"), level);
+    QTRY_VERIFY(m_client->number("CounterValue") >= 3);
 }
 
 void tst_FullCamera::pulseTrainIsCounted()
 {
-    client->Set("CounterEventSource", "Timer0Active");
-    client->Set("CounterDuration", 200);
-    client->Set("TimerDuration", 500);
-    client->Set("TimerDelay", 500);
-    client->Set("TimerTriggerActivation", "FallingEdge");
-    client->Set("TimerTriggerSource", "Timer0Active");
-    QTRY_COMPARE(client->Text("CounterStatus"), std::string("CounterCompleted"));
-    QCOMPARE(client->Number("CounterValue"), 200.0);
+    m_client->set("CounterEventSource", "Timer0Active");
+    m_client->set("CounterDuration", 200);
+    m_client->set("TimerDuration", 500);
+    m_client->set("TimerDelay", 500);
+    m_client->set("TimerTriggerActivation", "FallingEdge");
+    m_client->set("TimerTriggerSource", "Timer0Active");
+    QTRY_COMPARE(m_client->text("CounterStatus"), std::string("CounterCompleted"));
+    QCOMPARE(m_client->number("CounterValue"), 200.0);
 }
 
 void tst_FullCamera::inputsToggleByThemselves()
 {
-    client->Set("LineSelector", "Line0");
+    m_client->set("LineSelector", "Line0");
     for (const double level : {1.0, 0.0})
-        QTRY_COMPARE(client->Number("LineStatus"), level);
+        QTRY_COMPARE(m_client->number("LineStatus"), level);
 }
 
 QTEST_GUILESS_MAIN(tst_FullCamera)

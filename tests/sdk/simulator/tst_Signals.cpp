@@ -35,62 +35,62 @@ void tst_Signals::edgesAreCountedByActivation()
     QFETCH(unsigned, activation);
     QFETCH(unsigned, expected);
     Signals bus;
-    bus.SetLevel(SignalLine0, true);
-    bus.SetLevel(SignalLine0, false);
-    bus.SetLevel(SignalLine0, true);
-    bus.Publish();
-    QCOMPARE(bus.Edges(SignalLine0, activation), expected);
-    QCOMPARE(bus.Edges(SignalLine0 + 1, activation), 0U);
+    bus.setLevel(SignalLine0, true);
+    bus.setLevel(SignalLine0, false);
+    bus.setLevel(SignalLine0, true);
+    bus.publish();
+    QCOMPARE(bus.edges(SignalLine0, activation), expected);
+    QCOMPARE(bus.edges(SignalLine0 + 1, activation), 0U);
 }
 
 void tst_Signals::whatIsSetIsSeenOnlyAfterPublishing()
 {
     Signals bus;
-    bus.SetLevel(SignalLine0, true);
-    QVERIFY(!bus.Level(SignalLine0));
-    QCOMPARE(bus.Edges(SignalLine0, RisingEdge), 0U);
-    bus.Publish();
-    QVERIFY(bus.Level(SignalLine0));
-    QCOMPARE(bus.Edges(SignalLine0, RisingEdge), 1U);
+    bus.setLevel(SignalLine0, true);
+    QVERIFY(!bus.level(SignalLine0));
+    QCOMPARE(bus.edges(SignalLine0, RisingEdge), 0U);
+    bus.publish();
+    QVERIFY(bus.level(SignalLine0));
+    QCOMPARE(bus.edges(SignalLine0, RisingEdge), 1U);
 }
 
 void tst_Signals::edgesAreSeenOnceAndLevelsStay()
 {
     Signals bus;
-    bus.SetLevel(SignalLine0, true);
-    bus.Publish();
-    bus.Publish();
-    QVERIFY(bus.Level(SignalLine0));
-    QCOMPARE(bus.Edges(SignalLine0, AnyEdge), 0U);
+    bus.setLevel(SignalLine0, true);
+    bus.publish();
+    bus.publish();
+    QVERIFY(bus.level(SignalLine0));
+    QCOMPARE(bus.edges(SignalLine0, AnyEdge), 0U);
 }
 
 void tst_Signals::settingTheSameLevelIsNoEdge()
 {
     Signals bus;
-    bus.SetLevel(SignalLine0, true);
-    bus.Publish();
-    bus.SetLevel(SignalLine0, true);
-    bus.Publish();
-    QCOMPARE(bus.Edges(SignalLine0, AnyEdge), 0U);
+    bus.setLevel(SignalLine0, true);
+    bus.publish();
+    bus.setLevel(SignalLine0, true);
+    bus.publish();
+    QCOMPARE(bus.edges(SignalLine0, AnyEdge), 0U);
 }
 
 void tst_Signals::pulsesLeaveTheLevelAsItIs()
 {
     Signals bus;
-    bus.Pulse(SignalFrameStart, 3);
-    bus.Publish();
-    QVERIFY(!bus.Level(SignalFrameStart));
-    QCOMPARE(bus.Edges(SignalFrameStart, RisingEdge), 3U);
-    QCOMPARE(bus.Edges(SignalFrameStart, FallingEdge), 3U);
-    QCOMPARE(bus.Pulses(SignalFrameStart), 3U);
+    bus.pulse(SignalFrameStart, 3);
+    bus.publish();
+    QVERIFY(!bus.level(SignalFrameStart));
+    QCOMPARE(bus.edges(SignalFrameStart, RisingEdge), 3U);
+    QCOMPARE(bus.edges(SignalFrameStart, FallingEdge), 3U);
+    QCOMPARE(bus.pulses(SignalFrameStart), 3U);
 }
 
 void tst_Signals::signalsOutsideTheListAreLowAndQuiet()
 {
     const Signals bus;
-    QVERIFY(!bus.Level(SignalCount));
-    QVERIFY(!bus.Level(0xffffffff));
-    QCOMPARE(bus.Edges(0xffffffff, AnyEdge), 0U);
+    QVERIFY(!bus.level(SignalCount));
+    QVERIFY(!bus.level(0xffffffff));
+    QCOMPARE(bus.edges(0xffffffff, AnyEdge), 0U);
 }
 
 QTEST_GUILESS_MAIN(tst_Signals)

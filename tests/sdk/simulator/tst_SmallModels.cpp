@@ -23,27 +23,27 @@ private slots:
     void aliasLineCountsAndTriggers();
 
 private:
-    void Start(const char* model);
+    void start(const char* model);
 
-    std::unique_ptr<ZalSim::SimulatedCamera> camera;
-    std::unique_ptr<SdkClient> client;
+    std::unique_ptr<ZalSim::SimulatedCamera> m_camera;
+    std::unique_ptr<SdkClient> m_client;
 };
 
-void tst_SmallModels::Start(const char* model)
+void tst_SmallModels::start(const char* model)
 {
     ZalSim::Options options;
     options.model = model;
     std::string error;
-    camera = ZalSim::SimulatedCamera::Start(options, error);
-    if (!camera)
+    m_camera = ZalSim::SimulatedCamera::start(options, error);
+    if (!m_camera)
         throw std::runtime_error(error);
-    client = std::make_unique<SdkClient>();
+    m_client = std::make_unique<SdkClient>();
 }
 
 void tst_SmallModels::cleanup()
 {
-    client.reset();
-    camera.reset();
+    m_client.reset();
+    m_camera.reset();
 }
 
 void tst_SmallModels::modelLacks_data()
@@ -61,9 +61,9 @@ void tst_SmallModels::modelLacks_data()
 void tst_SmallModels::modelLacks()
 {
     QFETCH(QStringList, missing);
-    Start(QTest::currentDataTag());
+    start(QTest::currentDataTag());
     for (const QString& feature : missing)
-        QVERIFY2(!client->Has(qPrintable(feature)), qPrintable(feature));
+        QVERIFY2(!m_client->has(qPrintable(feature)), qPrintable(feature));
 }
 
 void tst_SmallModels::tabsFeaturesAreThere_data()
@@ -76,14 +76,14 @@ void tst_SmallModels::tabsFeaturesAreThere_data()
 void tst_SmallModels::tabsFeaturesAreThere()
 {
     QFETCH(bool, counters);
-    Start(QTest::currentDataTag());
-    QCOMPARE(client->Text("DeviceVendorName"), std::string("Tarsel Imaging GmbH"));
-    QCOMPARE(client->Text("DeviceFamilyName"), std::string("Basic Series"));
+    start(QTest::currentDataTag());
+    QCOMPARE(m_client->text("DeviceVendorName"), std::string("Tarsel Imaging GmbH"));
+    QCOMPARE(m_client->text("DeviceFamilyName"), std::string("Basic Series"));
     for (const char* feature :
          {"TriggerSelector", "TriggerMode", "LineSelector", "LineMode", "LineInverter",
           "LineStatus", "LineDebounceMode", "LineDebounceDuration", "ExposureMode"})
-        QVERIFY2(client->Has(feature), feature);
-    QCOMPARE(client->Has("CounterSelector"), counters);
+        QVERIFY2(m_client->has(feature), feature);
+    QCOMPARE(m_client->has("CounterSelector"), counters);
 }
 
 void tst_SmallModels::triggersOfferOnlyWhatTheModelHas_data()
@@ -98,67 +98,67 @@ void tst_SmallModels::triggersOfferOnlyWhatTheModelHas_data()
 
 void tst_SmallModels::triggersOfferOnlyWhatTheModelHas()
 {
-    Start(QTest::currentDataTag());
-    QTEST(client->AvailableEntries("TriggerSource"), "sources");
+    start(QTest::currentDataTag());
+    QTEST(m_client->availableEntries("TriggerSource"), "sources");
 }
 
 void tst_SmallModels::basicHasNoSourceOnItsInputs()
 {
-    Start("basic");
+    start("basic");
     const auto hasSource = [this](const char* line) {
-        client->Set("LineSelector", line);
-        return client->IsReadable("LineSource");
+        m_client->set("LineSelector", line);
+        return m_client->isReadable("LineSource");
     };
     QVERIFY(!hasSource("Line0"));
-    QVERIFY(!client->IsWritable("LineSource"));
+    QVERIFY(!m_client->isWritable("LineSource"));
     QVERIFY(!hasSource("Line1"));
     QVERIFY(hasSource("Line3"));
     QVERIFY(hasSource("Line2"));
-    client->Set("LineMode", "Input");
+    m_client->set("LineMode", "Input");
     QVERIFY(!hasSource("Line2"));
 }
 
 void tst_SmallModels::basicOutputFollowsTheExposure()
 {
-    Start("basic");
-    client->SetFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
-    client->SetFor("LineSelector", "Line3", "LineSource", "ExposureActive");
-    client->Set("ExposureTime", 1e7);
-    client->StartAcquisition();
-    client->Execute("TriggerSoftware");
-    QTRY_COMPARE(client->Number("LineStatus"), 1.0);
-    client->Set("ExposureTime", 10);
-    QTRY_COMPARE(client->Number("LineStatus"), 0.0);
-    QVERIFY(client->GetsExactly(1));
+    start("basic");
+    m_client->setFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
+    m_client->setFor("LineSelector", "Line3", "LineSource", "ExposureActive");
+    m_client->set("ExposureTime", 1e7);
+    m_client->startAcquisition();
+    m_client->execute("TriggerSoftware");
+    QTRY_COMPARE(m_client->number("LineStatus"), 1.0);
+    m_client->set("ExposureTime", 10);
+    QTRY_COMPARE(m_client->number("LineStatus"), 0.0);
+    QVERIFY(m_client->getsExactly(1));
 }
 
 void tst_SmallModels::aliasLinesAreCalledLikeTheirPins()
 {
-    Start("aliaslines");
-    QCOMPARE(client->AvailableEntries("LineSelector"),
+    start("aliaslines");
+    QCOMPARE(m_client->availableEntries("LineSelector"),
              (QStringList{"In1", "In2", "InOut1", "Out1"}));
-    client->Set("LineSelector", "In1");
-    QCOMPARE(client->AvailableEntries("LineMode"), QStringList{"Input"});
-    client->Set("LineSelector", "Out1");
-    QCOMPARE(client->AvailableEntries("LineMode"), QStringList{"Output"});
-    QVERIFY_EXCEPTION_THROWN(client->Set("LineSelector", "Line0"), std::runtime_error);
-    QCOMPARE(client->Text("LineSelector"), std::string("Out1"));
+    m_client->set("LineSelector", "In1");
+    QCOMPARE(m_client->availableEntries("LineMode"), QStringList{"Input"});
+    m_client->set("LineSelector", "Out1");
+    QCOMPARE(m_client->availableEntries("LineMode"), QStringList{"Output"});
+    QVERIFY_EXCEPTION_THROWN(m_client->set("LineSelector", "Line0"), std::runtime_error);
+    QCOMPARE(m_client->text("LineSelector"), std::string("Out1"));
 }
 
 void tst_SmallModels::aliasLineCountsAndTriggers()
 {
-    Start("aliaslines");
-    camera->SetInputLine(0, false);
-    client->Set("CounterEventSource", "In1");
-    client->SetFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
-    client->Set("TriggerSource", "In1");
-    client->StartAcquisition();
+    start("aliaslines");
+    m_camera->setInputLine(0, false);
+    m_client->set("CounterEventSource", "In1");
+    m_client->setFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
+    m_client->set("TriggerSource", "In1");
+    m_client->startAcquisition();
     for (int round = 1; round <= 2; ++round) {
-        camera->SetInputLine(0, true);
-        camera->SetInputLine(0, false);
-        QVERIFY(client->GetsExactly(round));
+        m_camera->setInputLine(0, true);
+        m_camera->setInputLine(0, false);
+        QVERIFY(m_client->getsExactly(round));
     }
-    QTRY_COMPARE(client->Number("CounterValue"), 2.0);
+    QTRY_COMPARE(m_client->number("CounterValue"), 2.0);
 }
 
 QTEST_GUILESS_MAIN(tst_SmallModels)

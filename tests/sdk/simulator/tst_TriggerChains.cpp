@@ -30,41 +30,41 @@ private slots:
     void pulseTrainTriggersFrames();
 
 private:
-    void SwitchTrigger(const char* source, const char* activation = "RisingEdge") const;
-    void PulseLine0(int count = 1);
+    void switchTrigger(const char* source, const char* activation = "RisingEdge") const;
+    void pulseLine0(int count = 1);
 
-    std::unique_ptr<ZalSim::SimulatedCamera> camera;
-    std::unique_ptr<SdkClient> client;
+    std::unique_ptr<ZalSim::SimulatedCamera> m_camera;
+    std::unique_ptr<SdkClient> m_client;
 };
 
 void tst_TriggerChains::init()
 {
     std::string error;
-    camera = ZalSim::SimulatedCamera::Start({}, error);
-    QVERIFY2(camera, error.c_str());
-    camera->SetInputLine(0, false);
-    client = std::make_unique<SdkClient>();
-    client->Set("ExposureTime", 1000);
+    m_camera = ZalSim::SimulatedCamera::start({}, error);
+    QVERIFY2(m_camera, error.c_str());
+    m_camera->setInputLine(0, false);
+    m_client = std::make_unique<SdkClient>();
+    m_client->set("ExposureTime", 1000);
 }
 
 void tst_TriggerChains::cleanup()
 {
-    client.reset();
-    camera.reset();
+    m_client.reset();
+    m_camera.reset();
 }
 
-void tst_TriggerChains::SwitchTrigger(const char* source, const char* activation) const
+void tst_TriggerChains::switchTrigger(const char* source, const char* activation) const
 {
-    client->SetFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
-    client->Set("TriggerSource", source);
-    client->Set("TriggerActivation", activation);
+    m_client->setFor("TriggerSelector", "FrameStart", "TriggerMode", "On");
+    m_client->set("TriggerSource", source);
+    m_client->set("TriggerActivation", activation);
 }
 
-void tst_TriggerChains::PulseLine0(int count)
+void tst_TriggerChains::pulseLine0(int count)
 {
     for (int i = 0; i < count; ++i) {
-        camera->SetInputLine(0, true);
-        camera->SetInputLine(0, false);
+        m_camera->setInputLine(0, true);
+        m_camera->setInputLine(0, false);
     }
 }
 
@@ -83,81 +83,81 @@ void tst_TriggerChains::signalMakesOneFrameEach()
 {
     QFETCH(int, selected);
     QFETCH(QByteArray, command);
-    client->Set("SoftwareSignalSelector", selected == 0 ? "SoftwareSignal0" : "SoftwareSignal1");
-    client->Set("ActionDeviceKey", 7);
-    client->Set("ActionSelector", selected);
-    client->Set("ActionGroupKey", 9);
-    client->Set("ActionGroupMask", 2);
-    SwitchTrigger(QTest::currentDataTag());
-    client->StartAcquisition();
+    m_client->set("SoftwareSignalSelector", selected == 0 ? "SoftwareSignal0" : "SoftwareSignal1");
+    m_client->set("ActionDeviceKey", 7);
+    m_client->set("ActionSelector", selected);
+    m_client->set("ActionGroupKey", 9);
+    m_client->set("ActionGroupMask", 2);
+    switchTrigger(QTest::currentDataTag());
+    m_client->startAcquisition();
     for (int frame = 1; frame <= 3; ++frame) {
         if (command.isEmpty())
-            camera->SendAction(7, 9, 2);
+            m_camera->sendAction(7, 9, 2);
         else
-            client->Execute(command.constData());
-        QVERIFY(client->GetsExactly(frame));
+            m_client->execute(command.constData());
+        QVERIFY(m_client->getsExactly(frame));
     }
 }
 
 void tst_TriggerChains::lineMakesOneFrameOnEachRisingEdge()
 {
-    SwitchTrigger("Line0");
-    client->StartAcquisition();
-    PulseLine0(4);
-    QVERIFY(client->GetsExactly(4));
+    switchTrigger("Line0");
+    m_client->startAcquisition();
+    pulseLine0(4);
+    QVERIFY(m_client->getsExactly(4));
 }
 
 void tst_TriggerChains::pulseWidthIsTheExposure()
 {
-    SwitchTrigger("Line0");
-    client->Set("ExposureMode", "TriggerWidth");
-    client->SetFor("LineSelector", "Line3", "LineSource", "ExposureActive");
-    client->StartAcquisition();
-    camera->SetInputLine(0, true);
-    QTRY_COMPARE(client->Number("LineStatus"), 1.0);
-    QVERIFY(client->GetsExactly(0));
-    QCOMPARE(client->Number("LineStatus"), 1.0);
-    camera->SetInputLine(0, false);
-    QTRY_COMPARE(client->Number("LineStatus"), 0.0);
-    QVERIFY(client->GetsExactly(1));
+    switchTrigger("Line0");
+    m_client->set("ExposureMode", "TriggerWidth");
+    m_client->setFor("LineSelector", "Line3", "LineSource", "ExposureActive");
+    m_client->startAcquisition();
+    m_camera->setInputLine(0, true);
+    QTRY_COMPARE(m_client->number("LineStatus"), 1.0);
+    QVERIFY(m_client->getsExactly(0));
+    QCOMPARE(m_client->number("LineStatus"), 1.0);
+    m_camera->setInputLine(0, false);
+    QTRY_COMPARE(m_client->number("LineStatus"), 0.0);
+    QVERIFY(m_client->getsExactly(1));
 }
 
 void tst_TriggerChains::strobeFollowsEveryExposure()
 {
-    client->SetFor("LineSelector", "Line3", "LineSource", "ExposureActive");
-    client->Set("CounterEventSource", "Line3");
-    SwitchTrigger("Line0");
-    client->StartAcquisition();
-    PulseLine0(3);
-    QVERIFY(client->GetsExactly(3));
-    QTRY_COMPARE(client->Number("CounterValue"), 3.0);
+    m_client->setFor("LineSelector", "Line3", "LineSource", "ExposureActive");
+    m_client->set("CounterEventSource", "Line3");
+    switchTrigger("Line0");
+    m_client->startAcquisition();
+    pulseLine0(3);
+    QVERIFY(m_client->getsExactly(3));
+    QTRY_COMPARE(m_client->number("CounterValue"), 3.0);
 }
 
 void tst_TriggerChains::edgeStartsABurst()
 {
-    client->SetFor("TriggerSelector", "FrameBurstStart", "TriggerMode", "On");
-    client->Set("TriggerSource", "Line0");
-    client->Set("AcquisitionBurstFrameCount", 5);
-    client->StartAcquisition();
-    QVERIFY(client->GetsExactly(0));
-    PulseLine0();
-    QVERIFY(client->GetsExactly(5));
-    PulseLine0();
-    QVERIFY(client->GetsExactly(10));
+    m_client->setFor("TriggerSelector", "FrameBurstStart", "TriggerMode", "On");
+    m_client->set("TriggerSource", "Line0");
+    m_client->set("AcquisitionBurstFrameCount", 5);
+    m_client->startAcquisition();
+    QVERIFY(m_client->getsExactly(0));
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(5));
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(10));
 }
 
 void tst_TriggerChains::edgeStartsALimitedAcquisition()
 {
-    client->Set("AcquisitionMode", "MultiFrame");
-    client->Set("AcquisitionFrameCount", 4);
-    client->SetFor("TriggerSelector", "AcquisitionStart", "TriggerMode", "On");
-    client->Set("TriggerSource", "Line0");
-    client->StartAcquisition();
-    QVERIFY(client->GetsExactly(0));
-    PulseLine0();
-    QVERIFY(client->GetsExactly(4));
-    PulseLine0();
-    QVERIFY(client->GetsExactly(4));
+    m_client->set("AcquisitionMode", "MultiFrame");
+    m_client->set("AcquisitionFrameCount", 4);
+    m_client->setFor("TriggerSelector", "AcquisitionStart", "TriggerMode", "On");
+    m_client->set("TriggerSource", "Line0");
+    m_client->startAcquisition();
+    QVERIFY(m_client->getsExactly(0));
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(4));
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(4));
 }
 
 void tst_TriggerChains::timerDelaysTheTrigger_data()
@@ -171,27 +171,27 @@ void tst_TriggerChains::timerDelaysTheTrigger_data()
 void tst_TriggerChains::timerDelaysTheTrigger()
 {
     QFETCH(QByteArray, activation);
-    client->SetFor("TimerSelector", "Timer0", "TimerTriggerSource", "Line0");
-    client->Set("TimerTriggerActivation", "RisingEdge");
-    client->Set("TimerDelay", 20000);
-    client->Set("TimerDuration", 5000);
-    SwitchTrigger(QTest::currentDataTag(), activation.constData());
-    client->StartAcquisition();
+    m_client->setFor("TimerSelector", "Timer0", "TimerTriggerSource", "Line0");
+    m_client->set("TimerTriggerActivation", "RisingEdge");
+    m_client->set("TimerDelay", 20000);
+    m_client->set("TimerDuration", 5000);
+    switchTrigger(QTest::currentDataTag(), activation.constData());
+    m_client->startAcquisition();
     for (int frame = 1; frame <= 2; ++frame) {
-        PulseLine0();
-        QVERIFY(client->GetsExactly(frame));
+        pulseLine0();
+        QVERIFY(m_client->getsExactly(frame));
     }
 }
 
 void tst_TriggerChains::nothingComesBeforeTheTimersDelayIsOver()
 {
-    client->Set("TimerTriggerSource", "Line0");
-    client->Set("TimerDelay", 1e8);
-    SwitchTrigger("Timer0Start");
-    client->StartAcquisition();
-    PulseLine0();
-    QVERIFY(client->GetsExactly(0));
-    QCOMPARE(client->Text("TimerStatus"), std::string("TimerTriggerWait"));
+    m_client->set("TimerTriggerSource", "Line0");
+    m_client->set("TimerDelay", 1e8);
+    switchTrigger("Timer0Start");
+    m_client->startAcquisition();
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(0));
+    QCOMPARE(m_client->text("TimerStatus"), std::string("TimerTriggerWait"));
 }
 
 void tst_TriggerChains::triggerDelayPostponesTheFrame_data()
@@ -206,11 +206,11 @@ void tst_TriggerChains::triggerDelayPostponesTheFrame()
 {
     QFETCH(double, delay);
     QFETCH(int, frames);
-    SwitchTrigger("Line0");
-    client->Set("TriggerDelay", delay);
-    client->StartAcquisition();
-    PulseLine0();
-    QVERIFY(client->GetsExactly(frames));
+    switchTrigger("Line0");
+    m_client->set("TriggerDelay", delay);
+    m_client->startAcquisition();
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(frames));
 }
 
 void tst_TriggerChains::counterPassesEveryThirdEdge_data()
@@ -226,52 +226,52 @@ void tst_TriggerChains::counterPassesEveryThirdEdge()
 {
     QFETCH(QByteArray, source);
     QFETCH(QByteArray, activation);
-    client->SetFor("CounterSelector", "Counter0", "CounterEventSource", "Line0");
-    client->Set("CounterEventActivation", "RisingEdge");
-    client->Set("CounterDuration", 3);
-    client->Set("CounterResetSource", source.constData());
-    client->Set("CounterResetActivation", activation.constData());
-    SwitchTrigger(source.constData(), activation.constData());
-    client->StartAcquisition();
-    PulseLine0(2);
-    QVERIFY(client->GetsExactly(0));
-    PulseLine0();
-    QVERIFY(client->GetsExactly(1));
-    PulseLine0(7);
-    QVERIFY(client->GetsExactly(3));
-    QTRY_COMPARE(client->Number("CounterValue"), 1.0);
-    QCOMPARE(client->Number("CounterValueAtReset"), 3.0);
+    m_client->setFor("CounterSelector", "Counter0", "CounterEventSource", "Line0");
+    m_client->set("CounterEventActivation", "RisingEdge");
+    m_client->set("CounterDuration", 3);
+    m_client->set("CounterResetSource", source.constData());
+    m_client->set("CounterResetActivation", activation.constData());
+    switchTrigger(source.constData(), activation.constData());
+    m_client->startAcquisition();
+    pulseLine0(2);
+    QVERIFY(m_client->getsExactly(0));
+    pulseLine0();
+    QVERIFY(m_client->getsExactly(1));
+    pulseLine0(7);
+    QVERIFY(m_client->getsExactly(3));
+    QTRY_COMPARE(m_client->number("CounterValue"), 1.0);
+    QCOMPARE(m_client->number("CounterValueAtReset"), 3.0);
 }
 
 void tst_TriggerChains::counterDividesATrainThatIsFasterThanTheCamerasSteps()
 {
-    client->SetFor("CounterSelector", "Counter1", "CounterEventSource", "Counter0End");
-    client->Set("CounterDuration", 20);
-    client->SetFor("CounterSelector", "Counter0", "CounterEventSource", "Timer0End");
-    client->Set("CounterDuration", 7);
-    client->Set("CounterResetSource", "Counter0End");
-    client->SetFor("TimerSelector", "Timer0", "TimerDuration", 50);
-    client->Set("TimerDelay", 50);
-    client->Set("TimerTriggerSource", "Timer0End");
-    client->Set("CounterSelector", "Counter1");
-    QTRY_COMPARE(client->Text("CounterStatus"), std::string("CounterCompleted"));
-    QCOMPARE(client->Number("CounterValue"), 20.0);
+    m_client->setFor("CounterSelector", "Counter1", "CounterEventSource", "Counter0End");
+    m_client->set("CounterDuration", 20);
+    m_client->setFor("CounterSelector", "Counter0", "CounterEventSource", "Timer0End");
+    m_client->set("CounterDuration", 7);
+    m_client->set("CounterResetSource", "Counter0End");
+    m_client->setFor("TimerSelector", "Timer0", "TimerDuration", 50);
+    m_client->set("TimerDelay", 50);
+    m_client->set("TimerTriggerSource", "Timer0End");
+    m_client->set("CounterSelector", "Counter1");
+    QTRY_COMPARE(m_client->text("CounterStatus"), std::string("CounterCompleted"));
+    QCOMPARE(m_client->number("CounterValue"), 20.0);
 }
 
 void tst_TriggerChains::pulseTrainTriggersFrames()
 {
-    client->Set("TimerDuration", 20000);
-    client->Set("TimerDelay", 20000);
-    client->Set("TimerTriggerActivation", "FallingEdge");
-    client->Set("TimerTriggerSource", "Timer0Active");
-    SwitchTrigger("Timer0Active");
-    client->StartAcquisition();
-    QTRY_VERIFY(client->Frames() >= 5);
-    client->Set("TimerTriggerSource", "Off");
-    QTRY_COMPARE(client->Text("TimerStatus"), std::string("TimerCompleted"));
-    client->StopAcquisition();
-    client->StartAcquisition();
-    QVERIFY(client->GetsExactly(0));
+    m_client->set("TimerDuration", 20000);
+    m_client->set("TimerDelay", 20000);
+    m_client->set("TimerTriggerActivation", "FallingEdge");
+    m_client->set("TimerTriggerSource", "Timer0Active");
+    switchTrigger("Timer0Active");
+    m_client->startAcquisition();
+    QTRY_VERIFY(m_client->frames() >= 5);
+    m_client->set("TimerTriggerSource", "Off");
+    QTRY_COMPARE(m_client->text("TimerStatus"), std::string("TimerCompleted"));
+    m_client->stopAcquisition();
+    m_client->startAcquisition();
+    QVERIFY(m_client->getsExactly(0));
 }
 
 QTEST_GUILESS_MAIN(tst_TriggerChains)

@@ -12,15 +12,15 @@ struct Outcome
     QString errors;
 };
 
-QString Program()
+QString program()
 {
     return QCoreApplication::applicationDirPath() + "/../bin/zalcamsim";
 }
 
-Outcome Run(const QStringList& arguments)
+Outcome run(const QStringList& arguments)
 {
     ChildProcess process;
-    process.start(Program(), arguments);
+    process.start(program(), arguments);
     if (!process.waitForFinished())
         return {-1, {}, "does not end"};
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
@@ -32,7 +32,7 @@ class Server
 public:
     explicit Server(const QStringList& arguments = {})
     {
-        process.start(Program(), arguments);
+        process.start(program(), arguments);
         while (!process.canReadLine() && process.waitForReadyRead()) {
         }
         line = process.readLine();
@@ -44,7 +44,7 @@ public:
         process.waitForFinished();
     }
 
-    bool Ends() { return process.waitForFinished(); }
+    bool ends() { return process.waitForFinished(); }
 
     ChildProcess process;
     QByteArray line;
@@ -97,7 +97,7 @@ void tst_zalcamsim::saysWhenItIsReadyAndServes()
     const Server server(arguments);
     QTEST(server.line, "line");
     const Client client;
-    QTEST(QByteArray::fromStdString(client.Text("DeviceVendorName")), "vendor");
+    QTEST(QByteArray::fromStdString(client.text("DeviceVendorName")), "vendor");
 }
 
 void tst_zalcamsim::endsCleanlyOnSignals_data()
@@ -112,7 +112,7 @@ void tst_zalcamsim::endsCleanlyOnSignals()
     QFETCH(int, number);
     Server server;
     QVERIFY(server.process.signal(number));
-    QVERIFY(server.Ends());
+    QVERIFY(server.ends());
     QCOMPARE(server.process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(server.process.exitCode(), 0);
 }
@@ -140,7 +140,7 @@ void tst_zalcamsim::wrongCallsHaveTheirOwnExitCodes_data()
 void tst_zalcamsim::wrongCallsHaveTheirOwnExitCodes()
 {
     QFETCH(QStringList, arguments);
-    const Outcome outcome = Run(arguments);
+    const Outcome outcome = run(arguments);
     QTEST(outcome.exitCode, "exitCode");
     QTEST(outcome.errors, "errors");
     QCOMPARE(outcome.output, QString());
@@ -149,7 +149,7 @@ void tst_zalcamsim::wrongCallsHaveTheirOwnExitCodes()
 void tst_zalcamsim::takenPortHasItsOwnExitCode()
 {
     const Server first;
-    const Outcome second = Run({});
+    const Outcome second = run({});
     QCOMPARE(second.exitCode, 4);
     QCOMPARE(second.errors, QString("zalcamsim: Another camera already listens on 127.0.0.1, UDP "
                                     "port 3956.\n"));
@@ -157,7 +157,7 @@ void tst_zalcamsim::takenPortHasItsOwnExitCode()
 
 void tst_zalcamsim::listsItsModels()
 {
-    const Outcome outcome = Run({"--list"});
+    const Outcome outcome = run({"--list"});
     QCOMPARE(outcome.exitCode, 0);
     const QStringList lines = outcome.output.split('\n', Qt::SkipEmptyParts);
     QCOMPARE(lines.size(), 5);
@@ -170,7 +170,7 @@ void tst_zalcamsim::listsItsModels()
 
 void tst_zalcamsim::helpTellsOptionsAndExitCodes()
 {
-    const Outcome outcome = Run({"--help"});
+    const Outcome outcome = run({"--help"});
     QCOMPARE(outcome.exitCode, 0);
     for (const char* text : {"--model", "--interface", "--serial", "--description", "--list",
                              "--version", "Exit codes: 0"})
@@ -180,15 +180,15 @@ void tst_zalcamsim::helpTellsOptionsAndExitCodes()
 void tst_zalcamsim::versionIsTold()
 {
     QVERIFY(QRegularExpression("^zalcamsim \\d+\\.\\d+\\.\\d+\n$")
-                .match(Run({"--version"}).output)
+                .match(run({"--version"}).output)
                 .hasMatch());
 }
 
 void tst_zalcamsim::holdsNoPathOfTheBuild()
 {
-    QFile file(Program());
+    QFile file(program());
     QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray folder = QFileInfo(Program()).canonicalPath().toLocal8Bit();
+    const QByteArray folder = QFileInfo(program()).canonicalPath().toLocal8Bit();
     QVERIFY(!file.readAll().contains(folder + "/models"));
 }
 
@@ -196,12 +196,12 @@ void tst_zalcamsim::goesOnAfterBeingStopped()
 {
     Server server;
     Client client;
-    client.StartAcquisition();
-    QVERIFY(client.WaitForFrames(2));
+    client.startAcquisition();
+    QVERIFY(client.waitForFrames(2));
     QVERIFY(server.process.stall());
     QTest::qWait(300);
     server.process.resume();
-    QVERIFY(client.WaitForFrames(client.Frames() + 5));
+    QVERIFY(client.waitForFrames(client.frames() + 5));
 }
 
 // A host that is killed says nothing. The camera gives it up after the heartbeat timeout, and what
@@ -219,30 +219,30 @@ void tst_zalcamsim::vanishedHostIsGivenUp()
     const auto tryToControl = [&next] {
         next.reset();
         next = std::make_unique<Client>();
-        return next->IsController();
+        return next->isController();
     };
     QVERIFY(!tryToControl());
     QTRY_VERIFY_WITH_TIMEOUT(tryToControl(), 20000);
-    QTRY_COMPARE(next->Integer("TLParamsLocked"), 0LL);
-    next->Set("TriggerMode", "On");
-    next->StartAcquisition();
-    QVERIFY(next->GetsExactly(0));
-    next->Execute("TriggerSoftware");
-    QVERIFY(next->GetsExactly(1));
+    QTRY_COMPARE(next->integer("TLParamsLocked"), 0LL);
+    next->set("TriggerMode", "On");
+    next->startAcquisition();
+    QVERIFY(next->getsExactly(0));
+    next->execute("TriggerSoftware");
+    QVERIFY(next->getsExactly(1));
 }
 
 namespace {
 
 // The host that is going to vanish: acquires until it is killed.
-int ActAsHost()
+int actAsHost()
 {
     Client client;
-    client.Set("TLParamsLocked", 1);
-    client.StartAcquisition();
-    if (!client.WaitForFrames(2))
+    client.set("TLParamsLocked", 1);
+    client.startAcquisition();
+    if (!client.waitForFrames(2))
         return 1;
     QTextStream(stdout) << "acquiring" << Qt::endl;
-    while (client.WaitForFrames(client.Frames() + 1)) {
+    while (client.waitForFrames(client.frames() + 1)) {
     }
     return 0;
 }
@@ -252,7 +252,7 @@ int ActAsHost()
 int main(int argc, char** argv)
 {
     if (argc == 2 && std::string(argv[1]) == "--host")
-        return ActAsHost();
+        return actAsHost();
     QCoreApplication application(argc, argv);
     tst_zalcamsim test;
     return QTest::qExec(&test, argc, argv);

@@ -5,8 +5,9 @@
 #include <arv.h>
 
 #include <chrono>
+#include <condition_variable>
 #include <memory>
-#include <thread>
+#include <mutex>
 #include <vector>
 
 namespace {
@@ -104,10 +105,24 @@ void useData(const FeaturePtr& feature)
     feature->RunCommand();
 }
 
+// More than there are buffers, so that each has been used again.
+constexpr int MostFrames = 20;
+
 void acquire(ZalCPP::Camera& camera)
 {
-    camera.StartAcquisition([](const ZalCPP::Frame&) {});
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    std::mutex mutex;
+    std::condition_variable arrived;
+    int frames = 0;
+    camera.StartAcquisition([&](const ZalCPP::Frame&) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        ++frames;
+        arrived.notify_all();
+    });
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        arrived.wait_for(lock, std::chrono::milliseconds(100),
+                         [&] { return frames >= MostFrames; });
+    }
     camera.StopAcquisition();
 }
 

@@ -31,7 +31,7 @@ std::string attribute(const std::string& tag, const std::string& name)
 } // namespace
 
 Mutator::Mutator(std::string description, std::uint32_t seed)
-    : text(std::move(description)), random(seed)
+    : m_text(std::move(description)), m_random(seed)
 {
 }
 
@@ -39,49 +39,50 @@ std::string Mutator::mutate()
 {
     for (std::size_t left = 1 + below(4); left > 0; --left) {
         parse();
-        if (!elements.empty())
+        if (!m_elements.empty())
             mutateOnce();
     }
-    return text;
+    return m_text;
 }
 
 // What does not fit together any more is passed over.
 void Mutator::parse()
 {
-    elements.clear();
+    m_elements.clear();
     std::vector<std::size_t> stack;
-    for (std::size_t begin = text.find('<'); begin != std::string::npos;
-         begin = text.find('<', begin + 1)) {
-        const std::size_t end = text.find('>', begin);
+    for (std::size_t begin = m_text.find('<'); begin != std::string::npos;
+         begin = m_text.find('<', begin + 1)) {
+        const std::size_t end = m_text.find('>', begin);
         if (end == std::string::npos)
             return;
-        if (text[begin + 1] == '?' || text[begin + 1] == '!' || text[end - 1] == '/')
+        if (m_text[begin + 1] == '?' || m_text[begin + 1] == '!' || m_text[end - 1] == '/')
             continue;
-        if (text[begin + 1] != '/') {
+        if (m_text[begin + 1] != '/') {
             open(begin, end + 1, stack);
         } else if (!stack.empty()) {
-            elements[stack.back()].contentEnd = begin;
-            elements[stack.back()].end = end + 1;
+            m_elements[stack.back()].contentEnd = begin;
+            m_elements[stack.back()].end = end + 1;
             stack.pop_back();
         }
     }
     const auto isOpen = [](const Element& element) { return element.end == 0; };
-    elements.erase(std::remove_if(elements.begin(), elements.end(), isOpen), elements.end());
+    m_elements.erase(std::remove_if(m_elements.begin(), m_elements.end(), isOpen),
+                     m_elements.end());
 }
 
 void Mutator::open(std::size_t begin, std::size_t end, std::vector<std::size_t>& stack)
 {
-    const std::string tag = text.substr(begin + 1, end - begin - 2);
+    const std::string tag = m_text.substr(begin + 1, end - begin - 2);
     Element element{begin, end, 0, 0, tag.substr(0, tag.find_first_of(" \n")), "", "", true};
     element.name = isLink(element.tag) ? std::string() : attribute(tag, "Name");
     element.node = element.name;
     if (!stack.empty()) {
-        elements[stack.back()].isLeaf = false;
+        m_elements[stack.back()].isLeaf = false;
         if (element.name.empty())
-            element.node = elements[stack.back()].node;
+            element.node = m_elements[stack.back()].node;
     }
-    stack.push_back(elements.size());
-    elements.push_back(element);
+    stack.push_back(m_elements.size());
+    m_elements.push_back(element);
 }
 
 void Mutator::mutateOnce()
@@ -105,7 +106,7 @@ void Mutator::mutateOnce()
 // The distributions of the standard library differ from one to the other.
 std::size_t Mutator::below(std::size_t count)
 {
-    return count == 0 ? 0 : random() % count;
+    return count == 0 ? 0 : m_random() % count;
 }
 
 std::string Mutator::anyNodeName()
@@ -120,9 +121,9 @@ std::string Mutator::anyNodeName()
 
 template <typename Condition> const Mutator::Element* Mutator::anyLeaf(Condition condition)
 {
-    const std::size_t first = below(elements.size());
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        const Element& element = elements[(first + i) % elements.size()];
+    const std::size_t first = below(m_elements.size());
+    for (std::size_t i = 0; i < m_elements.size(); ++i) {
+        const Element& element = m_elements[(first + i) % m_elements.size()];
         if (element.isLeaf && condition(element))
             return &element;
     }
@@ -131,19 +132,19 @@ template <typename Condition> const Mutator::Element* Mutator::anyLeaf(Condition
 
 void Mutator::setContent(const Element& leaf, const std::string& content)
 {
-    text.replace(leaf.content, leaf.contentEnd - leaf.content, content);
+    m_text.replace(leaf.content, leaf.contentEnd - leaf.content, content);
 }
 
 void Mutator::removeElement()
 {
-    const Element& element = elements[1 % elements.size() + below(elements.size() - 1)];
-    text.erase(element.begin, element.end - element.begin);
+    const Element& element = m_elements[1 % m_elements.size() + below(m_elements.size() - 1)];
+    m_text.erase(element.begin, element.end - element.begin);
 }
 
 void Mutator::duplicateElement()
 {
-    const Element& element = elements[1 % elements.size() + below(elements.size() - 1)];
-    text.insert(element.end, text.substr(element.begin, element.end - element.begin));
+    const Element& element = m_elements[1 % m_elements.size() + below(m_elements.size() - 1)];
+    m_text.insert(element.end, m_text.substr(element.begin, element.end - element.begin));
 }
 
 void Mutator::swapElements()
@@ -154,26 +155,26 @@ void Mutator::swapElements()
         std::swap(first, second);
     if (first->end > second->begin)
         return;
-    const std::string late = text.substr(second->begin, second->end - second->begin);
-    const std::string early = text.substr(first->begin, first->end - first->begin);
-    text.replace(second->begin, late.size(), early);
-    text.replace(first->begin, early.size(), late);
+    const std::string late = m_text.substr(second->begin, second->end - second->begin);
+    const std::string early = m_text.substr(first->begin, first->end - first->begin);
+    m_text.replace(second->begin, late.size(), early);
+    m_text.replace(first->begin, early.size(), late);
 }
 
 void Mutator::renameNode()
 {
     const Element& element = anyElement();
-    const std::size_t name = text.find("Name=\"" + element.name + '"', element.begin);
+    const std::size_t name = m_text.find("Name=\"" + element.name + '"', element.begin);
     if (!element.name.empty() && name < element.content)
-        text.replace(name + 6, element.name.size(), anyNodeName());
+        m_text.replace(name + 6, element.name.size(), anyNodeName());
 }
 
 void Mutator::changeTag()
 {
     const Element& element = anyElement();
     const std::string tag = anyElement().tag;
-    text.replace(element.contentEnd + 2, element.tag.size(), tag);
-    text.replace(element.begin + 1, element.tag.size(), tag);
+    m_text.replace(element.contentEnd + 2, element.tag.size(), tag);
+    m_text.replace(element.begin + 1, element.tag.size(), tag);
 }
 
 void Mutator::setExtremeNumber()
@@ -183,7 +184,7 @@ void Mutator::setExtremeNumber()
         "18", "64", "65536", "4294967295", "1e308", "18446744073709551615", "1099511627776",
         "",   "-",  "nan",   "0x",         "-4",    "9300000000000",        "0x7fffffffffffffff"};
     const Element* leaf = anyLeaf([this](const Element& element) {
-        return isNumber(text.substr(element.content, element.contentEnd - element.content));
+        return isNumber(m_text.substr(element.content, element.contentEnd - element.content));
     });
     if (leaf)
         setContent(*leaf, numbers[below(std::size(numbers))]);
@@ -208,8 +209,8 @@ void Mutator::linkLength()
 {
     const Element* leaf = anyLeaf([](const Element& element) { return element.tag == "Length"; });
     if (leaf)
-        text.replace(leaf->begin, leaf->end - leaf->begin,
-                     "<pLength>" + anyNodeName() + "</pLength>");
+        m_text.replace(leaf->begin, leaf->end - leaf->begin,
+                       "<pLength>" + anyNodeName() + "</pLength>");
 }
 
 void Mutator::changeFormula()
@@ -237,11 +238,11 @@ void Mutator::changeFormula()
 
 void Mutator::truncate()
 {
-    text.resize(below(text.size()));
+    m_text.resize(below(m_text.size()));
 }
 
 void Mutator::flipBytes()
 {
     for (std::size_t left = 1 + below(8); left > 0; --left)
-        text[below(text.size())] ^= static_cast<char>(1 + below(255));
+        m_text[below(m_text.size())] ^= static_cast<char>(1 + below(255));
 }

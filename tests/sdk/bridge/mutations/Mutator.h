@@ -31,7 +31,7 @@ private:
     void open(std::size_t begin, std::size_t end, std::vector<std::size_t>& stack);
     void mutateOnce();
     std::size_t below(std::size_t count);
-    const Element& anyElement() { return elements[below(elements.size())]; }
+    const Element& anyElement() { return m_elements[below(m_elements.size())]; }
     std::string anyNodeName();
     template <typename Condition> const Element* anyLeaf(Condition condition);
     void setContent(const Element& leaf, const std::string& content);
@@ -49,7 +49,7 @@ private:
     void truncate();
     void flipBytes();
 
-    std::string text;
-    std::mt19937 random;
-    std::vector<Element> elements;
+    std::string m_text;
+    std::mt19937 m_random;
+    std::vector<Element> m_elements;
 };
