@@ -19,15 +19,16 @@ ALLOWED = {
     "host": {"host", "sdk/cameras", "sdk/simulator"},
     "tools/presetcheck": {"tools/presetcheck", "features", "sdk/cameras", "sdk/simulator"},
 }
-# Leaves that may be included from anywhere in the plugin, each with the folders that it may include
-# itself: those that lie below all who include it.
+# Leaves that may be included from below their folders as well, each with the folders that it may
+# include itself. Only those above these may include the leaf, or dependencies would go round.
 LEAVES = {
     "plugin/TabExtensionException": set(),
     "plugin/TABMessageHandler": set(),
     "ui/SettingsTreeModel": {"features"},
 }
-# The engine is built on parts in its own folder, which know nothing of it.
+# The engine is built on parts in its own folder, which know nothing of it, nor of the overview.
 ENGINE = "trigger/AdvTriggerBase"
+KNOWN_TO_ENGINE = {ENGINE + ".h", "ui/SettingsTreeModel.h"}
 # What the host shares with the plugin, what lets the checker read presets as the plugin does, and
 # where a refusal has its code from.
 EXTRA = {
@@ -54,15 +55,19 @@ def leaf_of(path):
     return stem if stem in LEAVES else None
 
 
+def is_above_leaf(folder, leaf):
+    return folder in PLUGIN_FOLDERS and LEAVES[leaf] <= ALLOWED[folder] - {folder}
+
+
 def may_include(path, target):
     folder, leaf = folder_of(path), leaf_of(path)
     if leaf and leaf_of(target) != leaf:
         return folder_of(target) in LEAVES[leaf] or target in EXTRA.get(leaf, set())
-    if folder == "trigger" and target == ENGINE + ".h":
+    if folder == "trigger" and target in KNOWN_TO_ENGINE:
         return path == ENGINE + ".cpp"
     if folder_of(target) in ALLOWED[folder] or target in EXTRA.get(folder, set()):
         return True
-    return folder in PLUGIN_FOLDERS and target.endswith(".h") and leaf_of(target) is not None
+    return target.endswith(".h") and bool(leaf_of(target)) and is_above_leaf(folder, leaf_of(target))
 
 
 def violations(path):

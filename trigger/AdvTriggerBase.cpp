@@ -26,6 +26,23 @@ static bool filterWheel(const QObject* watched, QEvent* event)
     return true;
 }
 
+/// By these names forms and hosts connect widgets of their own as well.
+static EditSlots editSlots()
+{
+    EditSlots form;
+    form.comboBox = SLOT(OnChangeComboboxSelection(const QString&));
+    form.lineEdit = SLOT(OnFinishLineEdit());
+    form.spinBox = SLOT(OnChangeSpinbox(int));
+    form.doubleSpinBox = SLOT(OnChangeDoubleSpinbox(double));
+    form.checkBox = SLOT(OnChangeCheckbox(int));
+    form.command = SLOT(OnExecuteCommandButton());
+    form.tableComboBox = SLOT(OnChangeTableCombobox(const QString&));
+    form.tableCheckBox = SLOT(OnChangeTableCheckbox(int));
+    form.tableSpinBox = SLOT(OnChangeTableSpinbox(double));
+    form.anyEdit = SLOT(SetCustomPreset());
+    return form;
+}
+
 AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* parent)
     : BaseTabPluginWidget(features, parent), m_featureList(features)
 {
@@ -38,13 +55,13 @@ AdvTriggerBase::AdvTriggerBase(const ZalCPP::FeatureList& features, QWidget* par
     for (const char* feature : {"TriggerSelector", "TriggerMode", "CounterSelector",
                                 "CounterEventSource", "TimerSelector", "TimerTriggerSource"})
         addKnownFeature(QString::fromLatin1(feature));
-    // The resources of a static library are registered only on request.
-    Q_INIT_RESOURCE(advtrigger);
     m_settingsModel = new SettingsTreeModel(m_featureManager, this);
-    m_binding = std::make_unique<FormBinding>(*m_featureManager, BoundForm{*this, addKnownFeature});
+    m_binding = std::make_unique<FormBinding>(*m_featureManager,
+                                              BoundForm{*this, editSlots(), addKnownFeature});
     m_lineTable = std::make_unique<LineTable>(
-        *m_featureManager,
-        BoundForm{*this, [this](const QString& feature) { m_observedFeatures.append(feature); }});
+        *m_featureManager, BoundForm{*this, editSlots(), [this](const QString& feature) {
+                                         m_observedFeatures.append(feature);
+                                     }});
     m_presetChoice = std::make_unique<PresetChoice>(*m_featureManager, *this, [this] {
         m_settingsModel->ResetData();
         return m_settingsModel->selectorsAstray();

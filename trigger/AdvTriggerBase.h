@@ -16,26 +16,12 @@ class QTreeView;
 class SettingsTreeModel;
 
 /// The engine below the trigger tab and the advanced dialog: binds the widgets of a form to camera
-/// features by their object names, so that the forms need no code per feature.
+/// features by their object names, so that the forms need no code per feature. FormBinding tells
+/// the rule of the names and its exceptions; m_exemptWidgets holds the names that are no features.
 ///
-/// The rule: an object name is a prefix of three letters followed by the exact name of a feature.
-/// The prefix says to people what the widget is; the engine goes by the widget's class alone.
-///
-///     cmbTriggerMode      a combo box with the entries of TriggerMode
-///     spbTriggerDelay     a spin box or double spin box with the value and range of TriggerDelay
-///     chkLineInverter     a check box for LineInverter
-///     txtActionDeviceKey  a line edit for ActionDeviceKey
-///     btnTriggerSoftware  a push button that runs the command TriggerSoftware
-///     lblTriggerMode      a label: counts as a widget of TriggerMode, shows nothing of it
-///
-/// The exceptions, in the order in which they apply:
-/// - The line edit inside a spin box ("qt_spinbox_lineedit") is part of the spin box.
-/// - A widget whose feature the camera lacks is disabled and left unbound, unless m_exemptWidgets
-///   holds its object name: "cmbSelectPreset" names no feature and stays as the form has it.
-/// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software"; a report of the
-///   command itself alone enables it as any button, by writability.
-/// - For its tooltip, a widget named in two parts goes by the second one: "cmbLine0_LineMode" shows
-///   the tooltip of LineMode.
+/// The work is done by parts, each documented on its own; CONTRIBUTING.md tells which does what.
+/// The engine itself has the slots, the signals, the event filter and the tooltips. A widget named
+/// in two parts shows the tooltip of the second one: "cmbLine0_LineMode" that of LineMode.
 ///
 /// GUI thread only. A camera that adjusts or refuses a value is no error: the widget shows what the
 /// camera then has. A refresh changes no setting: where a value lies behind a selector, it steps
@@ -64,38 +50,28 @@ signals:
     void CamStreamingOn(bool streamingIsOn);
 
 protected:
-    /// Binds the form's widgets. Call it once, after the form is complete and m_exemptWidgets is
-    /// filled.
+    /// See FormBinding::bindAll(). Once, when the form is complete and m_exemptWidgets is filled.
     void InitBaseWidgets();
 
-    /// Shows the camera's state of the features in m_changedFeatures, selectors first.
+    /// See FormBinding::refresh(): for the features in m_changedFeatures.
     void UpdateInitBase();
 
-    /// Fills the table with one row for each line of the camera: mode, inverter, source and status,
-    /// and with more than four columns also debounce mode and duration. Call it once, before the
-    /// observer is registered. Leaves the camera's line selector at the last line.
+    /// See LineTable::build(). Once, before the observer is registered.
     void CreateIOTable(QTableWidget* table);
 
-    /// Shows the camera's state of those cells whose features are in m_changedFeatures. The rows
-    /// count as Line0, Line1 and so on. Writes nothing but the camera's line selector, which ends
-    /// as it was before.
+    /// See LineTable::refresh(): for the features in m_changedFeatures.
     void UpdateInitTable(QTableWidget* table);
 
-    /// Selects the line that a cell belongs to ("cmbLine0_LineMode") and returns the feature that
-    /// it shows; nothing if the name has no such parts or the camera does not select the line.
+    /// See LineTable::selectLineOf().
     QString SwitchLine_GetFeature(const QString& objectName);
 
-    /// Shows the overview of active triggers, counters and timers in the view.
+    /// See SettingsTreeModel::showIn().
     void SetupSettingsOverview(QTreeView* view);
 
-    /// Writes one feature and compares what the camera then has. Numbers are clamped to the
-    /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
-    /// nothing on success and where the camera lacks the feature or does not let it be written. A
-    /// question that the camera left unanswered is a line too, without a current value.
+    /// See PresetRunner::SetFeatureValue().
     QString SetFeatureValue(const QString& feature, const QVariant& value);
 
-    /// Clears the box and fills it with the presets for this camera from `applicationDir`/plugins.
-    /// Without a usable file the box stays empty; that is logged only.
+    /// See PresetChoice::load().
     void LoadPresets(QComboBox* box, const QString& applicationDir);
 
 protected slots:
@@ -105,10 +81,9 @@ protected slots:
     void OnChangeDoubleSpinbox(double value);
     void OnChangeCheckbox(int state);
     void OnExecuteCommandButton();
-    /// Applies the preset at that index of the combo box that sent the signal. Settings that the
-    /// camera did not take are reported in one modal box, during which the engine may be destroyed.
+    /// See PresetChoice::apply(): for the combo box that sent the signal.
     void OnSelectPreset(int index);
-    /// Doubles or halves the debounce duration of the line; the value tells the direction only.
+    /// See LineTable::editSpinBox().
     void OnChangeTableSpinbox(double value);
     void OnChangeTableCombobox(const QString& text);
     void OnChangeTableCheckbox(int state);

@@ -16,21 +16,38 @@ inline QString boundFeatureName(const QString& objectName)
     return objectName.mid(prefixLength);
 }
 
+/// The slots by which a form hears of its user's edits, each as SLOT() writes it. The parts connect
+/// to them and know no other name of theirs.
+struct EditSlots
+{
+    const char* comboBox = nullptr;      ///< Takes the text: const QString&.
+    const char* lineEdit = nullptr;      ///< Takes nothing; the editing is finished.
+    const char* spinBox = nullptr;       ///< Takes the value: int.
+    const char* doubleSpinBox = nullptr; ///< Takes the value: double.
+    const char* checkBox = nullptr;      ///< Takes the check state: int.
+    const char* command = nullptr;       ///< Takes nothing; a button was clicked.
+    const char* tableComboBox = nullptr; ///< As above, for the cells of the I/O table.
+    const char* tableCheckBox = nullptr;
+    const char* tableSpinBox = nullptr; ///< Takes the value: double.
+    const char* anyEdit = nullptr;      ///< Takes nothing; after each of the others but `command`.
+};
+
 /// The form that a part works for: holds the widgets, sees their events first and hears of the
 /// user's edits by its slots.
 struct BoundForm
 {
     QWidget& widget;
+    EditSlots editSlots;
     /// Told of a feature that one of the form's widgets shows from now on.
     std::function<void(const QString& feature)> addFeature;
 
     void filterEventsOf(QObject& child) const { child.installEventFilter(&widget); }
 
-    /// Each edit goes to the slot, and then to the form's SetCustomPreset().
+    /// Each edit goes to the slot, one of `editSlots`, and then to `editSlots.anyEdit`.
     void connectEdits(const QObject& child, const char* signal, const char* slot) const
     {
         QObject::connect(&child, signal, &widget, slot);
-        QObject::connect(&child, signal, &widget, SLOT(SetCustomPreset()));
+        QObject::connect(&child, signal, &widget, editSlots.anyEdit);
     }
 };
 

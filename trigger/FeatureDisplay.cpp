@@ -1,6 +1,5 @@
 #include "trigger/FeatureDisplay.h"
 
-#include "features/FeatureManager.h"
 #include "features/NumberConversions.h"
 #include "trigger/NumberInput.h"
 
@@ -8,6 +7,10 @@
 #include <QRegularExpressionValidator>
 
 #include <limits>
+
+// Fields know the limits by this number that no camera told.
+static_assert(FeatureRange().min == NumberInput::UnknownLimit &&
+              FeatureRange().max == NumberInput::UnknownLimit);
 
 namespace {
 
@@ -48,6 +51,11 @@ QVariant FeatureDisplay::value(const QString& feature) const
 {
     if (isText(feature))
         return m_features.GetStringValue(feature);
+    return number(feature);
+}
+
+double FeatureDisplay::number(const QString& feature) const
+{
     return m_features.GetValue(feature);
 }
 
@@ -57,7 +65,7 @@ std::optional<QString> FeatureDisplay::text(const QString& feature) const
         return std::nullopt;
     if (isText(feature))
         return m_features.GetStringValue(feature);
-    const double value = m_features.GetValue(feature);
+    const double value = number(feature);
     if (!isHexadecimal(feature))
         return numberText(value);
     // Negative numbers show as their 64-bit pattern.
@@ -70,12 +78,16 @@ QString FeatureDisplay::numberText(double value)
     return QStringLiteral("%1").arg(value, 0, 'g', QLocale::FloatingPointShortest);
 }
 
+SteppedRange FeatureDisplay::steppedRange(const QString& feature) const
+{
+    SteppedRange range;
+    m_features.GetValueRangeIncrement(feature, &range.limits.min, &range.limits.max, &range.step);
+    return range;
+}
+
 FeatureRange FeatureDisplay::range(const QString& feature) const
 {
-    FeatureRange range;
-    double increment = -1.0;
-    m_features.GetValueRangeIncrement(feature, &range.min, &range.max, &increment);
-    return range;
+    return steppedRange(feature).limits;
 }
 
 bool FeatureDisplay::knowsLimits(const QString& feature) const

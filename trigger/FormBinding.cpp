@@ -75,8 +75,7 @@ void FormBinding::bind(QComboBox& box, const QString& feature) const
 {
     m_form.addFeature(feature);
     showFeatureInComboBox(m_features, feature, box, false);
-    m_form.connectEdits(box, SIGNAL(currentTextChanged(const QString&)),
-                        SLOT(OnChangeComboboxSelection(const QString&)));
+    m_form.connectEdits(box, SIGNAL(currentTextChanged(const QString&)), m_form.editSlots.comboBox);
 }
 
 void FormBinding::bindLineEdits(const QStringList& exemptWidgets) const
@@ -99,7 +98,7 @@ void FormBinding::bind(QLineEdit& edit, const QString& feature) const
         edit.setValidator(m_display.newValidator(feature, &edit));
     edit.setText(text);
     edit.setEnabled(writable);
-    m_form.connectEdits(edit, SIGNAL(editingFinished()), SLOT(OnFinishLineEdit()));
+    m_form.connectEdits(edit, SIGNAL(editingFinished()), m_form.editSlots.lineEdit);
     TypedText::watch(edit);
 }
 
@@ -118,7 +117,7 @@ void FormBinding::bind(QDoubleSpinBox& box, const QString& feature) const
     m_form.addFeature(feature);
     show(box, feature);
     box.setEnabled(m_features.GetIsWritable(feature));
-    m_form.connectEdits(box, SIGNAL(valueChanged(double)), SLOT(OnChangeDoubleSpinbox(double)));
+    m_form.connectEdits(box, SIGNAL(valueChanged(double)), m_form.editSlots.doubleSpinBox);
     NumberInput::limit(box);
     TypedText::watch(box);
 }
@@ -139,7 +138,7 @@ void FormBinding::bind(QSpinBox& box, const QString& feature) const
     // Asked first, unlike above, because the order of the camera calls is defined.
     box.setEnabled(m_features.GetIsWritable(feature));
     show(box, feature);
-    m_form.connectEdits(box, SIGNAL(valueChanged(int)), SLOT(OnChangeSpinbox(int)));
+    m_form.connectEdits(box, SIGNAL(valueChanged(int)), m_form.editSlots.spinBox);
     NumberInput::limit(box);
     TypedText::watch(box);
 }
@@ -158,7 +157,7 @@ void FormBinding::bind(QCheckBox& box, const QString& feature) const
     m_form.addFeature(feature);
     show(box, feature);
     box.setEnabled(m_features.GetIsWritable(feature));
-    m_form.connectEdits(box, SIGNAL(stateChanged(int)), SLOT(OnChangeCheckbox(int)));
+    m_form.connectEdits(box, SIGNAL(stateChanged(int)), m_form.editSlots.checkBox);
 }
 
 void FormBinding::bindButtons(const QStringList& exemptWidgets) const
@@ -168,8 +167,7 @@ void FormBinding::bindButtons(const QStringList& exemptWidgets) const
         m_form.filterEventsOf(*button);
         if (disableUnlessAvailable(*button, exemptWidgets)) {
             button->setEnabled(m_features.GetIsWritable(feature));
-            QObject::connect(button, SIGNAL(clicked()), &m_form.widget,
-                             SLOT(OnExecuteCommandButton()));
+            QObject::connect(button, SIGNAL(clicked()), &m_form.widget, m_form.editSlots.command);
         }
         // Return in a field of a dialog finishes that field; it must not press a button as well.
         button->setAutoDefault(false);
@@ -186,7 +184,7 @@ double FormBinding::show(QDoubleSpinBox& box, const QString& feature) const
     const TypedText::Keeper typed(box);
     const FeatureRange range = m_display.range(feature);
     box.setRange(range.min, range.max);
-    const double value = m_features.GetValue(feature);
+    const double value = m_display.number(feature);
     box.setValue(value);
     return value;
 }
@@ -196,15 +194,15 @@ double FormBinding::show(QSpinBox& box, const QString& feature) const
     const TypedText::Keeper typed(box);
     const FeatureRange range = m_display.range(feature);
     box.setRange(NumberConversions::toInt(range.min), NumberConversions::toInt(range.max));
-    const double value = m_features.GetValue(feature);
+    const double value = m_display.number(feature);
     box.setValue(NumberConversions::toInt(value));
     return value;
 }
 
 double FormBinding::show(QCheckBox& box, const QString& feature) const
 {
-    const double value = m_features.GetValue(feature);
-    box.setChecked(value != 0.0);
+    const double value = m_display.number(feature);
+    box.setChecked(FeatureDisplay::isOn(value));
     return value;
 }
 
@@ -322,9 +320,10 @@ void FormBinding::editComboBox(QObject* sender, const QString& text) const
 void FormBinding::editLine(QObject* sender) const
 {
     editBoundWidget<QLineEdit>(sender, [&](QLineEdit& edit) {
+        const QString feature = boundFeatureName(edit.objectName());
         // Always parsed as a decimal number: a hexadecimal entry, or a text, counts as 0.
-        const double taken = write(edit, edit.text().toDouble());
-        if (m_features.GetIsReadable(boundFeatureName(edit.objectName())))
+        const double taken = m_features.SetValue(feature, edit.text().toDouble());
+        if (m_features.GetIsReadable(feature))
             edit.setText(FeatureDisplay::numberText(taken));
     });
 }
@@ -345,7 +344,7 @@ void FormBinding::editCheckBox(QObject* sender, int state) const
 {
     editBoundWidget<QCheckBox>(sender, [&](QCheckBox& box) {
         // The check state itself is written: a checked box writes 2, not 1.
-        box.setChecked(write(box, state) != 0.0);
+        box.setChecked(FeatureDisplay::isOn(write(box, state)));
     });
 }
 

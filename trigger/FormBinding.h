@@ -16,11 +16,30 @@ class QLineEdit;
 class QSpinBox;
 
 /// Ties the widgets of a form to the features that they are named after: shows what the camera has,
-/// at first and whenever it changes, and writes what the user does. AdvTriggerBase tells the rule
-/// of the names and its exceptions.
+/// at first and whenever it changes, and writes what the user does.
 ///
-/// A kind of widget is bound here and nowhere else: its pass in bindAll(), its line in
-/// refreshWidget() and its edit.
+/// The rule: an object name is a prefix of three letters followed by the exact name of a feature.
+/// The prefix says to people what the widget is; the binding goes by the widget's class alone.
+///
+///     cmbTriggerMode      a combo box with the entries of TriggerMode
+///     spbTriggerDelay     a spin box or double spin box with the value and range of TriggerDelay
+///     chkLineInverter     a check box for LineInverter
+///     txtActionDeviceKey  a line edit for ActionDeviceKey
+///     btnTriggerSoftware  a push button that runs the command TriggerSoftware
+///     lblTriggerMode      a label: counts as a widget of TriggerMode, shows nothing of it
+///
+/// The exceptions, in the order in which they apply:
+/// - The line edit inside a spin box ("qt_spinbox_lineedit") is part of the spin box.
+/// - A widget whose feature the camera lacks is disabled and left unbound, unless its object name
+///   is exempt: "cmbSelectPreset" names no feature and stays as the form has it.
+/// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software"; a report of the
+///   command itself alone enables it as any button, by writability.
+///
+/// Another feature needs a widget of that name in the form and nothing else. Another kind of widget
+/// needs its pass in bindAll(), its line in refreshWidget(), an edit here, and a member of
+/// EditSlots with a slot of the engine; one that the wheel turns is also named in the engine's
+/// event filter. The cells of the I/O table are no part of this: LineTable builds and connects its
+/// own widgets.
 ///
 /// GUI thread only.
 class FormBinding
@@ -30,18 +49,18 @@ public:
     /// number for the other widgets, either for features that have no widget.
     using Report = std::function<void(const QString& feature, const QVariant& value)>;
 
-    /// The form has the slots OnChangeComboboxSelection(const QString&), OnFinishLineEdit(),
-    /// OnChangeSpinbox(int), OnChangeDoubleSpinbox(double), OnChangeCheckbox(int),
-    /// OnExecuteCommandButton() and SetCustomPreset(), which the widgets are connected to, and is
-    /// told each feature that is bound. Features and form must outlive this object.
+    /// The form is told each feature that is bound. Each of its slots for edits passes its sender
+    /// to the edit below. Features and form must outlive this object.
     FormBinding(const FeatureManager& features, BoundForm form);
 
     /// Binds the form's widgets; those of features that the camera lacks are disabled, unless their
     /// object names are exempt. Changes nothing on the camera.
     void bindAll(const QStringList& exemptWidgets) const;
 
-    /// Shows the camera's state of these features, selectors first, and reports each. Changes
-    /// nothing on the camera.
+    /// Shows the camera's state of these features, selectors first. Each widget that shows a value
+    /// is reported; a button shows none, nor does a line edit while its feature cannot be read, and
+    /// a feature whose only widgets are labels is not reported at all. Changes nothing on the
+    /// camera.
     void refresh(const QStringList& changedFeatures, const Report& report) const;
 
     /// Writes the edit of the widget that sent it and shows what the camera took.

@@ -71,8 +71,10 @@ QString headerText(const QTableWidget& table, int column, const QString& otherwi
 } // namespace
 
 LineTable::LineTable(const FeatureManager& features, BoundForm form)
-    : m_features(features), m_form(std::move(form))
+    : m_features(features), m_display(features), m_form(std::move(form))
 {
+    // The picture of the lamp: the resources of a static library are registered only on request.
+    Q_INIT_RESOURCE(advtrigger);
 }
 
 const LineTable::Column& LineTable::columnAt(int column)
@@ -131,7 +133,7 @@ void LineTable::buildComboBox(const Cell& cell) const
     showComboBox(*box, cell.feature);
     box->setEnabled(m_features.GetIsWritable(cell.feature));
     placeEditor(cell, *box, *box, SIGNAL(currentTextChanged(const QString&)),
-                SLOT(OnChangeTableCombobox(const QString&)));
+                m_form.editSlots.tableComboBox);
 }
 
 void LineTable::buildCheckBox(const Cell& cell) const
@@ -143,8 +145,7 @@ void LineTable::buildCheckBox(const Cell& cell) const
     layout->setContentsMargins(0, 0, 0, 0);
     container->setContentsMargins(0, 0, 0, 0);
     showCheckBox(*box, cell.feature);
-    placeEditor(cell, *box, *container, SIGNAL(stateChanged(int)),
-                SLOT(OnChangeTableCheckbox(int)));
+    placeEditor(cell, *box, *container, SIGNAL(stateChanged(int)), m_form.editSlots.tableCheckBox);
 }
 
 void LineTable::buildLed(const Cell& cell) const
@@ -166,7 +167,7 @@ void LineTable::buildSpinBox(const Cell& cell) const
     box->setDecimals(decimals);
     box->setRange(UnknownLimit, UnknownLimit);
     showSpinBox(*box, cell.feature);
-    placeEditor(cell, *box, *box, SIGNAL(valueChanged(double)), SLOT(OnChangeTableSpinbox(double)));
+    placeEditor(cell, *box, *box, SIGNAL(valueChanged(double)), m_form.editSlots.tableSpinBox);
     NumberInput::limit(*box);
     TypedText::watch(*box);
 }
@@ -236,7 +237,7 @@ void LineTable::showComboBox(QWidget& widget, const QString& feature) const
 
 void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
 {
-    static_cast<QCheckBox&>(widget).setChecked(m_features.GetValue(feature) != 0.0);
+    static_cast<QCheckBox&>(widget).setChecked(FeatureDisplay::isOn(m_display.number(feature)));
     widget.setEnabled(m_features.GetIsWritable(feature));
 }
 
@@ -244,7 +245,7 @@ void LineTable::showCheckBox(QWidget& widget, const QString& feature) const
 /// those who cannot see it, and is set only when it changes, because each setting is announced.
 void LineTable::showLed(QWidget& widget, const QString& feature) const
 {
-    const bool high = m_features.GetValue(feature) != 0.0;
+    const bool high = FeatureDisplay::isOn(m_display.number(feature));
     widget.setEnabled(high);
     const QString line = boundFeatureName(widget.objectName()).chopped(feature.size() + 1);
     const QString name = (high ? tr("%1: high", "line") : tr("%1: low", "line")).arg(line);
@@ -262,7 +263,7 @@ void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
         // Only the minimum tells: an unknown maximum changes when it is fitted to an increment.
         if (box.minimum() == UnknownLimit)
             limitSpinBox(box, feature);
-        box.setValue(m_features.GetValue(feature));
+        box.setValue(m_display.number(feature));
     }
     TypedText::setEnabled(box, m_features.GetIsWritable(feature));
 }
@@ -270,12 +271,9 @@ void LineTable::showSpinBox(QWidget& widget, const QString& feature) const
 /// Once, when the table is built; again only for a camera that did not answer then.
 void LineTable::limitSpinBox(QDoubleSpinBox& box, const QString& feature) const
 {
-    double min = UnknownLimit;
-    double max = UnknownLimit;
-    double increment = -1.0;
-    m_features.GetValueRangeIncrement(feature, &min, &max, &increment);
-    box.setRange(min, max);
-    box.setSingleStep(increment);
+    const SteppedRange range = m_display.steppedRange(feature);
+    box.setRange(range.limits.min, range.limits.max);
+    box.setSingleStep(range.step);
 }
 
 QString LineTable::selectLineOf(const QString& objectName) const
@@ -308,7 +306,7 @@ void LineTable::editCheckBox(QObject* sender, int state) const
 {
     edit<QCheckBox>(sender, [&](QCheckBox& box, const QString& feature) {
         // The check state itself is written: a checked box writes 2, not 1.
-        box.setChecked(m_features.SetValue(feature, double(state)) != 0.0);
+        box.setChecked(FeatureDisplay::isOn(m_features.SetValue(feature, double(state))));
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trigger/BoundForm.h"
+#include "trigger/FeatureDisplay.h"
 
 #include <QCoreApplication>
 #include <QList>
@@ -21,9 +22,8 @@ class LineTable
     Q_DECLARE_TR_FUNCTIONS(AdvTriggerBase)
 
 public:
-    /// The form has the slots OnChangeTableCombobox(const QString&), OnChangeTableCheckbox(int),
-    /// OnChangeTableSpinbox(double) and SetCustomPreset(), which the cells are connected to, and is
-    /// told the feature of each cell. Features and form must outlive this object.
+    /// The form is told the feature of each cell. Each of its slots for edits in the table passes
+    /// its sender to the edit below. Features and form must outlive this object.
     LineTable(const FeatureManager& features, BoundForm form);
 
     /// Fills the table with one row for each line of the camera: mode, inverter, source and status,
@@ -70,5 +70,6 @@ private:
     double nextDuration(const QDoubleSpinBox& box, const QString& feature, double value) const;
 
     const FeatureManager& m_features;
+    FeatureDisplay m_display;
     BoundForm m_form;
 };

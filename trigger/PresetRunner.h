@@ -38,8 +38,8 @@ public:
     /// Writes one feature and compares what the camera then has. Numbers are clamped to the
     /// feature's range; "<min>" and "<max>" stand for its limits. Returns a line of error text, or
     /// nothing on success and where the camera lacks the feature or does not let it be written. A
-    /// question that the camera left unanswered is a line as well, and then nothing is written that
-    /// rests on it.
+    /// question that the camera left unanswered is a line as well, without a current value, and
+    /// then nothing is written that rests on it.
     QString SetFeatureValue(const QString& feature, const QVariant& value) const;
 
 private:

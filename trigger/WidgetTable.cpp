@@ -78,7 +78,8 @@ void WidgetTable::fitToContents(QTableWidget& table)
 
 void WidgetTable::announceName(const QWidget& placed)
 {
-    auto* table = qobject_cast<QTableWidget*>(placed.parentWidget()->parentWidget());
+    const QWidget* viewport = placed.parentWidget();
+    auto* table = viewport ? qobject_cast<QTableWidget*>(viewport->parentWidget()) : nullptr;
     if (!table || !QAccessible::isActive())
         return;
     for (int cell = 0; cell < table->rowCount() * table->columnCount(); ++cell) {

@@ -18,8 +18,8 @@ void chainFocus(QTableWidget& table);
 
 void fitToContents(QTableWidget& table);
 
-/// Tells assistive technology that the widget in a cell has another name now. Nothing happens
-/// where no table holds it.
+/// Tells assistive technology that the widget in a cell has another name now. For what place() put
+/// into the cell; for a widget that no table holds, nothing happens.
 void announceName(const QWidget& placed);
 
 } // namespace WidgetTable

@@ -39,7 +39,8 @@ public:
 
     /// Fills the box with the entries that the feature offers now, selects the current one and
     /// enables the box if the feature is writable, which is also the result. The box's signals are
-    /// not blocked. A null box gives false.
+    /// not blocked. A null box gives false. For derived widgets that fill a box of their own; bound
+    /// boxes are filled by showFeatureInComboBox().
     bool updateComboBox(const QString& featureName, QComboBox* combo, bool setToolTips);
 
     /// Attaches the observer to the observed features; with `markChanged` each of them counts as

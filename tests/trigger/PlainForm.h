@@ -48,14 +48,14 @@ signals:
     void FeatureChanged(const QString& featureName, const QVariant& value);
 
 public slots:
-    void OnChangeComboboxSelection(const QString& text) { binding.editComboBox(sender(), text); }
-    void OnFinishLineEdit() { binding.editLine(sender()); }
-    void OnChangeSpinbox(int value) { binding.editSpinBox(sender(), value); }
-    void OnChangeDoubleSpinbox(double value) { binding.editDoubleSpinBox(sender(), value); }
-    void OnChangeCheckbox(int state) { binding.editCheckBox(sender(), state); }
-    void OnExecuteCommandButton() { binding.runCommand(sender()); }
-    void OnChangeTableCombobox(const QString& text) { lineTable.editComboBox(sender(), text); }
-    void OnChangeTableCheckbox(int state) { lineTable.editCheckBox(sender(), state); }
-    void OnChangeTableSpinbox(double value) { lineTable.editSpinBox(sender(), value); }
-    void SetCustomPreset() { ++customPresets; }
+    void comboBoxEdited(const QString& text) { binding.editComboBox(sender(), text); }
+    void lineEdited() { binding.editLine(sender()); }
+    void spinBoxEdited(int value) { binding.editSpinBox(sender(), value); }
+    void doubleSpinBoxEdited(double value) { binding.editDoubleSpinBox(sender(), value); }
+    void checkBoxEdited(int state) { binding.editCheckBox(sender(), state); }
+    void buttonClicked() { binding.runCommand(sender()); }
+    void tableComboBoxEdited(const QString& text) { lineTable.editComboBox(sender(), text); }
+    void tableCheckBoxEdited(int state) { lineTable.editCheckBox(sender(), state); }
+    void tableSpinBoxEdited(double value) { lineTable.editSpinBox(sender(), value); }
+    void edited() { ++customPresets; }
 };

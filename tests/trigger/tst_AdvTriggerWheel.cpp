@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
@@ -37,6 +38,7 @@ private slots:
     void wheelOverUnfocusedControlScrollsTheForm();
     void afterClickingIntoTheControlTheWheelWorks_data();
     void afterClickingIntoTheControlTheWheelWorks();
+    void typedTextIsKeptFromOtherControlsAndSteppedFromByItsOwn();
     void wheelOverUnavailableComboBoxScrollsTheForm();
     void turningTheWheelGivesNoFocus();
     void filterSwallowsWithoutAccepting();
@@ -145,6 +147,21 @@ void tst_AdvTriggerWheel::afterClickingIntoTheControlTheWheelWorks()
     QVERIFY(valueOf(widget) != before);
     QCOMPARE(m_area->verticalScrollBar()->value(), 0);
     QCOMPARE(writesOf(*m_camera).size(), 1);
+}
+
+void tst_AdvTriggerWheel::typedTextIsKeptFromOtherControlsAndSteppedFromByItsOwn()
+{
+    QWidget& box = control("spbCounterDuration");
+    auto* text = box.findChild<QLineEdit*>("qt_spinbox_lineedit");
+    QTest::mouseClick(text, Qt::LeftButton);
+    text->selectAll();
+    QTest::keyClicks(&box, "12");
+    turnWheelOver(control("spbTriggerDelay"));
+    QCOMPARE(text->text(), QString("12"));
+    QCOMPARE(writesOf(*m_camera), QStringList());
+    m_area->verticalScrollBar()->setValue(0);
+    turnWheelOver(box);
+    QCOMPARE(writesOf(*m_camera), QStringList("SetIntegerValue CounterDuration=11"));
 }
 
 void tst_AdvTriggerWheel::wheelOverUnavailableComboBoxScrollsTheForm()

@@ -27,8 +27,12 @@ private slots:
     void unreadableFeatureHasNoTextAndIsNotRead();
     void valueIsATextOrANumber_data();
     void valueIsATextOrANumber();
+    void anythingButZeroIsOn_data();
+    void anythingButZeroIsOn();
 
     void rangeIsTheCamerasInWholeIncrements();
+    void stepIsTheCamerasIncrement_data();
+    void stepIsTheCamerasIncrement();
     void unknownRangeIsMinusOne();
     void limitsAreKnownOfARangeAndOfHexadecimals_data();
     void limitsAreKnownOfARangeAndOfHexadecimals();
@@ -37,6 +41,8 @@ private slots:
     void decimalInput();
     void hexInput_data();
     void hexInput();
+    void openInput_data();
+    void openInput();
 
     void readsOnly();
 
@@ -172,12 +178,46 @@ void tst_FeatureDisplay::valueIsATextOrANumber()
     QCOMPARE(shownValue, value);
 }
 
+void tst_FeatureDisplay::anythingButZeroIsOn_data()
+{
+    columns<double, bool>("number", "on");
+    row("zero", 0.0, false);
+    row("negative zero", -0.0, false);
+    row("one", 1.0, true);
+    row("unreadable", -1.0, true);
+    row("small", 1e-300, true);
+    row("not a number", std::numeric_limits<double>::quiet_NaN(), true);
+}
+
+void tst_FeatureDisplay::anythingButZeroIsOn()
+{
+    QFETCH(double, number);
+    m_camera->addFloat("Number", number);
+    QTEST(FeatureDisplay::isOn(shown().number("Number")), "on");
+}
+
 void tst_FeatureDisplay::rangeIsTheCamerasInWholeIncrements()
 {
     m_camera->addInteger("Number", 0, -5, 1023, 16);
     const FeatureRange range = shown().range("Number");
     QCOMPARE(range.min, -5.0);
     QCOMPARE(range.max, 1008.0);
+}
+
+void tst_FeatureDisplay::stepIsTheCamerasIncrement_data()
+{
+    columns<QString, double>("feature", "step");
+    row("increment", "Whole", 16.0);
+    row("float without one", "Real", 0.01);
+    row("no such feature", "Missing", -1.0);
+}
+
+void tst_FeatureDisplay::stepIsTheCamerasIncrement()
+{
+    QFETCH(QString, feature);
+    m_camera->addInteger("Whole", 0, -5, 1023, 16);
+    m_camera->addFloat("Real", 0.0, 0.0, 1.0);
+    QTEST(shown().steppedRange(feature).step, "step");
 }
 
 void tst_FeatureDisplay::unknownRangeIsMinusOne()
@@ -191,7 +231,6 @@ void tst_FeatureDisplay::unknownRangeIsMinusOne()
 void tst_FeatureDisplay::limitsAreKnownOfARangeAndOfHexadecimals_data()
 {
     columns<bool, double, QString, bool>("hasRange", "increment", "representation", "known");
-    QTest::addColumn<double>("increment"); // 0: none
     row("range", true, 0.0, "Linear", true);
     row("none", false, 0.0, "Linear", false);
     // Fitted to it, an unknown maximum becomes another number.
@@ -269,6 +308,26 @@ void tst_FeatureDisplay::hexInput()
     QTEST(int(judge("Number", text)), "state");
 }
 
+void tst_FeatureDisplay::openInput_data()
+{
+    columns<QString, int>("text", "state");
+    row("empty", "", int(QValidator::Acceptable));
+    row("number", "2.5", int(QValidator::Acceptable));
+    row("large", "1e300", int(QValidator::Acceptable));
+    row("lowest", "-1", int(QValidator::Acceptable));
+    row("letters", "abc", int(QValidator::Invalid));
+    row("hexadecimal", "0x1F", int(QValidator::Invalid));
+}
+
+void tst_FeatureDisplay::openInput()
+{
+    QFETCH(QString, text);
+    int position = 0;
+    const QValidator* validator = FeatureDisplay::newOpenValidator(&m_field);
+    QCOMPARE(validator->parent(), &m_field);
+    QTEST(int(validator->validate(text, position)), "state");
+}
+
 void tst_FeatureDisplay::readsOnly()
 {
     m_camera = FeatureTest::mixedCamera();
@@ -276,6 +335,8 @@ void tst_FeatureDisplay::readsOnly()
     for (const char* feature : {"Count", "Delay", "Flag", "Family", "Mode", "Data", "Go"}) {
         all.text(feature);
         all.value(feature);
+        all.number(feature);
+        all.steppedRange(feature);
         all.knowsLimits(feature);
         all.newValidator(feature, &m_field);
     }

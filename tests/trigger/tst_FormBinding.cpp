@@ -1,4 +1,5 @@
 // What the first binding makes of the widgets of a form; line edits have a test of their own.
+#include "tests/support/LogCapture.h"
 #include "tests/support/Rows.h"
 #include "tests/trigger/PlainForm.h"
 #include "tests/trigger/WidgetClasses.h"
@@ -40,6 +41,7 @@ private slots:
     void everyBoundFeatureIsReported();
     void buttonsAreNotReported();
     void bindingWritesNothing();
+    void editsWithoutSenderDoNothing();
 
     void comboBoxesTakeFocusByClickAvailableOrNot();
     void spinBoxesTakeFocusByClickWhereAvailable_data();
@@ -285,6 +287,21 @@ void tst_FormBinding::bindingWritesNothing()
     m_form->bind();
     QCOMPARE(writesOf(*m_camera), QStringList());
     QCOMPARE(m_form->customPresets, 0);
+}
+
+void tst_FormBinding::editsWithoutSenderDoNothing()
+{
+    m_camera->clearLog();
+    const LogCapture log;
+    const FormBinding& binding = m_form->binding;
+    binding.editComboBox(nullptr, "On");
+    binding.editLine(nullptr);
+    binding.editSpinBox(nullptr, 1);
+    binding.editDoubleSpinBox(nullptr, 1.0);
+    binding.editCheckBox(nullptr, 2);
+    binding.runCommand(nullptr);
+    QVERIFY(m_camera->calls().empty());
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void tst_FormBinding::comboBoxesTakeFocusByClickAvailableOrNot()

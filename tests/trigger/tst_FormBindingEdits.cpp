@@ -352,7 +352,7 @@ void tst_FormBindingEdits::commandRuns()
 void tst_FormBindingEdits::commandRunsForAnySender()
 {
     auto& sender = bind<Impostor>("xyzRun");
-    connect(&sender, SIGNAL(finished()), m_form.get(), SLOT(OnExecuteCommandButton()));
+    connect(&sender, SIGNAL(finished()), m_form.get(), SLOT(buttonClicked()));
     emit sender.finished();
     QCOMPARE(writesOf(*m_camera), QStringList("RunCommand Run"));
 }
@@ -373,11 +373,11 @@ void tst_FormBindingEdits::senderOfTheWrongClassIsLogged_data()
     const auto row = [](const char* name, const char* signal, const char* slot) {
         QTest::newRow(name) << QByteArray(signal) << QByteArray(slot);
     };
-    row("combo box", SIGNAL(text(QString)), SLOT(OnChangeComboboxSelection(QString)));
-    row("line edit", SIGNAL(finished()), SLOT(OnFinishLineEdit()));
-    row("spin box", SIGNAL(number(int)), SLOT(OnChangeSpinbox(int)));
-    row("double spin box", SIGNAL(real(double)), SLOT(OnChangeDoubleSpinbox(double)));
-    row("check box", SIGNAL(number(int)), SLOT(OnChangeCheckbox(int)));
+    row("combo box", SIGNAL(text(QString)), SLOT(comboBoxEdited(QString)));
+    row("line edit", SIGNAL(finished()), SLOT(lineEdited()));
+    row("spin box", SIGNAL(number(int)), SLOT(spinBoxEdited(int)));
+    row("double spin box", SIGNAL(real(double)), SLOT(doubleSpinBoxEdited(double)));
+    row("check box", SIGNAL(number(int)), SLOT(checkBoxEdited(int)));
 }
 
 void tst_FormBindingEdits::senderOfTheWrongClassIsLogged()

@@ -1,4 +1,5 @@
 // Texts and limits in line edits.
+#include "tests/support/Rows.h"
 #include "tests/trigger/PlainForm.h"
 
 #include <QDoubleValidator>
@@ -16,9 +17,13 @@ private slots:
 
     void refreshFormatsAsTheBindingDoes_data();
     void refreshFormatsAsTheBindingDoes();
+    void firstTextIsTheCameras_data();
+    void firstTextIsTheCameras();
     void unreadableFeatureIsShownEmpty();
     void writableButUnreadableFeatureCanBeEdited();
 
+    void openingLimitsTheInput_data();
+    void openingLimitsTheInput();
     void textsHaveNoValidator();
     void readOnlyFeatureHasNoValidator();
     void firstRefreshThatCanLimitsTheInput_data();
@@ -63,27 +68,41 @@ QValidator::State tst_FormBindingLineEdits::judge(const QLineEdit& edit, QString
 
 void tst_FormBindingLineEdits::refreshFormatsAsTheBindingDoes_data()
 {
-    QTest::addColumn<qlonglong>("value");
-    QTest::addColumn<QString>("representation");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("decimal") << 4294967295LL << "PureNumber"
-                             << "4294967295";
-    QTest::newRow("hexadecimal") << 0xabcdefLL << "HexNumber"
-                                 << "0xABCDEF";
+    columns<QString, qlonglong, QString, qlonglong, QString>("representation", "first", "firstText",
+                                                             "later", "laterText");
+    row("decimal", "PureNumber", 4294967295LL, "4294967295", 4294967294LL, "4294967294");
+    row("hexadecimal", "HexNumber", 0xabcdefLL, "0xABCDEF", 0xfedcbaLL, "0xFEDCBA");
 }
 
 void tst_FormBindingLineEdits::refreshFormatsAsTheBindingDoes()
 {
-    QFETCH(qlonglong, value);
+    QFETCH(qlonglong, first);
+    QFETCH(qlonglong, later);
     QFETCH(QString, representation);
-    auto feature = m_camera->addInteger("Number", 7);
+    auto feature = m_camera->addInteger("Number", first);
     feature->representation = representation.toStdString();
-    feature->state().integer = value;
-    QLineEdit& edit = bind("txtNumber");
-    QTEST(edit.text(), "text");
-    edit.setText("from before");
+    const QLineEdit& edit = bind("txtNumber");
+    QTEST(edit.text(), "firstText");
+    feature->state().integer = later;
     m_form->refresh({"Number"});
+    QTEST(edit.text(), "laterText");
+}
+
+void tst_FormBindingLineEdits::firstTextIsTheCameras_data()
+{
+    columns<QString, QString>("objectName", "text");
+    row("text", "txtName", "0x10 \xC3\xA4");
+    row("enumeration", "txtMode", "On");
+}
+
+void tst_FormBindingLineEdits::firstTextIsTheCameras()
+{
+    QFETCH(QString, objectName);
+    m_camera->addString("Name", "0x10 \xC3\xA4")->representation = "HexNumber";
+    m_camera->addEnum("Mode", {"Off", "On"}, "On");
+    const QLineEdit& edit = bind(objectName);
     QTEST(edit.text(), "text");
+    QVERIFY(edit.isEnabled());
 }
 
 void tst_FormBindingLineEdits::unreadableFeatureIsShownEmpty()
@@ -104,6 +123,33 @@ void tst_FormBindingLineEdits::writableButUnreadableFeatureCanBeEdited()
     QCOMPARE(edit.text(), QString());
     QVERIFY(edit.isEnabled());
     QVERIFY(edit.validator());
+}
+
+void tst_FormBindingLineEdits::openingLimitsTheInput_data()
+{
+    columns<QString, QString, bool>("representation", "text", "accepted");
+    row("lowest", "", "-5", true);
+    row("below", "", "-6", false);
+    row("highest", "", "1000", true);
+    row("above", "", "1001", false);
+    row("ten decimals", "", "1.0123456789", true);
+    row("eleven decimals", "", "1.01234567891", false);
+    row("hexadecimal where decimal is asked", "", "0x1F", false);
+    row("one hexadecimal digit", "HexNumber", "0x1", true);
+    row("sixteen hexadecimal digits", "HexNumber", "0x0123456789abcdEF", true);
+    row("seventeen hexadecimal digits", "HexNumber", "0x0123456789abcdEF0", false);
+    row("no hexadecimal digit", "HexNumber", "0x", false);
+    row("decimal where hexadecimal is asked", "HexNumber", "12", false);
+}
+
+void tst_FormBindingLineEdits::openingLimitsTheInput()
+{
+    QFETCH(QString, representation);
+    QFETCH(QString, text);
+    m_camera->addFloat("Number", 7.0, -5.0, 1000.0)->representation = representation.toStdString();
+    const QLineEdit& edit = bind("txtNumber");
+    QVERIFY(edit.validator());
+    QTEST(judge(edit, text) == QValidator::Acceptable, "accepted");
 }
 
 void tst_FormBindingLineEdits::textsHaveNoValidator()

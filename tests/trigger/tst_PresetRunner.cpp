@@ -1,4 +1,4 @@
-// The checked write of one feature; whole presets have tests of their own.
+// The checked write of one feature, and an ordinary plan; awkward presets have tests of their own.
 #include "features/FeatureManager.h"
 #include "tests/features/FeatureTestSupport.h"
 #include "tests/trigger/CameraWrites.h"
@@ -26,6 +26,9 @@ private slots:
     void numbersCompareAsVariantsDo();
     void maximumIsTheLargestMultipleOfTheIncrement();
     void placeholdersInTheValueAreNotFilled();
+
+    void planIsDoneInItsOrder();
+    void failedStepStopsItsDependentsOnly();
 
 private:
     QString set(const QString& feature, const QVariant& value);
@@ -177,6 +180,40 @@ void tst_PresetRunner::maximumIsTheLargestMultipleOfTheIncrement()
 void tst_PresetRunner::placeholdersInTheValueAreNotFilled()
 {
     QCOMPARE(set("Mode", "%3%1"), QString("  Failed to set Mode = %3%1, Current value: 'Off'\n"));
+}
+
+static PresetFile::Step step(const QString& feature, const QString& value,
+                             const QVariantMap& dependents = {})
+{
+    PresetFile::Step step;
+    step.feature = feature;
+    step.value = value;
+    step.dependents = dependents;
+    return step;
+}
+
+void tst_PresetRunner::planIsDoneInItsOrder()
+{
+    PresetRunner runner(*m_features);
+    const QVariantMap dependents = {{"Real", 0.5}, {"Name", "other"}};
+    QCOMPARE(runner.run({{step("Mode", "On", dependents), step("Flag", "true")}, "Run"}),
+             QString());
+    QCOMPARE(writesOf(*m_camera),
+             (QStringList{"SetStringValue Mode=On", "SetStringValue Name=other",
+                          "SetFloatValue Real=0.5", "SetBoolValue Flag=true", "RunCommand Run"}));
+    QVERIFY(!runner.leftSelectorAstray());
+}
+
+void tst_PresetRunner::failedStepStopsItsDependentsOnly()
+{
+    m_camera->failCall("SetStringValue", "Mode");
+    m_camera->failCall("RunCommand", "Run");
+    PresetRunner runner(*m_features);
+    QCOMPARE(runner.run({{step("Mode", "On", {{"Real", 0.5}}), step("Number", "12")}, "Run"}),
+             QString("  Failed to set Mode = On, Current value: 'Off'\n"
+                     "  Executing 'Run' failed."));
+    QCOMPARE(m_camera->find("Number")->state().integer, 12);
+    QCOMPARE(m_camera->callCount("SetFloatValue", "Real"), 0);
 }
 
 QTEST_MAIN(tst_PresetRunner)

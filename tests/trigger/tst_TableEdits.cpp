@@ -332,9 +332,9 @@ void tst_TableEdits::cellWithoutUnderscoreWritesNothing()
 void tst_TableEdits::callWithoutSenderDoesNothing()
 {
     const LogCapture log;
-    m_form->OnChangeTableCombobox("Output");
-    m_form->OnChangeTableCheckbox(2);
-    m_form->OnChangeTableSpinbox(1.0);
+    m_form->tableComboBoxEdited("Output");
+    m_form->tableCheckBoxEdited(2);
+    m_form->tableSpinBoxEdited(1.0);
     QCOMPARE(tableWrites(*m_camera), QStringList());
     QCOMPARE(log.lines(), QStringList());
 }
@@ -344,11 +344,11 @@ void tst_TableEdits::senderOfAnotherClassIsLogged_data()
     QTest::addColumn<QByteArray>("signal");
     QTest::addColumn<QByteArray>("slot");
     QTest::newRow("combo box") << QByteArray(SIGNAL(text(QString)))
-                               << QByteArray(SLOT(OnChangeTableCombobox(QString)));
+                               << QByteArray(SLOT(tableComboBoxEdited(QString)));
     QTest::newRow("check box") << QByteArray(SIGNAL(state(int)))
-                               << QByteArray(SLOT(OnChangeTableCheckbox(int)));
+                               << QByteArray(SLOT(tableCheckBoxEdited(int)));
     QTest::newRow("spin box") << QByteArray(SIGNAL(number(double)))
-                              << QByteArray(SLOT(OnChangeTableSpinbox(double)));
+                              << QByteArray(SLOT(tableSpinBoxEdited(double)));
 }
 
 void tst_TableEdits::senderOfAnotherClassIsLogged()

@@ -1,6 +1,7 @@
 // The form as a user has it on the screen: sections that fold, columns, room for every text, and
 // the keyboard's way through it.
 #include "tests/ui/DialogUnderTest.h"
+#include "tests/ui/PaintedValue.h"
 #include "widgets/CollapsingButton.h"
 
 #include <QHeaderView>
@@ -69,6 +70,7 @@ private slots:
     void nothingIsClippedAtSize();
     void theOverviewShowsItsValuesWholeAtSize_data();
     void theOverviewShowsItsValuesWholeAtSize();
+    void theOverviewFitsItsColumnsAndShowsSixDigits();
     void longerTextsStayWhole();
     void columnsLineUpAcrossSections_data();
     void columnsLineUpAcrossSections();
@@ -237,6 +239,20 @@ void tst_AdvTriggerDialogSections::theOverviewShowsItsValuesWholeAtSize()
     const QFontMetrics metrics = tree->fontMetrics();
     QVERIFY(tree->columnWidth(0) > metrics.horizontalAdvance("CounterTriggerActivation"));
     QVERIFY(tree->columnWidth(1) >= metrics.horizontalAdvance("AcquisitionActive") + 7);
+}
+
+void tst_AdvTriggerDialogSections::theOverviewFitsItsColumnsAndShowsSixDigits()
+{
+    m_built.reset();
+    auto camera = cameraOfPresetFamily();
+    (*camera)["TriggerMode"].state().text = "On";
+    const DialogOnCamera busy(std::move(camera));
+    const auto* tree = busy.find<QTreeView>("treeView");
+    QCOMPARE(tree->header()->sectionResizeMode(0), QHeaderView::ResizeToContents);
+    QVERIFY(tree->header()->stretchLastSection());
+    busy.feature("TriggerDelay").state().real = 1234.56789;
+    busy.content->report({"TriggerDelay"});
+    QCOMPARE(paintedValue(*tree, "TriggerDelay"), QString("1234.57"));
 }
 
 void tst_AdvTriggerDialogSections::longerTextsStayWhole()

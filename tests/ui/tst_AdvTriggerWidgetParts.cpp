@@ -1,4 +1,5 @@
 // The parts of the tab that are more than bound widgets: line table, presets, settings overview.
+#include "tests/ui/PaintedValue.h"
 #include "tests/ui/PresetsFile.h"
 #include "tests/ui/TabUnderTest.h"
 #include "ui/SettingsTreeModel.h"
@@ -6,14 +7,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStandardItemModel>
-#include <QStyledItemDelegate>
 #include <QTableWidget>
-#include <QTreeView>
 
 namespace {
 
@@ -40,18 +40,6 @@ bool isExpandedThroughout(const QTreeView& view)
             return false;
     }
     return true;
-}
-
-/// What the view paints in the value column of a setting of the first active branch.
-QString paintedValue(const QTreeView& view, const QString& feature)
-{
-    const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, feature, 1,
-                                           Qt::MatchExactly | Qt::MatchRecursive);
-    if (found.isEmpty())
-        return QStringLiteral("no such row");
-    const QVariant value = found.first().siblingAtColumn(1).data();
-    return qobject_cast<QStyledItemDelegate*>(view.itemDelegate())
-        ->displayText(value, QLocale(QLocale::German));
 }
 
 int positionOf(const QStringList& calls, const QString& call)
@@ -86,6 +74,7 @@ private slots:
     void editWithoutCustomPresetKeepsTheSelection();
 
     void overviewShowsTheActiveTrigger();
+    void overviewFitsItsColumnsAndShowsSixDigits();
     void overviewFollowsTheForm();
     void overviewFollowsFeaturesWithoutWidget();
     void laterShowsResetTheOverview();
@@ -265,6 +254,16 @@ void tst_AdvTriggerWidgetParts::overviewShowsTheActiveTrigger()
     QCOMPARE(branches(*m_shown),
              (QStringList{"Counter inactive", "Timer inactive", "Trigger FrameStart"}));
     QVERIFY(isExpandedThroughout(*view));
+}
+
+void tst_AdvTriggerWidgetParts::overviewFitsItsColumnsAndShowsSixDigits()
+{
+    const auto* view = m_shown->find<QTreeView>("treeView");
+    QCOMPARE(view->header()->sectionResizeMode(0), QHeaderView::ResizeToContents);
+    QVERIFY(view->header()->stretchLastSection());
+    feature("TriggerDelay").state().real = 1234.56789;
+    report(*m_shown, {"TriggerDelay"});
+    QCOMPARE(paintedValue(*view, "TriggerDelay"), QString("1234.57"));
 }
 
 void tst_AdvTriggerWidgetParts::overviewFollowsTheForm()
