@@ -35,6 +35,13 @@ struct Section
         QApplication::setActiveWindow(&window);
     }
 
+    /// Whether the content may become this high. Animations count from a moment of the real clock,
+    /// which may be a millisecond further: then it is `later`.
+    bool mayBecome(int height, int later) const
+    {
+        return content->maximumHeight() == height || content->maximumHeight() == later;
+    }
+
     /// The content's height before it is folded.
     static constexpr int Height = 60;
 

@@ -130,10 +130,8 @@ void tst_CollapsingButton::unfoldingFollowsTheCurve()
     section.button->setChecked(true);
     clock.advanceTo(0);
     clock.advanceTo(ms);
-    // The driver counts from a moment of the real clock, which may be a millisecond further.
     QFETCH(int, height);
-    const int shown = section.content->maximumHeight();
-    QVERIFY2(shown == height || shown == height + 1, qPrintable(QString::number(shown)));
+    QVERIFY(section.mayBecome(height, height + 1));
 }
 
 void tst_CollapsingButton::foldingRunsTheSameCurveBackward()
@@ -145,9 +143,9 @@ void tst_CollapsingButton::foldingRunsTheSameCurveBackward()
     section.button->setChecked(false);
     QCOMPARE(section.button->arrowType(), Qt::RightArrow);
     clock.advanceTo(0);
-    QCOMPARE(section.content->maximumHeight(), 70);
+    QVERIFY(section.mayBecome(70, 69));
     clock.advanceTo(75);
-    QCOMPARE(section.content->maximumHeight(), 61);
+    QVERIFY(section.mayBecome(61, 60));
     clock.advanceTo(300);
     QCOMPARE(section.content->maximumHeight(), 0);
 }
