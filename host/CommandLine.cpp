@@ -112,27 +112,25 @@ private:
         return m_parser.isSet(m_camera) ? readCameraId(options.camera) : readModel(options.camera);
     }
 
-    QString readCameraId(CameraChoice& choice) const
+    QString readCameraId(Cameras::Source& source) const
     {
-        choice.id = m_parser.value(m_camera);
-        choice.kind = CameraChoice::Kind::ById;
-        if (choice.id == QLatin1String("first")) {
-            choice.id.clear();
-            choice.kind = CameraChoice::Kind::FirstFound;
-        } else if (choice.id.isEmpty()) {
+        const QString id = m_parser.value(m_camera);
+        if (id.isEmpty())
             return tr("--camera needs an id, a serial number, an address or \"first\".");
-        }
+        const bool isFirst = id == QLatin1String("first");
+        source = {Cameras::Source::Kind::Found, isFirst ? std::string() : id.toStdString()};
         return {};
     }
 
-    QString readModel(CameraChoice& choice) const
+    QString readModel(Cameras::Source& source) const
     {
         if (m_parser.isSet(m_simulate))
-            choice.model = m_parser.value(m_simulate);
-        if (m_models.contains(choice.model))
+            source.name = m_parser.value(m_simulate).toStdString();
+        const QString model = QString::fromStdString(source.name);
+        if (m_models.contains(model))
             return {};
         return tr("There is no simulated model \"%1\". Known models: %2.")
-            .arg(choice.model, m_models.join(QStringLiteral(", ")));
+            .arg(model, m_models.join(QStringLiteral(", ")));
     }
 
     QString readAcquire(ViewerOptions& options) const

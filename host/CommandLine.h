@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/CameraChoice.h"
+#include "sdk/cameras/Cameras.h"
 
 #include <QSize>
 #include <QString>
@@ -9,7 +9,7 @@
 /// What the viewer is asked to do. Paths are absolute.
 struct ViewerOptions
 {
-    CameraChoice camera;
+    Cameras::Source camera;
     QString pluginFolder;       ///< Empty: the folder "plugins" beside the program.
     QString screenshotFile;     ///< Empty: none, the window stays open.
     int screenshotDelay = 1500; ///< Milliseconds from showing the window to the screenshot.

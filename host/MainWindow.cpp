@@ -86,7 +86,7 @@ void MainWindow::buildActions()
 
     auto* quit = new QAction(tr("Quit"), this);
     quit->setObjectName(QStringLiteral("actionQuit"));
-    quit->setShortcut(Qt::CTRL + Qt::Key_Q);
+    quit->setShortcut(QStringLiteral("Ctrl+Q"));
     connect(quit, &QAction::triggered, this, &QWidget::close);
     addAction(quit); // Keyboard only.
 }

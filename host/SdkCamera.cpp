@@ -1,7 +1,5 @@
 #include "host/SdkCamera.h"
 
-#include "sdk/cameras/Cameras.h"
-
 #include <utility>
 
 namespace {
@@ -41,19 +39,12 @@ private:
     const std::shared_ptr<ZalCPP::Camera> m_camera;
 };
 
-Cameras::Source sourceOf(const CameraChoice& choice)
-{
-    if (choice.kind == CameraChoice::Kind::Simulated)
-        return {Cameras::Source::Kind::Simulated, choice.model.toStdString()};
-    return {Cameras::Source::Kind::Found, choice.id.toStdString()};
-}
-
 } // namespace
 
-std::unique_ptr<CameraDevice> openCamera(const CameraChoice& choice, QString& error)
+std::unique_ptr<CameraDevice> openCamera(const Cameras::Source& source, QString& error)
 {
     std::string reason;
-    std::shared_ptr<ZalCPP::Camera> camera = Cameras::open(sourceOf(choice), reason);
+    std::shared_ptr<ZalCPP::Camera> camera = Cameras::open(source, reason);
     error = QString::fromStdString(reason);
     return camera ? std::make_unique<SdkCamera>(std::move(camera)) : nullptr;
 }

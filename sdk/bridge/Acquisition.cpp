@@ -160,7 +160,7 @@ void grab(ArvStream* stream, const std::atomic<bool>& running, const Camera::Fra
         ArvBuffer* buffer = arv_stream_timeout_pop_buffer(stream, PopTimeoutUs);
         if (!buffer)
             continue;
-        // A handler that throws loses one frame.
+        // What the handler throws must not end the thread.
         endsWell([&] {
             Frame frame;
             if (hasImage(buffer) && fill(frame, buffer))

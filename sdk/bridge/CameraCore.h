@@ -33,7 +33,8 @@ public:
     FeaturePtr feature(std::size_t position);
     /// Valid as long as the core. Any thread; costs no traffic.
     const FeatureDescription& facts(std::size_t position) const;
-    /// Never null.
+    /// Of all features, as read when the camera was opened; never null. Any thread may share it,
+    /// but the nodes in it are for the worker thread.
     const std::shared_ptr<const CameraDescription>& description() const { return m_description; }
 
     /// False once the camera is lost or closed.

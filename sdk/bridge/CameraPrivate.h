@@ -10,7 +10,7 @@
 
 namespace ZalCPP {
 
-/// What a Camera holds.
+/// The parts of a Camera. Destroying it closes the camera; features that others hold keep the core.
 class Camera::Private
 {
 public:

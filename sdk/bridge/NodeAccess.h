@@ -36,7 +36,7 @@ namespace NodeAccess {
 /// One of the questions below.
 template <typename Answer> using Query = ZalErrorType (*)(const FeatureDescription&, Answer&);
 
-/// Both questions at once.
+/// isReadable(), then isWritable(): each of them asks whether the feature is available.
 ZalErrorType permissions(const FeatureDescription& feature, Permissions& granted);
 /// See Feature::IsReadable().
 ZalErrorType isReadable(const FeatureDescription& feature, bool& readable);
@@ -74,7 +74,7 @@ ZalErrorType isCommandDone(const FeatureDescription& feature, bool& done);
 ZalErrorType integerRange(const FeatureDescription& feature, Range<long long>& range);
 /// As integerRange().
 ZalErrorType floatRange(const FeatureDescription& feature, Range<double>& range);
-/// 1 where the description gives none.
+/// 1 where the description gives none or a negative one; may be 0.
 ZalErrorType integerIncrement(const FeatureDescription& feature, long long& increment);
 /// Fails with ZalErrorNotImplemented where the description gives none.
 ZalErrorType floatIncrement(const FeatureDescription& feature, double& increment);

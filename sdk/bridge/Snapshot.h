@@ -34,9 +34,9 @@ bool operator==(const Snapshot& a, const Snapshot& b);
 
 // On the worker thread. They fail only when the camera does not answer: a value that cannot be read
 // for another reason is part of what a snapshot says.
-/// Everything that a snapshot holds.
+/// Asks for limits and entries, too. A failure leaves `snapshot` as it was.
 ZalErrorType readSnapshot(const FeatureDescription& feature, Snapshot& snapshot);
-/// The value alone.
+/// Leaves `value` alone for a feature without one, such as a command.
 ZalErrorType readSnapshotValue(const FeatureDescription& feature, SnapshotValue& value);
 
 } // namespace ZalCPP

@@ -24,8 +24,9 @@ struct Source
 
 /// Opens the camera through the SDK, after starting it when it is a simulated one. That one ends
 /// when the last copy of the pointer goes, after the connection to it has been closed. On failure
-/// returns null and sets `error` to a sentence for the user. Any thread; blocks for the time that
-/// discovering and opening take.
+/// returns null and sets `error` to a sentence for the user. Any thread, but simulated ones from
+/// one at a time, as ZalSim::SimulatedCamera::start() says. Blocks for the time that discovering
+/// and opening take.
 std::shared_ptr<ZalCPP::Camera> open(const Source& source, std::string& error);
 
 } // namespace Cameras

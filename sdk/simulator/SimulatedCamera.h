@@ -25,7 +25,8 @@ class SimulatedCamera
 {
 public:
     /// Null, and a sentence for the user in `error`, when the model is unknown, its description is
-    /// missing, the port is taken or the address is none of this machine.
+    /// missing, the port is taken or the address is none of this machine. Not from two threads at
+    /// once: both might find the same port free and start a camera on it.
     static std::unique_ptr<SimulatedCamera> start(const Options& options, std::string& error);
     static std::vector<std::string> models();
 

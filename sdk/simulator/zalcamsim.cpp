@@ -92,15 +92,15 @@ class Interruption
 public:
     Interruption()
     {
-        g_unix_signal_add(SIGINT, quit, loop.get());
-        g_unix_signal_add(SIGTERM, quit, loop.get());
+        g_unix_signal_add(SIGINT, quit, m_loop.get());
+        g_unix_signal_add(SIGTERM, quit, m_loop.get());
     }
 
-    void wait() { g_main_loop_run(loop.get()); }
+    void wait() { g_main_loop_run(m_loop.get()); }
 
 private:
-    std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> loop{g_main_loop_new(nullptr, FALSE),
-                                                                  g_main_loop_unref};
+    std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> m_loop{g_main_loop_new(nullptr, FALSE),
+                                                                    g_main_loop_unref};
 };
 
 int serve(const ZalSim::Options& options)

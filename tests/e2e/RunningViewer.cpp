@@ -11,7 +11,7 @@
 #include <QToolBar>
 #include <QtTest>
 
-RunningViewer::RunningViewer(const CameraChoice& camera)
+RunningViewer::RunningViewer(const Cameras::Source& camera)
 {
     std::unique_ptr<CameraDevice> device = openCamera(camera, problem);
     if (!device)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/CameraChoice.h"
 #include "host/CameraSession.h"
 #include "host/MainWindow.h"
+#include "sdk/cameras/Cameras.h"
 
 #include <QString>
 
@@ -14,7 +14,7 @@ class QTimer;
 class RunningViewer
 {
 public:
-    explicit RunningViewer(const CameraChoice& camera);
+    explicit RunningViewer(const Cameras::Source& camera);
 
     /// Null when the camera could not be opened; `problem` says why.
     MainWindow* window() const { return m_window.get(); }

@@ -26,7 +26,7 @@ public:
     explicit OpenDialog(const char* palette)
     {
         applyPalette(QString::fromLatin1(palette));
-        m_viewer = std::make_unique<RunningViewer>(CameraChoice{});
+        m_viewer = std::make_unique<RunningViewer>(Cameras::Source{});
         if (!m_viewer->window())
             qFatal("%s", qPrintable(m_viewer->problem));
         m_viewer->waitForTicks(1);

@@ -22,7 +22,7 @@ public:
     Picture(QString folder, const char* palette) : m_folder(std::move(folder))
     {
         applyPalette(QString::fromLatin1(palette));
-        m_viewer = std::make_unique<RunningViewer>(CameraChoice{});
+        m_viewer = std::make_unique<RunningViewer>(Cameras::Source{});
         if (!m_viewer->window())
             qFatal("%s", qPrintable(m_viewer->problem));
         m_viewer->waitForTicks(1);

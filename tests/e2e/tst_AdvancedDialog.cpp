@@ -25,11 +25,9 @@ namespace {
 
 const QString Presets = QStringLiteral("AdvTrigger_SimSeries_Presets.json");
 
-CameraChoice simulated()
+Cameras::Source simulated()
 {
-    CameraChoice choice;
-    choice.model = QStringLiteral("full");
-    return choice;
+    return {Cameras::Source::Kind::Simulated, "full"};
 }
 
 double numberOf(const RunningViewer& viewer, const char* feature)
@@ -299,10 +297,7 @@ void tst_AdvancedDialog::aVanishedCameraLeavesADialogThatCloses()
 {
     SimulatorProcess simulator;
     QVERIFY(simulator.isRunning());
-    CameraChoice choice;
-    choice.kind = CameraChoice::Kind::ById;
-    choice.id = simulator.address();
-    RunningViewer viewer(choice);
+    RunningViewer viewer({Cameras::Source::Kind::Found, simulator.address().toStdString()});
     QVERIFY2(viewer.window(), qPrintable(viewer.problem));
     const Dialog dialog(viewer);
     simulator.kill();

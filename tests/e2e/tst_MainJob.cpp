@@ -16,19 +16,14 @@
 
 namespace {
 
-CameraChoice simulated(const QString& model)
+Cameras::Source simulated(const QString& model)
 {
-    CameraChoice choice;
-    choice.model = model;
-    return choice;
+    return {Cameras::Source::Kind::Simulated, model.toStdString()};
 }
 
-CameraChoice at(const QString& address)
+Cameras::Source at(const QString& address)
 {
-    CameraChoice choice;
-    choice.kind = CameraChoice::Kind::ById;
-    choice.id = address;
-    return choice;
+    return {Cameras::Source::Kind::Found, address.toStdString()};
 }
 
 /// What another program on the network reads from the camera.

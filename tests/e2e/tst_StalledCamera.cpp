@@ -49,12 +49,9 @@ private:
     qint64 m_noticeable = 0;
 };
 
-CameraChoice cameraAt(const QString& address)
+Cameras::Source cameraAt(const QString& address)
 {
-    CameraChoice choice;
-    choice.kind = CameraChoice::Kind::ById;
-    choice.id = address;
-    return choice;
+    return {Cameras::Source::Kind::Found, address.toStdString()};
 }
 
 /// Steps a spin box as a person does with the arrow key.

@@ -5,9 +5,9 @@
 #include <QTest>
 
 using Action = CommandLine::Action;
-using Kind = CameraChoice::Kind;
+using Kind = Cameras::Source::Kind;
 
-Q_DECLARE_METATYPE(CameraChoice::Kind)
+Q_DECLARE_METATYPE(Kind)
 
 namespace {
 
@@ -28,7 +28,7 @@ private slots:
         const CommandLine line = read({});
         QCOMPARE(line.action, Action::Run);
         QCOMPARE(line.options.camera.kind, Kind::Simulated);
-        QCOMPARE(line.options.camera.model, QString("full"));
+        QCOMPARE(line.options.camera.name, std::string("full"));
         QVERIFY(line.options.pluginFolder.isEmpty());
         QVERIFY(line.options.screenshotFile.isEmpty());
         QVERIFY(!line.options.windowSize.isValid());
@@ -41,18 +41,13 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<Kind>("kind");
-        QTest::addColumn<QString>("model");
-        QTest::addColumn<QString>("id");
+        QTest::addColumn<QString>("name");
         QTest::newRow("model") << QStringList{"--simulate", "foreign"} << Kind::Simulated
-                               << "foreign"
-                               << "";
-        QTest::newRow("first found")
-            << QStringList{"--camera", "first"} << Kind::FirstFound << "full"
-            << "";
-        QTest::newRow("id") << QStringList{"--camera", "Aravis-Fake-GV01"} << Kind::ById << "full"
+                               << "foreign";
+        QTest::newRow("first found") << QStringList{"--camera", "first"} << Kind::Found << "";
+        QTest::newRow("id") << QStringList{"--camera", "Aravis-Fake-GV01"} << Kind::Found
                             << "Aravis-Fake-GV01";
-        QTest::newRow("address") << QStringList{"--camera=127.0.0.1"} << Kind::ById << "full"
-                                 << "127.0.0.1";
+        QTest::newRow("address") << QStringList{"--camera=127.0.0.1"} << Kind::Found << "127.0.0.1";
     }
     void cameraIsChosen()
     {
@@ -60,8 +55,7 @@ private slots:
         const CommandLine line = read(arguments);
         QCOMPARE(line.action, Action::Run);
         QTEST(line.options.camera.kind, "kind");
-        QTEST(line.options.camera.model, "model");
-        QTEST(line.options.camera.id, "id");
+        QTEST(QString::fromStdString(line.options.camera.name), "name");
     }
 
     void acquisitionStartsForAScreenshotOrOnDemand_data()

@@ -7,19 +7,7 @@
 #include <QLabel>
 #include <QTest>
 
-Q_DECLARE_METATYPE(CameraChoice)
-
-namespace {
-
-CameraChoice byId(const QString& id)
-{
-    CameraChoice choice;
-    choice.kind = CameraChoice::Kind::ById;
-    choice.id = id;
-    return choice;
-}
-
-} // namespace
+using Cameras::Source;
 
 class tst_SdkCamera : public QObject
 {
@@ -30,63 +18,23 @@ class tst_SdkCamera : public QObject
 private slots:
     void init() { m_error.clear(); }
 
-    void simulatedModelIsStartedAndOpened_data()
+    void featuresAreThoseOfTheCamera()
     {
-        QTest::addColumn<QString>("model");
-        for (const std::string& model : ZalSim::SimulatedCamera::models())
-            QTest::newRow(model.c_str()) << QString::fromStdString(model);
-    }
-    void simulatedModelIsStartedAndOpened()
-    {
-        CameraChoice choice;
-        QFETCH(QString, model);
-        choice.model = model;
-        const std::unique_ptr<CameraDevice> camera = openCamera(choice, m_error);
+        const std::unique_ptr<CameraDevice> camera = openCamera({}, m_error);
         QVERIFY2(camera, qPrintable(m_error));
-        QVERIFY(!camera->isLost());
-        QVERIFY2(camera->name().endsWith("(SIM0001)"), qPrintable(camera->name()));
         QVERIFY(camera->features()->size() > 10);
     }
 
-    void unknownModelGivesASentence()
+    void failureGivesItsSentence()
     {
-        CameraChoice choice;
-        choice.model = "nonexistent";
-        QVERIFY(!openCamera(choice, m_error));
+        QVERIFY(!openCamera({Source::Kind::Simulated, "nonexistent"}, m_error));
         QVERIFY2(m_error.contains("nonexistent"), qPrintable(m_error));
         QVERIFY2(m_error.endsWith('.'), qPrintable(m_error));
     }
 
-    void cameraThatIsNotThereGivesASentence()
-    {
-        QVERIFY(!openCamera(byId("no-such-camera"), m_error));
-        QVERIFY2(m_error.endsWith('.'), qPrintable(m_error));
-    }
-
-    void foundCameraIsOpened_data()
-    {
-        QTest::addColumn<CameraChoice>("choice");
-        QTest::newRow("by serial number") << byId("SIM0077");
-        CameraChoice first;
-        first.kind = CameraChoice::Kind::FirstFound;
-        QTest::newRow("first found") << first;
-    }
-    void foundCameraIsOpened()
-    {
-        QFETCH(CameraChoice, choice);
-        ZalSim::Options options;
-        options.serial = "SIM0077";
-        std::string reason;
-        const auto simulator = ZalSim::SimulatedCamera::start(options, reason);
-        QVERIFY2(simulator, reason.c_str());
-        const std::unique_ptr<CameraDevice> camera = openCamera(choice, m_error);
-        QVERIFY2(camera, qPrintable(m_error));
-        QVERIFY2(camera->name().endsWith("(SIM0077)"), qPrintable(camera->name()));
-    }
-
     void windowShowsAndCountsTheCamerasFrames()
     {
-        CameraSession session(openCamera(CameraChoice(), m_error));
+        CameraSession session(openCamera({}, m_error));
         MainWindow window(session);
         window.show();
         auto* acquire = window.findChild<QAction*>("actionAcquire");
@@ -106,10 +54,11 @@ private slots:
 
     void nameIsMakerModelAndSerialNumber()
     {
-        const std::unique_ptr<CameraDevice> camera = openCamera(CameraChoice(), m_error);
+        const std::unique_ptr<CameraDevice> camera = openCamera({}, m_error);
         QVERIFY2(camera, qPrintable(m_error));
         const QStringList words = camera->name().split(' ');
         QVERIFY2(camera->name().startsWith("Tarsel Imaging GmbH "), qPrintable(camera->name()));
+        QVERIFY2(camera->name().endsWith(" (SIM0001)"), qPrintable(camera->name()));
         QVERIFY2(words.size() > 4 && !words.contains(QString()), qPrintable(camera->name()));
     }
 
@@ -119,8 +68,9 @@ private slots:
         auto simulator = ZalSim::SimulatedCamera::start({}, reason);
         QVERIFY2(simulator, reason.c_str());
         const std::unique_ptr<CameraDevice> camera =
-            openCamera(byId(QString::fromStdString(simulator->cameraId())), m_error);
+            openCamera({Source::Kind::Found, simulator->cameraId()}, m_error);
         QVERIFY2(camera, qPrintable(m_error));
+        QVERIFY(!camera->isLost());
         simulator.reset();
         QTRY_VERIFY_WITH_TIMEOUT(camera->isLost(), 30000);
     }
@@ -131,8 +81,7 @@ private slots:
         std::string reason;
         auto simulator = ZalSim::SimulatedCamera::start(options, reason);
         QVERIFY2(simulator, reason.c_str());
-        const QString id = QString::fromStdString(simulator->cameraId());
-        CameraSession session(openCamera(byId(id), m_error));
+        CameraSession session(openCamera({Source::Kind::Found, simulator->cameraId()}, m_error));
         MainWindow window(session);
         window.show();
         session.setAcquiring(true);

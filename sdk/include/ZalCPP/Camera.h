@@ -13,9 +13,9 @@
 namespace ZalCPP {
 
 /// Accesses to the camera's registers since it was opened. Each is one request and one answer on
-/// the wire, unless it is longer than a packet or has to be repeated. The
-/// connection's own heartbeat is not counted, nor are reads that were answered from a moment
-/// before.
+/// the wire, unless it is longer than a packet or has to be repeated. Not counted are the
+/// connection's own heartbeat, reads that were answered from a moment before, and what finds out,
+/// after a write that failed, who controls the camera.
 struct WireCounts
 {
     std::uint64_t reads = 0;  ///< Requests for what registers hold.
@@ -44,7 +44,8 @@ ZALCPP_EXPORT const char* LossText(CameraLoss loss);
 class ZALCPP_EXPORT Camera
 {
 public:
-    /// The frame is the handler's for the time of the call only. An exception loses one frame.
+    /// The frame is the handler's for the time of the call only. What it throws is dropped; the
+    /// next frame arrives all the same.
     using FrameHandler = std::function<void(const Frame&)>;
     /// What it throws is dropped.
     using LostHandler = std::function<void()>;
@@ -56,8 +57,8 @@ public:
     /// As when the camera was opened; valid as long as the camera object.
     const CameraInfo& Info() const;
 
-    /// The complete feature list, in the description's order. The features may outlive the camera;
-    /// they then answer with ZalErrorNotOpen.
+    /// The complete feature list, in the description's order. The features may outlive the camera,
+    /// with the limits that FeaturePtr names.
     FeatureList Features() const;
 
     /// The feature of that name, or null. Costs no traffic.
@@ -66,7 +67,12 @@ public:
     /// Frames reach `handler` on a thread of the camera's own until StopAcquisition returns; the
     /// handler must not stop or destroy the camera. Incomplete frames are left out. Meanwhile the
     /// camera's TLParamsLocked is set, where it has one; a camera that refuses to stop is unlocked
-    /// nevertheless. Fails with ZalErrorNotAvailable while acquiring.
+    /// nevertheless.
+    ///
+    /// Fails with ZalErrorBadParameter without a handler, ZalErrorNotAvailable while acquiring,
+    /// ZalErrorNotImplemented where the camera has no PayloadSize, no AcquisitionStart or no
+    /// stream, ZalErrorOutOfRange where PayloadSize is not positive, ZalErrorOutOfResources where
+    /// it is too large, or memory or threads run out; otherwise as the features do that it uses.
     ZalErrorType StartAcquisition(FrameHandler handler);
     /// After this no frame arrives, whatever the status. Stopping twice succeeds.
     ZalErrorType StopAcquisition();

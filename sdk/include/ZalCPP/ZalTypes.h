@@ -28,7 +28,7 @@ constexpr ZalErrorType ZalErrorOutOfResources = -14; ///< Memory or another reso
 /// Data type of a feature.
 using ZalFeatureDataType = std::uint32_t;
 
-constexpr ZalFeatureDataType ZalFeatureUnknown = 0; ///< None of those below.
+constexpr ZalFeatureDataType ZalFeatureUnknown = 0; ///< Not known; no camera's feature answers so.
 constexpr ZalFeatureDataType ZalFeatureInteger = 1; ///< A signed 64-bit integer.
 constexpr ZalFeatureDataType ZalFeatureFloat = 2;   ///< A floating-point number.
 constexpr ZalFeatureDataType ZalFeatureEnum = 3;    ///< One of a list of named entries.
@@ -36,7 +36,7 @@ constexpr ZalFeatureDataType ZalFeatureString = 4;  ///< A text.
 constexpr ZalFeatureDataType ZalFeatureBool = 5;    ///< On or off.
 constexpr ZalFeatureDataType ZalFeatureCommand = 6; ///< An action without a value.
 constexpr ZalFeatureDataType ZalFeatureRaw = 7;     ///< A register of bytes.
-constexpr ZalFeatureDataType ZalFeatureNone = 8;    ///< Has no value at all.
+constexpr ZalFeatureDataType ZalFeatureNone = 8;    ///< No value, or none that the SDK knows.
 
 /// What a feature allows in principle: any combination of the bits below.
 using ZalFeatureFlagsType = std::uint32_t;
@@ -51,8 +51,10 @@ constexpr ZalFeatureFlagsType ZalFeatureFlagsModifyWrite =
 /// For whom a feature is meant (GenICam visibility).
 using ZalFeatureVisibilityType = std::uint32_t;
 
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityUnknown = 0;   ///< The camera does not say.
-constexpr ZalFeatureVisibilityType ZalFeatureVisibilityBeginner = 1;  ///< For everybody.
+/// The camera names one that is none of those below.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityUnknown = 0;
+/// For everybody; also where the camera names none.
+constexpr ZalFeatureVisibilityType ZalFeatureVisibilityBeginner = 1;
 constexpr ZalFeatureVisibilityType ZalFeatureVisibilityExpert = 2;    ///< For experienced users.
 constexpr ZalFeatureVisibilityType ZalFeatureVisibilityGuru = 3;      ///< For specialists.
 constexpr ZalFeatureVisibilityType ZalFeatureVisibilityInvisible = 4; ///< For programs only.

@@ -17,6 +17,8 @@ private slots:
     void stepsCountFromTheMinimum();
     void stepThatIsNoNumberIsNone_data();
     void stepThatIsNoNumberIsNone();
+    void negativeStepOfAnIntegerCountsAsOne();
+    void visibilityOfAnUnknownNameIsUnknown();
     void indexedValueIsReadAndWritten();
 
 private:
@@ -87,6 +89,20 @@ void tst_DescribedValues::stepThatIsNoNumberIsNone()
     double increment = 7;
     QCOMPARE(find("A")->GetFloatIncrement(increment), ZalErrorNotImplemented);
     QCOMPARE(increment, 7.0);
+}
+
+void tst_DescribedValues::negativeStepOfAnIntegerCountsAsOne()
+{
+    open("<Integer Name=\"A\"><pValue>R</pValue><Inc>-4</Inc></Integer>" +
+         reg("IntReg", "R", "0x4010", "4"));
+    QCOMPARE(ask<long long>(find("A"), &Feature::GetIntegerIncrement, 7), 1LL);
+}
+
+void tst_DescribedValues::visibilityOfAnUnknownNameIsUnknown()
+{
+    open("<Integer Name=\"A\"><Visibility>Everybody</Visibility><Value>1</Value></Integer>");
+    QCOMPARE(ask<ZalFeatureVisibilityType>(find("A"), &Feature::GetVisibility, 99),
+             ZalFeatureVisibilityUnknown);
 }
 
 void tst_DescribedValues::indexedValueIsReadAndWritten()

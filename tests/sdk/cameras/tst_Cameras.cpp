@@ -5,6 +5,7 @@
 #include <QtTest>
 
 using Cameras::Source;
+using ZalSim::SimulatedCamera;
 
 Q_DECLARE_METATYPE(Source::Kind)
 
@@ -20,18 +21,32 @@ private slots:
     void simulatedModelIsStartedAndOpened_data()
     {
         QTest::addColumn<QString>("model");
-        QTest::addColumn<bool>("hasCounters");
-        QTest::newRow("full") << "full" << true;
-        QTest::newRow("basic") << "basic" << false;
+        for (const std::string& model : SimulatedCamera::models())
+            QTest::newRow(model.c_str()) << QString::fromStdString(model);
     }
     void simulatedModelIsStartedAndOpened()
     {
         QFETCH(QString, model);
-        QFETCH(bool, hasCounters);
         const auto camera = Cameras::open({Source::Kind::Simulated, model.toStdString()}, m_error);
         QVERIFY2(camera, m_error.c_str());
+        QVERIFY(!camera->IsLost());
         QCOMPARE(camera->Info().serial, std::string("SIM0001"));
-        QCOMPARE(camera->FindFeature("CounterSelector") != nullptr, hasCounters);
+        QVERIFY(camera->Features()->size() > 10);
+    }
+
+    void simulatedModelIsTheOneThatWasNamed_data()
+    {
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<bool>("hasCounters");
+        QTest::newRow("full") << "full" << true;
+        QTest::newRow("basic") << "basic" << false;
+    }
+    void simulatedModelIsTheOneThatWasNamed()
+    {
+        QFETCH(QString, model);
+        const auto camera = Cameras::open({Source::Kind::Simulated, model.toStdString()}, m_error);
+        QVERIFY2(camera, m_error.c_str());
+        QTEST(camera->FindFeature("CounterSelector") != nullptr, "hasCounters");
     }
 
     // There is one port for simulated cameras, which the one before has to leave.
@@ -39,9 +54,29 @@ private slots:
     {
         auto camera = Cameras::open({}, m_error);
         QVERIFY2(camera, m_error.c_str());
-        const auto copy = std::exchange(camera, nullptr);
+        auto copy = std::exchange(camera, nullptr);
         QVERIFY(!Cameras::open({}, m_error));
         QVERIFY(!copy->IsLost());
+        copy.reset();
+        QVERIFY2(Cameras::open({}, m_error), m_error.c_str());
+    }
+
+    // Closing the camera lets go of its handler, so what the handler held sees that moment.
+    void connectionIsClosedBeforeTheSimulatedCameraGoes()
+    {
+        auto camera = Cameras::open({}, m_error);
+        QVERIFY2(camera, m_error.c_str());
+        bool closed = false;
+        bool isPortFree = false;
+        const auto look = [&](std::nullptr_t) {
+            closed = true;
+            isPortFree = SimulatedCamera::start({}, m_error) != nullptr;
+        };
+        camera->SetLostHandler([held = std::shared_ptr<void>(nullptr, look)] {});
+        QVERIFY(!closed);
+        camera.reset();
+        QVERIFY(closed);
+        QVERIFY2(!isPortFree, "The simulated camera was gone before the connection to it.");
     }
 
     void cameraThatCannotBeHadGivesASentence_data()
@@ -73,7 +108,7 @@ private slots:
         QFETCH(QString, name);
         ZalSim::Options options;
         options.serial = "SIM0077";
-        const auto simulator = ZalSim::SimulatedCamera::start(options, m_error);
+        const auto simulator = SimulatedCamera::start(options, m_error);
         QVERIFY2(simulator, m_error.c_str());
         const auto camera = Cameras::open({Source::Kind::Found, name.toStdString()}, m_error);
         QVERIFY2(camera, m_error.c_str());
