@@ -35,11 +35,11 @@ class QSpinBox;
 /// - "btnTriggerSoftware" can be pressed only while TriggerSource is "Software"; a report of the
 ///   command itself alone enables it as any button, by writability.
 ///
-/// Another feature needs a widget of that name in the form and nothing else. Another kind of widget
-/// needs its pass in bindAll(), its line in refreshWidget(), an edit here, and a member of
-/// EditSlots with a slot of the engine; one that the wheel turns is also named in the engine's
-/// event filter. The cells of the I/O table are no part of this: LineTable builds and connects its
-/// own widgets.
+/// Another feature needs a widget of that name in the form and no code; what goes with the widget,
+/// and with another kind of widget, stands in CONTRIBUTING.md. Another kind needs its pass in
+/// bindAll(), its line in refreshWidget(), an edit here, and a member of EditSlots with a slot of
+/// the engine; one that the wheel turns is also named in the engine's event filter. The cells of
+/// the I/O table are no part of this: LineTable builds and connects its own widgets.
 ///
 /// GUI thread only.
 class FormBinding

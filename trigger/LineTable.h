@@ -19,6 +19,7 @@ class QTableWidget;
 /// GUI thread only.
 class LineTable
 {
+    // The catalogues know the engine's texts by the name of its class, whichever part shows them.
     Q_DECLARE_TR_FUNCTIONS(AdvTriggerBase)
 
 public:

@@ -18,6 +18,7 @@ class QWidget;
 /// GUI thread only.
 class PresetChoice
 {
+    // The catalogues know the engine's texts by the name of its class, whichever part shows them.
     Q_DECLARE_TR_FUNCTIONS(AdvTriggerBase)
 
 public:

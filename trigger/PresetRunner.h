@@ -16,6 +16,7 @@ template <typename T> struct Written;
 /// GUI thread only, like the features.
 class PresetRunner
 {
+    // The catalogues know the engine's texts by the name of its class, whichever part shows them.
     Q_DECLARE_TR_FUNCTIONS(AdvTriggerBase)
 
 public:

@@ -39,7 +39,8 @@ QStandardItem* titleItem(const QString& title)
     return item;
 }
 
-/// Numbers look the same whether they were read for the overview or reported as changed.
+/// A number that is reported as changed looks as if it had been read for the overview. What a line
+/// edit shows is reported as text, and stays as it is.
 class SettingsDelegate : public QStyledItemDelegate
 {
 public:
